@@ -1,0 +1,26 @@
+# What every target of the project compiles and links with.
+option(VERDANTH_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+
+add_library(project_options INTERFACE)
+target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(project_options INTERFACE -Wall -Wextra -Wpedantic -Werror)
+
+# What a library exports it names; the stand-ins, which play whole system libraries, export all.
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+
+if(VERDANTH_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+    add_compile_definitions(_GLIBCXX_ASSERTIONS)
+endif()
+
+if(WIN32)
+    # One file each: the compiler's runtime goes into every binary.
+    add_link_options(-static)
+    set(CMAKE_SHARED_LIBRARY_PREFIX "")
+    set(CMAKE_SHARED_MODULE_PREFIX "")
+else()
+    set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+    add_link_options(-Wl,-z,defs)
+endif()

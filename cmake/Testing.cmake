@@ -1,0 +1,34 @@
+# GoogleTest, and how tests are run.
+include(GoogleTest)
+
+set(INSTALL_GTEST OFF)
+add_subdirectory(/usr/src/googletest googletest EXCLUDE_FROM_ALL SYSTEM)
+
+# A test program is asked for its tests when they are to be run: with a cross build, building needs no emulator.
+set(CMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE PRE_TEST)
+
+if(WIN32)
+    # Before anything else CTest gets Wine up, which takes longer the first time than a test may.
+    set_property(DIRECTORY PROPERTY TEST_INCLUDE_FILES ${PROJECT_SOURCE_DIR}/cmake/wine-up.cmake)
+endif()
+
+# Every Windows program called *_tests below a directory runs once more, all of it in one process, with heap checking.
+function(add_heap_checks directory)
+    get_property(targets DIRECTORY ${directory} PROPERTY BUILDSYSTEM_TARGETS)
+    foreach(target IN LISTS targets)
+        get_target_property(type ${target} TYPE)
+        if(type STREQUAL EXECUTABLE AND target MATCHES "_tests$")
+            get_target_property(arguments ${target} HEAP_CHECK_ARGUMENTS)
+            if(NOT arguments)
+                set(arguments "")
+            endif()
+            add_test(NAME HeapCheck.${target}
+                     COMMAND ${PROJECT_SOURCE_DIR}/scripts/heap_check.sh $<TARGET_FILE:${target}> ${arguments})
+            set_tests_properties(HeapCheck.${target} PROPERTIES RUN_SERIAL ON TIMEOUT 600)
+        endif()
+    endforeach()
+    get_property(subdirectories DIRECTORY ${directory} PROPERTY SUBDIRECTORIES)
+    foreach(subdirectory IN LISTS subdirectories)
+        add_heap_checks(${subdirectory})
+    endforeach()
+endfunction()
