@@ -1,0 +1,3 @@
+#include "cape/com_object.h"
+
+ComModule Module;

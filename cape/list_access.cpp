@@ -1,0 +1,49 @@
+#include "cape/list_access.h"
+
+#include "cape/variant_array.h"
+
+#include <cstring>
+
+namespace {
+
+template <class Element> bool takeElements(const VARIANT &value, VARTYPE type, const Element *&elements,
+                                           std::int32_t &count, WideString &message)
+{
+    if (value.vt == (VT_ARRAY | type) && value.parray && value.parray->cDims == 1) {
+        if (value.parray->cbElements != sizeof(Element)) { // an array of another type than the value says
+            message = ExpectedArrayText(type);
+            return false;
+        }
+        elements = static_cast<const Element *>(value.parray->pvData);
+        count = static_cast<std::int32_t>(value.parray->rgsabound[0].cElements);
+        return true;
+    }
+    elements = nullptr;
+    count = 0;
+    VariantArray list; // an empty value, or words for what it is instead
+    list.Attach(value, 0);
+    return list.Validate(type, message);
+}
+
+} // namespace
+
+bool TakeDoubles(const VARIANT &value, const double *&data, std::int32_t &count, WideString &message)
+{
+    return takeElements(value, VT_R8, data, count, message);
+}
+
+bool TakeTexts(const VARIANT &value, const BSTR *&texts, std::int32_t &count, WideString &message)
+{
+    return takeElements(value, VT_BSTR, texts, count, message);
+}
+
+void GiveDoubles(const double *values, std::int32_t count, VARIANT *target)
+{
+    if (target->vt != VT_EMPTY)
+        VariantClear(target);
+    SAFEARRAY *array = SafeArrayCreateVector(VT_R8, 0, static_cast<ULONG>(count));
+    if (array && count > 0)
+        std::memcpy(array->pvData, values, static_cast<std::size_t>(count) * sizeof(double));
+    target->parray = array;
+    target->vt = VT_ARRAY | VT_R8;
+}
