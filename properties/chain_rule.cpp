@@ -1,0 +1,76 @@
+#include "properties/chain_rule.h"
+
+#include "cape/missing_value.h"
+#include "material/material_object.h"
+#include "properties/basis_conversion.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace {
+
+constexpr double kilogramsPerGram = 0.001;
+
+bool fail(WideString &errorText, LPCWSTR message)
+{
+    errorText = message;
+    return false;
+}
+
+} // namespace
+
+bool ChainRuleConvert(const CMaterialObject &material, const double *source, double *target, std::uint32_t count,
+                      std::int32_t power, const double *composition, std::int32_t compositionBasis,
+                      WideString &errorText, std::int32_t stride, double baseValue)
+{
+    const OpenPackage &package = *material.openPackage;
+    const std::size_t compounds = package.compoundIds.size();
+    if (std::any_of(composition, composition + compounds, IsMissing))
+        return fail(errorText, OLESTR("One or more missing composition values in basis conversion"));
+    if (compositionBasis != 0) {
+        double *const moleFractions = material.conversionScratch.get();
+        if (!MassToMoleFractions(material, composition, moleFractions, errorText))
+            return false;
+        composition = moleFractions;
+    }
+    if (!CheckMolecularWeights(package, errorText))
+        return false;
+    const double molarMass = MeanMolecularWeight(package, composition) * kilogramsPerGram;
+    const double factor = power == -1 ? 1 / molarMass : molarMass;
+    const std::ptrdiff_t step = stride;
+    for (std::ptrdiff_t k = 0; k < static_cast<std::ptrdiff_t>(count); ++k)
+        target[k * step] = factor * source[k * step];
+    if (baseValue == 0)
+        return true;
+
+    if (count != compounds)
+        return fail(errorText, OLESTR("Unexpected number of property values in chain rule mass/mole conversion of "
+                                      "mole fraction derivatives"));
+    for (std::size_t k = 0; k < compounds; ++k) {
+        const double compoundPart = package.molecularWeights[k] * baseValue * kilogramsPerGram;
+        double &value = target[static_cast<std::ptrdiff_t>(k) * step];
+        value = power == 1 ? value + compoundPart : value - compoundPart * factor * factor;
+    }
+    return true;
+}
+
+bool ConvertCompoundValues(const OpenPackage &package, std::int32_t power, double *values, WideString &errorText,
+                           std::int32_t stride)
+{
+    const std::ptrdiff_t step = stride;
+    for (std::size_t i = 0; i < package.compoundIds.size(); ++i) {
+        double &value = values[static_cast<std::ptrdiff_t>(i) * step];
+        if (IsMissing(value))
+            continue;
+        const double weight = package.molecularWeights[i];
+        if (IsMissing(weight))
+            return fail(errorText, OLESTR("missing molecular weight for one or more compounds in basis conversion"));
+        if (power == 1)
+            value = value * kilogramsPerGram * weight;
+        else if (power == -1)
+            value = value / (weight * kilogramsPerGram);
+        else
+            return fail(errorText, OLESTR("invalid conversion order in basis conversion"));
+    }
+    return true;
+}

@@ -1,0 +1,35 @@
+// Mole and mass basis of property values, derivatives included.
+#pragma once
+
+#include "platform/platform.h"
+
+#include <cstdint>
+
+class CMaterialObject;
+struct OpenPackage;
+
+// The power that brings a stored value to the wanted basis, from the basisPower of its property;
+// 0 when there is nothing to convert.
+constexpr std::int32_t ConversionPower(std::int32_t basisPower, bool storedPerMass, bool wantedPerMass)
+{
+    if (storedPerMass == wantedPerMass)
+        return 0;
+    return wantedPerMass ? basisPower : -basisPower;
+}
+
+// Converts `count` values of a mixture property at positions 0, stride, 2 stride, ...; source and
+// target may be one array; the target may be conversionScratch, which is first worked in, the
+// source and the composition may not. With M the mean molar mass in kg/mol of `composition` (nC fractions,
+// mass fractions when compositionBasis is non-zero): power 1 multiplies by M, power -1 divides by
+// it. A baseValue other than 0 is that of the property whose nC mole-fraction derivatives the
+// values are, in the starting basis, and adds the chain rule's second term:
+//   d(P M)/dx(k) = M dP/dx(k) + P MW(k)/1000,   d(P/M)/dx(k) = (dP/dx(k))/M - P (MW(k)/1000)/M^2.
+// False with the reason in `errorText`; target may then be partly written. Does not allocate.
+bool ChainRuleConvert(const CMaterialObject &material, const double *source, double *target, std::uint32_t count,
+                      std::int32_t power, const double *composition, std::int32_t compositionBasis,
+                      WideString &errorText, std::int32_t stride, double baseValue);
+
+// Converts nC pure-compound values in place, each with its own molar mass: power 1 multiplies,
+// power -1 divides. Missing values stay as they are and need no molecular weight.
+bool ConvertCompoundValues(const OpenPackage &package, std::int32_t power, double *values, WideString &errorText,
+                           std::int32_t stride);
