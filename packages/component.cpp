@@ -1,0 +1,51 @@
+#include "packages/component.h"
+
+#include "cape/cape_open.h"
+#include "cape/com_pointer.h"
+#include "cape/error_text.h"
+#include "gateway/global_text.h"
+#include "packages/relay_client.h"
+#include "packages/simulation_context.h"
+
+HRESULT CreateComObject(REFCLSID classId, REFIID iid, void **object)
+{
+    constexpr DWORD anyContext =
+        CLSCTX_INPROC_SERVER | CLSCTX_INPROC_HANDLER | CLSCTX_LOCAL_SERVER | CLSCTX_REMOTE_SERVER;
+    HRESULT hr = CoCreateInstance(classId, nullptr, anyContext, iid, object);
+    // Only this result can mean a 32-bit class; any other failure would come back through the relay.
+    if (hr == REGDB_E_CLASSNOTREG)
+        hr = CreateThroughRelay(classId, iid, object);
+    return SUCCEEDED(hr) && !*object ? E_POINTER : hr; // a success without an object
+}
+
+bool InitialiseComponent(IUnknown *object)
+{
+    ComPointer<IPersistStreamInit> persistence;
+    if (SUCCEEDED(persistence.queryFrom(object))) {
+        const HRESULT hr = persistence->InitNew();
+        persistence.reset();
+        if (FAILED(hr) && hr != E_NOTIMPL) {
+            LastError = OLESTR("InitNew failed: ") + HResultText(hr);
+            return false;
+        }
+    }
+    ComPointer<ICapeUtilities> utilities;
+    if (FAILED(utilities.queryFrom(object)))
+        return true;
+    EnsureSimulationContext();
+    const HRESULT hr = utilities->Initialize();
+    if (FAILED(hr) && hr != E_NOTIMPL) {
+        LastError = OLESTR("Initialize failed: ") + CapeErrorText(utilities.get(), hr);
+        return false;
+    }
+    // The context comes after Initialize, by intention.
+    utilities->put_simulationContext(simulationContext);
+    return true;
+}
+
+void TerminateComponent(IUnknown *object)
+{
+    ComPointer<ICapeUtilities> utilities;
+    if (SUCCEEDED(utilities.queryFrom(object)))
+        utilities->Terminate();
+}

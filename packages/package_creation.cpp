@@ -1,0 +1,88 @@
+#include "packages/package_creation.h"
+
+#include "cape/error_text.h"
+#include "gateway/global_text.h"
+#include "packages/component.h"
+#include "packages/package_manager.h"
+#include "packages/package_table.h"
+
+#include <memory>
+#include <vector>
+
+namespace {
+
+bool createStandAlone(const PackageSource &source, ComPointer<IDispatch> &package)
+{
+    CLSID classId;
+    if (!ClassIdOf(source, classId))
+        return false;
+    const HRESULT hr = CreateComObject(classId, InterfaceId<IDispatch>, package.outVoid());
+    if (SUCCEEDED(hr))
+        return true;
+    package.detach();
+    LastError = OLESTR("creation of package failed: ") + HResultText(hr);
+    return false;
+}
+
+// A package name is never freed once a manager has it: managers keep the pointer they are given.
+// The list keeps the names reachable, so that a leak checker can tell intent from accident.
+BSTR lendForGood(const WideString &packageName)
+{
+    static auto *const lent = new std::vector<BSTR>;
+    lent->push_back(SysAllocString(packageName.c_str()));
+    return lent->back();
+}
+
+bool createThroughManager(const PackageSource &source, const WideString &packageName, ComPointer<IDispatch> &package)
+{
+    ComPointer<ICapeThermoPropertyPackageManager> manager;
+    if (!OpenManager(source, manager))
+        return false;
+    HRESULT hr = manager->GetPropertyPackage(lendForGood(packageName), package.out());
+    if (SUCCEEDED(hr) && !package)
+        hr = E_POINTER; // a success without a package
+    const bool created = SUCCEEDED(hr);
+    if (!created) {
+        package.detach();
+        LastError = OLESTR("package creation failed: ") + CapeErrorText(manager.get(), hr);
+    }
+    CloseManager(manager);
+    return created;
+}
+
+} // namespace
+
+bool CreatePackageObject(IDispatch *&package, const WideString &managerName, const WideString &packageName)
+{
+    package = nullptr;
+    const PackageSource *source = RequirePackageSource(managerName);
+    if (!source)
+        return false;
+    ComPointer<IDispatch> created;
+    const bool made = source->kind == StandAloneSource ? createStandAlone(*source, created)
+                                                       : createThroughManager(*source, packageName, created);
+    if (!made)
+        return false;
+    if (!InitialiseComponent(created.get())) {
+        LastError.insert(0, OLESTR("PP "));
+        return false;
+    }
+    package = created.detach();
+    return true;
+}
+
+bool CreatePackage(const WideString &managerName, const WideString &packageName, std::int32_t &handle)
+{
+    ScanRegistry();
+    const std::size_t index = FindPackageSource(managerName.c_str());
+    const bool standAlone = index < PackageSourceList.size() && PackageSourceList[index].kind == StandAloneSource;
+    const WideString key = standAlone ? managerName : managerName + OLESTR(":") + packageName;
+    if (FindPackageByKey(key, handle))
+        return true;
+    auto record = std::make_unique<OpenPackage>();
+    record->name = key;
+    if (!CreatePackageObject(record->package, managerName, packageName))
+        return false;
+    handle = AddPackage(std::move(record));
+    return true;
+}

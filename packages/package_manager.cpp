@@ -1,0 +1,98 @@
+#include "packages/package_manager.h"
+
+#include "cape/bstr.h"
+#include "cape/error_text.h"
+#include "cape/variant_array.h"
+#include "gateway/global_lists.h"
+#include "gateway/global_text.h"
+#include "packages/component.h"
+
+const PackageSource *RequirePackageSource(const WideString &name)
+{
+    ScanRegistry();
+    const std::size_t index = FindPackageSource(name.c_str());
+    if (index < PackageSourceList.size())
+        return &PackageSourceList[index];
+    LastError = OLESTR("no such package manager: \"") + name + OLESTR("\"");
+    return nullptr;
+}
+
+bool ClassIdOf(const PackageSource &source, CLSID &classId)
+{
+    if (SUCCEEDED(CLSIDFromString(source.clsid.c_str(), &classId)))
+        return true;
+    LastError = OLESTR("Failed to convert CLSID");
+    return false;
+}
+
+bool OpenManager(const PackageSource &source, ComPointer<ICapeThermoPropertyPackageManager> &manager)
+{
+    if (source.kind != ManagerSource) {
+        LastError = OLESTR("internal error: unknown ppm type");
+        return false;
+    }
+    CLSID classId;
+    if (!ClassIdOf(source, classId))
+        return false;
+    const HRESULT hr = CreateComObject(classId, InterfaceId<ICapeThermoPropertyPackageManager>, manager.outVoid());
+    if (FAILED(hr)) {
+        manager.detach();
+        LastError = OLESTR("creation of package manager failed: ") + HResultText(hr);
+        return false;
+    }
+    if (!InitialiseComponent(manager.get())) {
+        LastError.insert(0, OLESTR("PPM "));
+        manager.reset();
+        return false;
+    }
+    return true;
+}
+
+void CloseManager(ComPointer<ICapeThermoPropertyPackageManager> &manager)
+{
+    TerminateComponent(manager.get());
+    manager.reset();
+}
+
+namespace {
+
+bool fetchPackageNames(ICapeThermoPropertyPackageManager *manager)
+{
+    VARIANT names;
+    VariantInit(&names);
+    const HRESULT hr = manager->GetPropertyPackageList(&names);
+    if (FAILED(hr)) {
+        LastError = OLESTR("failed to get list of packages from ppm: ") + CapeErrorText(manager, hr);
+        return false;
+    }
+    VariantArray list;
+    list.Attach(names, 1);
+    WideString reason;
+    if (!list.Validate(VT_BSTR, reason)) {
+        LastError = OLESTR("Invalid list of packages from ppm: ") + reason;
+        return false;
+    }
+    NameList.resize(static_cast<std::size_t>(list.count));
+    for (std::int32_t i = 0; i < list.count; ++i)
+        NameList[i] = list.TextAt(i);
+    return true;
+}
+
+} // namespace
+
+bool ListPackages(const WideString &sourceName)
+{
+    const PackageSource *source = RequirePackageSource(sourceName);
+    if (!source)
+        return false;
+    if (source->kind == StandAloneSource) {
+        NameList.assign(1, OLESTR("(stand-alone)"));
+        return true;
+    }
+    ComPointer<ICapeThermoPropertyPackageManager> manager;
+    if (!OpenManager(*source, manager))
+        return false;
+    const bool fetched = fetchPackageNames(manager.get());
+    CloseManager(manager);
+    return fetched;
+}

@@ -1,0 +1,132 @@
+#include "packages/relay_client.h"
+
+#include "cape/bstr.h"
+#include "cape/cape_open.h"
+#include "cape/com_pointer.h"
+#include "gateway/warning.h"
+#include "packages/registry_key.h"
+
+#include <memory>
+#include <utility>
+
+namespace {
+
+// One instance is kept until exit: it holds the relay's process, and with it the objects made
+// there. A plain pointer: at unload, when COM is gone, nothing may be released any more.
+IVerdanth6432Relay *relayKeepAlive = nullptr;
+
+HRESULT createRelay(IVerdanth6432Relay *&relay)
+{
+    const HRESULT hr = CoCreateInstance(CLSID_Verdanth6432Relay, nullptr, CLSCTX_LOCAL_SERVER,
+                                        InterfaceId<IVerdanth6432Relay>, reinterpret_cast<void **>(&relay));
+    if (FAILED(hr))
+        relay = nullptr;
+    return SUCCEEDED(hr) && !relay ? E_UNEXPECTED : hr;
+}
+
+void EnsureRelay()
+{
+    if (relayKeepAlive)
+        return;
+    if (SUCCEEDED(createRelay(relayKeepAlive)))
+        return;
+    WarnPlain("Verdanth6432Relay is not properly registered or not accessible. "
+              "Please make sure Verdanth6432Relay.exe is present in the Verdanth installation folder, and run "
+              "\"Verdanth6432Relay.exe /RegServer\" (administration rights required) to fix the problem. "
+              "Verdanth will not be able to access 32-bit in-process CAPE-OPEN objects");
+}
+
+struct TaskMemoryText {
+    LPOLESTR text = nullptr;
+    TaskMemoryText() = default;
+    TaskMemoryText(const TaskMemoryText &) = delete;
+    TaskMemoryText &operator=(const TaskMemoryText &) = delete;
+    ~TaskMemoryText() { CoTaskMemFree(text); }
+};
+
+// "Name" of the class in the 32-bit view, whatever its length.
+bool registeredName(const WideString &classIdText, WideString &name)
+{
+    const RegistryKey key(HKEY_CLASSES_ROOT,
+                          (OLESTR("Wow6432Node\\CLSID\\") + classIdText + OLESTR("\\CapeDescription")).c_str());
+    if (!key)
+        return false;
+    DWORD type = 0;
+    DWORD size = 0;
+    if (RegQueryValueExW(key.get(), OLESTR("Name"), nullptr, &type, nullptr, &size) != ERROR_SUCCESS ||
+        type != REG_SZ || size <= 1)
+        return false;
+    const std::size_t bytes = 2 * static_cast<std::size_t>(size + 1);
+    const std::unique_ptr<WCHAR[]> buffer(new WCHAR[bytes / sizeof(WCHAR) + 1]());
+    ++size;
+    if (RegQueryValueExW(key.get(), OLESTR("Name"), nullptr, &type, reinterpret_cast<LPBYTE>(buffer.get()), &size) !=
+        ERROR_SUCCESS)
+        return false;
+    name = buffer.get();
+    return true;
+}
+
+// Replaces `name` by the best name that can be had for the object: what is registered, else what
+// the object calls itself, else its program id. The program id is not asked of an object that can
+// identify itself.
+void findDisplayName(REFCLSID classId, const WideString &classIdText, IUnknown *object, WideString &name)
+{
+    if (registeredName(classIdText, name))
+        return;
+    ComPointer<ICapeIdentification> identification;
+    if (SUCCEEDED(identification.queryFrom(object))) {
+        Bstr text;
+        if (SUCCEEDED(identification->get_ComponentName(text.out())))
+            name = TextOf(text.get());
+        return;
+    }
+    TaskMemoryText programId;
+    if (SUCCEEDED(ProgIDFromCLSID(classId, &programId.text)))
+        name = programId.text;
+}
+
+} // namespace
+
+HRESULT CreateThroughRelay(REFCLSID classId, REFIID iid, void **object)
+{
+    EnsureRelay();
+    if (!relayKeepAlive)
+        return E_UNEXPECTED;
+    IVerdanth6432Relay *worker = nullptr; // a second instance does the work
+    HRESULT hr = createRelay(worker);
+    if (FAILED(hr))
+        return hr;
+    ComPointer<IVerdanth6432Relay> relay(worker);
+    TaskMemoryText classIdText;
+    hr = StringFromCLSID(classId, &classIdText.text);
+    if (FAILED(hr))
+        return hr;
+    const Bstr argument(classIdText.text);
+    WideString name(classIdText.text);
+    ComPointer<IUnknown> created;
+    hr = relay->CreateObject32(argument.get(), created.out());
+    relay.reset();
+    if (FAILED(hr)) {
+        created.detach();
+        return hr;
+    }
+    if (!created)
+        return E_UNEXPECTED;
+    hr = created->QueryInterface(iid, object);
+    if (FAILED(hr)) {
+        *object = nullptr;
+        return hr;
+    }
+    findDisplayName(classId, classIdText.text, created.get(), name);
+    created.reset();
+    name += OLESTR(" is a 32-bit COM object and is created out-of-process; "
+                   "running the 32-bit version of Matlab might be more efficient");
+    Warn(name.c_str());
+    return hr;
+}
+
+void ReleaseRelay()
+{
+    if (IVerdanth6432Relay *released = std::exchange(relayKeepAlive, nullptr))
+        released->Release();
+}
