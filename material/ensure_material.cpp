@@ -1,0 +1,36 @@
+#include "material/ensure_material.h"
+
+#include "cape/com_pointer.h"
+#include "cape/error_text.h"
+#include "gateway/global_text.h"
+#include "material/material_object.h"
+
+bool EnsureMaterial(OpenPackage &package)
+{
+    if (package.material)
+        return true;
+    if (!EnsureCompounds(package) || !EnsurePhases(package))
+        return false;
+    auto *material = new CComObject<CMaterialObject>;
+    package.material = material;
+    material->AddRef();
+    material->InitMaterial(&package);
+
+    ComPointer<ICapeThermoMaterialContext> context;
+    HRESULT hr = context.queryFrom(package.package);
+    if (FAILED(hr)) {
+        LastError = OLESTR("Failed to get ICapeThermoMaterialContext from property package: ") + HResultText(hr);
+        return false;
+    }
+    ComPointer<IDispatch> identity;
+    identity.queryFrom(static_cast<ICapeThermoMaterial *>(material));
+    hr = context->SetMaterial(identity.get());
+    identity.reset();
+    if (FAILED(hr)) {
+        LastError = OLESTR("Failed to set material object on property package: ") + CapeErrorText(context.get(), hr);
+        return false;
+    }
+    return true;
+}
+
+void ReleaseMaterial(CMaterialObject *material) { static_cast<ICapeThermoMaterial *>(material)->Release(); }

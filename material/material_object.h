@@ -1,0 +1,140 @@
+// The material: the one object through which a property package sees the state it calculates on.
+// A package reaches it through its COM interfaces; the commands of this process use its fields.
+#pragma once
+
+#include "cape/cape_open.h"
+#include "cape/com_object.h"
+#include "cape/error_state.h"
+#include "cape/missing_value.h"
+#include "material/imaterial.h"
+#include "material/recent_writes.h"
+#include "packages/open_package.h"
+#include "properties/property_map.h"
+
+#include <cstdint>
+#include <memory>
+
+inline constexpr CLSID CLSID_MaterialObject = {
+    0x0B9A2F4D, 0x6C55, 0x4E0B, {0x8C, 0x3A, 0x51, 0xF2, 0x9D, 0x07, 0xB6, 0xE4}};
+
+// With nC compounds and nP phases of the package. Phase indices are those of its phaseLabels,
+// compound indices those of its compoundIds; the Overall phase has no index. Basis tags are 0 mole
+// and 1 mass, and mean something only beside a value that is set.
+class CMaterialObject : public ErrorReporting,
+                        public DualInterface<ICapeIdentification, LIBID_CAPEOPEN110>,
+                        public DualInterface<ICapeThermoCompounds, LIBID_CAPEOPEN110>,
+                        public DualInterface<ICapeThermoEquilibriumRoutine, LIBID_CAPEOPEN110>,
+                        public DualInterface<ICapeThermoMaterial, LIBID_CAPEOPEN110>,
+                        public DualInterface<ICapeThermoPhases, LIBID_CAPEOPEN110>,
+                        public DualInterface<ICapeThermoPropertyRoutine, LIBID_CAPEOPEN110>,
+                        public DualInterface<ICapeThermoUniversalConstant, LIBID_CAPEOPEN110>,
+                        public DualInterface<IMaterial, LIBID_Verdanth>,
+                        public CComObjectRootEx<CComSingleThreadModel>,
+                        public CComCoClass<CLSID_MaterialObject> {
+public:
+    OpenPackage *openPackage = nullptr; // not owned; fixed by InitMaterial
+
+    double temperature = 0;                       // K, for all phases
+    double pressure = 0;                          // Pa, for all phases
+    std::unique_ptr<double[]> overallComposition; // nC fractions
+    std::int32_t overallCompositionBasis = 0;
+    std::unique_ptr<std::unique_ptr<double[]>[]> phaseComposition; // nP times nC fractions
+    std::unique_ptr<std::int32_t[]> phaseCompositionBasis;         // nP
+    std::unique_ptr<double[]> phaseFraction;                       // nP, of the total
+    std::unique_ptr<double[]> conversionScratch;                   // nC times nC; holds nothing between calls
+    std::unique_ptr<std::int32_t[]> phaseFractionBasis;            // nP
+    std::unique_ptr<std::int32_t[]> phasePresent;                  // nP, non-zero: present
+    PropertyMap overallProps;
+    std::unique_ptr<PropertyMap[]> phaseProps; // nP; two-phase values lie with their first phase
+    WideString twoPhaseKeyScratch;             // holds nothing between calls
+
+    RecentWrites recentWrites; // into phaseProps, of one phase
+    RecentWrites recentTwoPhaseWrites;
+
+    // Second stage of construction: the package's compound and phase lists must be loaded, and must
+    // stay as they are while the material lives.
+    void InitMaterial(OpenPackage *package);
+
+    std::int32_t compoundCount() const { return static_cast<std::int32_t>(openPackage->compoundIds.size()); }
+    std::int32_t phaseCount() const { return static_cast<std::int32_t>(openPackage->phaseLabels.size()); }
+
+    // Index of a phase by its label without regard to case; -1 for a null or unknown label.
+    std::int32_t PhaseIndex(LPCWSTR label) const;
+
+    // Remembers why a call is refused; gives ECapeUnknownHR, the result of every refusal.
+    HRESULT SetMaterialError(LPCWSTR name, LPCWSTR description, LPCWSTR interfaceName, LPCWSTR scope);
+    HRESULT SetMaterialError(LPCWSTR name, const WideString &description, LPCWSTR interfaceName, LPCWSTR scope)
+    {
+        return SetMaterialError(name, description.c_str(), interfaceName, scope);
+    }
+
+    void *FindInterface(REFIID iid);
+
+    // ICapeIdentification
+    HRESULT STDMETHODCALLTYPE get_ComponentName(BSTR *name) override;
+    HRESULT STDMETHODCALLTYPE put_ComponentName(BSTR name) override;
+    HRESULT STDMETHODCALLTYPE get_ComponentDescription(BSTR *description) override;
+    HRESULT STDMETHODCALLTYPE put_ComponentDescription(BSTR description) override;
+
+    // ICapeThermoCompounds: the list and its length are answered, the rest is refused
+    HRESULT STDMETHODCALLTYPE GetCompoundConstant(VARIANT properties, VARIANT compoundIds, VARIANT *values) override;
+    HRESULT STDMETHODCALLTYPE GetCompoundList(VARIANT *compoundIds, VARIANT *formulae, VARIANT *names,
+                                              VARIANT *boilingTemperatures, VARIANT *molecularWeights,
+                                              VARIANT *casNumbers) override;
+    HRESULT STDMETHODCALLTYPE GetConstPropList(VARIANT *properties) override;
+    HRESULT STDMETHODCALLTYPE GetNumCompounds(LONG *count) override;
+    HRESULT STDMETHODCALLTYPE GetPDependentProperty(VARIANT properties, double pressure, VARIANT compoundIds,
+                                                    VARIANT *values) override;
+    HRESULT STDMETHODCALLTYPE GetPDependentPropList(VARIANT *properties) override;
+    HRESULT STDMETHODCALLTYPE GetTDependentProperty(VARIANT properties, double temperature, VARIANT compoundIds,
+                                                    VARIANT *values) override;
+    HRESULT STDMETHODCALLTYPE GetTDependentPropList(VARIANT *properties) override;
+
+    // ICapeThermoEquilibriumRoutine: refused
+    HRESULT STDMETHODCALLTYPE CalcEquilibrium(VARIANT specification1, VARIANT specification2,
+                                              BSTR solutionType) override;
+    HRESULT STDMETHODCALLTYPE CheckEquilibriumSpec(VARIANT specification1, VARIANT specification2, BSTR solutionType,
+                                                   VARIANT_BOOL *supported) override;
+
+    // ICapeThermoMaterial
+    HRESULT STDMETHODCALLTYPE ClearAllProps() override;
+    HRESULT STDMETHODCALLTYPE CopyFromMaterial(IDispatch **source) override;
+    HRESULT STDMETHODCALLTYPE CreateMaterial(IDispatch **material) override;
+    HRESULT STDMETHODCALLTYPE GetOverallProp(BSTR property, BSTR basis, VARIANT *results) override;
+    HRESULT STDMETHODCALLTYPE GetOverallTPFraction(double *temperature, double *pressure,
+                                                   VARIANT *composition) override;
+    HRESULT STDMETHODCALLTYPE GetPresentPhases(VARIANT *phaseLabels, VARIANT *phaseStatus) override;
+    HRESULT STDMETHODCALLTYPE GetSinglePhaseProp(BSTR property, BSTR phaseLabel, BSTR basis, VARIANT *results) override;
+    HRESULT STDMETHODCALLTYPE GetTPFraction(BSTR phaseLabel, double *temperature, double *pressure,
+                                            VARIANT *composition) override;
+    HRESULT STDMETHODCALLTYPE GetTwoPhaseProp(BSTR property, VARIANT phaseLabels, BSTR basis,
+                                              VARIANT *results) override;
+    HRESULT STDMETHODCALLTYPE SetOverallProp(BSTR property, BSTR basis, VARIANT values) override;
+    HRESULT STDMETHODCALLTYPE SetPresentPhases(VARIANT phaseLabels, VARIANT phaseStatus) override;
+    HRESULT STDMETHODCALLTYPE SetSinglePhaseProp(BSTR property, BSTR phaseLabel, BSTR basis, VARIANT values) override;
+    HRESULT STDMETHODCALLTYPE SetTwoPhaseProp(BSTR property, VARIANT phaseLabels, BSTR basis, VARIANT values) override;
+
+    // ICapeThermoPhases: the list and its length are answered, the rest is refused
+    HRESULT STDMETHODCALLTYPE GetNumPhases(LONG *count) override;
+    HRESULT STDMETHODCALLTYPE GetPhaseInfo(BSTR phaseLabel, BSTR attribute, VARIANT *value) override;
+    HRESULT STDMETHODCALLTYPE GetPhaseList(VARIANT *phaseLabels, VARIANT *statesOfAggregation,
+                                           VARIANT *keyCompoundIds) override;
+
+    // ICapeThermoPropertyRoutine: refused
+    HRESULT STDMETHODCALLTYPE CalcAndGetLnPhi(BSTR phaseLabel, double temperature, double pressure, VARIANT moleNumbers,
+                                              INT flags, VARIANT *lnPhi, VARIANT *lnPhiDT, VARIANT *lnPhiDP,
+                                              VARIANT *lnPhiDn) override;
+    HRESULT STDMETHODCALLTYPE CalcSinglePhaseProp(VARIANT properties, BSTR phaseLabel) override;
+    HRESULT STDMETHODCALLTYPE CalcTwoPhaseProp(VARIANT properties, VARIANT phaseLabels) override;
+    HRESULT STDMETHODCALLTYPE CheckSinglePhasePropSpec(BSTR property, BSTR phaseLabel, VARIANT_BOOL *valid) override;
+    HRESULT STDMETHODCALLTYPE CheckTwoPhasePropSpec(BSTR property, VARIANT phaseLabels, VARIANT_BOOL *valid) override;
+    HRESULT STDMETHODCALLTYPE GetSinglePhasePropList(VARIANT *properties) override;
+    HRESULT STDMETHODCALLTYPE GetTwoPhasePropList(VARIANT *properties) override;
+
+    // ICapeThermoUniversalConstant: refused
+    HRESULT STDMETHODCALLTYPE GetUniversalConstant(BSTR id, VARIANT *value) override;
+    HRESULT STDMETHODCALLTYPE GetUniversalConstantList(VARIANT *ids) override;
+
+    // IMaterial
+    HRESULT STDMETHODCALLTYPE GetMaterialObject(CMaterialObject **material) override;
+};

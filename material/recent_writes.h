@@ -1,0 +1,38 @@
+// What the latest writes of values of phases came to. Over a table of conditions a package
+// writes the same few values with the same words each time; the words need to be judged once.
+#pragma once
+
+#include "material/parse_basis.h"
+#include "material/reserved_property.h"
+#include "properties/property_map.h"
+
+#include <cstdint>
+#include <vector>
+
+class RecentWrites {
+public:
+    struct Write {
+        WideString property; // the three texts as the package wrote them; null counts as empty
+        WideString phaseLabel;
+        WideString basisOrSecondLabel;
+        BasisCode basis;
+        std::int32_t phase;
+        ReservedProperty reserved;
+        PropertyValues *values; // of a property that is not reserved: its entry in the map,
+        std::uint32_t count;    // and how many values it takes
+    };
+
+    // The write with exactly these texts, or null.
+    const Write *find(LPCWSTR property, LPCWSTR phaseLabel, LPCWSTR basisOrSecondLabel);
+
+    void remember(Write write);
+
+    // To be called before an entry of a map goes.
+    void forget() { writes.clear(); }
+
+private:
+    static constexpr std::size_t most = 64;
+
+    std::vector<Write> writes;
+    std::size_t expected = 0; // writes come in the same order again and again
+};
