@@ -1,0 +1,262 @@
+// Command 25: a flash for each row of a table, with results of each row. The one command that goes
+// on after a failed calculation.
+#include "commands/calculation_commands.h"
+#include "commands/command_scratch.h"
+#include "commands/condition_arguments.h"
+#include "commands/failure_text.h"
+#include "commands/flash_constraint.h"
+#include "commands/name_argument.h"
+#include "commands/post_flash.h"
+#include "commands/results.h"
+#include "gateway/global_lists.h"
+#include "gateway/handle_argument.h"
+#include "gateway/settings.h"
+#include "gateway/warning.h"
+#include "material/ensure_material.h"
+
+#include <algorithm>
+
+namespace {
+
+struct FlashTable {
+    ConditionValues compositions;
+    ConditionValues values1;
+    ConditionValues values2;
+    std::int32_t count = 0;
+};
+
+constexpr ConditionMessages compositionMessages = {
+    "Invalid number of columns for compositions: must match number of compounds",
+    "Expected double precision values for compositions", "Zero values specified for compositions"};
+constexpr ConditionMessages value1Messages = {"Expected column vector for value 1",
+                                              "Expected double precision values for value 1",
+                                              "Zero values specified for values 1"};
+constexpr ConditionMessages value2Messages = {"Expected column vector for value 2",
+                                              "Expected double precision values for value 2",
+                                              "Zero values specified for values 2"};
+
+Verdict readConstraintValues(const mxArray *argument, const ConditionMessages &messages, std::size_t index,
+                             FlashTable &table, ConditionValues &values)
+{
+    const Verdict verdict = ReadConditions(argument, 1, messages, index, values);
+    if (!verdict.isDone())
+        return verdict;
+    if (!CombineConditions(table.count, values))
+        return Verdict::refuse("Inconsistent number of rows for compositions and constraint values");
+    return Verdict::done();
+}
+
+Verdict readTable(const mxArray *const *arguments, std::int32_t compounds, FlashTable &table)
+{
+    HandleList.resize(3);
+    Verdict verdict =
+        ReadConditions(arguments[2], static_cast<std::size_t>(compounds), compositionMessages, 0, table.compositions);
+    if (!verdict.isDone())
+        return verdict;
+    table.count = table.compositions.rows;
+    verdict = readConstraintValues(arguments[4], value1Messages, 1, table, table.values1);
+    if (!verdict.isDone())
+        return verdict;
+    return readConstraintValues(arguments[6], value2Messages, 2, table, table.values2);
+}
+
+Verdict parseResultNames()
+{
+    std::vector<ParsedProperty> &properties = CommandScratch.parsedProperties;
+    properties.resize(NameList.size());
+    for (std::size_t i = 0; i < NameList.size(); ++i) {
+        const Verdict verdict = ReadFlashResult(NameList[i], properties[i]);
+        if (!verdict.isDone())
+            return verdict;
+    }
+    return Verdict::done();
+}
+
+Verdict readConstraints(const mxArray *const *arguments, OpenPackage &package, std::int32_t vaporPhase)
+{
+    CommandContainers &scratch = CommandScratch;
+    EnsureSpecification(scratch.flashSpecification1);
+    EnsureSpecification(scratch.flashSpecification2);
+    const Verdict verdict = ReadConstraint(arguments[3], "Expected string value for property 1", package, vaporPhase,
+                                           scratch.flashSpecification1, scratch.constraintSlot1);
+    if (!verdict.isDone())
+        return verdict;
+    return ReadConstraint(arguments[5], "Expected string value for property 2", package, vaporPhase,
+                          scratch.flashSpecification2, scratch.constraintSlot2);
+}
+
+// The names that the package has to calculate after a flash.
+void buildPostFlashNames()
+{
+    const std::vector<ParsedProperty> &properties = CommandScratch.parsedProperties;
+    const auto isCalculated = [](const ParsedProperty &property) { return property.kind == SinglePhase; };
+    const auto count = std::count_if(properties.begin(), properties.end(), isCalculated);
+    if (count == 0) {
+        NameArray.Reset(1);
+        return;
+    }
+    NameArray.Create(static_cast<std::int32_t>(count), VT_BSTR);
+    std::int32_t position = 0;
+    for (std::size_t i = 0; i < properties.size(); ++i)
+        if (isCalculated(properties[i]))
+            NameArray.PutString(position++, Bstr(NameList[i]).get());
+}
+
+// Labels are made once: making strings in the loop over rows costs more than the loop.
+void takePhaseLabels(const VariantArray &labels)
+{
+    std::vector<Bstr> &phaseLabels = CommandScratch.phaseLabels;
+    phaseLabels.resize(static_cast<std::size_t>(labels.count));
+    for (std::int32_t p = 0; p < labels.count; ++p)
+        phaseLabels[static_cast<std::size_t>(p)].take(labels.GetString(p));
+}
+
+void prepareResults(mxArray *results, std::int32_t rows)
+{
+    CommandScratch.resultData.resize(NameList.size());
+    for (std::size_t i = 0; i < NameList.size(); ++i)
+        CommandScratch.resultData[i] = AddResultMatrix(results, i, rows, 1);
+}
+
+// A batch over one package.
+class Batch {
+public:
+    Batch(OpenPackage &openPackage, const FlashTable &flashTable, std::int32_t vapor)
+        : package(openPackage), material(*openPackage.material), table(flashTable), vaporPhase(vapor),
+          vaporFractionBasis(isVaporFractionGiven() ? GlobalSettings.defaultBasis : 0)
+    {
+        for (std::int32_t p = 0; p < material.phaseCount(); ++p)
+            lookups.emplace_back(material.phaseProps[p], NameList.size());
+    }
+
+    Verdict runRow(std::int32_t c)
+    {
+        setConditions(c);
+        const CommandContainers &scratch = CommandScratch;
+        const HRESULT hr = package.equilibriumRoutine->CalcEquilibrium(
+            scratch.flashSpecification1.value, scratch.flashSpecification2.value, scratch.solutionTypeArgument.get());
+        if (FAILED(hr)) {
+            reportFailure(c, hr);
+            return Verdict::done();
+        }
+        if (NameArray.count != 0)
+            calculateProperties();
+        return storeResults(c);
+    }
+
+private:
+    bool isVaporFractionGiven() const
+    {
+        const CommandContainers &scratch = CommandScratch;
+        return vaporPhase >= 0 && (scratch.constraintSlot1.field == &material.phaseFraction[vaporPhase] ||
+                                   scratch.constraintSlot2.field == &material.phaseFraction[vaporPhase]);
+    }
+
+    void setConditions(std::int32_t c)
+    {
+        std::fill_n(material.phasePresent.get(), material.phaseCount(), 1);
+        table.compositions.copyRow(c, material.overallComposition.get(), material.compoundCount());
+        material.overallCompositionBasis = GlobalSettings.defaultBasis;
+        if (vaporPhase >= 0)
+            material.phaseFractionBasis[vaporPhase] = vaporFractionBasis;
+        CommandScratch.constraintSlot1.write(material, table.values1.at(c));
+        CommandScratch.constraintSlot2.write(material, table.values2.at(c));
+    }
+
+    void reportFailure(std::int32_t c, HRESULT hr)
+    {
+        for (double *column : CommandScratch.resultData)
+            column[c] = QuietNaN;
+        if (!GlobalSettings.showWarnings)
+            return;
+        ScratchText = OLESTR("Flash failed at ");
+        AppendNumber(ScratchText, table.values1.at(c));
+        ScratchText += OLESTR(", ");
+        AppendNumber(ScratchText, table.values2.at(c));
+        ScratchText += OLESTR(": ");
+        ScratchText += CapeErrorText(package.equilibriumRoutine, hr);
+        Warn(ScratchText.c_str());
+    }
+
+    // A failure is told by a warning only; results are then read from what the material holds.
+    void calculateProperties()
+    {
+        for (std::int32_t p = 0; p < material.phaseCount(); ++p) {
+            if (material.phasePresent[p] == 0)
+                continue;
+            const Bstr &label = CommandScratch.phaseLabels[static_cast<std::size_t>(p)];
+            const HRESULT hr = package.propertyRoutine->CalcSinglePhaseProp(NameArray.value, label.get());
+            if (SUCCEEDED(hr))
+                continue;
+            if (GlobalSettings.showWarnings) {
+                ScratchText = OLESTR("Failed to calculate post-flash ");
+                ScratchText += package.phaseLabels[p];
+                ScratchText += OLESTR(" properties: ");
+                ScratchText += CapeErrorText(package.propertyRoutine, hr);
+                Warn(ScratchText.c_str());
+            }
+            return;
+        }
+    }
+
+    Verdict storeResults(std::int32_t c)
+    {
+        for (std::size_t i = 0; i < NameList.size(); ++i) {
+            const Verdict verdict = FlashResult(material, lookups, i, vaporPhase, CommandScratch.resultData[i][c]);
+            if (!verdict.isDone())
+                return verdict;
+        }
+        return Verdict::done();
+    }
+
+    OpenPackage &package;
+    CMaterialObject &material;
+    const FlashTable &table;
+    std::int32_t vaporPhase;
+    std::vector<StoredLookup> lookups; // of the phases
+    std::int32_t vaporFractionBasis;   // before each flash: what a given vapor fraction is in, else mole
+};
+
+} // namespace
+
+Verdict BatchFlashCommand(const CommandCall &call)
+{
+    const mxArray *const *arguments = call.arguments;
+    OpenPackage *package = nullptr;
+    Verdict verdict = ReadPackage(arguments[1], package);
+    if (!verdict.isDone())
+        return verdict;
+    if (!EnsureMaterial(*package))
+        return Verdict::failed();
+    FlashTable table;
+    verdict = readTable(arguments, package->material->compoundCount(), table);
+    if (!verdict.isDone())
+        return verdict;
+    verdict = ReadNames(arguments[9], arguments[8]);
+    if (!verdict.isDone())
+        return verdict;
+    if (!EnsureEquilibriumRoutine(*package) || !EnsurePropertyRoutine(*package))
+        return Verdict::failed();
+    verdict = parseResultNames();
+    if (!verdict.isDone())
+        return verdict;
+    const std::int32_t vaporPhase = FindVaporPhase(*package);
+    verdict = readConstraints(arguments, *package, vaporPhase);
+    if (!verdict.isDone())
+        return verdict;
+    buildPostFlashNames();
+    call.results[0] = CreateResultCell(NameList.size());
+    prepareResults(call.results[0], table.count);
+    verdict = ReadSolutionType(arguments[7]);
+    if (!verdict.isDone())
+        return verdict;
+
+    takePhaseLabels(package->phaseLabelList);
+    Batch batch(*package, table, vaporPhase);
+    for (std::int32_t c = 0; c < table.count; ++c) {
+        verdict = batch.runRow(c);
+        if (!verdict.isDone())
+            return verdict;
+    }
+    return Verdict::done();
+}

@@ -1,0 +1,3 @@
+#include "commands/command_scratch.h"
+
+CommandContainers CommandScratch;

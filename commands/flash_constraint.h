@@ -1,0 +1,40 @@
+// The constraints of a flash: a property and a value each. The package gets the property as an
+// array of three strings and reads the value from the material.
+#pragma once
+
+#include "cape/variant_array.h"
+#include "gateway/verdict.h"
+#include "material/material_object.h"
+#include "platform/matlab/matlab.h"
+#include "properties/property_name.h"
+
+#include <cstdint>
+
+// Index of the package's first phase whose state of aggregation is vapor; -1 when it has none.
+std::int32_t FindVaporPhase(const OpenPackage &package);
+
+// Makes the specification array of a constraint, when it is not made yet, with three empty strings.
+void EnsureSpecification(VariantArray &specification);
+
+// Where in the material the value of a constraint goes.
+struct ConstraintSlot {
+    double *field = nullptr; // of the material; null for an entry of its overall properties
+    WideString property;     // the name of that entry
+    std::int32_t basis = 0;  // and the basis that its value has
+
+    // The entry is looked up again each time: the package may have cleared the material since.
+    void write(CMaterialObject &material, double value) const;
+};
+
+// Reads the property of a constraint, writes property, basis and phase into `specification`,
+// makes the entry of the material that the value needs and finds the slot of the value. Refuses
+// what can't be specified.
+Verdict ReadConstraint(const mxArray *argument, const char *notString, OpenPackage &package, std::int32_t vaporPhase,
+                       VariantArray &specification, ConstraintSlot &slot);
+
+// The solution type, which is the package's to judge, into solutionTypeArgument.
+Verdict ReadSolutionType(const mxArray *argument);
+
+// A property of which a mixture has an overall value, and no derivative: what a flash can be
+// specified by and asked for. False leaves the parser's reason in ScratchText, if it has one.
+bool ParseFlashProperty(LPCWSTR name, ParsedProperty &property);

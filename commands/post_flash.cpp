@@ -1,0 +1,134 @@
+#include "commands/post_flash.h"
+
+#include "cape/same_name.h"
+#include "commands/command_scratch.h"
+#include "commands/failure_text.h"
+#include "commands/flash_constraint.h"
+#include "gateway/global_lists.h"
+#include "gateway/settings.h"
+#include "gateway/warning.h"
+#include "properties/basis_conversion.h"
+#include "properties/chain_rule.h"
+
+namespace {
+
+struct MarkedResult {
+    LPCWSTR name;
+    FlashResultKind kind;
+};
+
+constexpr MarkedResult markedResults[] = {
+    {OLESTR("Temperature"), TemperatureResult},
+    {OLESTR("Pressure"), PressureResult},
+    {OLESTR("vaporFraction"), VaporFractionResult},
+};
+
+bool defaultIsMass() { return GlobalSettings.defaultBasis != 0; }
+
+Verdict vaporFraction(const CMaterialObject &material, std::int32_t vaporPhase, double &value)
+{
+    if (vaporPhase < 0)
+        return Verdict::refuse("Package does not expose vapor phase");
+    value = 0;
+    if (material.phasePresent[vaporPhase] == 0)
+        return Verdict::done();
+    const double stored = material.phaseFraction[vaporPhase];
+    if ((material.phaseFractionBasis[vaporPhase] != 0) == defaultIsMass()) {
+        value = stored;
+        return Verdict::done();
+    }
+    const bool converted = defaultIsMass() ? MoleToMassPhaseFraction(material, vaporPhase, stored, value, ScratchText)
+                                           : MassToMolePhaseFraction(material, vaporPhase, stored, value, ScratchText);
+    if (!converted) {
+        value = QuietNaN;
+        Warn(ScratchText.c_str());
+    }
+    return Verdict::done();
+}
+
+// Brings one value to the other basis, in place; power 0 leaves it.
+Verdict convertValue(const CMaterialObject &material, std::int32_t power, const double *composition,
+                     std::int32_t compositionBasis, double &value)
+{
+    if (power == 0 ||
+        ChainRuleConvert(material, &value, &value, 1, power, composition, compositionBasis, ScratchText, 1, 0))
+        return Verdict::done();
+    return FailWith(OLESTR("CAPE-OPEN: "), ScratchText);
+}
+
+std::int32_t firstPresentPhase(const CMaterialObject &material)
+{
+    std::int32_t p = 0;
+    while (p < material.phaseCount() && material.phasePresent[p] == 0)
+        ++p;
+    return p;
+}
+
+// The sum of the phases' values weighted by the phase fractions, formed in the basis of the
+// fractions and then brought to the default basis. A phase without amount adds nothing and needs
+// no value.
+Verdict PostFlashAverage(const CMaterialObject &material, std::vector<StoredLookup> &lookups, std::size_t index,
+                         double &value)
+{
+    const std::int32_t basisPower = CommandScratch.parsedProperties[index].basisPower;
+    value = 0;
+    const std::int32_t first = firstPresentPhase(material);
+    if (first == material.phaseCount())
+        return Verdict::done();
+    const bool fractionsPerMass = material.phaseFractionBasis[first] != 0;
+    for (std::int32_t p = first; p < material.phaseCount(); ++p) {
+        const double fraction = material.phaseFraction[p];
+        if (material.phasePresent[p] == 0 || !(fraction > 0))
+            continue;
+        if ((material.phaseFractionBasis[p] != 0) != fractionsPerMass)
+            return Verdict::refuse("Inconsistent bases of phase fractions after flash; not supported");
+        const PropertyValues *stored = lookups[static_cast<std::size_t>(p)].at(index, NameList[index].c_str());
+        if (!stored || stored->count == 0)
+            return Verdict::refuse("Property not set after post-flash property calculation");
+        double phaseValue = stored->values[0];
+        const std::int32_t power = ConversionPower(basisPower, (stored->basis & 1) != 0, fractionsPerMass);
+        const Verdict verdict = convertValue(material, power, material.phaseComposition[p].get(),
+                                             material.phaseCompositionBasis[p], phaseValue);
+        if (!verdict.isDone())
+            return verdict;
+        value += phaseValue * fraction;
+    }
+    return convertValue(material, ConversionPower(basisPower, fractionsPerMass, defaultIsMass()),
+                        material.overallComposition.get(), material.overallCompositionBasis, value);
+}
+
+} // namespace
+
+Verdict ReadFlashResult(const WideString &name, ParsedProperty &property)
+{
+    for (const MarkedResult &result : markedResults) {
+        if (SameName(name.c_str(), result.name)) {
+            property = ParsedProperty();
+            property.kind = result.kind;
+            return Verdict::done();
+        }
+    }
+    if (ParseFlashProperty(name.c_str(), property))
+        return Verdict::done();
+    return FailWith(OLESTR("Invalid / unsupported flash property: "), name);
+}
+
+Verdict FlashResult(const CMaterialObject &material, std::vector<StoredLookup> &lookups, std::size_t index,
+                    std::int32_t vaporPhase, double &value)
+{
+    switch (CommandScratch.parsedProperties[index].kind) {
+    case TemperatureResult:
+        value = material.temperature;
+        return Verdict::done();
+    case PressureResult:
+        value = material.pressure;
+        return Verdict::done();
+    case VaporFractionResult:
+        return vaporFraction(material, vaporPhase, value);
+    case SinglePhase:
+        return PostFlashAverage(material, lookups, index, value);
+    default:
+        value = QuietNaN;
+        return Verdict::done();
+    }
+}

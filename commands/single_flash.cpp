@@ -1,0 +1,123 @@
+// Command 24: one phase equilibrium.
+#include "commands/calculation_commands.h"
+#include "commands/command_scratch.h"
+#include "commands/failure_text.h"
+#include "commands/flash_constraint.h"
+#include "commands/flash_results.h"
+#include "gateway/global_lists.h"
+#include "gateway/handle_argument.h"
+#include "gateway/marshalling.h"
+#include "gateway/settings.h"
+#include "material/ensure_material.h"
+
+#include <algorithm>
+
+namespace {
+
+struct ValueMessages {
+    const char *wrongCount;
+    const char *notDouble;
+};
+
+Verdict checkValues(const mxArray *argument, std::size_t count, const ValueMessages &messages)
+{
+    if (mxGetNumberOfElements(argument) != count)
+        return Verdict::refuse(messages.wrongCount);
+    return IsRealDouble(argument) ? Verdict::done() : Verdict::refuse(messages.notDouble);
+}
+
+Verdict checkArguments(const mxArray *const *arguments, std::int32_t compounds)
+{
+    Verdict verdict = checkValues(arguments[2], static_cast<std::size_t>(compounds),
+                                  {"Invalid number of values for compositions: must match number of compounds",
+                                   "Expected double precision values for compositions"});
+    if (!verdict.isDone())
+        return verdict;
+    verdict = checkValues(
+        arguments[4], 1,
+        {"Invalid number of values for value 1: scalar expected", "Expected double precision value for value 1"});
+    if (!verdict.isDone())
+        return verdict;
+    return checkValues(
+        arguments[6], 1,
+        {"Invalid number of values for value 2: scalar expected", "Expected double precision value for value 2"});
+}
+
+Verdict setConstraint(const mxArray *property, const char *notString, const mxArray *value, OpenPackage &package,
+                      VariantArray &specification)
+{
+    ConstraintSlot slot;
+    const Verdict verdict = ReadConstraint(property, notString, package, FindVaporPhase(package), specification, slot);
+    if (verdict.isDone())
+        slot.write(*package.material, mxGetScalar(value));
+    return verdict;
+}
+
+// Everything in front of the package's calculation.
+Verdict prepareFlash(const mxArray *const *arguments, OpenPackage &package)
+{
+    CMaterialObject &material = *package.material;
+    std::fill_n(material.phasePresent.get(), material.phaseCount(), 1);
+    std::copy_n(mxGetPr(arguments[2]), material.compoundCount(), material.overallComposition.get());
+    material.overallCompositionBasis = GlobalSettings.defaultBasis;
+
+    CommandContainers &scratch = CommandScratch;
+    EnsureSpecification(scratch.flashSpecification1);
+    EnsureSpecification(scratch.flashSpecification2);
+    Verdict verdict = setConstraint(arguments[3], "Expected string value for property 1", arguments[4], package,
+                                    scratch.flashSpecification1);
+    if (!verdict.isDone())
+        return verdict;
+    verdict = setConstraint(arguments[5], "Expected string value for property 2", arguments[6], package,
+                            scratch.flashSpecification2);
+    if (!verdict.isDone())
+        return verdict;
+    return ReadSolutionType(arguments[7]);
+}
+
+Verdict putResults(const CMaterialObject &material, mxArray **results)
+{
+    ListPresentPhases(material);
+    const mwSize rows = HandleList.size();
+    const mwSize labelDimensions[] = {rows, 1};
+    results[0] = mxCreateCellArray_730(2, labelDimensions);
+    results[1] = mxCreateDoubleMatrix_730(rows, 1, mxREAL);
+    results[2] = mxCreateDoubleMatrix_730(rows, static_cast<mwSize>(material.compoundCount()), mxREAL);
+    results[3] = mxCreateDoubleMatrix_730(1, 1, mxREAL);
+    results[4] = mxCreateDoubleMatrix_730(1, 1, mxREAL);
+    for (std::size_t r = 0; r < rows; ++r)
+        mxSetCell_730(results[0], r, CreateRowString(material.openPackage->phaseLabels[HandleList[r]]));
+    const Verdict verdict = ReadPhases(material, mxGetPr(results[1]), mxGetPr(results[2]));
+    if (!verdict.isDone())
+        return verdict;
+    *mxGetPr(results[3]) = material.temperature;
+    *mxGetPr(results[4]) = material.pressure;
+    return Verdict::done();
+}
+
+} // namespace
+
+Verdict SingleFlashCommand(const CommandCall &call)
+{
+    const mxArray *const *arguments = call.arguments;
+    OpenPackage *package = nullptr;
+    Verdict verdict = ReadPackage(arguments[1], package);
+    if (!verdict.isDone())
+        return verdict;
+    if (!EnsureMaterial(*package))
+        return Verdict::failed();
+    verdict = checkArguments(arguments, package->material->compoundCount());
+    if (!verdict.isDone())
+        return verdict;
+    if (!EnsureEquilibriumRoutine(*package))
+        return Verdict::failed();
+    verdict = prepareFlash(arguments, *package);
+    if (!verdict.isDone())
+        return verdict;
+    const CommandContainers &scratch = CommandScratch;
+    const HRESULT hr = package->equilibriumRoutine->CalcEquilibrium(
+        scratch.flashSpecification1.value, scratch.flashSpecification2.value, scratch.solutionTypeArgument.get());
+    if (FAILED(hr))
+        return FailWith(OLESTR("CalcEquilibrium failed: "), CapeErrorText(package->equilibriumRoutine, hr));
+    return putResults(*package->material, call.results);
+}
