@@ -1,0 +1,33 @@
+#include "gateway/lifecycle.h"
+
+#include "gateway/global_lists.h"
+#include "gateway/library_module.h"
+#include "packages/package_table.h"
+#include "packages/relay_client.h"
+#include "packages/simulation_context.h"
+#include "platform/matlab/matlab.h"
+#include "properties/vocabulary.h"
+
+#include <cstdlib>
+
+void EnsureStarted()
+{
+    static bool started = false;
+    if (started)
+        return;
+    started = true;
+    VariantInit(&EmptyVariant);
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    std::srand(GetTickCount()); // handles differ from one run of MATLAB to the next
+    mexAtExit(OnMexExit);
+}
+
+void OnMexExit()
+{
+    CloseAllPackages();
+    ClearPropertyTables();
+    ReleaseRelay();
+    CoUninitialize();
+    ReleaseSimulationContext();
+    ReleaseLibraryModule();
+}

@@ -1,0 +1,50 @@
+// The one entry point. It starts the process-wide state, checks the shape of the call, branches on
+// the command code, and turns every failure into one mexErrMsgTxt.
+#include "gateway/command_table.h"
+#include "gateway/global_text.h"
+#include "gateway/lifecycle.h"
+#include "gateway/marshalling.h"
+#include "gateway/narrow_text.h"
+#include "platform/matlab/mex_export.h"
+
+#include <string>
+
+namespace {
+
+Verdict runCommand(int nlhs, mxArray **plhs, int nrhs, const mxArray **prhs)
+{
+    if (nrhs < 1)
+        return Verdict::refuse("Too few arguments for Verdanth");
+    EnsureStarted();
+    if (!IsRealDouble(prhs[0]) || mxGetNumberOfElements(prhs[0]) != 1)
+        return Verdict::refuse("Expected scalar for first argument to Verdanth");
+    const Command *command = FindCommand(mxGetScalar(prhs[0]));
+    if (!command)
+        return Verdict::refuse("Invalid function argument to Verdanth");
+    if (nrhs != command->arguments)
+        return Verdict::refuse("Invalid number of arguments for Verdanth");
+    if (nlhs < command->fewestResults || nlhs > command->mostResults)
+        return Verdict::refuse("Invalid number of output arguments for Verdanth");
+    return command->body({command->code, plhs, prhs});
+}
+
+// The text to raise, or null. It lives in storage of the process: mexErrMsgTxt does not return, and
+// how it leaves is MATLAB's secret, so when it is called nothing of ours may be alive in any frame.
+const char *messageOf(Verdict verdict)
+{
+    if (verdict.isDone())
+        return nullptr;
+    if (verdict.literal())
+        return verdict.literal();
+    static std::string message;
+    message = NarrowText(LastError.c_str()).get();
+    return message.c_str();
+}
+
+} // namespace
+
+extern "C" MEX_EXPORT void mexFunction(int nlhs, mxArray *plhs[], int nrhs, const mxArray *prhs[])
+{
+    if (const char *message = messageOf(runCommand(nlhs, plhs, nrhs, prhs)))
+        mexErrMsgTxt(message);
+}
