@@ -1,0 +1,86 @@
+#include "reference/com/automation.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace reference {
+
+namespace {
+
+OLECHAR lower(OLECHAR c) { return c >= 'A' && c <= 'Z' ? static_cast<OLECHAR>(c + ('a' - 'A')) : c; }
+
+BSTR newText(std::string_view ascii)
+{
+    BSTR text = SysAllocStringLen(nullptr, static_cast<UINT>(ascii.size()));
+    if (text)
+        std::copy(ascii.begin(), ascii.end(), text);
+    return text;
+}
+
+} // namespace
+
+Text::Text(std::string_view ascii) : string(newText(ascii)) {}
+
+BSTR Text::detach() { return std::exchange(string, nullptr); }
+
+template <class Element> Element *Value::makeArray(VARTYPE type, int count)
+{
+    VariantClear(&variant);
+    SAFEARRAY *array = SafeArrayCreateVector(type, 0, static_cast<ULONG>(count));
+    if (!array)
+        return nullptr;
+    variant.vt = static_cast<VARTYPE>(VT_ARRAY | type);
+    variant.parray = array;
+    return static_cast<Element *>(array->pvData);
+}
+
+double *Value::makeNumbers(int count) { return makeArray<double>(VT_R8, count); }
+LONG *Value::makeIntegers(int count) { return makeArray<LONG>(VT_I4, count); }
+BSTR *Value::makeTexts(int count) { return makeArray<BSTR>(VT_BSTR, count); }
+VARIANT *Value::makeVariants(int count) { return makeArray<VARIANT>(VT_VARIANT, count); }
+
+void Value::setText(std::string_view ascii)
+{
+    VariantClear(&variant);
+    variant.vt = VT_BSTR;
+    variant.bstrVal = newText(ascii);
+}
+
+void Value::setNumber(double number)
+{
+    VariantClear(&variant);
+    variant.vt = VT_R8;
+    variant.dblVal = number;
+}
+
+HRESULT Value::give(VARIANT *result)
+{
+    *result = variant;
+    VariantInit(&variant);
+    return S_OK;
+}
+
+HRESULT Value::replace(VARIANT *argument)
+{
+    VariantClear(argument);
+    return give(argument);
+}
+
+bool sameWord(const OLECHAR *text, std::size_t length, std::string_view word)
+{
+    return length == word.size() && std::equal(word.begin(), word.end(), text, [](char a, OLECHAR b) {
+               return lower(static_cast<OLECHAR>(a)) == lower(b);
+           });
+}
+
+bool sameWord(BSTR text, std::string_view word) { return sameWord(text, SysStringLen(text), word); }
+
+WideString quoted(BSTR text)
+{
+    WideString result(1, '"');
+    if (text)
+        result.append(text, SysStringLen(text));
+    return result += '"';
+}
+
+} // namespace reference

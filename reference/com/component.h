@@ -1,0 +1,123 @@
+// What every object of the library has: reference counting, identification, life cycle, the
+// description of its last failure.
+#pragma once
+
+#include "cape/cape_open.h"
+#include "reference/com/automation.h"
+#include "reference/com/errors.h"
+
+#include <atomic>
+
+namespace reference {
+
+// Objects and locks that keep the library loaded.
+extern std::atomic<LONG> libraryUses;
+
+// The IDispatch part of an interface that is called through its table only.
+template <class Interface> class WithoutDispatch : public Interface {
+public:
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT *count) override
+    {
+        if (!count)
+            return E_POINTER;
+        *count = 0;
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo **information) override
+    {
+        if (!information)
+            return E_POINTER;
+        *information = nullptr;
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR *, UINT, LCID, DISPID *) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS *, VARIANT *, EXCEPINFO *, UINT *) override
+    {
+        return E_NOTIMPL;
+    }
+};
+
+struct ComponentDescription {
+    const CLSID *classId; // by which an equal object can be made
+    std::string_view name;
+    std::string_view description;
+};
+
+class Component : public WithoutDispatch<ICapeIdentification>,
+                  public WithoutDispatch<ICapeUtilities>,
+                  public WithoutDispatch<ECapeRoot>,
+                  public WithoutDispatch<ECapeUser>,
+                  public WithoutDispatch<ECapeUnknown>,
+                  public IPersistStreamInit {
+public:
+    // Starts with one reference, the creator's.
+    explicit Component(const ComponentDescription &description);
+    Component(const Component &) = delete;
+    Component &operator=(const Component &) = delete;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void **object) override;
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
+    ULONG STDMETHODCALLTYPE Release() override;
+
+    HRESULT STDMETHODCALLTYPE get_ComponentName(BSTR *name) override;
+    HRESULT STDMETHODCALLTYPE put_ComponentName(BSTR name) override;
+    HRESULT STDMETHODCALLTYPE get_ComponentDescription(BSTR *description) override;
+    HRESULT STDMETHODCALLTYPE put_ComponentDescription(BSTR description) override;
+
+    // There are no parameters and nothing to edit, the calculations have nothing to tell the
+    // simulation, and nothing is slow enough to be left for Initialize: a component can be used as
+    // soon as it exists, and after Terminate.
+    HRESULT STDMETHODCALLTYPE get_parameters(IDispatch **parameters) override;
+    HRESULT STDMETHODCALLTYPE put_simulationContext(IDispatch *context) override;
+    HRESULT STDMETHODCALLTYPE Initialize() override;
+    HRESULT STDMETHODCALLTYPE Terminate() override;
+    HRESULT STDMETHODCALLTYPE Edit() override;
+
+    HRESULT STDMETHODCALLTYPE get_name(BSTR *name) override;
+    HRESULT STDMETHODCALLTYPE get_code(LONG *code) override;
+    HRESULT STDMETHODCALLTYPE get_description(BSTR *description) override;
+    HRESULT STDMETHODCALLTYPE get_scope(BSTR *scope) override;
+    HRESULT STDMETHODCALLTYPE get_interfaceName(BSTR *name) override;
+    HRESULT STDMETHODCALLTYPE get_operation(BSTR *operation) override;
+    HRESULT STDMETHODCALLTYPE get_moreInfo(BSTR *information) override;
+
+    // Nothing has to be stored: InitNew and Load succeed, Save writes nothing.
+    HRESULT STDMETHODCALLTYPE GetClassID(CLSID *classId) override;
+    HRESULT STDMETHODCALLTYPE IsDirty() override;
+    HRESULT STDMETHODCALLTYPE Load(IStream *stream) override;
+    HRESULT STDMETHODCALLTYPE Save(IStream *stream, BOOL clearDirty) override;
+    HRESULT STDMETHODCALLTYPE GetSizeMax(ULARGE_INTEGER *size) override;
+    HRESULT STDMETHODCALLTYPE InitNew() override;
+
+    // One call of a method, by which its failures are described.
+    struct Call {
+        Component &component;
+        LPCWSTR interfaceName;
+        LPCWSTR operation;
+
+        // Remembers the failure and gives its result.
+        HRESULT refuse(const ErrorKind &kind, WideString description) const;
+
+        // For a call out that came back with a failure: the description is `what` and the words that
+        // the called object has for it.
+        HRESULT refuseFor(const ErrorKind &kind, LPCWSTR what, IUnknown *called, HRESULT result) const;
+    };
+
+protected:
+    virtual ~Component();
+
+    // The interfaces of the class beyond those above; null for others.
+    virtual void *findInterface(REFIID iid) = 0;
+
+private:
+    ULONG references = 1;
+    const CLSID &classId;
+    WideString componentName;
+    WideString componentDescription;
+    ErrorKind lastError{S_OK, OLESTR("")};
+    WideString lastDescription;
+    LPCWSTR lastInterface = OLESTR("");
+    LPCWSTR lastOperation = OLESTR("");
+};
+
+} // namespace reference

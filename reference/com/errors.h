@@ -1,0 +1,28 @@
+// The CAPE-OPEN errors that the packages give: result code and the name of the error.
+#pragma once
+
+#include "platform/platform.h"
+
+namespace reference {
+
+struct ErrorKind {
+    HRESULT result;
+    LPCWSTR name;
+};
+
+namespace errors {
+
+constexpr HRESULT capeResult(unsigned last) { return static_cast<HRESULT>(0x80040500u + last); }
+
+inline constexpr ErrorKind unknown{capeResult(0x01), OLESTR("ECapeUnknown")};
+inline constexpr ErrorKind invalidArgument{capeResult(0x06), OLESTR("ECapeInvalidArgument")};
+inline constexpr ErrorKind outOfBounds{capeResult(0x07), OLESTR("ECapeOutOfBounds")};
+inline constexpr ErrorKind noImplementation{capeResult(0x09), OLESTR("ECapeNoImpl")};
+inline constexpr ErrorKind limitedImplementation{capeResult(0x0A), OLESTR("ECapeLimitedImpl")};
+inline constexpr ErrorKind failedInitialisation{capeResult(0x0F), OLESTR("ECapeFailedInitialisation")};
+inline constexpr ErrorKind solvingError{capeResult(0x10), OLESTR("ECapeSolvingError")};
+inline constexpr ErrorKind badInvocationOrder{capeResult(0x11), OLESTR("ECapeBadInvOrder")};
+
+} // namespace errors
+
+} // namespace reference

@@ -1,0 +1,54 @@
+// What the Peng-Robinson equation needs of a list of compounds, worked out once for the list.
+#pragma once
+
+#include "reference/engine/compound_data.h"
+
+#include <array>
+#include <cstddef>
+#include <span>
+
+namespace reference {
+
+// The most compounds that a mixture may have: everything the engine works in stands in arrays of
+// this size on the stack.
+inline constexpr int maximumCompounds = 64;
+
+using CompoundArray = std::array<double, maximumCompounds>; // one value for each compound
+
+// One value for each pair of compounds of a mixture, element i, j at i + size * j, with the mixture's
+// own size as stride.
+using PairArray = std::array<double, std::size_t{maximumCompounds} * maximumCompounds>;
+
+inline double *columnOf(PairArray &matrix, int size, int j) { return matrix.data() + std::ptrdiff_t{size} * j; }
+inline const double *columnOf(const PairArray &matrix, int size, int j)
+{
+    return matrix.data() + std::ptrdiff_t{size} * j;
+}
+
+inline constexpr double gasConstant = 8.31446261815324; // J/mol/K, CODATA 2018 (exact)
+
+struct CompoundTerms {
+    double molecularWeight;                     // g/mol
+    double criticalTemperature;                 // K
+    double criticalPressure;                    // Pa
+    double acentricFactor;                      //
+    double attractionRoot;                      // square root of a at the critical temperature, Pa^0.5 m3/mol
+    double attractionSlope;                     // kappa of the alpha function
+    double inverseRootCriticalT;                // 1 / sqrt(Tc), K^-0.5
+    double covolume;                            // b, m3/mol
+    std::array<double, 5> idealGasHeatCapacity; // of Cp/R, by power of T
+};
+
+struct MixtureModel {
+    int size = 0;
+    std::array<CompoundTerms, maximumCompounds> compounds;
+    PairArray pairFactor; // 1 - kij, symmetric
+
+    // The model of these compounds in this order: at least one, at most maximumCompounds.
+    static MixtureModel of(std::span<const CompoundData *const> list);
+
+    // The model of some of the compounds, by index.
+    MixtureModel subset(std::span<const int> members) const;
+};
+
+} // namespace reference

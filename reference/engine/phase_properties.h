@@ -1,0 +1,36 @@
+// The properties of one phase at a temperature, pressure and composition.
+//
+// Enthalpy and entropy leave out the formation from the elements: their zero is each pure compound
+// as an ideal gas at 298.15 K, and for the entropy at 101325 Pa.
+#pragma once
+
+#include "reference/engine/peng_robinson.h"
+
+namespace reference {
+
+// Ideal-gas heat capacity at constant pressure of a pure compound, J/mol/K.
+double idealGasHeatCapacity(const std::array<double, 5> &coefficients, double kelvin);
+
+struct PhaseProperties {
+    PhaseState state;
+    double temperature;      // K
+    double molecularWeight;  // g/mol
+    double volume;           // m3/mol
+    double enthalpy;         // J/mol
+    double entropy;          // J/mol/K
+    CompoundArray fractions; // mole fractions, summing to one
+
+    // The rest is filled by addDerivatives.
+    PhaseSlopes slopes;
+    double volumeByT;    // m3/mol/K
+    double volumeByP;    // m3/mol/Pa
+    double heatCapacity; // of constant pressure, J/mol/K: the slope of the enthalpy with temperature
+};
+
+// Fills all but the derivatives. `fractions` as for evaluatePhase.
+void evaluateProperties(const MixtureModel &model, const Isotherm &isotherm, double pressure, const double *fractions,
+                        Root root, PhaseProperties &properties);
+
+void addDerivatives(const MixtureModel &model, const Isotherm &isotherm, PhaseProperties &properties);
+
+} // namespace reference

@@ -1,0 +1,132 @@
+#include "reference/package/property_package.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+namespace reference {
+
+namespace {
+
+// The range of the heat capacities, and pressures that the equation takes without trouble.
+constexpr double lowestTemperature = 50.0;    // K
+constexpr double highestTemperature = 1000.0; // K
+constexpr double lowestPressure = 1e-3;       // Pa
+constexpr double highestPressure = 1e9;       // Pa
+
+// Scales amounts, which may not be below zero, to sum to one.
+bool normalise(const NumberView &amounts, CompoundArray &fractions)
+{
+    double sum = 0.0;
+    for (const double amount : amounts) {
+        if (!(amount >= 0.0))
+            return false;
+        sum += amount;
+    }
+    if (!(sum > 0.0) || std::isinf(sum))
+        return false;
+    std::ranges::transform(amounts, fractions.begin(), [&](double amount) { return amount / sum; });
+    return true;
+}
+
+} // namespace
+
+PropertyPackage::PropertyPackage(const ComponentDescription &description, const PackageDefinition &definition)
+    : Component(description)
+{
+    std::ranges::transform(definition.compounds, std::back_inserter(compounds), findCompound);
+}
+
+HRESULT STDMETHODCALLTYPE PropertyPackage::QueryInterface(REFIID iid, void **object)
+{
+    return Component::QueryInterface(iid, object);
+}
+
+void *PropertyPackage::findInterface(REFIID iid)
+{
+    if (iid == InterfaceId<ICapeThermoMaterialContext>)
+        return static_cast<ICapeThermoMaterialContext *>(this);
+    if (iid == InterfaceId<ICapeThermoCompounds>)
+        return static_cast<ICapeThermoCompounds *>(this);
+    if (iid == InterfaceId<ICapeThermoPhases>)
+        return static_cast<ICapeThermoPhases *>(this);
+    if (iid == InterfaceId<ICapeThermoPropertyRoutine>)
+        return static_cast<ICapeThermoPropertyRoutine *>(this);
+    if (iid == InterfaceId<ICapeThermoEquilibriumRoutine>)
+        return static_cast<ICapeThermoEquilibriumRoutine *>(this);
+    return nullptr;
+}
+
+HRESULT STDMETHODCALLTYPE PropertyPackage::Terminate() { return UnsetMaterial(); }
+
+HRESULT STDMETHODCALLTYPE PropertyPackage::SetMaterial(IDispatch *object)
+{
+    const Call call{*this, OLESTR("ICapeThermoMaterialContext"), OLESTR("SetMaterial")};
+    ComPointer<ICapeThermoMaterial> newMaterial;
+    ComPointer<ICapeThermoCompounds> list;
+    if (FAILED(newMaterial.queryFrom(object)) || FAILED(list.queryFrom(object)))
+        return call.refuse(errors::invalidArgument, OLESTR("The object is no material with a list of compounds"));
+
+    Value ids;
+    Value others[5];
+    const HRESULT result = list->GetCompoundList(ids.out(), others[0].out(), others[1].out(), others[2].out(),
+                                                 others[3].out(), others[4].out());
+    if (FAILED(result))
+        return call.refuseFor(errors::failedInitialisation, OLESTR("The material does not tell its compounds: "),
+                              list.get(), result);
+    TextView names;
+    if (!names.open(ids.get()) || names.size() == 0)
+        return call.refuse(errors::failedInitialisation, OLESTR("The material has no compounds"));
+    std::vector<const CompoundData *> chosen;
+    if (FAILED(readCompounds(call, ids.get(), chosen)))
+        return call.refuse(errors::failedInitialisation,
+                           OLESTR("The material has a compound that the package does not know"));
+    for (const CompoundData *compound : chosen)
+        if (std::ranges::count(chosen, compound) > 1)
+            return call.refuse(errors::failedInitialisation, OLESTR("The material has a compound twice"));
+
+    model = MixtureModel::of(chosen);
+    material = std::move(newMaterial);
+    return S_OK;
+}
+
+HRESULT STDMETHODCALLTYPE PropertyPackage::UnsetMaterial()
+{
+    material.reset();
+    return S_OK;
+}
+
+HRESULT PropertyPackage::needMaterial(const Call &call) const
+{
+    return material ? S_OK : call.refuse(errors::badInvocationOrder, OLESTR("No material is set"));
+}
+
+HRESULT PropertyPackage::checkTemperature(const Call &call, double temperature) const
+{
+    if (std::isnan(temperature))
+        return call.refuse(errors::invalidArgument, OLESTR("The temperature is not a number"));
+    if (temperature < lowestTemperature || temperature > highestTemperature)
+        return call.refuse(errors::outOfBounds, OLESTR("The temperature must be from 50 to 1000 K"));
+    return S_OK;
+}
+
+HRESULT PropertyPackage::readMixture(const Call &call, double temperature, double pressure, const VARIANT &amounts,
+                                     CompoundArray &fractions) const
+{
+    if (const HRESULT result = checkTemperature(call, temperature); FAILED(result))
+        return result;
+    if (std::isnan(pressure))
+        return call.refuse(errors::invalidArgument, OLESTR("The pressure is not a number"));
+    if (pressure < lowestPressure || pressure > highestPressure)
+        return call.refuse(errors::outOfBounds, OLESTR("The pressure must be from 0.001 to 1e9 Pa"));
+    NumberView values;
+    if (!values.open(amounts) || values.size() != model.size)
+        return call.refuse(errors::invalidArgument,
+                           OLESTR("The composition must be an array of one number for each compound of the material"));
+    if (!normalise(values, fractions))
+        return call.refuse(errors::invalidArgument,
+                           OLESTR("The composition must be numbers that are not negative and not all zero"));
+    return S_OK;
+}
+
+} // namespace reference

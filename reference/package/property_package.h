@@ -1,0 +1,109 @@
+// A CAPE-OPEN 1.1 property package over the engine.
+#pragma once
+
+#include "cape/com_pointer.h"
+#include "reference/com/component.h"
+#include "reference/engine/flash.h"
+#include "reference/engine/peng_robinson.h"
+#include "reference/package/package_table.h"
+
+#include <vector>
+
+namespace reference {
+
+struct PhaseProperties;
+
+class PropertyPackage final : public Component,
+                              public WithoutDispatch<ICapeThermoMaterialContext>,
+                              public WithoutDispatch<ICapeThermoCompounds>,
+                              public WithoutDispatch<ICapeThermoPhases>,
+                              public WithoutDispatch<ICapeThermoPropertyRoutine>,
+                              public WithoutDispatch<ICapeThermoEquilibriumRoutine> {
+public:
+    PropertyPackage(const ComponentDescription &description, const PackageDefinition &definition);
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void **object) override;
+    ULONG STDMETHODCALLTYPE AddRef() override { return Component::AddRef(); }
+    ULONG STDMETHODCALLTYPE Release() override { return Component::Release(); }
+
+    HRESULT STDMETHODCALLTYPE Terminate() override; // lets go of the material
+
+    // The material's compounds are found among the package's by their ids: any part of them, in any
+    // order, each once. A second material takes the place of the first; one that is refused leaves
+    // the first in place.
+    HRESULT STDMETHODCALLTYPE SetMaterial(IDispatch *material) override;
+    HRESULT STDMETHODCALLTYPE UnsetMaterial() override;
+
+    HRESULT STDMETHODCALLTYPE GetCompoundConstant(VARIANT properties, VARIANT compoundIds, VARIANT *values) override;
+    HRESULT STDMETHODCALLTYPE GetCompoundList(VARIANT *compoundIds, VARIANT *formulae, VARIANT *names,
+                                              VARIANT *boilingTemperatures, VARIANT *molecularWeights,
+                                              VARIANT *casNumbers) override;
+    HRESULT STDMETHODCALLTYPE GetConstPropList(VARIANT *properties) override;
+    HRESULT STDMETHODCALLTYPE GetNumCompounds(LONG *count) override;
+    HRESULT STDMETHODCALLTYPE GetPDependentProperty(VARIANT properties, double pressure, VARIANT compoundIds,
+                                                    VARIANT *values) override;
+    HRESULT STDMETHODCALLTYPE GetPDependentPropList(VARIANT *properties) override;
+    HRESULT STDMETHODCALLTYPE GetTDependentProperty(VARIANT properties, double temperature, VARIANT compoundIds,
+                                                    VARIANT *values) override;
+    HRESULT STDMETHODCALLTYPE GetTDependentPropList(VARIANT *properties) override;
+
+    HRESULT STDMETHODCALLTYPE GetNumPhases(LONG *count) override;
+    HRESULT STDMETHODCALLTYPE GetPhaseInfo(BSTR phaseLabel, BSTR attribute, VARIANT *value) override;
+    HRESULT STDMETHODCALLTYPE GetPhaseList(VARIANT *phaseLabels, VARIANT *statesOfAggregation,
+                                           VARIANT *keyCompoundIds) override;
+
+    // Enthalpy and entropy are those of engine/phase_properties.h: without formation.
+    HRESULT STDMETHODCALLTYPE CalcAndGetLnPhi(BSTR phaseLabel, double temperature, double pressure, VARIANT moleNumbers,
+                                              INT flags, VARIANT *lnPhi, VARIANT *lnPhiDT, VARIANT *lnPhiDP,
+                                              VARIANT *lnPhiDn) override;
+    HRESULT STDMETHODCALLTYPE CalcSinglePhaseProp(VARIANT properties, BSTR phaseLabel) override;
+    HRESULT STDMETHODCALLTYPE CalcTwoPhaseProp(VARIANT properties, VARIANT phaseLabels) override;
+    HRESULT STDMETHODCALLTYPE CheckSinglePhasePropSpec(BSTR property, BSTR phaseLabel, VARIANT_BOOL *valid) override;
+    HRESULT STDMETHODCALLTYPE CheckTwoPhasePropSpec(BSTR property, VARIANT phaseLabels, VARIANT_BOOL *valid) override;
+    HRESULT STDMETHODCALLTYPE GetSinglePhasePropList(VARIANT *properties) override;
+    HRESULT STDMETHODCALLTYPE GetTwoPhasePropList(VARIANT *properties) override;
+
+    HRESULT STDMETHODCALLTYPE CalcEquilibrium(VARIANT specification1, VARIANT specification2,
+                                              BSTR solutionType) override;
+    HRESULT STDMETHODCALLTYPE CheckEquilibriumSpec(VARIANT specification1, VARIANT specification2, BSTR solutionType,
+                                                   VARIANT_BOOL *supported) override;
+
+private:
+    ~PropertyPackage() override = default;
+    void *findInterface(REFIID iid) override;
+
+    // The compounds that an argument names: all of the package for an empty one.
+    HRESULT readCompounds(const Call &call, const VARIANT &argument, std::vector<const CompoundData *> &chosen) const;
+
+    // Refuses when no material is set.
+    HRESULT needMaterial(const Call &call) const;
+
+    HRESULT checkTemperature(const Call &call, double temperature) const;
+
+    // One mixture of the material's compounds: the amounts, scaled to sum to one, and conditions
+    // within the range of the model.
+    HRESULT readMixture(const Call &call, double temperature, double pressure, const VARIANT &amounts,
+                        CompoundArray &fractions) const;
+
+    HRESULT writeProperties(const Call &call, const TextView &names, BSTR phaseLabel,
+                            const PhaseProperties &phase) const;
+
+    // The phases, by their index, that the material lets a flash use.
+    HRESULT readAllowedPhases(const Call &call, bool (&allowed)[2]) const;
+    HRESULT writeEquilibrium(const Call &call, const FlashResult &result, double temperature, double pressure) const;
+
+    std::vector<const CompoundData *> compounds;
+    ComPointer<ICapeThermoMaterial> material;
+    MixtureModel model; // of the material's compounds, in the material's order
+
+    // What materials are asked and told by, made once.
+    struct {
+        Text mole{"mole"};
+        Text temperature{"temperature"};
+        Text pressure{"pressure"};
+        Text fraction{"fraction"};
+        Text phaseFraction{"phaseFraction"};
+    } words;
+};
+
+} // namespace reference

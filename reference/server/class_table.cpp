@@ -1,0 +1,28 @@
+#include "reference/server/class_table.h"
+
+#include "reference/package/package_manager.h"
+#include "reference/package/package_table.h"
+#include "reference/package/property_package.h"
+
+namespace reference {
+
+namespace {
+
+constexpr ComClass classes[] = {
+    {{&managerClass, "Verdanth Reference Packages", "Property packages with an equation of state of their own"},
+     "Verdanth.ReferencePackages",
+     managerCategory.id,
+     [](const ComponentDescription &description) -> Component * { return new PackageManager(description); }},
+    {{&standAloneClass, "Verdanth Natural Gas (stand-alone)", "Dry natural gas by the Peng-Robinson equation"},
+     "Verdanth.NaturalGas",
+     packageCategory.id,
+     [](const ComponentDescription &description) -> Component * {
+         return new PropertyPackage(description, naturalGas());
+     }},
+};
+
+} // namespace
+
+std::span<const ComClass> classTable() { return classes; }
+
+} // namespace reference
