@@ -1,0 +1,29 @@
+// A help viewer for tests: it shows nothing and remembers what it was asked for.
+#include "platform/matlab/mex_export.h"
+#include "platform/platform.h"
+#include "tests/help/help_request.h"
+
+#include <cstdio>
+
+namespace {
+
+HelpRequest lastRequest;
+int window;
+
+} // namespace
+
+extern "C" {
+
+// Ordinal 14 is where the system's viewer has its entry.
+MEX_EXPORT HWND WINAPI ordinal_14(HWND owner, LPCSTR path, UINT command, DWORD_PTR data)
+{
+    ++lastRequest.count;
+    std::snprintf(lastRequest.path, sizeof lastRequest.path, "%s", path);
+    lastRequest.command = command;
+    lastRequest.hasOwner = owner != nullptr;
+    lastRequest.hasData = data != 0;
+    return lastRequest.refuses ? nullptr : reinterpret_cast<HWND>(&window);
+}
+
+MEX_EXPORT HelpRequest *LastHelpRequest() { return &lastRequest; }
+}

@@ -1,0 +1,123 @@
+// How a component comes into service and out of it. A package that stands alone shows what holds
+// for managers too.
+#include "tests/mex/command_test.h"
+
+using namespace support;
+
+namespace {
+
+class ComponentCreation : public CommandTest {
+protected:
+    PackageScript &package = world.addPackage("Alone");
+
+    std::string refusalToOpen() { return refusal({Scalar(3), Text("Alone"), Text("")}); }
+};
+
+} // namespace
+
+TEST_F(ComponentCreation, InitNewComesBeforeInitializeAndTheContextLast)
+{
+    package.persistent = true;
+    package.onCall = [this](const std::string &method) {
+        EXPECT_EQ(package.context.get(), nullptr) << "a context before " << method;
+    };
+    open("Alone");
+    EXPECT_EQ(world.log,
+              (CallLog{"package.created", "package.InitNew", "package.Initialize", "package.put_simulationContext"}));
+    EXPECT_NE(package.context.get(), nullptr);
+    package.onCall = nullptr;
+}
+
+TEST_F(ComponentCreation, KeepsNoInterfaceButThePackage)
+{
+    package.persistent = true;
+    open("Alone");
+    EXPECT_EQ(package.references(), 1);
+    EXPECT_EQ(package.references(InterfaceId<IDispatch>), 1);
+}
+
+TEST_F(ComponentCreation, InitNewThatIsNotImplementedCountsAsDone)
+{
+    package.persistent = true;
+    package.answer("InitNew", E_NOTIMPL);
+    open("Alone");
+    EXPECT_EQ(package.calls("Initialize"), 1);
+}
+
+TEST_F(ComponentCreation, InitializeThatIsNotImplementedCountsAsDoneAndTheContextIsGiven)
+{
+    package.answer("Initialize", E_NOTIMPL);
+    open("Alone");
+    EXPECT_NE(package.context.get(), nullptr);
+}
+
+TEST_F(ComponentCreation, OtherSuccessesThanOkAreSuccesses)
+{
+    package.persistent = true;
+    package.answer("InitNew", S_FALSE);
+    package.answer("Initialize", S_FALSE);
+    open("Alone");
+    EXPECT_EQ(package.calls("put_simulationContext"), 1);
+}
+
+TEST_F(ComponentCreation, AComponentWithoutUtilitiesIsNeitherInitializedNorTerminated)
+{
+    package.refuse(InterfaceId<ICapeUtilities>);
+    mustReturn(0, {Scalar(4), open("Alone")});
+    EXPECT_EQ(world.log, (CallLog{"package.created", "package.released"}));
+}
+
+TEST_F(ComponentCreation, UtilitiesThatAreNothingAreMissing)
+{
+    package.refuse(InterfaceId<ICapeUtilities>, S_OK);
+    mustReturn(0, {Scalar(4), open("Alone")});
+    EXPECT_EQ(world.log, (CallLog{"package.created", "package.released"}));
+}
+
+TEST_F(ComponentCreation, AContextThatIsRefusedIsLeftAtThat)
+{
+    package.answer("put_simulationContext", CapeFailure(0x09));
+    EXPECT_EQ(open("Alone").classId(), mxINT32_CLASS);
+}
+
+TEST_F(ComponentCreation, ATerminateThatFailsIsLeftAtThat)
+{
+    package.answer("Terminate", CapeFailure(0x0B));
+    mustReturn(0, {Scalar(4), open("Alone")});
+    EXPECT_EQ(world.log.back(), "package.released");
+}
+
+TEST_F(ComponentCreation, AFailedInitNewIsToldInTheSystemsWordsAndTheComponentIsReleasedWithoutTerminate)
+{
+    package.persistent = true;
+    package.words = Description("not asked for");
+    for (const HRESULT failure : {oddFailure, E_FAIL, CapeFailure(0x0F)}) {
+        world.log.clear();
+        package.answer("InitNew", failure);
+        EXPECT_EQ(refusalToOpen(), "PP InitNew failed: " + SystemText(failure));
+        EXPECT_EQ(world.log, (CallLog{"package.created", "package.InitNew", "package.released"}));
+    }
+    package.answer("InitNew", S_OK);
+    open("Alone");
+}
+
+TEST_F(ComponentCreation, AFailedInitializeIsToldInTheComponentsWordsAndTheComponentIsReleasedWithoutTerminate)
+{
+    package.answer("Initialize", CapeFailure(0x0F));
+    package.words = Description("no data bank at C:\\data, 100% sure");
+    package.words.onlyFrom = &InterfaceId<ICapeUtilities>;
+    EXPECT_EQ(refusalToOpen(), "PP Initialize failed: no data bank at C:\\data, 100% sure");
+    EXPECT_EQ(world.log,
+              (CallLog{"package.created", "package.Initialize", "package.get_description", "package.released"}));
+    package.words = ErrorName("ECapeFailedInitialisation");
+    EXPECT_EQ(refusalToOpen(), "PP Initialize failed: ECapeFailedInitialisation");
+    package.words = ErrorWords();
+    EXPECT_EQ(refusalToOpen(), "PP Initialize failed: initialization error");
+    package.answer("Initialize", oddFailure);
+    EXPECT_EQ(refusalToOpen(), std::string("PP Initialize failed: ") + oddFailureText);
+    EXPECT_EQ(package.calls("Terminate"), 0);
+    EXPECT_EQ(package.calls("put_simulationContext"), 0);
+
+    package.answer("Initialize", S_OK);
+    open("Alone");
+}

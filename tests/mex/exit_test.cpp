@@ -1,0 +1,134 @@
+// What happens when MATLAB clears the library: everything is given up, in a fixed order.
+#include "tests/mex/command_test.h"
+
+#include <algorithm>
+
+using namespace support;
+
+namespace {
+
+class Exit : public CommandTest {};
+
+// A class object whose release tells that COM is being shut down.
+class ShutdownWatch : public IClassFactory {
+public:
+    std::function<void()> onShutdown;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void **object) override
+    {
+        const bool known = iid == InterfaceId<IUnknown> || iid == InterfaceId<IClassFactory>;
+        *object = known ? this : nullptr;
+        if (known)
+            AddRef();
+        return known ? S_OK : E_NOINTERFACE;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
+    ULONG STDMETHODCALLTYPE Release() override
+    {
+        if (--references == 1 && onShutdown) // the test's own reference is left
+            onShutdown();
+        return references;
+    }
+    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown *, REFIID, void **object) override
+    {
+        *object = nullptr;
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
+
+private:
+    ULONG references = 1;
+};
+
+} // namespace
+
+TEST_F(Exit, ClosesEveryPackage)
+{
+    ManagerScript &manager = world.addManager("Manager");
+    PackageScript &pair = world.addPackageOf(manager, "Pair");
+    PackageScript &alone = world.addPackage("Alone");
+    open("Manager", "Pair");
+    open("Alone");
+    EXPECT_TRUE(matlab.clear());
+    for (const PackageScript *package : {&pair, &alone}) {
+        EXPECT_EQ(package->calls("Terminate"), 1);
+        EXPECT_EQ(package->references(), 0);
+    }
+}
+
+TEST_F(Exit, ReleasesTheRelayAfterThePackages)
+{
+    RelayScript &relay = world.addRelay();
+    PackageScript &old = world.addUnregisteredPackage();
+    const WideString classId = ClassIdText(world.newClassId());
+    RegisteredClass entry = PackageClass("Old", classId);
+    entry.view = RegistryView::wow64;
+    world.registry().add(entry);
+    relay.offer(classId, old);
+    mustReturn(1, {Scalar(3), Text("Old"), Text("")});
+    world.log.clear();
+    matlab.clear();
+    EXPECT_EQ(world.log, (CallLog{"package.Terminate", "package.released", "relay.released"}));
+}
+
+TEST_F(Exit, ReleasesTheSimulationContextBehindComAndTheRelayBeforeIt)
+{
+    RelayScript &relay = world.addRelay();
+    PackageScript &old = world.addUnregisteredPackage();
+    const WideString classId = ClassIdText(world.newClassId());
+    RegisteredClass entry = PackageClass("Old", classId);
+    entry.view = RegistryView::wow64;
+    world.registry().add(entry);
+    relay.offer(classId, old);
+    old.keepsContext = true;
+    mustReturn(1, {Scalar(3), Text("Old"), Text("")});
+    EXPECT_EQ(ReferencesOn(old.keptContext.get()), 3) << "the process and twice the package";
+
+    ShutdownWatch watch;
+    DWORD cookie = 0;
+    ASSERT_EQ(CoRegisterClassObject(world.newClassId(), &watch, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie),
+              S_OK);
+    bool shutDown = false;
+    watch.onShutdown = [&] {
+        shutDown = true;
+        EXPECT_EQ(old.references(), 0) << "packages are closed by now";
+        EXPECT_EQ(relay.references(), 0) << "the relay is released by now";
+        EXPECT_EQ(ReferencesOn(old.keptContext.get()), 2) << "the process still holds the context";
+    };
+    CoUninitialize(); // of the test's world, so that the library's call is the last
+    EXPECT_FALSE(shutDown);
+    EXPECT_TRUE(mexStandInRunExit());
+    EXPECT_TRUE(shutDown);
+    watch.onShutdown = nullptr;
+    EXPECT_EQ(ReferencesOn(old.keptContext.get()), 1) << "the context of a component outlives the process's reference";
+    EXPECT_EQ(LastRefusal(old.keptContext.get()), RefusedCall());
+    old.keptContext.reset();
+    EXPECT_TRUE(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)));
+}
+
+TEST_F(Exit, OfALibraryThatOnlyListedIsQuiet)
+{
+    world.addPackage("Alone");
+    mustReturn(1, {Scalar(1)});
+    EXPECT_TRUE(matlab.clear());
+    EXPECT_EQ(world.log, CallLog());
+}
+
+TEST_F(Exit, ForgetsTheSettings)
+{
+    PackageScript &package = world.addPackage("Alone");
+    package.constants = AnswerValues(ArrayOfVariants({RealVariant(1000), RealVariant(500)}));
+    mustReturn(0, {Scalar(18), Text("mass")});
+    mustReturn(0, {Scalar(17), Scalar(0)});
+    matlab.clear();
+    matlab.load();
+    package.onCall = [&](const std::string &method) {
+        if (method == "GetCompoundConstant") {
+            EXPECT_EQ(LogMessage(package, "heard"), S_OK);
+        }
+    };
+    const CallResult result = mustReturn(1, {Scalar(16), open("Alone"), Text("criticalDensity")});
+    EXPECT_EQ(result[0].numbers(), (std::vector<double>{1000, 500}));
+    EXPECT_EQ(result.warnings, std::vector<std::string>{"CAPE-OPEN: heard"});
+    package.onCall = nullptr;
+}

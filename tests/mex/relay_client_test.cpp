@@ -1,0 +1,270 @@
+// Classes that exist as 32-bit servers only, reached through the relay.
+#include "tests/mex/command_test.h"
+
+using namespace support;
+
+namespace {
+
+const std::string tail = " is a 32-bit COM object and is created out-of-process; running the 32-bit version of Matlab "
+                         "might be more efficient";
+
+const std::string noRelay =
+    "Verdanth6432Relay is not properly registered or not accessible. Please make sure Verdanth6432Relay.exe is "
+    "present in the Verdanth installation folder, and run \"Verdanth6432Relay.exe /RegServer\" (administration rights "
+    "required) to fix the problem. Verdanth will not be able to access 32-bit in-process CAPE-OPEN objects";
+
+class RelayClient : public CommandTest {
+protected:
+    RelayScript &relay = world.addRelay();
+    PackageScript &package = world.addUnregisteredPackage();
+    const WideString classId = ClassIdText(world.newClassId());
+
+    // A package class of the 32-bit view that the relay makes, listed by its class id unless it
+    // has a name.
+    void registerPackage(const std::optional<RegistryValue> &name = std::nullopt)
+    {
+        RegisteredClass entry = PackageClass("", classId);
+        entry.view = RegistryView::wow64;
+        entry.name = name;
+        world.registry().add(entry);
+        relay.offer(classId, package);
+    }
+
+    CallResult openBy(AnyText name) { return mustReturn(1, {Scalar(3), Text(name), Text("")}); }
+
+    static std::vector<std::string> warningOf(const std::string &name) { return {"CAPE-OPEN: " + name + tail}; }
+
+    CallResult refusedOpening(AnyText name)
+    {
+        CallResult result = call(1, {Scalar(3), Text(name), Text("")});
+        EXPECT_FALSE(result.returned);
+        return result;
+    }
+};
+
+} // namespace
+
+TEST_F(RelayClient, MakesAnObjectThroughASecondInstanceAndKeepsTheFirst)
+{
+    registerPackage(TextValue("Old"));
+    openBy("Old");
+    EXPECT_EQ(world.log, (CallLog{"relay.created", "relay.created", "relay.CreateObject32", "package.created",
+                                  "relay.released", "package.Initialize", "package.put_simulationContext"}));
+    EXPECT_EQ(relay.requestedClasses, std::vector<WideString>{classId});
+    EXPECT_EQ(relay.references(), 1);
+    EXPECT_EQ(package.references(), 1);
+}
+
+TEST_F(RelayClient, KeepsOneInstanceUntilExit)
+{
+    registerPackage(TextValue("Old"));
+    mustReturn(0, {Scalar(4), openBy("Old")[0]});
+    mustReturn(0, {Scalar(4), openBy("Old")[0]});
+    EXPECT_EQ(relay.objectsMade(), 3);
+    EXPECT_EQ(relay.references(), 1);
+    matlab.clear();
+    EXPECT_EQ(relay.references(), 0);
+}
+
+TEST_F(RelayClient, WarnsAtEveryCreation)
+{
+    registerPackage(TextValue("Old"));
+    const CallResult first = openBy("Old");
+    EXPECT_EQ(first.warnings, warningOf("Old"));
+    EXPECT_EQ(openBy("Old").warnings, std::vector<std::string>()) << "the package is open already";
+    mustReturn(0, {Scalar(4), first[0]});
+    EXPECT_EQ(openBy("Old").warnings, warningOf("Old"));
+}
+
+TEST_F(RelayClient, IsSilentWhenWarningsAreOff)
+{
+    registerPackage(TextValue("Old"));
+    mustReturn(0, {Scalar(17), Scalar(0)});
+    EXPECT_EQ(openBy("Old").warnings, std::vector<std::string>());
+}
+
+TEST_F(RelayClient, AsksForTheClassAsTheSystemSpellsIt)
+{
+    const WideString spelled = Wide("{7E57b0c1-3b1c-4D0A-9e55-216b0c5fa810}");
+    const WideString canonical = Wide("{7E57B0C1-3B1C-4D0A-9E55-216B0C5FA810}");
+    RegisteredClass entry = PackageClass("Old", spelled);
+    entry.view = RegistryView::wow64;
+    world.registry().add(entry);
+    relay.offer(canonical, package);
+    EXPECT_EQ(openBy("Old").warnings, warningOf("Old"));
+    EXPECT_EQ(relay.requestedClasses, std::vector<WideString>{canonical});
+}
+
+TEST_F(RelayClient, NamesAnObjectByItsNameWhateverTheLength)
+{
+    registerPackage(TextValue(std::string(700, 'n'))); // too long to be listed by
+    EXPECT_EQ(openBy(classId).warnings, warningOf(std::string(700, 'n')));
+    EXPECT_EQ(package.calls("get_ComponentName"), 0);
+}
+
+TEST_F(RelayClient, TakesANameThatIsEmptyAsAName)
+{
+    registerPackage(TextValue(""));
+    EXPECT_EQ(openBy("").warnings, warningOf(""));
+    EXPECT_EQ(package.calls("get_ComponentName"), 0);
+}
+
+TEST_F(RelayClient, NamesAnObjectWithoutARegisteredNameAsItCallsItself)
+{
+    registerPackage();
+    package.componentName = Wide("An old package, 100%");
+    EXPECT_EQ(openBy(classId).warnings, warningOf("An old package, 100%"));
+}
+
+TEST_F(RelayClient, ANameOfAnotherTypeOrWithoutAnyByteIsNoName)
+{
+    RegistryValue name = TextValue("named");
+    name.type = REG_EXPAND_SZ;
+    registerPackage(name);
+    package.componentName = Wide("Itself");
+    EXPECT_EQ(openBy(classId).warnings, warningOf("Itself"));
+}
+
+TEST_F(RelayClient, ANameWithoutAnyByteIsNoNameForTheWarning)
+{
+    registerPackage(RegistryValue{REG_SZ, {}});
+    package.componentName = Wide("Itself");
+    EXPECT_EQ(openBy("").warnings, warningOf("Itself"));
+}
+
+TEST_F(RelayClient, AnObjectThatCannotTellItsNameGoesByItsClassIdAndNotByItsProgramId)
+{
+    registerPackage();
+    RegisteredClass native = PackageClass("", classId);
+    native.categories.clear();
+    native.described = false;
+    native.progId = Wide("Old.Package.1");
+    world.registry().add(native);
+    package.answer("get_ComponentName", CapeFailure(0x0B));
+    EXPECT_EQ(openBy(classId).warnings, warningOf(Narrow(classId)));
+}
+
+TEST_F(RelayClient, AnObjectWithoutIdentificationGoesByItsProgramId)
+{
+    registerPackage();
+    RegisteredClass native = PackageClass("", classId);
+    native.categories.clear();
+    native.described = false;
+    native.progId = Wide("Old.Package.1");
+    world.registry().add(native);
+    package.refuse(InterfaceId<ICapeIdentification>);
+    EXPECT_EQ(openBy(classId).warnings, warningOf("Old.Package.1"));
+}
+
+TEST_F(RelayClient, AnObjectWithNoNameAtAllGoesByItsClassId)
+{
+    registerPackage();
+    package.refuse(InterfaceId<ICapeIdentification>);
+    EXPECT_EQ(openBy(classId).warnings, warningOf(Narrow(classId)));
+}
+
+TEST_F(RelayClient, ReachesManagersToo)
+{
+    ManagerScript &manager = world.addUnregisteredManager();
+    manager.packageNames = TextArray({"P"});
+    RegisteredClass entry = ManagerClass("Old manager", classId);
+    entry.view = RegistryView::wow64;
+    world.registry().add(entry);
+    relay.offer(classId, manager);
+    const CallResult result = mustReturn(1, {Scalar(2), Text("Old manager")});
+    EXPECT_EQ(result[0].texts(), Names({"P"}));
+    EXPECT_EQ(result.warnings, warningOf("Old manager"));
+    EXPECT_EQ(manager.references(), 0);
+}
+
+TEST_F(RelayClient, IsNotTriedForAClassThatFailsInAnyOtherWay)
+{
+    PackageScript &failing = world.addPackage("Failing");
+    failing.answer("created", E_FAIL);
+    EXPECT_EQ(refusal({Scalar(3), Text("Failing"), Text("")}), "creation of package failed: " + SystemText(E_FAIL));
+    EXPECT_EQ(relay.calls("created"), 0);
+}
+
+TEST_F(RelayClient, ThatIsMissingIsWarnedOfAtEveryAttempt)
+{
+    registerPackage(TextValue("Old"));
+    relay.answer("created", oddFailure, 1);
+    relay.answer("created", oddFailure, 2);
+    for (int attempt = 1; attempt <= 2; ++attempt) {
+        const CallResult result = refusedOpening("Old");
+        EXPECT_EQ(result.error, "creation of package failed: " + SystemText(E_UNEXPECTED));
+        EXPECT_EQ(result.warnings, std::vector<std::string>{noRelay});
+        EXPECT_EQ(relay.calls("created"), attempt);
+    }
+    EXPECT_EQ(openBy("Old").warnings, warningOf("Old")) << "the relay is there now";
+}
+
+TEST_F(RelayClient, ThatIsMissingGivesOnlyTheErrorWhenWarningsAreOff)
+{
+    registerPackage(TextValue("Old"));
+    relay.answer("created", oddFailure);
+    mustReturn(0, {Scalar(17), Scalar(0)});
+    EXPECT_EQ(refusal({Scalar(3), Text("Old"), Text("")}), "creation of package failed: " + SystemText(E_UNEXPECTED));
+}
+
+TEST_F(RelayClient, ThatIsMissingFailsAManagerInItsOwnWords)
+{
+    RegisteredClass entry = ManagerClass("Old manager", classId);
+    entry.view = RegistryView::wow64;
+    world.registry().add(entry);
+    relay.answer("created", oddFailure);
+    const CallResult result = call(1, {Scalar(2), Text("Old manager")});
+    EXPECT_EQ(result.error, "creation of package manager failed: " + SystemText(E_UNEXPECTED));
+    EXPECT_EQ(result.warnings, std::vector<std::string>{noRelay});
+}
+
+TEST_F(RelayClient, WhoseSecondInstanceFailsGivesThatResult)
+{
+    registerPackage(TextValue("Old"));
+    relay.answer("created", oddFailure, 2);
+    EXPECT_EQ(refusal({Scalar(3), Text("Old"), Text("")}),
+              std::string("creation of package failed: ") + oddFailureText);
+    EXPECT_EQ(relay.references(), 1);
+    EXPECT_EQ(openBy("Old").warnings, warningOf("Old"));
+}
+
+TEST_F(RelayClient, WhoseInstancesAreNothingIsUnusable)
+{
+    registerPackage(TextValue("Old"));
+    relay.refuse(InterfaceId<IVerdanth6432Relay>, S_OK);
+    const CallResult result = refusedOpening("Old");
+    EXPECT_EQ(result.error, "creation of package failed: " + SystemText(E_UNEXPECTED));
+    EXPECT_EQ(result.warnings, std::vector<std::string>{noRelay});
+}
+
+TEST_F(RelayClient, ThatCannotMakeTheObjectGivesItsResult)
+{
+    registerPackage(TextValue("Old"));
+    relay.answer("CreateObject32", oddFailure, 1);
+    EXPECT_EQ(refusal({Scalar(3), Text("Old"), Text("")}),
+              std::string("creation of package failed: ") + oddFailureText);
+    EXPECT_EQ(relay.references(), 1);
+    EXPECT_EQ(package.objectsMade(), 0);
+    EXPECT_EQ(openBy("Old").warnings, warningOf("Old"));
+}
+
+TEST_F(RelayClient, ThatMakesNothingFails)
+{
+    registerPackage(TextValue("Old"));
+    package.refuse(InterfaceId<IUnknown>, S_OK);
+    EXPECT_EQ(refusal({Scalar(3), Text("Old"), Text("")}), "creation of package failed: " + SystemText(E_UNEXPECTED));
+}
+
+TEST_F(RelayClient, AnObjectWithoutTheWantedInterfaceIsReleasedWithoutAWarning)
+{
+    ManagerScript &manager = world.addUnregisteredManager();
+    manager.refuse(InterfaceId<ICapeThermoPropertyPackageManager>, oddFailure);
+    RegisteredClass entry = ManagerClass("Old manager", classId);
+    entry.view = RegistryView::wow64;
+    world.registry().add(entry);
+    relay.offer(classId, manager);
+    EXPECT_EQ(refusal({Scalar(2), Text("Old manager")}),
+              std::string("creation of package manager failed: ") + oddFailureText);
+    EXPECT_EQ(manager.objectsMade(), 1);
+    EXPECT_EQ(manager.references(), 0);
+}

@@ -1,0 +1,97 @@
+#include "tests/reference/com/package_fixture.h"
+
+using namespace reference;
+
+namespace {
+
+class PackageMaterialContext : public PackageFixture {
+protected:
+    IDispatch *dispatch() { return static_cast<ICapeThermoMaterial *>(&material); }
+    HRESULT calculate()
+    {
+        return properties->CalcSinglePhaseProp(texts({"volume"}).get(), Text(std::string_view("Vapor")).get());
+    }
+    void expectRefusal(const ErrorKind &kind, const char *description)
+    {
+        expectFailure(context->SetMaterial(dispatch()), kind, "ICapeThermoMaterialContext", "SetMaterial", description);
+        EXPECT_EQ(material.references, 1u);
+    }
+};
+
+} // namespace
+
+TEST_F(PackageMaterialContext, HoldsOneReferenceUntilUnset)
+{
+    ASSERT_EQ(context->SetMaterial(dispatch()), S_OK);
+    EXPECT_EQ(material.references, 2u);
+    EXPECT_EQ(context->UnsetMaterial(), S_OK);
+    EXPECT_EQ(material.references, 1u);
+    EXPECT_EQ(context->UnsetMaterial(), S_OK); // harmless
+    EXPECT_EQ(material.references, 1u);
+}
+
+TEST_F(PackageMaterialContext, LetsGoOfTheMaterialAtTerminate)
+{
+    ASSERT_EQ(context->SetMaterial(dispatch()), S_OK);
+    EXPECT_EQ(as<ICapeUtilities>(context.get())->Terminate(), S_OK);
+    EXPECT_EQ(material.references, 1u);
+}
+
+TEST_F(PackageMaterialContext, LetsGoOfTheMaterialWithoutTerminate)
+{
+    ASSERT_EQ(context->SetMaterial(dispatch()), S_OK); // the fixture's end releases the package and checks
+}
+
+TEST_F(PackageMaterialContext, ReplacesOneMaterialByAnother)
+{
+    TestMaterial other({"ethane"});
+    other.temperature = 300.0;
+    other.pressure = 1e5;
+    other.composition = {1.0};
+    ASSERT_EQ(context->SetMaterial(dispatch()), S_OK);
+    ASSERT_EQ(context->SetMaterial(static_cast<ICapeThermoMaterial *>(&other)), S_OK);
+    EXPECT_EQ(material.references, 1u);
+    EXPECT_EQ(calculate(), S_OK);
+    EXPECT_EQ(other.written.size(), 1u);
+    EXPECT_TRUE(material.written.empty());
+    EXPECT_EQ(context->UnsetMaterial(), S_OK);
+    EXPECT_EQ(other.references, 1u);
+}
+
+TEST_F(PackageMaterialContext, MakesCalculationsFailAfterUnset)
+{
+    ASSERT_EQ(context->SetMaterial(dispatch()), S_OK);
+    context->UnsetMaterial();
+    expectFailure(calculate(), errors::badInvocationOrder, "ICapeThermoPropertyRoutine", "CalcSinglePhaseProp",
+                  "No material is set");
+}
+
+TEST_F(PackageMaterialContext, RefusesWhatIsNoMaterial)
+{
+    expectFailure(context->SetMaterial(nullptr), errors::invalidArgument, "ICapeThermoMaterialContext", "SetMaterial",
+                  "The object is no material with a list of compounds");
+    expectFailure(context->SetMaterial(compounds.get()), errors::invalidArgument, "ICapeThermoMaterialContext",
+                  "SetMaterial", "The object is no material with a list of compounds");
+}
+
+TEST_F(PackageMaterialContext, RefusesAMaterialWithoutKnownCompounds)
+{
+    material.compoundIds = {};
+    expectRefusal(errors::failedInitialisation, "The material has no compounds");
+    material.compoundIds = {"methane", "water"};
+    expectRefusal(errors::failedInitialisation, "The material has a compound that the package does not know");
+    material.compoundIds = {"methane", "ethane", "Methane"};
+    expectRefusal(errors::failedInitialisation, "The material has a compound twice");
+    material.refused = "GetCompoundList";
+    expectRefusal(errors::failedInitialisation, "The material does not tell its compounds: GetCompoundList is refused");
+}
+
+TEST_F(PackageMaterialContext, KeepsTheFirstMaterialWhenTheSecondIsRefused)
+{
+    TestMaterial other({"water"});
+    ASSERT_EQ(context->SetMaterial(dispatch()), S_OK);
+    EXPECT_EQ(context->SetMaterial(static_cast<ICapeThermoMaterial *>(&other)), errors::failedInitialisation.result);
+    EXPECT_EQ(other.references, 1u);
+    EXPECT_EQ(calculate(), S_OK);
+    EXPECT_EQ(material.written.size(), 1u);
+}

@@ -1,0 +1,58 @@
+#include "tests/reference/com/package_fixture.h"
+
+using namespace reference;
+
+using PackagePhases = PackageFixture;
+
+TEST_F(PackagePhases, AreAVapourAndALiquid)
+{
+    LONG count = 0;
+    ASSERT_EQ(phases->GetNumPhases(&count), S_OK);
+    EXPECT_EQ(count, 2);
+    Argument labels;
+    Argument states;
+    Argument keys;
+    labels.setText("to be freed");
+    ASSERT_EQ(phases->GetPhaseList(labels.out(), states.out(), keys.out()), S_OK);
+    const std::vector<std::string> both = {"Vapor", "Liquid"};
+    EXPECT_EQ(textsOf(labels.get()), both);
+    EXPECT_EQ(textsOf(states.get()), both);
+    EXPECT_EQ(textsOf(keys.get()), (std::vector<std::string>{"", ""}));
+}
+
+TEST_F(PackagePhases, TouchNothingWhenAPointerIsNull)
+{
+    Argument value;
+    EXPECT_EQ(phases->GetPhaseList(nullptr, value.out(), value.out()), E_POINTER);
+    EXPECT_EQ(phases->GetPhaseList(value.out(), nullptr, value.out()), E_POINTER);
+    EXPECT_EQ(phases->GetPhaseList(value.out(), value.out(), nullptr), E_POINTER);
+    EXPECT_EQ(value.get().vt, VT_EMPTY);
+    EXPECT_EQ(phases->GetNumPhases(nullptr), E_POINTER);
+    EXPECT_EQ(phases->GetPhaseInfo(nullptr, nullptr, nullptr), E_POINTER);
+}
+
+TEST_F(PackagePhases, TellTheirAttributes)
+{
+    const auto attribute = [&](std::string_view label, std::string_view name) {
+        Argument value;
+        EXPECT_EQ(phases->GetPhaseInfo(Text(label).get(), Text(name).get(), value.out()), S_OK);
+        EXPECT_EQ(value.get().vt, VT_BSTR);
+        return narrow(value.get().bstrVal);
+    };
+    EXPECT_EQ(attribute("Vapor", "StateOfAggregation"), "Vapor");
+    EXPECT_EQ(attribute("LIQUID", "stateofaggregation"), "Liquid");
+    EXPECT_EQ(attribute("Liquid", "UserDescription"), "Hydrocarbon liquid");
+    for (const char *undefined : {"KeyCompoundId", "ExcludedCompoundId", "DensityDescription", "TypeOfSolid"})
+        EXPECT_EQ(attribute("Vapor", undefined), "");
+}
+
+TEST_F(PackagePhases, RefuseUnknownLabelsAndAttributes)
+{
+    Argument value;
+    expectFailure(phases->GetPhaseInfo(Text(std::string_view("Overall")).get(),
+                                       Text(std::string_view("StateOfAggregation")).get(), value.out()),
+                  errors::invalidArgument, "ICapeThermoPhases", "GetPhaseInfo", "There is no phase \"Overall\"");
+    expectFailure(phases->GetPhaseInfo(Text(std::string_view("Vapor")).get(), nullptr, value.out()),
+                  errors::invalidArgument, "ICapeThermoPhases", "GetPhaseInfo", "Phases have no attribute \"\"");
+    EXPECT_EQ(value.get().vt, VT_EMPTY);
+}

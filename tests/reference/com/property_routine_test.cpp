@@ -1,0 +1,318 @@
+#include "reference/engine/phase_properties.h"
+#include "tests/reference/com/package_fixture.h"
+#include "tests/reference/engine/mixtures.h"
+
+#include <cmath>
+
+using namespace reference;
+
+namespace {
+
+class PackageProperties : public PackageFixture {
+protected:
+    HRESULT calculate(const std::vector<std::string> &names, std::string_view phase = "Vapor")
+    {
+        return properties->CalcSinglePhaseProp(texts(names).get(), Text(phase).get());
+    }
+    void expectRefusal(HRESULT result, const ErrorKind &kind, const char *description)
+    {
+        expectFailure(result, kind, "ICapeThermoPropertyRoutine", "CalcSinglePhaseProp", description);
+        EXPECT_TRUE(material.written.empty());
+    }
+    bool isValid(std::string_view name, std::string_view phase)
+    {
+        VARIANT_BOOL valid = 7;
+        EXPECT_EQ(properties->CheckSinglePhasePropSpec(Text(name).get(), Text(phase).get(), &valid), S_OK);
+        return valid == VARIANT_TRUE;
+    }
+
+    // Central difference of a written scalar or vector when a condition of the material changes.
+    std::vector<double> difference(const std::string &name, double TestMaterial::*condition, double step)
+    {
+        std::vector<double> sides[2];
+        const double middle = material.*condition;
+        for (int side = 0; side < 2; ++side) {
+            material.*condition = middle + (side == 0 ? -step : step);
+            EXPECT_EQ(calculate({name}), S_OK);
+            sides[side] = material.written["Vapor/" + name].values;
+        }
+        material.*condition = middle;
+        for (std::size_t i = 0; i < sides[0].size(); ++i)
+            sides[0][i] = (sides[1][i] - sides[0][i]) / (2.0 * step);
+        return sides[0];
+    }
+};
+
+const std::vector<std::string> baseNames = {
+    "fugacityCoefficient",   "logFugacityCoefficient", "fugacity", "volume", "density", "enthalpy", "entropy",
+    "compressibilityFactor", "molecularWeight"};
+
+} // namespace
+
+TEST_F(PackageProperties, AreListedWithTheirDerivatives)
+{
+    std::vector<std::string> expected;
+    for (const std::string &name : baseNames)
+        for (const char *suffix : {"", ".Dtemperature", ".Dpressure"})
+            expected.push_back(name + suffix);
+    Argument list;
+    ASSERT_EQ(properties->GetSinglePhasePropList(list.out()), S_OK);
+    EXPECT_EQ(textsOf(list.get()), expected);
+    for (const std::string &name : expected)
+        EXPECT_TRUE(isValid(name, "liquid")) << name;
+    Argument twoPhase;
+    EXPECT_EQ(properties->GetTwoPhasePropList(twoPhase.out()), S_OK);
+    EXPECT_EQ(twoPhase.get().vt, VT_EMPTY);
+}
+
+TEST_F(PackageProperties, AreNotValidUnderOtherNames)
+{
+    EXPECT_FALSE(isValid("viscosity", "Vapor"));
+    EXPECT_FALSE(isValid("volume.Dmoles", "Vapor"));
+    EXPECT_FALSE(isValid("volume.", "Vapor"));
+    EXPECT_FALSE(isValid("volum", "Vapor"));
+    EXPECT_FALSE(isValid("", "Vapor"));
+    EXPECT_FALSE(isValid("volume", "Overall"));
+    VARIANT_BOOL valid = VARIANT_TRUE;
+    EXPECT_EQ(properties->CheckSinglePhasePropSpec(nullptr, nullptr, &valid), S_OK);
+    EXPECT_EQ(valid, VARIANT_FALSE);
+    valid = VARIANT_TRUE;
+    EXPECT_EQ(properties->CheckTwoPhasePropSpec(Text(std::string_view("kvalue")).get(),
+                                                texts({"Vapor", "Liquid"}).get(), &valid),
+              S_OK);
+    EXPECT_EQ(valid, VARIANT_FALSE);
+}
+
+// The order is the material's: propane, methane, nitrogen. The values are those of the engine, whose
+// own tests say that they are right.
+TEST_F(PackageProperties, ArriveInTheMaterialInItsOrderOfCompounds)
+{
+    setMaterial();
+    ASSERT_EQ(calculate(baseNames, "liquid"), S_OK);
+    const MixtureModel model = modelOf({"propane", "methane", "nitrogen"});
+    PhaseProperties expected;
+    evaluateProperties(model, Isotherm(model, 250.0), 3e6, material.composition.data(), Root::liquid, expected);
+    const auto &written = material.written;
+    ASSERT_EQ(written.size(), baseNames.size());
+    const auto &lnPhi = written.at("liquid/logFugacityCoefficient");
+    EXPECT_EQ(lnPhi.basis, "");
+    ASSERT_EQ(lnPhi.values.size(), 3u);
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(lnPhi.values[i], expected.state.lnPhi[i]);
+        EXPECT_DOUBLE_EQ(written.at("liquid/fugacityCoefficient").values[i], std::exp(lnPhi.values[i]));
+        EXPECT_DOUBLE_EQ(written.at("liquid/fugacity").values[i],
+                         material.composition[i] * 3e6 * std::exp(lnPhi.values[i]));
+    }
+    EXPECT_LT(lnPhi.values[0], lnPhi.values[1]); // propane is the heaviest
+    EXPECT_LT(lnPhi.values[1], lnPhi.values[2]);
+    const auto scalar = [&](const char *name, const char *basis) {
+        const WrittenProperty &property = written.at(std::string("liquid/") + name);
+        EXPECT_EQ(property.basis, basis) << name;
+        EXPECT_EQ(property.values.size(), 1u) << name;
+        return property.values[0];
+    };
+    EXPECT_EQ(scalar("volume", "mole"), expected.volume);
+    EXPECT_EQ(scalar("density", "mole"), 1.0 / expected.volume);
+    EXPECT_EQ(scalar("enthalpy", "mole"), expected.enthalpy);
+    EXPECT_EQ(scalar("entropy", "mole"), expected.entropy);
+    EXPECT_EQ(scalar("compressibilityFactor", ""), expected.state.Z);
+    EXPECT_NEAR(scalar("molecularWeight", ""), 0.25 * 44.09562 + 0.625 * 16.04246 + 0.125 * 28.0134, 1e-9);
+    EXPECT_NEAR(scalar("volume", "mole"), scalar("compressibilityFactor", "") * 8.31446261815324 * 250.0 / 3e6, 1e-15);
+}
+
+TEST_F(PackageProperties, HaveTheDerivativesThatDifferencesGive)
+{
+    setMaterial();
+    material.pressure = 1e6;
+    for (const std::string &name : baseNames) {
+        for (const bool byTemperature : {true, false}) {
+            const std::string derivative = name + (byTemperature ? ".Dtemperature" : ".Dpressure");
+            ASSERT_EQ(calculate({derivative}), S_OK);
+            const std::vector<double> analytic = material.written["Vapor/" + derivative].values;
+            const std::vector<double> differences = byTemperature ? difference(name, &TestMaterial::temperature, 0.01)
+                                                                  : difference(name, &TestMaterial::pressure, 50.0);
+            ASSERT_EQ(analytic.size(), differences.size()) << derivative;
+            for (std::size_t i = 0; i < analytic.size(); ++i)
+                EXPECT_NEAR(analytic[i], differences[i], 1e-6 * std::fabs(differences[i]) + 1e-12)
+                    << derivative << " " << i;
+            EXPECT_EQ(material.written["Vapor/" + derivative].basis, material.written["Vapor/" + name].basis)
+                << derivative;
+        }
+    }
+}
+
+TEST_F(PackageProperties, ScaleACompositionThatDoesNotSumToOne)
+{
+    setMaterial();
+    ASSERT_EQ(calculate({"volume"}), S_OK);
+    const double normalised = material.written["Vapor/volume"].values[0];
+    material.composition = {2.0, 5.0, 1.0};
+    ASSERT_EQ(calculate({"volume"}), S_OK);
+    EXPECT_DOUBLE_EQ(material.written["Vapor/volume"].values[0], normalised);
+}
+
+TEST_F(PackageProperties, ReadThePhaseOnceAndWriteOnlyWhatIsAsked)
+{
+    setMaterial();
+    material.calls.clear();
+    ASSERT_EQ(calculate({"Volume", "ENTHALPY.dpressure"}, "VAPOR"), S_OK);
+    EXPECT_EQ(material.calls, (std::vector<std::string>{"GetTPFraction VAPOR", "SetSinglePhaseProp VAPOR/Volume",
+                                                        "SetSinglePhaseProp VAPOR/ENTHALPY.dpressure"}));
+}
+
+TEST_F(PackageProperties, RefuseWrongArguments)
+{
+    expectRefusal(calculate({"volume"}), errors::badInvocationOrder, "No material is set");
+    setMaterial();
+    expectRefusal(calculate({"volume"}, "Solid"), errors::invalidArgument, "There is no phase \"Solid\"");
+    expectRefusal(properties->CalcSinglePhaseProp(texts({"volume"}).get(), nullptr), errors::invalidArgument,
+                  "There is no phase \"\"");
+    expectRefusal(calculate({}), errors::invalidArgument, "The properties must be an array of one name or more");
+    expectRefusal(properties->CalcSinglePhaseProp({}, Text(std::string_view("Vapor")).get()), errors::invalidArgument,
+                  "The properties must be an array of one name or more");
+    expectRefusal(calculate({"volume", "viscosity"}), errors::limitedImplementation,
+                  "Phases have no property \"viscosity\" here");
+    expectRefusal(calculate({""}), errors::limitedImplementation, "Phases have no property \"\" here");
+}
+
+TEST_F(PackageProperties, RefuseConditionsThatMakeNoSense)
+{
+    setMaterial();
+    const char *composition = "The composition must be numbers that are not negative and not all zero";
+    const char *count = "The composition must be an array of one number for each compound of the material";
+    for (const std::vector<double> &wrong :
+         std::vector<std::vector<double>>{{0.5, -0.1, 0.6}, {0.5, NAN, 0.5}, {0.0, 0.0, 0.0}, {0.5, HUGE_VAL, 0.5}}) {
+        material.composition = wrong;
+        expectRefusal(calculate({"volume"}), errors::invalidArgument, composition);
+    }
+    material.composition = {0.5, 0.5};
+    expectRefusal(calculate({"volume"}), errors::invalidArgument, count);
+    material.composition = {0.25, 0.625, 0.125};
+    material.temperature = NAN;
+    expectRefusal(calculate({"volume"}), errors::invalidArgument, "The temperature is not a number");
+    material.temperature = -5.0;
+    expectRefusal(calculate({"volume"}), errors::outOfBounds, "The temperature must be from 50 to 1000 K");
+    material.temperature = 300.0;
+    material.pressure = NAN;
+    expectRefusal(calculate({"volume"}), errors::invalidArgument, "The pressure is not a number");
+    material.pressure = 0.0;
+    expectRefusal(calculate({"volume"}), errors::outOfBounds, "The pressure must be from 0.001 to 1e9 Pa");
+}
+
+TEST_F(PackageProperties, PassOnWhatTheMaterialHasToSay)
+{
+    setMaterial();
+    material.refused = "GetTPFraction";
+    expectRefusal(calculate({"volume"}), errors::failedInitialisation,
+                  "The material does not give the conditions of the phase: GetTPFraction is refused");
+    material.refused = "SetSinglePhaseProp";
+    expectRefusal(calculate({"volume"}), errors::unknown,
+                  "The material does not take a property: SetSinglePhaseProp is refused");
+}
+
+TEST_F(PackageProperties, AreNoneForTwoPhases)
+{
+    setMaterial();
+    expectFailure(properties->CalcTwoPhaseProp(texts({"kvalue"}).get(), texts({"Vapor", "Liquid"}).get()),
+                  errors::limitedImplementation, "ICapeThermoPropertyRoutine", "CalcTwoPhaseProp",
+                  "There are no two-phase properties");
+}
+
+TEST_F(PackageProperties, RefuseNullPointers)
+{
+    EXPECT_EQ(properties->CheckSinglePhasePropSpec(nullptr, nullptr, nullptr), E_POINTER);
+    EXPECT_EQ(properties->CheckTwoPhasePropSpec(nullptr, {}, nullptr), E_POINTER);
+    EXPECT_EQ(properties->GetSinglePhasePropList(nullptr), E_POINTER);
+    EXPECT_EQ(properties->GetTwoPhasePropList(nullptr), E_POINTER);
+}
+
+namespace {
+
+class PackageLnPhi : public PackageFixture {
+protected:
+    HRESULT calculate(INT flags, const std::vector<double> &moles, std::string_view phase = "Vapor")
+    {
+        return properties->CalcAndGetLnPhi(Text(phase).get(), 250.0, 1e6, numbers(moles).get(), flags, lnPhi.out(),
+                                           byT.out(), byP.out(), byMoles.out());
+    }
+
+    Argument lnPhi;
+    Argument byT;
+    Argument byP;
+    Argument byMoles;
+};
+
+} // namespace
+
+TEST_F(PackageLnPhi, EqualsWhatTheMaterialGets)
+{
+    setMaterial();
+    material.pressure = 1e6;
+    const std::vector<std::string> names = {"logFugacityCoefficient", "logFugacityCoefficient.Dtemperature",
+                                            "logFugacityCoefficient.Dpressure"};
+    ASSERT_EQ(properties->CalcSinglePhaseProp(texts(names).get(), Text(std::string_view("Vapor")).get()), S_OK);
+    material.calls.clear();
+    ASSERT_EQ(calculate(1 + 2 + 4, {0.25, 0.625, 0.125}), S_OK);
+    EXPECT_EQ(numbersOf(lnPhi.get()), material.written["Vapor/" + names[0]].values);
+    EXPECT_EQ(numbersOf(byT.get()), material.written["Vapor/" + names[1]].values);
+    EXPECT_EQ(numbersOf(byP.get()), material.written["Vapor/" + names[2]].values);
+    EXPECT_EQ(byMoles.get().vt, VT_EMPTY);
+    EXPECT_TRUE(material.calls.empty()); // it works on its arguments alone
+}
+
+// The derivative with respect to compound j stands in block j: element i + 3 j.
+TEST_F(PackageLnPhi, GivesTheDerivativesByMolesAtOneMole)
+{
+    setMaterial();
+    const std::vector<double> x = {0.25, 0.625, 0.125};
+    ASSERT_EQ(calculate(8, x), S_OK);
+    EXPECT_EQ(lnPhi.get().vt, VT_EMPTY);
+    const std::vector<double> matrix = numbersOf(byMoles.get());
+    ASSERT_EQ(matrix.size(), 9u);
+    for (int j = 0; j < 3; ++j) {
+        std::vector<double> sides[2];
+        for (int side = 0; side < 2; ++side) {
+            std::vector<double> moles = x;
+            moles[j] += side == 0 ? -1e-5 : 1e-5;
+            ASSERT_EQ(calculate(1, moles), S_OK);
+            sides[side] = numbersOf(lnPhi.get());
+        }
+        for (int i = 0; i < 3; ++i)
+            EXPECT_NEAR(matrix[i + 3 * j], (sides[1][i] - sides[0][i]) / 2e-5, 1e-8) << i << " by " << j;
+    }
+}
+
+TEST_F(PackageLnPhi, EmptiesWhatIsNotAskedFor)
+{
+    setMaterial();
+    byT.setText("to be freed");
+    ASSERT_EQ(calculate(1, {0.25, 0.625, 0.125}), S_OK);
+    EXPECT_EQ(byT.get().vt, VT_EMPTY);
+    ASSERT_EQ(calculate(0, {0.25, 0.625, 0.125}), S_OK);
+    EXPECT_EQ(lnPhi.get().vt, VT_EMPTY);
+}
+
+TEST_F(PackageLnPhi, TakesNullForPartsThatAreNotAskedFor)
+{
+    setMaterial();
+    const Argument moles = numbers({0.25, 0.625, 0.125});
+    const Text phase(std::string_view("Vapor"));
+    EXPECT_EQ(
+        properties->CalcAndGetLnPhi(phase.get(), 250.0, 1e6, moles.get(), 1, lnPhi.out(), nullptr, nullptr, nullptr),
+        S_OK);
+    EXPECT_EQ(
+        properties->CalcAndGetLnPhi(phase.get(), 250.0, 1e6, moles.get(), 3, lnPhi.out(), nullptr, nullptr, nullptr),
+        E_POINTER);
+}
+
+TEST_F(PackageLnPhi, RefusesWrongArguments)
+{
+    const auto expectRefusal = [&](HRESULT result, const ErrorKind &kind, const char *description) {
+        expectFailure(result, kind, "ICapeThermoPropertyRoutine", "CalcAndGetLnPhi", description);
+    };
+    expectRefusal(calculate(1, {0.25, 0.625, 0.125}), errors::badInvocationOrder, "No material is set");
+    setMaterial();
+    expectRefusal(calculate(1, {0.25, 0.625, 0.125}, "Gas"), errors::invalidArgument, "There is no phase \"Gas\"");
+    expectRefusal(calculate(1, {0.3, 0.6}), errors::invalidArgument,
+                  "The composition must be an array of one number for each compound of the material");
+}

@@ -1,0 +1,125 @@
+// What the library writes to the class registry, and creation through it.
+#include "reference/server/class_table.h"
+#include "tests/reference/com/host.h"
+
+#include <gtest/gtest.h>
+
+using namespace reference;
+
+namespace {
+
+WideString wide(std::string_view ascii) { return WideString(ascii.begin(), ascii.end()); }
+
+bool keyExists(std::string_view path)
+{
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, wide(path).c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS)
+        return false;
+    RegCloseKey(key);
+    return true;
+}
+
+// The text of a value; "(none)" without key or value.
+std::string valueOf(std::string_view path, std::string_view name)
+{
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, wide(path).c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS)
+        return "(none)";
+    WCHAR text[1024] = {};
+    DWORD size = sizeof text - sizeof(WCHAR);
+    DWORD type = REG_NONE;
+    const LSTATUS status =
+        RegQueryValueExW(key, wide(name).c_str(), nullptr, &type, reinterpret_cast<LPBYTE>(text), &size);
+    RegCloseKey(key);
+    if (status != ERROR_SUCCESS || type != REG_SZ)
+        return "(none)";
+    const WideString value = text;
+    return std::string(value.begin(), value.end());
+}
+
+constexpr std::string_view managerKey = "CLSID\\{F0FB3725-917D-4D88-B616-196260C727EA}";
+constexpr std::string_view packageKey = "CLSID\\{8337DA1D-2C46-4715-9C96-CFCE8AE51506}";
+
+std::string under(std::string_view key, std::string_view path) { return std::string(key) + "\\" + std::string(path); }
+
+// Registers for the test and leaves the registry as it was found.
+class Registration : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        wasRegistered = keyExists(managerKey);
+        ASSERT_EQ(library.registerServer(), S_OK);
+    }
+    void TearDown() override { EXPECT_EQ(wasRegistered ? library.registerServer() : library.unregisterServer(), S_OK); }
+
+    Library library;
+    bool wasRegistered = false;
+};
+
+} // namespace
+
+TEST_F(Registration, DescribesBothClasses)
+{
+    const WideString path = library.path();
+    const struct {
+        std::string_view key;
+        const char *name;
+        const char *programId;
+        const char *category;
+        const char *otherCategory;
+    } classes[] = {{managerKey, "Verdanth Reference Packages", "Verdanth.ReferencePackages",
+                    "Implemented Categories\\{CF51E383-0110-4ed8-ACB7-B50CFDE6908E}",
+                    "Implemented Categories\\{CF51E384-0110-4ed8-ACB7-B50CFDE6908E}"},
+                   {packageKey, "Verdanth Natural Gas (stand-alone)", "Verdanth.NaturalGas",
+                    "Implemented Categories\\{CF51E384-0110-4ed8-ACB7-B50CFDE6908E}",
+                    "Implemented Categories\\{CF51E383-0110-4ed8-ACB7-B50CFDE6908E}"}};
+    for (const auto &each : classes) {
+        SCOPED_TRACE(each.name);
+        EXPECT_EQ(valueOf(each.key, ""), each.name);
+        EXPECT_EQ(valueOf(under(each.key, "InprocServer32"), ""), std::string(path.begin(), path.end()));
+        EXPECT_EQ(valueOf(under(each.key, "InprocServer32"), "ThreadingModel"), "Apartment");
+        EXPECT_EQ(valueOf(under(each.key, "ProgID"), ""), each.programId);
+        EXPECT_TRUE(keyExists(under(each.key, each.category)));
+        EXPECT_FALSE(keyExists(under(each.key, each.otherCategory)));
+        EXPECT_TRUE(keyExists(under(each.key, "Implemented Categories\\{678C09A1-7D66-11D2-A67D-00105A42887F}")));
+        EXPECT_EQ(valueOf(under(each.key, "CapeDescription"), "Name"), each.name);
+        EXPECT_NE(valueOf(under(each.key, "CapeDescription"), "Description"), "(none)");
+        EXPECT_EQ(valueOf(under(each.key, "CapeDescription"), "CapeVersion"), "1.1");
+        for (const char *value : {"ComponentVersion", "VendorURL", "About"})
+            EXPECT_NE(valueOf(under(each.key, "CapeDescription"), value), "(none)") << value;
+        EXPECT_EQ(valueOf(under(each.programId, "CLSID"), ""), std::string(each.key.substr(6)));
+    }
+    EXPECT_EQ(valueOf("Component Categories\\{CF51E383-0110-4ED8-ACB7-B50CFDE6908E}", "409"),
+              "CAPE-OPEN 1.1 Property Package Manager");
+    EXPECT_EQ(valueOf("Component Categories\\{CF51E384-0110-4ED8-ACB7-B50CFDE6908E}", "409"),
+              "CAPE-OPEN 1.1 Property Package");
+}
+
+TEST_F(Registration, LetsBothClassesBeCreated)
+{
+    ASSERT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
+    constexpr DWORD anyContext =
+        CLSCTX_INPROC_SERVER | CLSCTX_INPROC_HANDLER | CLSCTX_LOCAL_SERVER | CLSCTX_REMOTE_SERVER;
+    {
+        ComPointer<ICapeThermoPropertyPackageManager> manager;
+        EXPECT_EQ(CoCreateInstance(managerClass, nullptr, anyContext, InterfaceId<ICapeThermoPropertyPackageManager>,
+                                   manager.outVoid()),
+                  S_OK);
+        ComPointer<IDispatch> package;
+        EXPECT_EQ(CoCreateInstance(standAloneClass, nullptr, anyContext, InterfaceId<IDispatch>, package.outVoid()),
+                  S_OK);
+        EXPECT_TRUE(as<ICapeThermoPropertyRoutine>(package.get()));
+    }
+    CoUninitialize();
+}
+
+TEST_F(Registration, IsTakenBackWhole)
+{
+    ASSERT_EQ(library.unregisterServer(), S_OK);
+    for (const std::string_view key : {managerKey, packageKey, std::string_view("Verdanth.ReferencePackages"),
+                                       std::string_view("Verdanth.NaturalGas")})
+        EXPECT_FALSE(keyExists(key)) << key;
+    // The categories are everybody's.
+    EXPECT_TRUE(keyExists("Component Categories\\{CF51E383-0110-4ED8-ACB7-B50CFDE6908E}"));
+    EXPECT_EQ(library.unregisterServer(), S_OK); // a second time finds nothing, which is no failure
+}

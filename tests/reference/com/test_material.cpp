@@ -1,0 +1,142 @@
+#include "tests/reference/com/test_material.h"
+
+#include "tests/reference/com/host.h"
+
+#include <gtest/gtest.h>
+
+using reference::errors::unknown;
+
+namespace {
+
+HRESULT unexpected(const char *method)
+{
+    ADD_FAILURE() << method << " is not to be called by a package";
+    return E_NOTIMPL;
+}
+
+} // namespace
+
+bool TestMaterial::refuses(const char *method, const std::string &details)
+{
+    calls.push_back(details.empty() ? method : method + (" " + details));
+    return refused == method;
+}
+
+HRESULT STDMETHODCALLTYPE TestMaterial::QueryInterface(REFIID iid, void **object)
+{
+    *object = nullptr;
+    if (iid == InterfaceId<IUnknown> || iid == InterfaceId<IDispatch> || iid == InterfaceId<ICapeThermoMaterial>)
+        *object = static_cast<ICapeThermoMaterial *>(this);
+    else if (iid == InterfaceId<ICapeThermoCompounds>)
+        *object = static_cast<ICapeThermoCompounds *>(this);
+    else if (iid == InterfaceId<ECapeUser>)
+        *object = static_cast<ECapeUser *>(this);
+    else
+        return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+}
+
+HRESULT TestMaterial::giveConditions(double *t, double *p, VARIANT *fractions) const
+{
+    *t = temperature;
+    *p = pressure;
+    *fractions = numbers(composition).detach();
+    return S_OK;
+}
+
+HRESULT STDMETHODCALLTYPE TestMaterial::GetOverallTPFraction(double *t, double *p, VARIANT *fractions)
+{
+    return refuses("GetOverallTPFraction") ? unknown.result : giveConditions(t, p, fractions);
+}
+
+HRESULT STDMETHODCALLTYPE TestMaterial::GetTPFraction(BSTR phaseLabel, double *t, double *p, VARIANT *fractions)
+{
+    return refuses("GetTPFraction", narrow(phaseLabel)) ? unknown.result : giveConditions(t, p, fractions);
+}
+
+HRESULT STDMETHODCALLTYPE TestMaterial::GetPresentPhases(VARIANT *phaseLabels, VARIANT *phaseStatus)
+{
+    if (refuses("GetPresentPhases"))
+        return unknown.result;
+    *phaseLabels = texts(presentPhases).detach();
+    VariantInit(phaseStatus);
+    return S_OK;
+}
+
+HRESULT STDMETHODCALLTYPE TestMaterial::SetPresentPhases(VARIANT phaseLabels, VARIANT phaseStatus)
+{
+    if (refuses("SetPresentPhases"))
+        return unknown.result;
+    presentPhases = textsOf(phaseLabels);
+    reference::ArrayView<LONG, VT_I4> list;
+    EXPECT_TRUE(list.open(phaseStatus));
+    statuses.assign(list.begin(), list.end());
+    return S_OK;
+}
+
+HRESULT STDMETHODCALLTYPE TestMaterial::SetSinglePhaseProp(BSTR property, BSTR phaseLabel, BSTR basis, VARIANT values)
+{
+    const std::string key = narrow(phaseLabel) + "/" + narrow(property);
+    if (refuses("SetSinglePhaseProp", key))
+        return unknown.result;
+    written[key] = {narrow(basis), numbersOf(values)};
+    return S_OK;
+}
+
+HRESULT STDMETHODCALLTYPE TestMaterial::GetCompoundList(VARIANT *ids, VARIANT *formulae, VARIANT *names,
+                                                        VARIANT *boilingTemperatures, VARIANT *molecularWeights,
+                                                        VARIANT *casNumbers)
+{
+    if (refuses("GetCompoundList"))
+        return unknown.result;
+    *ids = compoundIds.empty() ? VARIANT{} : texts(compoundIds).detach();
+    for (VARIANT *other : {formulae, names, boilingTemperatures, molecularWeights, casNumbers})
+        VariantInit(other);
+    return S_OK;
+}
+
+HRESULT STDMETHODCALLTYPE TestMaterial::get_description(BSTR *description)
+{
+    *description = reference::Text(refused + " is refused").detach();
+    return S_OK;
+}
+
+HRESULT STDMETHODCALLTYPE TestMaterial::ClearAllProps() { return unexpected("ClearAllProps"); }
+HRESULT STDMETHODCALLTYPE TestMaterial::CopyFromMaterial(IDispatch **) { return unexpected("CopyFromMaterial"); }
+HRESULT STDMETHODCALLTYPE TestMaterial::CreateMaterial(IDispatch **) { return unexpected("CreateMaterial"); }
+HRESULT STDMETHODCALLTYPE TestMaterial::GetOverallProp(BSTR, BSTR, VARIANT *) { return unexpected("GetOverallProp"); }
+HRESULT STDMETHODCALLTYPE TestMaterial::GetSinglePhaseProp(BSTR, BSTR, BSTR, VARIANT *)
+{
+    return unexpected("GetSinglePhaseProp");
+}
+HRESULT STDMETHODCALLTYPE TestMaterial::GetTwoPhaseProp(BSTR, VARIANT, BSTR, VARIANT *)
+{
+    return unexpected("GetTwoPhaseProp");
+}
+HRESULT STDMETHODCALLTYPE TestMaterial::SetOverallProp(BSTR, BSTR, VARIANT) { return unexpected("SetOverallProp"); }
+HRESULT STDMETHODCALLTYPE TestMaterial::SetTwoPhaseProp(BSTR, VARIANT, BSTR, VARIANT)
+{
+    return unexpected("SetTwoPhaseProp");
+}
+HRESULT STDMETHODCALLTYPE TestMaterial::GetCompoundConstant(VARIANT, VARIANT, VARIANT *)
+{
+    return unexpected("GetCompoundConstant");
+}
+HRESULT STDMETHODCALLTYPE TestMaterial::GetConstPropList(VARIANT *) { return unexpected("GetConstPropList"); }
+HRESULT STDMETHODCALLTYPE TestMaterial::GetNumCompounds(LONG *) { return unexpected("GetNumCompounds"); }
+HRESULT STDMETHODCALLTYPE TestMaterial::GetPDependentProperty(VARIANT, double, VARIANT, VARIANT *)
+{
+    return unexpected("GetPDependentProperty");
+}
+HRESULT STDMETHODCALLTYPE TestMaterial::GetPDependentPropList(VARIANT *) { return unexpected("GetPDependentPropList"); }
+HRESULT STDMETHODCALLTYPE TestMaterial::GetTDependentProperty(VARIANT, double, VARIANT, VARIANT *)
+{
+    return unexpected("GetTDependentProperty");
+}
+HRESULT STDMETHODCALLTYPE TestMaterial::GetTDependentPropList(VARIANT *) { return unexpected("GetTDependentPropList"); }
+HRESULT STDMETHODCALLTYPE TestMaterial::get_code(LONG *) { return unexpected("get_code"); }
+HRESULT STDMETHODCALLTYPE TestMaterial::get_scope(BSTR *) { return unexpected("get_scope"); }
+HRESULT STDMETHODCALLTYPE TestMaterial::get_interfaceName(BSTR *) { return unexpected("get_interfaceName"); }
+HRESULT STDMETHODCALLTYPE TestMaterial::get_operation(BSTR *) { return unexpected("get_operation"); }
+HRESULT STDMETHODCALLTYPE TestMaterial::get_moreInfo(BSTR *) { return unexpected("get_moreInfo"); }
