@@ -1,0 +1,42 @@
+# The front door. The work beneath is done by the CMake presets and by scripts/.
+
+help:
+	@echo "make demo     a property package in use, from the registry to a flash"
+	@echo "make test     all tests: native with sanitizers, native, and the Windows build under Wine"
+	@echo "make bench    the measurements in bench/"
+	@echo "make dist     what ships, packed into dist/"
+	@echo "make format   lays out the sources with clang-format"
+	@echo "make lint     layout, clang++, clang-tidy, shellcheck, the rules of the house"
+	@echo "make clean    removes build/ and dist/"
+	@echo
+	@echo "demo and test first install what this machine lacks (Debian, Ubuntu)."
+
+demo:
+	@scripts/bootstrap.sh
+	@scripts/demo.sh
+
+test:
+	@scripts/bootstrap.sh
+	@scripts/test.sh
+
+bench:
+	@scripts/bootstrap.sh bench
+	@scripts/bench.sh
+
+dist:
+	@scripts/bootstrap.sh
+	@scripts/dist.sh
+
+format:
+	@scripts/bootstrap.sh lint
+	@git ls-files '*.h' '*.cpp' | xargs clang-format -i
+
+lint:
+	@scripts/bootstrap.sh lint bench
+	@scripts/lint.sh
+
+clean:
+	@[ ! -d build/wine ] || scripts/wine.sh --kill
+	@rm -rf build dist
+
+.PHONY: help demo test bench dist format lint clean

@@ -1,0 +1,28 @@
+#!/bin/sh
+# Everything that is kept at zero: layout, clang++'s warnings, clang-tidy, shellcheck and the rules of the house.
+set -u
+cd "$(dirname "$0")/.." || exit 1
+failures=
+
+check() {
+    echo "== $1 =="
+    shift
+    "$@" || failures="$failures $1"
+}
+
+layout() { git ls-files -z '*.h' '*.cpp' | xargs -0 clang-format --dry-run -Werror; }
+clang_build() { cmake --preset linux-clang -DVERDANTH_BENCH=ON >/dev/null && cmake --build --preset linux-clang; }
+tidy() { run-clang-tidy -quiet -p build/linux-clang "$PWD/(platform|cape|properties|packages|material|commands|gateway|reference|tests|bench|demo)/"; }
+shell_scripts() { git ls-files -z '*.sh' .ci/run | xargs -0 shellcheck; }
+
+check "Layout" layout
+check "clang++" clang_build
+check "clang-tidy" tidy
+check "Shell scripts" shell_scripts
+check "Rules of the house" scripts/check_includes.sh
+
+[ -z "$failures" ] || {
+    echo "Not clean:$failures"
+    exit 1
+}
+echo "Clean."

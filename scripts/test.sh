@@ -1,0 +1,68 @@
+#!/bin/sh
+# Builds and runs the tests of the presets that are named, or of all three that count, and ends with the line
+# "N passed, N failed". Skipped tests are neither; whatever could not be run has failed.
+#
+#   scripts/test.sh [PRESET...]
+set -u
+cd "$(dirname "$0")/.." || exit 1
+mkdir -p build
+
+# One run at a time in one build folder; a second one waits for the first.
+exec 8>build/test.lock
+flock -n 8 || {
+    echo "Another run of the tests is on in this folder; waiting for it to end."
+    flock 8
+}
+
+trap 'scripts/wine.sh --down 2>/dev/null 8>&-' EXIT
+trap 'exit 130' INT TERM HUP
+
+passed=0
+failed=0
+skipped=0
+
+count() { grep -c "$1" "$2" || true; }
+
+# Counts what CTest wrote down about a preset's tests; $2 is CTest's exit code.
+add_results() {
+    results=build/$1/test-results.xml
+    if [ ! -s "$results" ]; then
+        echo "$1: CTest left no results."
+        failed=$((failed + 1))
+        return
+    fi
+    all=$(count '<testcase ' "$results")
+    good=$(count '<testcase .*status="run"' "$results")
+    left_out=$(count '<skipped message="SKIP_' "$results")
+    bad=$((all - good - left_out))
+    if [ "$all" -eq 0 ]; then
+        echo "$1: no test ran."
+        bad=1
+    elif [ "$2" -ne 0 ] && [ "$bad" -eq 0 ]; then
+        echo "$1: CTest ended with $2 though no single test failed."
+        bad=1
+    fi
+    echo "$1: $good of $all tests passed, $left_out skipped."
+    passed=$((passed + good))
+    failed=$((failed + bad))
+    skipped=$((skipped + left_out))
+}
+
+run_preset() {
+    echo "== $1 =="
+    if ! cmake --preset "$1" || ! cmake --build --preset "$1"; then
+        echo "$1: the build failed."
+        failed=$((failed + 1))
+        return
+    fi
+    rm -f "build/$1/test-results.xml"
+    ctest --preset "$1" --output-junit "$PWD/build/$1/test-results.xml" 8>&-
+    add_results "$1" $?
+}
+
+[ $# -gt 0 ] || set -- linux-sanitize linux windows-x64
+for preset in "$@"; do run_preset "$preset"; done
+
+[ $skipped -eq 0 ] || echo "$skipped skipped"
+echo "$passed passed, $failed failed"
+[ $failed -eq 0 ] && [ $passed -gt 0 ]

@@ -1,0 +1,111 @@
+#!/bin/sh
+# Runs Windows programs under Wine in a prefix of the project's own, build/wine.
+#
+#   scripts/wine.sh PROGRAM.exe [ARGUMENT...]   runs it; makes the prefix and starts the server first if need be
+#   scripts/wine.sh --up                        only makes ready
+#   scripts/wine.sh --down                      stops the server, unless a program is running
+#   scripts/wine.sh --kill                      stops the server and whatever runs in the prefix
+#
+# With the server and Wine's services already up, a test process starts in 20 ms; without, each takes seconds. So the
+# server outlives the programs by a minute, and ends by itself when nobody asks for it any more.
+set -eu
+
+root=$(cd "$(dirname "$0")/.." && pwd)
+build=$root/build
+lock=$build/wine.lock
+ready=$build/wine/.ready
+recipe=3        # raise when make_prefix changes: older prefixes are then made anew
+idle_seconds=60
+
+export WINEPREFIX="$build/wine"
+export WINEDEBUG="${WINEDEBUG:--all}"
+# The same code page and language everywhere, whoever runs the tests.
+export LC_ALL=C.UTF-8
+unset DISPLAY WAYLAND_DISPLAY WINEARCH LANGUAGE
+
+# Debian's loader for 64-bit programs, without its launcher's advice about 32-bit ones.
+wine=/usr/lib/wine/wine64
+[ -x $wine ] || wine=$(command -v wine64 || command -v wine) || {
+    echo "wine.sh: Wine is not installed; scripts/bootstrap.sh installs it." >&2
+    exit 127
+}
+
+is_ready() { [ -f "$ready" ] && [ "$(cat "$ready")" = "$recipe" ]; }
+is_up() { wineserver -k0 2>/dev/null; }
+
+# Everything that may stay behind gets no descriptor of ours: neither the lock nor a pipe that a test runner waits on.
+quietly() { "$@" </dev/null >>"$build/wine.log" 2>&1 9>&-; }
+
+make_prefix() {
+    quietly wineserver -k || true
+    rm -rf "$WINEPREFIX"
+    : >"$build/wine.log"
+    # No questions about Mono and Gecko, no entries in the user's menus.
+    WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d" quietly "$wine" wineboot -i
+    # - No crash debugger: with Wine's own, a program that stops at an illegal instruction exits with 0.
+    # - Windows without a display: they exist, unseen.
+    cat >"$build/wine-setup.reg" <<'REG'
+REGEDIT4
+
+[HKEY_LOCAL_MACHINE\Software\Microsoft\Windows NT\CurrentVersion\AeDebug]
+"Debugger"=""
+"Auto"="0"
+
+[HKEY_LOCAL_MACHINE\Software\Wow6432Node\Microsoft\Windows NT\CurrentVersion\AeDebug]
+"Debugger"=""
+"Auto"="0"
+
+[HKEY_CURRENT_USER\Software\Wine\Drivers]
+"Graphics"="null"
+
+[HKEY_CURRENT_USER\Software\Wine\DllOverrides]
+"winemenubuilder.exe"=""
+REG
+    quietly "$wine" regedit /S "$build/wine-setup.reg"
+    quietly wineserver -k || true
+    [ -f "$WINEPREFIX/system.reg" ] || {
+        echo "wine.sh: the Wine prefix could not be made; see $build/wine.log" >&2
+        return 1
+    }
+    echo $recipe >"$ready"
+}
+
+bring_up() {
+    is_ready || make_prefix
+    is_up && return
+    quietly wineserver "-p$idle_seconds" || true
+    # The first program brings up Wine's services, which inherit its output and would keep a pipe open.
+    quietly "$wine" cmd /c exit
+}
+
+# Programs run under a shared lock, so that nobody takes the server from under them.
+ensure_up() {
+    until flock -s 9 && is_ready && is_up; do
+        flock -x 9
+        bring_up
+    done
+}
+
+mkdir -p "$build"
+exec 9>>"$lock"
+
+case ${1-} in
+--up)
+    ensure_up
+    ;;
+--down)
+    if flock -n -x 9; then quietly wineserver -k || true; fi
+    ;;
+--kill)
+    quietly wineserver -k || true
+    ;;
+"" | --*)
+    echo "usage: wine.sh PROGRAM [ARGUMENT...] | --up | --down | --kill" >&2
+    exit 2
+    ;;
+*)
+    ensure_up
+    # The shell stays, holding the lock; the program, and what it starts, do not get it.
+    "$wine" "$@" 9>&-
+    ;;
+esac
