@@ -7,6 +7,14 @@ add_subdirectory(/usr/src/googletest googletest EXCLUDE_FROM_ALL SYSTEM)
 # A test program is asked for its tests when they are to be run: with a cross build, building needs no emulator.
 set(CMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE PRE_TEST)
 
+# What every program of tests is compiled with. Most of the time goes into headers, hence these once per program; and a
+# test is run once, hence no optimization and just the line numbers.
+add_library(test_code INTERFACE)
+target_link_libraries(test_code INTERFACE GTest::gtest)
+target_compile_options(test_code INTERFACE -O0 -g1)
+target_precompile_headers(test_code INTERFACE <gtest/gtest.h> <functional> <string> <vector>
+                          "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/platform/platform.h>")
+
 if(WIN32)
     # Before anything else CTest gets Wine up, which takes longer the first time than a test may.
     set_property(DIRECTORY PROPERTY TEST_INCLUDE_FILES ${PROJECT_SOURCE_DIR}/cmake/wine-up.cmake)

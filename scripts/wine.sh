@@ -7,15 +7,17 @@
 #   scripts/wine.sh --kill                      stops the server and whatever runs in the prefix
 #
 # With the server and Wine's services already up, a test process starts in 20 ms; without, each takes seconds. So the
-# server outlives the programs by a minute, and ends by itself when nobody asks for it any more.
+# server outlives the programs for a while, and ends by itself when nobody asks for it any more.
 set -eu
 
 root=$(cd "$(dirname "$0")/.." && pwd)
 build=$root/build
 lock=$build/wine.lock
 ready=$build/wine/.ready
-recipe=3        # raise when make_prefix changes: older prefixes are then made anew
+window=$build/wine/.window
+recipe=4        # raise when make_prefix changes: older prefixes are then made anew
 idle_seconds=60
+window_seconds=1800
 
 export WINEPREFIX="$build/wine"
 export WINEDEBUG="${WINEDEBUG:--all}"
@@ -32,6 +34,7 @@ wine=/usr/lib/wine/wine64
 
 is_ready() { [ -f "$ready" ] && [ "$(cat "$ready")" = "$recipe" ]; }
 is_up() { wineserver -k0 2>/dev/null; }
+has_window() { [ -f "$window" ] && kill -0 "$(cat "$window")" 2>/dev/null; }
 
 # Everything that may stay behind gets no descriptor of ours: neither the lock nor a pipe that a test runner waits on.
 quietly() { "$@" </dev/null >>"$build/wine.log" 2>&1 9>&-; }
@@ -67,20 +70,40 @@ REG
         echo "wine.sh: the Wine prefix could not be made; see $build/wine.log" >&2
         return 1
     }
+    drop_classes
     echo $recipe >"$ready"
+}
+
+# Every test that lists the packages of the machine walks the classes of the prefix. Of Wine's own 3,000 only COM's and
+# automation's are needed here, those that end as theirs do.
+drop_classes() {
+    registry=$WINEPREFIX/system.reg
+    awk '/^\[/ {
+            start = match($0, /^\[Software\\\\Classes\\\\(Wow6432Node\\\\)?CLSID\\\\\{/)
+            drop = start && !match($0, /-0000-0000-C000-000000000046\}/)
+         }
+         !drop' "$registry" >"$registry.new"
+    mv "$registry.new" "$registry"
 }
 
 bring_up() {
     is_ready || make_prefix
-    is_up && return
-    quietly wineserver "-p$idle_seconds" || true
-    # The first program brings up Wine's services, which inherit its output and would keep a pipe open.
-    quietly "$wine" cmd /c exit
+    if ! is_up; then
+        quietly wineserver "-p$idle_seconds" || true
+        # The first program brings up Wine's services, which inherit its output and would keep a pipe open.
+        quietly "$wine" cmd /c exit
+    fi
+    # The first window of all starts a desktop, which inherits its program's output, too, and ends a second after the
+    # last window. With a window that stays for a while, a test is not kept waiting for that.
+    has_window || {
+        quietly setsid timeout $window_seconds "$wine" notepad &
+        echo $! >"$window"
+    }
 }
 
 # Programs run under a shared lock, so that nobody takes the server from under them.
 ensure_up() {
-    until flock -s 9 && is_ready && is_up; do
+    until flock -s 9 && is_ready && is_up && has_window; do
         flock -x 9
         bring_up
     done

@@ -2,6 +2,7 @@
 #include "tests/mex/calculation_test.h"
 
 #include <cmath>
+#include <ostream>
 
 using namespace support;
 
@@ -18,6 +19,9 @@ struct Command {
     const char *noRows;
     std::function<HRESULT(const CompoundCall &, Variant &)> PackageScript::*answer;
 };
+
+// Without it the test's name would hold the bytes of the structure.
+void PrintTo(const Command &command, std::ostream *out) { *out << command.name; }
 
 const Command commands[] = {
     {"Temperature", 20, "GetTDependentProperty", "K", "vaporPressure", "Expected column array for temperatures",
