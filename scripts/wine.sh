@@ -15,7 +15,7 @@ build=$root/build
 lock=$build/wine.lock
 ready=$build/wine/.ready
 window=$build/wine/.window
-recipe=4        # raise when make_prefix changes: older prefixes are then made anew
+recipe=5        # raise when make_prefix changes: older prefixes are then made anew
 idle_seconds=60
 window_seconds=1800
 
@@ -74,15 +74,20 @@ REG
     echo $recipe >"$ready"
 }
 
-# Every test that lists the packages of the machine walks the classes of the prefix. Of Wine's own 3,000 only COM's and
-# automation's are needed here, those that end as theirs do.
+# Every test that lists the packages of the machine walks the classes of the prefix. Of Wine's own, 600 and more, only
+# COM's and automation's are needed here, those that end as theirs do, and the ones that carry calls between processes.
 drop_classes() {
     registry=$WINEPREFIX/system.reg
-    awk '/^\[/ {
-            start = match($0, /^\[Software\\\\Classes\\\\(Wow6432Node\\\\)?CLSID\\\\\{/)
-            drop = start && !match($0, /-0000-0000-C000-000000000046\}/)
-         }
-         !drop' "$registry" >"$registry.new"
+    # shellcheck disable=SC2016  # awk's dollars
+    awk '
+        /^\[/ { section = toupper($1) }
+        FNR == NR { if (section ~ /PROXYSTUBCLSID32/ && /^@=/) kept[toupper(substr($0, 4, 38))]; next }
+        /^\[/ {
+            ours = match(section, /^\[SOFTWARE\\\\CLASSES\\\\(WOW6432NODE\\\\)?CLSID\\\\\{/)
+            class = substr(section, RSTART + RLENGTH - 1, 38)
+            drop = ours && class !~ /-0000-0000-C000-000000000046\}/ && !(class in kept)
+        }
+        !drop' "$registry" "$registry" >"$registry.new"
     mv "$registry.new" "$registry"
 }
 
