@@ -32,7 +32,7 @@ function(add_heap_checks directory)
             endif()
             add_test(NAME HeapCheck.${target}
                      COMMAND ${PROJECT_SOURCE_DIR}/scripts/heap_check.sh $<TARGET_FILE:${target}> ${arguments})
-            set_tests_properties(HeapCheck.${target} PROPERTIES RUN_SERIAL ON TIMEOUT 600)
+            set_tests_properties(HeapCheck.${target} PROPERTIES RESOURCE_LOCK registry TIMEOUT 900)
         endif()
     endforeach()
     get_property(subdirectories DIRECTORY ${directory} PROPERTY SUBDIRECTORIES)
