@@ -9,14 +9,11 @@ namespace {
 template <class Element> bool takeElements(const VARIANT &value, VARTYPE type, const Element *&elements,
                                            std::int32_t &count, WideString &message)
 {
-    if (value.vt == (VT_ARRAY | type) && value.parray && value.parray->cDims == 1) {
-        if (value.parray->cbElements != sizeof(Element)) { // an array of another type than the value says
-            message = ExpectedArrayText(type);
-            return false;
-        }
-        elements = static_cast<const Element *>(value.parray->pvData);
-        count = static_cast<std::int32_t>(value.parray->rgsabound[0].cElements);
+    if (ListElements(value, type, elements, count))
         return true;
+    if (value.vt == (VT_ARRAY | type) && value.parray && value.parray->cDims == 1) {
+        message = ExpectedArrayText(type); // the array's elements are of another size
+        return false;
     }
     elements = nullptr;
     count = 0;

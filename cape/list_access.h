@@ -5,6 +5,20 @@
 
 #include <cstdint>
 
+// The elements of exactly a one-dimensional array of type `type`; they stay the value's. False, and nothing said of
+// the reason, for anything else. Inline, because a package hands values over at every condition.
+template <class Element>
+inline bool ListElements(const VARIANT &value, VARTYPE type, const Element *&elements, std::int32_t &count)
+{
+    const SAFEARRAY *array = value.parray;
+    // An element size of its own is that of an array of another type than the value says.
+    if (value.vt != (VT_ARRAY | type) || !array || array->cDims != 1 || array->cbElements != sizeof(Element))
+        return false;
+    elements = static_cast<const Element *>(array->pvData);
+    count = static_cast<std::int32_t>(array->rgsabound[0].cElements);
+    return true;
+}
+
 // The elements of a value that is empty or exactly a one-dimensional array of doubles; they stay the
 // value's. False with the reason of VariantArray::Validate in `message` for anything else.
 bool TakeDoubles(const VARIANT &value, const double *&data, std::int32_t &count, WideString &message);

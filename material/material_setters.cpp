@@ -17,6 +17,12 @@ struct GivenValues {
     // S_OK or the refusal.
     HRESULT take(const PropertyPlace &place, const VARIANT &values)
     {
+        return ListElements(values, VT_R8, data, count) ? S_OK : takeOther(place, values);
+    }
+
+private:
+    HRESULT takeOther(const PropertyPlace &place, const VARIANT &values)
+    {
         WideString text;
         if (TakeDoubles(values, data, count, text))
             return S_OK;

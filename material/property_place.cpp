@@ -27,9 +27,11 @@ HRESULT TakePhaseLabels(const PropertyPlace &place, const VARIANT &phaseLabels, 
 {
     const BSTR *texts = nullptr;
     std::int32_t count = 0;
-    WideString reason;
-    if (!TakeTexts(phaseLabels, texts, count, reason))
-        return place.refuse(OLESTR("Phase error: "), OLESTR("Invalid specification of phases: ") + reason);
+    if (!ListElements(phaseLabels, VT_BSTR, texts, count)) {
+        WideString reason;
+        if (!TakeTexts(phaseLabels, texts, count, reason))
+            return place.refuse(OLESTR("Phase error: "), OLESTR("Invalid specification of phases: ") + reason);
+    }
     if (count != 2)
         return place.refuse(OLESTR("Phase error: "), OLESTR("Invalid number of phase identifiers"));
     labels = {texts[0], texts[1]};

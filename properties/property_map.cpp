@@ -2,10 +2,8 @@
 
 #include <new>
 
-bool PropertyValues::resize(std::uint32_t newCount)
+bool PropertyValues::reallocate(std::uint32_t newCount)
 {
-    if (count == newCount && (values || newCount == 0))
-        return true;
     delete[] values;
     values = nullptr;
     count = newCount;

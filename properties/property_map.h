@@ -19,7 +19,13 @@ struct PropertyValues {
 
     // Makes room for `newCount` doubles, keeping an array of that size; the contents are undefined.
     // False when memory is out; then count is newCount and values null.
-    bool resize(std::uint32_t newCount);
+    bool resize(std::uint32_t newCount)
+    {
+        return (count == newCount && (values || newCount == 0)) || reallocate(newCount);
+    }
+
+private:
+    bool reallocate(std::uint32_t newCount);
 };
 
 class PropertyMap {
