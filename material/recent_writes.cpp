@@ -6,7 +6,7 @@ namespace {
 
 // A null text is an empty one. `remembered` holds no null characters, so the text goes on as long
 // as it agrees; four characters at a time, because this is most of what a repeated write costs.
-bool isText(const WideString &remembered, LPCWSTR text)
+inline bool isText(const WideString &remembered, LPCWSTR text)
 {
     if (!text)
         return remembered.empty();
@@ -23,7 +23,7 @@ bool isText(const WideString &remembered, LPCWSTR text)
     return true;
 }
 
-bool isWrite(const RecentWrites::Write &write, LPCWSTR property, LPCWSTR phaseLabel, LPCWSTR basisOrSecondLabel)
+inline bool isWrite(const RecentWrites::Write &write, LPCWSTR property, LPCWSTR phaseLabel, LPCWSTR basisOrSecondLabel)
 {
     return isText(write.property, property) && isText(write.phaseLabel, phaseLabel) &&
            isText(write.basisOrSecondLabel, basisOrSecondLabel);
