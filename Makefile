@@ -4,6 +4,7 @@ help:
 	@echo "make demo     a property package in use, from the registry to a flash"
 	@echo "make test     all tests: native with sanitizers, native, and the Windows build under Wine"
 	@echo "make bench    the measurements in bench/"
+	@echo "make coverage the lines of the library that the native tests reach, into build/linux-coverage/coverage"
 	@echo "make dist     what ships, packed into dist/"
 	@echo "make format   lays out the sources with clang-format"
 	@echo "make lint     layout, clang++, clang-tidy, shellcheck, the rules of the house"
@@ -23,6 +24,10 @@ bench:
 	@scripts/bootstrap.sh bench
 	@scripts/bench.sh
 
+coverage:
+	@scripts/bootstrap.sh coverage
+	@scripts/coverage.sh
+
 dist:
 	@scripts/bootstrap.sh
 	@scripts/dist.sh
@@ -39,4 +44,4 @@ clean:
 	@[ ! -d build/wine ] || scripts/wine.sh --kill
 	@rm -rf build dist
 
-.PHONY: help demo test bench dist format lint clean
+.PHONY: help demo test bench coverage dist format lint clean

@@ -2,7 +2,7 @@
 # Installs what building and testing need and this machine has not got. Looks for each thing itself, so that a second
 # run finds everything in place and touches neither the package manager nor the network.
 #
-#   scripts/bootstrap.sh [lint] [bench]      the words add what only that work needs
+#   scripts/bootstrap.sh [lint] [bench] [coverage]      the words add what only that work needs
 set -u
 
 missing=
@@ -36,6 +36,9 @@ for work in "$@"; do
     bench)
         need libbenchmark-dev test -f /usr/include/benchmark/benchmark.h
         ;;
+    coverage)
+        need gcovr program gcovr
+        ;;
     lint)
         need git program git
         need clang program clang++
@@ -45,7 +48,7 @@ for work in "$@"; do
         need shellcheck program shellcheck
         ;;
     *)
-        echo "bootstrap: unknown word '$work' (lint and bench are known)." >&2
+        echo "bootstrap: unknown word '$work' (lint, bench and coverage are known)." >&2
         exit 2
         ;;
     esac
