@@ -93,9 +93,9 @@ Phases flash(Session &session, const mxArray *package, const std::vector<std::st
 void tabulate(Session &session, const mxArray *package, const std::string &phase,
               const std::vector<double> &composition)
 {
-    std::vector<double> temperatures;
-    for (int i = 0; i < 10; ++i)
-        temperatures.push_back(200 + 5.0 * i);
+    std::vector<double> temperatures(10);
+    for (std::size_t i = 0; i < temperatures.size(); ++i)
+        temperatures[i] = 200 + 5.0 * static_cast<double>(i);
     const mxArray *values = session.call(22, {Number(2), Session::copyOfHandle(package), Texts({"density", "enthalpy"}),
                                               Column(temperatures), Number(pressure), Row(composition), Text(phase)});
     const std::string densityUnit = TextOf(session.call(19, {Text("density")}));

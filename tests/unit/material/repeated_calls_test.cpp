@@ -20,7 +20,7 @@ protected:
     Bstr longName{OLESTR("fugacityCoefficient.DmolFraction")};
     Bstr enthalpy{OLESTR("excessHelmholtzEnergy.Dtemperature")};
     DoubleArgument matrix{{1, 2, 3, 4}};
-    DoubleArgument scalar{{1}};
+    DoubleArgument scalar = DoubleArgument({1});
 };
 
 TEST_F(RepeatedCalls, ReadingConditionsAllocatesNothing)
