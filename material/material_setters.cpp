@@ -183,8 +183,8 @@ void rememberWrite(const PropertyPlace &place, LPCWSTR property, LPCWSTR phaseLa
     PropertyValues *entry = nullptr;
     if (reserved == ReservedProperty::None)
         place.properties().find(property, entry);
-    place.material.recentWrites.remember({orEmpty(property), orEmpty(phaseLabel), orEmpty(basisText), basis,
-                                          place.phase, reserved, entry, entry ? entry->count : 0});
+    place.material.recentWrites.remember(
+        {property, phaseLabel, orEmpty(basisText), basis, place.phase, reserved, entry, entry ? entry->count : 0});
 }
 
 } // namespace
@@ -204,7 +204,8 @@ HRESULT STDMETHODCALLTYPE CMaterialObject::SetSinglePhaseProp(BSTR property, BST
 {
     PropertyPlace place{*this, OLESTR("SetSinglePhaseProp")};
     HRESULT hr = S_OK;
-    if (const RecentWrites::Write *write = recentWrites.find(property, phaseLabel, basis)) {
+    // A null label names no phase, not even one without a name.
+    if (const RecentWrites::Write *write = phaseLabel ? recentWrites.find(property, phaseLabel, basis) : nullptr) {
         place.phase = write->phase;
         hr = writeAgain(place, *write, values);
     } else {
@@ -232,10 +233,11 @@ HRESULT STDMETHODCALLTYPE CMaterialObject::SetTwoPhaseProp(BSTR property, VARIAN
     if (FAILED(hr))
         return hr;
     const bool basisGiven = basis && *basis;
-    if (const RecentWrites::Write *write = recentTwoPhaseWrites.find(property, labels.first, labels.second);
-        write && !basisGiven) {
-        place.phase = write->phase;
-        return writeAgain(place, *write, values);
+    if (labels.first && labels.second && !basisGiven) {
+        if (const RecentWrites::Write *write = recentTwoPhaseWrites.find(property, labels.first, labels.second)) {
+            place.phase = write->phase;
+            return writeAgain(place, *write, values);
+        }
     }
     PhasePair pair;
     hr = TakePhasePair(place, labels, property, pair);
@@ -259,8 +261,8 @@ HRESULT STDMETHODCALLTYPE CMaterialObject::SetTwoPhaseProp(BSTR property, VARIAN
     PropertyValues &entry = phaseProps[pair.first].entry(pair.key);
     hr = storeIn(entry, given, massTag(NoBasis));
     if (SUCCEEDED(hr))
-        recentTwoPhaseWrites.remember({property, orEmpty(labels.first), orEmpty(labels.second), NoBasis, pair.first,
-                                       ReservedProperty::None, &entry, entry.count});
+        recentTwoPhaseWrites.remember(
+            {property, labels.first, labels.second, NoBasis, pair.first, ReservedProperty::None, &entry, entry.count});
     return hr;
 }
 

@@ -12,7 +12,7 @@
 class RecentWrites {
 public:
     struct Write {
-        WideString property; // the three texts as the package wrote them; null counts as empty
+        WideString property; // the three texts as the package wrote them; a null basis counts as empty
         WideString phaseLabel;
         WideString basisOrSecondLabel;
         BasisCode basis;

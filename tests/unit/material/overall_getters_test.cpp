@@ -209,6 +209,15 @@ TEST_F(GetOverallProp, ReadsTheBasisOfTheAuthorUnchangedToTheBitAndWithoutCompos
     EXPECT_EQ(view.overall(OLESTR("density"), mass).values, std::vector<double>{third});
 }
 
+TEST_F(GetOverallProp, LooksAtTheLowBitOfTheBasisOnly)
+{
+    EXPECT_EQ(view.setOverall(OLESTR("enthalpy"), mole, DoubleArgument({7})), "");
+    material->overallProps.entry(OLESTR("enthalpy")).basis = 2;
+    EXPECT_EQ(view.overall(OLESTR("enthalpy"), mole).values, std::vector<double>{7});
+    material->overallProps.entry(OLESTR("enthalpy")).basis = 3;
+    EXPECT_EQ(view.overall(OLESTR("enthalpy"), mass).values, std::vector<double>{7});
+}
+
 TEST_F(GetOverallProp, RefusesAConversionWithoutComposition)
 {
     EXPECT_EQ(view.setOverall(OLESTR("enthalpy"), mole, DoubleArgument({1800})), "");
