@@ -44,7 +44,12 @@ Verdict readProperty(LPCWSTR name, CMaterialObject &material, VariantArray &spec
     slot.basis = GlobalSettings.defaultBasis != 0 && property.basisPower != 0 ? 1 : 0;
     PropertyValues &entry = material.overallProps.entry(name);
     entry.basis = slot.basis;
-    return entry.resize(1) ? Verdict::done() : Verdict::refuse("Out of memory");
+    if (entry.count == 1 && entry.values)
+        return Verdict::done();
+    if (!entry.resize(1))
+        return Verdict::refuse("Out of memory");
+    entry.values[0] = QuietNaN; // until a value is written
+    return Verdict::done();
 }
 
 } // namespace

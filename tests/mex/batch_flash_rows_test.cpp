@@ -3,6 +3,7 @@
 #include "tests/mex/calculation_test.h"
 
 #include <cmath>
+#include <limits>
 
 using namespace support;
 
@@ -277,6 +278,62 @@ TEST_F(BatchFlashRows, GiveTheVaporFractionConstraintItsPhaseAndBasis)
         // The package has left the fraction as it was given, in the default basis.
         EXPECT_EQ(result[0].cellMatrix(0), (Rows{{0.25}, {0.5}}));
     }
+}
+
+TEST_F(BatchFlashRows, GiveTheVaporFractionItsBasisInEitherConstraint)
+{
+    useBasis("mass");
+    std::vector<double> fraction;
+    package.calcEquilibrium = [&](const EquilibriumCall &request) {
+        EXPECT_EQ(request.material.getSinglePhase("phaseFraction", "Vapor", "mass", fraction), S_OK);
+        return S_OK;
+    };
+    EXPECT_EQ(column({.property1 = Text("vaporFraction"), .values1 = Scalar(0.25), .names = Text("vaporFraction")}),
+              (std::vector<double>{0.25}));
+    EXPECT_EQ(fraction, (std::vector<double>{0.25}));
+    // A fraction that is no constraint of this batch is said to be per mole.
+    package.calcEquilibrium = [&](const EquilibriumCall &request) {
+        EXPECT_EQ(request.material.getSinglePhase("phaseFraction", "Vapor", "mole", fraction), S_OK);
+        return computationFailed;
+    };
+    mustReturn(1, batch());
+    EXPECT_EQ(fraction, (std::vector<double>{0.25}));
+}
+
+TEST_F(BatchFlashRows, HaveMadeTheEntryOfAConstraintInFrontOfARefusedArgument)
+{
+    useBasis("mass");
+    expectRefused(1, batch({.property1 = Text("enthalpy"), .solutionType = Scalar(1)}),
+                  "Expected string value for solution type");
+    ASSERT_TRUE(package.material);
+    const MaterialClient material(package.material.get());
+    std::vector<double> values;
+    EXPECT_EQ(material.getOverall("enthalpy", "mass", values), S_OK);
+    EXPECT_EQ(values.size(), 1u);
+    // Values come only with a row.
+    EXPECT_TRUE(std::isnan(values.at(0)));
+    EXPECT_TRUE(FAILED(material.getOverall("pressure", "", values)));
+    EXPECT_TRUE(FAILED(material.getOverall("fraction", "mass", values)));
+}
+
+TEST_F(BatchFlashRows, OfAnotherSuccessThanOkHaveSucceeded)
+{
+    findLiquid();
+    package.answer("CalcEquilibrium", S_FALSE);
+    const CallResult result = mustReturn(1, batch({.values1 = Column({300, 310})}));
+    EXPECT_EQ(result[0].cellMatrix(0), (Rows{{300}, {310}}));
+    EXPECT_EQ(result.warnings, std::vector<std::string>());
+}
+
+TEST_F(BatchFlashRows, ThatFailAtNoOrdinaryNumbersTellThem)
+{
+    package.answer("CalcEquilibrium", computationFailed);
+    EXPECT_EQ(mustReturn(1, batch({.values1 = Column({notANumber, undefinedNumber, 1}),
+                                   .values2 = Column({std::numeric_limits<double>::infinity(), -0.0, 1e-7})}))
+                  .warnings,
+              (std::vector<std::string>{"CAPE-OPEN: Flash failed at nan, inf: computation error",
+                                        "CAPE-OPEN: Flash failed at -1.79769e+308, -0: computation error",
+                                        "CAPE-OPEN: Flash failed at 1, 1e-07: computation error"}));
 }
 
 TEST_F(BatchFlashRows, StartFromTheStateThatTheRowBeforeLeft)
