@@ -72,6 +72,19 @@ TEST_F(BatchFlashVaporFraction, IsZeroAndNotNaNAtARowWithoutVapor)
     EXPECT_EQ(result.warnings, std::vector<std::string>());
 }
 
+TEST_F(BatchFlashVaporFraction, ThatIsMissingIsReportedAsItStandsWithoutAWarning)
+{
+    find({[](const MaterialClient &) { return S_OK; }, // nobody has ever set it
+          [](const MaterialClient &material) {
+              EXPECT_TRUE(FAILED(material.setSinglePhase("phaseFraction", "Vapor", "mole", {undefinedNumber})));
+              return S_OK;
+          }});
+    const CallResult result = report(2);
+    EXPECT_TRUE(std::isnan(result[0].element(0).numbers().at(0)));
+    EXPECT_EQ(result[0].element(0).numbers().at(1), undefinedNumber);
+    EXPECT_EQ(result.warnings, std::vector<std::string>());
+}
+
 TEST_F(BatchFlashVaporFraction, IsConvertedFromMassToMole)
 {
     find({twoPhases("mass", 0.4, 0.6)});

@@ -189,6 +189,16 @@ TEST_F(FlashBasis, RepairNeedsAPhaseMolecularWeight)
     expectRefused(5, flash(), "Phase molecular weight is zero; unable to perform basis conversion");
 }
 
+TEST_F(FlashBasis, RepairTakesAPhaseMolecularWeightBelowZero)
+{
+    // Mass fractions 2 and -3 are mole fractions 4 and -3, of 4 * 18 - 3 * 36 = -36 g/mol;
+    // 0.5 / -36 and 0.5 / 24 are as -2 to 3.
+    find({{"Vapor", 0.5, {2, -3}}, {"Liquid", 0.5, {0.5, 0.5}}}, "mass");
+    const CallResult result = mustReturn(5, flash());
+    ExpectNear(result[1].matrix(), {{-2}, {3}});
+    ExpectNear(result[2].matrix(), {{4, -3}, {2 * third, third}});
+}
+
 TEST_F(FlashBasis, RepairNeedsFractionsThatSumToSomething)
 {
     find({{"Liquid", 0, {0.2, 0.8}}}, "mass");

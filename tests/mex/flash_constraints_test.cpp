@@ -185,6 +185,53 @@ TEST_F(FlashConstraints, StayInTheMaterialAfterTheCall)
     EXPECT_EQ(enthalpy, (std::vector<double>{5}));
 }
 
+TEST_F(FlashConstraints, InFrontOfARefusedArgumentLieInTheMaterialAlready)
+{
+    useBasis("mass");
+    const auto refuse = [this](FlashInput input, const char *message) {
+        input.composition = Row({0.2, 0.8});
+        expectRefused(5, flash(input), message);
+    };
+    // Each of these is refused behind the composition; the first only in front of all constraints.
+    refuse({.property1 = Scalar(1)}, "Expected string value for property 1");
+    ASSERT_TRUE(package.material);
+    const MaterialClient material(package.material.get());
+    std::vector<WideString> present;
+    std::vector<LONG> status;
+    EXPECT_EQ(material.getPresentPhases(present, status), S_OK);
+    EXPECT_EQ(present, Names({"Vapor", "Liquid"}));
+    std::vector<double> values;
+    EXPECT_EQ(material.getOverall("fraction", "mass", values), S_OK);
+    EXPECT_EQ(values, (std::vector<double>{0.2, 0.8}));
+    EXPECT_TRUE(FAILED(material.getOverall("temperature", "", values)));
+
+    refuse({.value1 = Scalar(311), .property2 = Scalar(1)}, "Expected string value for property 2");
+    EXPECT_EQ(material.getOverall("temperature", "", values), S_OK);
+    EXPECT_EQ(values, (std::vector<double>{311}));
+
+    refuse({.property1 = Text("enthalpy"), .value1 = Scalar(5), .value2 = Scalar(7), .solutionType = Scalar(1)},
+           "Expected string value for solution type");
+    EXPECT_EQ(material.getOverall("enthalpy", "mass", values), S_OK);
+    EXPECT_EQ(values, (std::vector<double>{5}));
+    EXPECT_EQ(material.getOverall("pressure", "", values), S_OK);
+    EXPECT_EQ(values, (std::vector<double>{7}));
+}
+
+TEST_F(FlashConstraints, BehindARefusedValueLeaveTheMaterialAlone)
+{
+    flashAndLook({}, [](const EquilibriumCall &) {});
+    expectRefused(5, flash({.value1 = Scalar(311), .value2 = Empty()}),
+                  "Invalid number of values for value 2: scalar expected");
+    const MaterialClient material(package.material.get());
+    std::vector<WideString> present;
+    std::vector<LONG> status;
+    EXPECT_EQ(material.getPresentPhases(present, status), S_OK);
+    EXPECT_EQ(present, Names({})); // as the flash has left it
+    std::vector<double> temperature;
+    EXPECT_EQ(material.getOverall("temperature", "", temperature), S_OK);
+    EXPECT_EQ(temperature, (std::vector<double>{300}));
+}
+
 TEST_F(FlashConstraints, TakeTheBasisOfTheLastFlash)
 {
     flashAndLook({.property1 = Text("enthalpy"), .value1 = Scalar(5)}, [](const EquilibriumCall &) {});

@@ -147,6 +147,13 @@ TEST_F(FlashResults, OfAFailedFlashAreAnErrorWithTheWordsOfThePackage)
     EXPECT_EQ(mustReturn(5, flash())[0].texts(), Names({"Liquid"}));
 }
 
+TEST_F(FlashResults, ComeAlsoWithAnotherSuccessThanOk)
+{
+    find({{"Liquid", 1, {0.5, 0.5}}});
+    package.answer("CalcEquilibrium", S_FALSE);
+    EXPECT_EQ(mustReturn(5, flash())[0].texts(), Names({"Liquid"}));
+}
+
 TEST_F(FlashResults, OfAClearedMaterialAreNoPhasesAndNoTemperature)
 {
     package.calcEquilibrium = [](const EquilibriumCall &request) { return request.material.get()->ClearAllProps(); };

@@ -99,6 +99,20 @@ TEST_F(PostFlash, CalculationsAreNotMadeWhenOnlyTemperatureAndPressureAreAsked)
     EXPECT_EQ(package.calls("CalcSinglePhaseProp"), 0);
 }
 
+TEST_F(PostFlash, CalculationsAreNotMadeForTheNamesOfAnEarlierCommand)
+{
+    find(0.5, 0.5);
+    package.calcSinglePhase = StoreSinglePhase({{"volume", "mole", {2}}, {"enthalpy", "mole", {8}}});
+    mustReturn(1, singlePhase());
+    report(3, "Temperature Pressure vaporFraction", 3);
+    EXPECT_EQ(package.calls("CalcSinglePhaseProp"), 1);
+    report(1, "enthalpy volume", 2);
+    EXPECT_EQ(package.calls("CalcSinglePhaseProp"), 3);
+    report(3, " ", 0);
+    report(3, "vaporFraction");
+    EXPECT_EQ(package.calls("CalcSinglePhaseProp"), 3);
+}
+
 TEST_F(PostFlash, CalculationsAreNotMadeForNamesThatAreCutAway)
 {
     find(0.5, 0.5);
@@ -189,6 +203,33 @@ TEST_F(PostFlash, FailureIsAWarningAndSkipsTheRemainingPhases)
                   "CAPE-OPEN: Failed to calculate post-flash Vapor properties: no root for 100% of it"}));
     EXPECT_EQ(result[0].cellMatrix(0), (Rows{{1500}, {1500}}));
     EXPECT_EQ(package.calls("CalcSinglePhaseProp"), 5); // two, one that failed, two
+}
+
+TEST_F(PostFlash, FailureIsToldInTheWordsOfThePropertyRoutine)
+{
+    find(0.5, 0.5);
+    calculate(1000, 2000);
+    enthalpies(); // both phases have a value now
+    package.answer("CalcSinglePhaseProp", computationFailed);
+    package.words = Description("no root");
+    package.words.onlyFrom = &InterfaceId<ICapeThermoPropertyRoutine>;
+    EXPECT_EQ(report(1).warnings,
+              (std::vector<std::string>{"CAPE-OPEN: Failed to calculate post-flash Vapor properties: no root"}));
+    package.words.onlyFrom = &InterfaceId<ICapeThermoEquilibriumRoutine>;
+    EXPECT_EQ(
+        report(1).warnings,
+        (std::vector<std::string>{"CAPE-OPEN: Failed to calculate post-flash Vapor properties: computation error"}));
+}
+
+TEST_F(PostFlash, AnotherSuccessThanOkIsNoFailure)
+{
+    find(0.5, 0.5);
+    calculate(1000, 2000);
+    package.answer("CalcSinglePhaseProp", S_FALSE);
+    const CallResult result = report(1);
+    EXPECT_EQ(result[0].cellMatrix(0), (Rows{{1500}}));
+    EXPECT_EQ(result.warnings, std::vector<std::string>());
+    EXPECT_EQ(package.calls("CalcSinglePhaseProp"), 2);
 }
 
 TEST_F(PostFlash, FailureIsToldWithTheLabelOfThePhaseList)

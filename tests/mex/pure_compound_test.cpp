@@ -2,6 +2,7 @@
 #include "tests/mex/calculation_test.h"
 
 #include <cmath>
+#include <limits>
 #include <ostream>
 
 using namespace support;
@@ -203,6 +204,64 @@ TEST_P(PureCompoundCommand, TellsAtWhichConditionThePackageFailed)
                   method() + " failed at 273.15 " + unit() + ": out of range");
     package.answer(method(), S_OK);
     EXPECT_EQ(mustReturn(1, arguments())[0].cellMatrix(0), (Rows{{1, 2}}));
+}
+
+TEST_P(PureCompoundCommand, TellsConditionsThatAreNoOrdinaryNumbers)
+{
+    package.answer(method(), computationFailed);
+    const double infinity = std::numeric_limits<double>::infinity();
+    const std::pair<double, const char *> conditions[] = {{infinity, "inf"},   {-infinity, "-inf"},
+                                                          {notANumber, "nan"}, {undefinedNumber, "-1.79769e+308"},
+                                                          {-0.0, "-0"},        {1e-7, "1e-07"}};
+    for (const auto &[condition, text] : conditions)
+        expectRefused(1, arguments({.conditions = Scalar(condition)}),
+                      method() + " failed at " + text + " " + unit() + ": computation error");
+}
+
+TEST_P(PureCompoundCommand, PassesConditionsOnAsTheyAre)
+{
+    std::vector<double> seen;
+    package.*GetParam().answer = [&](const CompoundCall &request, Variant &values) {
+        seen.push_back(request.condition);
+        values = NumberArray({1, 2});
+        return S_OK;
+    };
+    mustReturn(1, arguments({.conditions = Column({-1, 0, undefinedNumber, notANumber})}));
+    ASSERT_EQ(seen.size(), 4u);
+    EXPECT_EQ(seen[0], -1);
+    EXPECT_EQ(seen[1], 0);
+    EXPECT_EQ(seen[2], undefinedNumber);
+    EXPECT_TRUE(std::isnan(seen[3]));
+}
+
+TEST_P(PureCompoundCommand, HasTheWordsOfTheCompoundsInterface)
+{
+    package.answer(method(), computationFailed);
+    package.words = Description("out of range");
+    package.words.onlyFrom = &InterfaceId<ICapeThermoCompounds>;
+    expectRefused(1, arguments(), method() + " failed at 300 " + unit() + ": out of range");
+    package.words.onlyFrom = &InterfaceId<ICapeThermoPropertyRoutine>;
+    expectRefused(1, arguments(), method() + " failed at 300 " + unit() + ": computation error");
+}
+
+TEST_P(PureCompoundCommand, TakesAnotherSuccessThanOkForSuccess)
+{
+    answer(NumberArray({1, 2}));
+    package.answer(method(), S_FALSE);
+    EXPECT_EQ(mustReturn(1, arguments())[0].cellMatrix(0), (Rows{{1, 2}}));
+}
+
+TEST_P(PureCompoundCommand, ShowsWhatThePackageLogsAsWarnings)
+{
+    answer(NumberArray({1, 2}));
+    package.onCall = [this](const std::string &called) {
+        if (called == method()) {
+            EXPECT_EQ(LogMessage(package, "extrapolating"), S_OK);
+        }
+    };
+    const CallResult result = mustReturn(1, arguments({.conditions = Column({300, 310})}));
+    EXPECT_EQ(result[0].cellMatrix(0), (Rows{{1, 2}, {1, 2}}));
+    EXPECT_EQ(result.warnings, (std::vector<std::string>{"CAPE-OPEN: extrapolating", "CAPE-OPEN: extrapolating"}));
 }
 
 TEST_P(PureCompoundCommand, RefusesAnArrayOfAnotherElementType)

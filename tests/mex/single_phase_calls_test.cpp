@@ -148,6 +148,25 @@ TEST_F(SinglePhaseCalls, DeclareTheirPhasePresentAndLeaveTheOthersAsTheyAre)
     EXPECT_EQ(present, (std::vector<std::vector<WideString>>{Names({"Liquid"}), Names({"Vapor", "Liquid"})}));
 }
 
+TEST_F(SinglePhaseCalls, PrepareTheirPhaseAlsoWhenThePackageHasNoPropertyRoutine)
+{
+    package.refuse(InterfaceId<ICapeThermoPropertyRoutine>);
+    call(1, singlePhase({.phase = Text("Liquid")}));
+    ASSERT_TRUE(package.material);
+    const MaterialClient material(package.material.get());
+    EXPECT_EQ(presentPhases(material), Names({"Liquid"}));
+    // The composition that is there is now said to be per mole.
+    EXPECT_EQ(material.setSinglePhase("fraction", "Liquid", "mass", {0.2, 0.8}), S_OK);
+    call(1, singlePhase({.phase = Text("Liquid")}));
+    std::vector<double> fractions;
+    EXPECT_EQ(material.getSinglePhase("fraction", "Liquid", "mole", fractions), S_OK);
+    EXPECT_EQ(fractions, (std::vector<double>{0.2, 0.8}));
+    // A refusal in front of that leaves the material alone.
+    EXPECT_EQ(material.setPresentPhases({}), S_OK);
+    call(1, singlePhase({.names = Text("kvalue"), .phase = Text("Liquid")}));
+    EXPECT_EQ(presentPhases(material), Names({}));
+}
+
 TEST_F(SinglePhaseCalls, SurviveAPackageThatClearsTheMaterial)
 {
     package.calcSinglePhase = [](const SinglePhaseCall &request) {

@@ -234,6 +234,91 @@ TEST_F(TwoPhaseResults, OfAFailedCalculationAreTheWordsOfThePackageAndTheConditi
     EXPECT_EQ(mustReturn(1, twoPhase())[0].cellMatrix(0), (Rows{{0.07}}));
 }
 
+TEST_F(TwoPhaseResults, OfAFailedCalculationHaveTheWordsOfThePropertyRoutine)
+{
+    package.answer("CalcTwoPhaseProp", computationFailed);
+    package.words = Description("one phase only");
+    package.words.onlyFrom = &InterfaceId<ICapeThermoPropertyRoutine>;
+    expectRefused(1, twoPhase(), "CalcTwoPhaseProp failed: one phase only");
+    package.words.onlyFrom = &InterfaceId<ICapeThermoEquilibriumRoutine>;
+    expectRefused(1, twoPhase(), "CalcTwoPhaseProp failed: computation error");
+}
+
+TEST_F(TwoPhaseResults, ComeAlsoWithAnotherSuccessThanOk)
+{
+    package.answer("CalcTwoPhaseProp", S_FALSE);
+    EXPECT_EQ(result("surfaceTension", {0.07}), (Rows{{0.07}}));
+}
+
+TEST_F(TwoPhaseResults, ComeWithWhatThePackageLogged)
+{
+    package.onCall = [this](const std::string &method) {
+        if (method == "CalcTwoPhaseProp") {
+            EXPECT_EQ(LogMessage(package, "extrapolating"), S_OK);
+        }
+    };
+    package.calcTwoPhase = StoreTwoPhase({{"surfaceTension", "", {0.07}}});
+    const CallResult shown = mustReturn(1, twoPhase({.pressures = Column({1, 2})}));
+    EXPECT_EQ(shown[0].cellMatrix(0), (Rows{{0.07}, {0.07}}));
+    EXPECT_EQ(shown.warnings, (std::vector<std::string>{"CAPE-OPEN: extrapolating", "CAPE-OPEN: extrapolating"}));
+    showWarnings(false);
+    EXPECT_EQ(mustReturn(1, twoPhase()).warnings, std::vector<std::string>());
+}
+
+TEST_F(TwoPhaseResults, RefusedByTheMaterialAreThePackagesOwnFailure)
+{
+    package.words = Description("the material refused");
+    package.calcTwoPhase = StoreTwoPhase({{"surfaceTension", "mole", {0.07}}});
+    expectRefused(1, twoPhase(), "CalcTwoPhaseProp failed: the material refused");
+    package.calcTwoPhase = StoreTwoPhase({{"surfaceTension", "", {0.07, 0.08}}});
+    expectRefused(1, twoPhase(), "CalcTwoPhaseProp failed: the material refused");
+    EXPECT_EQ(result("surfaceTension", {0.07}), (Rows{{0.07}}));
+}
+
+// Accented letters differ by case for the phases of a package but not for the names of its values.
+TEST_F(TwoPhaseResults, LieUnderTheLabelAsTypedInTheCaseOfItsAccentedLetters)
+{
+    package.phaseLabels = TextArray({"Vapor", "Flüssig"});
+    const TwoPhaseInput input = {.phase2 = Text("FLÜSSIG")};
+    package.calcTwoPhase = [](const TwoPhaseCall &request) {
+        EXPECT_EQ(request.phases, Names({"Vapor", "FLÜSSIG"}));
+        return request.material.setTwoPhase("surfaceTension", {"Vapor", "Flüssig"}, "", {0.07});
+    };
+    expectRefused(1, twoPhase(input), "Property value was not set by property package during calculation");
+    package.calcTwoPhase = [](const TwoPhaseCall &request) {
+        return request.material.setTwoPhase("surfaceTension", request.phases, "", {0.08});
+    };
+    EXPECT_EQ(mustReturn(1, twoPhase(input))[0].cellMatrix(0), (Rows{{0.08}}));
+}
+
+TEST_F(TwoPhaseResults, PrepareTheirPhasesAlsoWhenThePackageHasNoPropertyRoutine)
+{
+    package.phaseLabels = TextArray({"Vapor", "Liquid", "Solid"});
+    package.statesOfAggregation = TextArray({"Vapor", "Liquid", "Solid"});
+    package.refuse(InterfaceId<ICapeThermoPropertyRoutine>);
+    call(1, twoPhase({.phase1 = Text("Solid"), .phase2 = Text("Vapor")}));
+    ASSERT_TRUE(package.material);
+    const MaterialClient material(package.material.get());
+    std::vector<WideString> present;
+    std::vector<LONG> status;
+    EXPECT_EQ(material.getPresentPhases(present, status), S_OK);
+    EXPECT_EQ(present, Names({"Vapor", "Solid"}));
+    // The compositions that are there are now said to be per mole.
+    for (const char *phase : {"Solid", "Vapor"})
+        EXPECT_EQ(material.setSinglePhase("fraction", phase, "mass", {0.2, 0.8}), S_OK);
+    call(1, twoPhase({.phase1 = Text("Solid"), .phase2 = Text("Vapor")}));
+    for (const char *phase : {"Solid", "Vapor"}) {
+        std::vector<double> fractions;
+        EXPECT_EQ(material.getSinglePhase("fraction", phase, "mole", fractions), S_OK);
+        EXPECT_EQ(fractions, (std::vector<double>{0.2, 0.8}));
+    }
+    // A refusal in front of that leaves the material alone.
+    EXPECT_EQ(material.setPresentPhases({}), S_OK);
+    call(1, twoPhase({.phase2 = Text("vapor")}));
+    EXPECT_EQ(material.getPresentPhases(present, status), S_OK);
+    EXPECT_EQ(present, Names({}));
+}
+
 TEST_F(TwoPhaseResults, SurviveAPackageThatClearsTheMaterialOrTakesPhasesAway)
 {
     package.calcTwoPhase = [](const TwoPhaseCall &request) {

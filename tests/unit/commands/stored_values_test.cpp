@@ -82,6 +82,11 @@ protected:
         return {Scalar(23),     Scalar(1),       Int32(handle),   Text(name),    Scalar(300),
                 Scalar(100000), Row({0.5, 0.5}), Row({0.5, 0.5}), Text("Vapor"), Text("Liquid")};
     }
+    std::vector<Array> batch(const char *name) const
+    {
+        return {Scalar(25),       Int32(handle), Row({0.5, 0.5}), Text("Temperature"), Scalar(300),
+                Text("Pressure"), Scalar(1e5),   Text(""),        Scalar(1),           Text(name)};
+    }
 
     PackageScript script;
     std::int32_t handle = 0;
@@ -141,6 +146,18 @@ TEST_F(StoredValues, WithoutTheLowBitInTheirBasisArePerMole)
     EXPECT_EQ(mustReturn(SinglePhasePropertyCommand, singlePhase("enthalpy")).cellMatrix(0), (Rows{{1000}}));
 }
 
+TEST_F(StoredValues, HaveTheSameBasisWhenTheLowBitsAreTheSame)
+{
+    script.calcSinglePhase = [this](const SinglePhaseCall &) {
+        store(OLESTR("enthalpy"), {0}, 3);
+        store(OLESTR("enthalpy.DmolFraction"), {1000, 2000}, 1);
+        return S_OK;
+    };
+    const Rows values = mustReturn(SinglePhasePropertyCommand, singlePhase("enthalpy.DmolFraction")).cellMatrix(0);
+    EXPECT_NEAR(values.at(0).at(0), 27, 1e-12); // times 0.027 kg/mol
+    EXPECT_NEAR(values.at(0).at(1), 54, 1e-12);
+}
+
 TEST_F(StoredValues, OfTwoPhasesAreHalvedAndAnOddLastOneIsDropped)
 {
     script.calcTwoPhase = [this](const TwoPhaseCall &) {
@@ -170,8 +187,10 @@ TEST_F(StoredValues, AfterAFlashCountWithTheFirstOnly)
         store(OLESTR("enthalpy"), {8, 100});
         return S_OK;
     };
-    const std::vector<Array> arguments = {Scalar(25),  Int32(handle),    Row({0.5, 0.5}), Text("Temperature"),
-                                          Scalar(300), Text("Pressure"), Scalar(1e5),     Text(""),
-                                          Scalar(1),   Text("enthalpy")};
-    EXPECT_EQ(mustReturn(BatchFlashCommand, arguments).cellMatrix(0), (Rows{{4}}));
+    EXPECT_EQ(mustReturn(BatchFlashCommand, batch("enthalpy")).cellMatrix(0), (Rows{{4}}));
+    script.calcSinglePhase = [this](const SinglePhaseCall &) {
+        store(OLESTR("enthalpy"), {10}, 2); // per mole: the low bit is not set
+        return S_OK;
+    };
+    EXPECT_EQ(mustReturn(BatchFlashCommand, batch("enthalpy")).cellMatrix(0), (Rows{{5}}));
 }
