@@ -101,7 +101,8 @@ bring_up() {
     # The first window of all starts a desktop, which inherits its program's output, too, and ends a second after the
     # last window. With a window that stays for a while, a test is not kept waiting for that.
     has_window || {
-        quietly setsid timeout $window_seconds "$wine" notepad &
+        # Replaces the shell that the & makes, which would hold a caller's pipe for as long as the window stays.
+        (exec setsid timeout $window_seconds "$wine" notepad </dev/null >>"$build/wine.log" 2>&1 9>&-) &
         echo $! >"$window"
     }
 }
