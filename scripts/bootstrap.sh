@@ -30,6 +30,8 @@ need g++-mingw-w64-i686-posix program i686-w64-mingw32-g++-posix
 need wine64 any_of /usr/lib/wine/wine64 wine64 wine
 need wine program wineserver
 need util-linux program flock
+need octave program octave-cli
+need octave-dev program mkoctfile
 
 for work in "$@"; do
     case $work in

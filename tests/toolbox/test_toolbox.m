@@ -1,0 +1,259 @@
+% Runs one of the test functions below in Octave:  octave-cli tests/toolbox/test_toolbox.m TEST TOOLBOX VERDANTH
+% TOOLBOX is the folder of the functions, VERDANTH the one where `Verdanth` is found.
+1;
+
+function check(holds, varargin)
+    if ~holds
+        error(varargin{:});
+    end
+end
+
+function message = message_of(action)
+    message = '';
+    try
+        action();
+    catch problem
+        message = problem.message;
+    end
+end
+
+% The commands by their codes, and how their outputs reach the library.
+function commands = command_table()
+    plain = {1, 'ManagerList'; 2, 'PackageList'; 3, 'Create'; 5, 'HandleList'; 6, 'Name'; 7, 'CompoundList'
+             8, 'PhaseList'; 9, 'PhaseState'; 10, 'ConstantPropList'; 11, 'TDependentPropList'
+             12, 'PDependentPropList'; 13, 'SinglePhasePropList'; 14, 'TwoPhasePropList'; 15, 'FlashPropList'
+             16, 'Constant'; 19, 'PropUnit'; 26, 'Version'};
+    silent = {4, 'Release'; 17, 'Warnings'; 18, 'Basis'; 28, 'Help'};
+    counted = {20, 'TDependentProp'; 21, 'PDependentProp'; 22, 'SinglePhaseProp'; 23, 'TwoPhaseProp'};
+    commands = struct('plain', {plain}, 'silent', {silent}, 'counted', {counted});
+end
+
+function check_call(name, code, inputs, outputs)
+    global recorded_inputs recorded_outputs
+    check(isequal(recorded_inputs{1}, code) && isa(recorded_inputs{1}, 'double'), ...
+          '%s calls command %g', name, recorded_inputs{1});
+    check(isequal(recorded_inputs(2:end), reshape(inputs, 1, numel(inputs))), '%s changes its arguments', name);
+    check(recorded_outputs == outputs, '%s asks for %d outputs, not %d', name, recorded_outputs, outputs);
+end
+
+function every_function_has_a_command(toolbox)
+    table = command_table();
+    names = [table.plain(:, 2); table.silent(:, 2); table.counted(:, 2); {'Flash'; 'MultiFlash'}];
+    files = dir(fullfile(toolbox, '*.m'));
+    expected = sort([strcat('capeOpen', names, '.m'); {'Contents.m'}]);
+    check(isequal(sort({files.name}.'), expected), 'the functions are not those of the commands');
+end
+
+function arguments_are_passed_on_as_they_are(toolbox)
+    table = command_table();
+    rows = [table.plain; table.silent];
+    lists = {{}, {'a'}, {int32(3), {'x', 'y'}, [], true}, num2cell(1:12)};
+    for k = 1:size(rows, 1)
+        name = ['capeOpen' rows{k, 2}];
+        for l = 1:numel(lists)
+            feval(name, lists{l}{:});
+            check_call(name, rows{k, 1}, lists{l}, double(k <= size(table.plain, 1)));
+        end
+    end
+end
+
+function too_many_outputs_reach_the_library(toolbox)
+    table = command_table();
+    for k = 1:size(table.plain, 1)
+        name = ['capeOpen' table.plain{k, 2}];
+        [a, b] = feval(name, 'x');
+        check_call(name, table.plain{k, 1}, {'x'}, 2);
+    end
+    for k = 1:size(table.silent, 1)
+        name = ['capeOpen' table.silent{k, 2}];
+        a = feval(name, 'x');
+        check_call(name, table.silent{k, 1}, {'x'}, 1);
+    end
+    [a, b, c, d, e, f] = capeOpenFlash('x');
+    check_call('capeOpenFlash', 24, {'x'}, 6);
+end
+
+function the_number_of_outputs_goes_through_as_an_argument(toolbox)
+    global next_answer
+    table = command_table();
+    for k = 1:size(table.counted, 1)
+        name = ['capeOpen' table.counted{k, 2}];
+        next_answer = {10};
+        feval(name, 'x', 'y');
+        check_call(name, table.counted{k, 1}, {0, 'x', 'y'}, 1);
+        next_answer = {10; 20; 30};
+        [a, b, c] = feval(name, int32(1), {'p' 'q' 'r'});
+        check_call(name, table.counted{k, 1}, {3, int32(1), {'p' 'q' 'r'}}, 1);
+        check(isequal({a, b, c}, {10, 20, 30}), '%s mixes up its results', name);
+        next_answer = {10};
+        a = feval(name);
+        check_call(name, table.counted{k, 1}, {1}, 1);
+    end
+end
+
+function a_flash_always_asks_for_its_five_results(toolbox)
+    capeOpenFlash(1, 2, 3, 4, 5, 6, 7);
+    check_call('capeOpenFlash', 24, {1, 2, 3, 4, 5, 6, 7}, 5);
+    for wanted = 1:5
+        results = cell(1, wanted);
+        [results{:}] = capeOpenFlash(1, 2, 3, 4, 5, 6, 7);
+        check_call('capeOpenFlash', 24, {1, 2, 3, 4, 5, 6, 7}, 5);
+        check(isequal(results, num2cell(1:wanted)), 'the results are mixed up');
+    end
+end
+
+function a_batch_of_flashes_puts_the_number_of_outputs_before_the_names(toolbox)
+    global next_answer
+    next_answer = {[1; 2]; [3; 4]};
+    [a, b] = capeOpenMultiFlash(1, 2, 3, 4, 5, 6, 7, {'p', 'q'});
+    check_call('capeOpenMultiFlash', 25, {1, 2, 3, 4, 5, 6, 7, 2, {'p', 'q'}}, 1);
+    check(isequal({a, b}, next_answer.'), 'the results are mixed up');
+    next_answer = {5};
+    a = capeOpenMultiFlash(1, 2, 3, 4, 5, 6, 7, 'p', 9);
+    check_call('capeOpenMultiFlash', 25, {1, 2, 3, 4, 5, 6, 7, 1, 'p', 9}, 1);
+    capeOpenMultiFlash();
+    check_call('capeOpenMultiFlash', 25, {0}, 1);
+    capeOpenMultiFlash(1, 2);
+    check_call('capeOpenMultiFlash', 25, {1, 2, 0}, 1);
+end
+
+% The lines of the example in a help text, as they stand.
+function code = example_of(file)
+    text = fileread(file);
+    block = regexp(text, '%   Example:\n((?:%     .*\n)+)', 'tokens', 'once', 'dotexceptnewline');
+    check(~isempty(block), '%s has no example', file);
+    code = regexprep(block{1}, '^%     ', '', 'lineanchors');
+end
+
+function every_example_runs_and_leaves_no_package_open(toolbox)
+    files = dir(fullfile(toolbox, 'capeOpen*.m'));
+    for k = 1:numel(files)
+        code = example_of(fullfile(toolbox, files(k).name));
+        try
+            shown = evalc(code);
+        catch problem
+            error('the example of %s fails: %s', files(k).name, problem.message);
+        end
+        quiet = {'capeOpenRelease.m', 'capeOpenWarnings.m', 'capeOpenPDependentProp.m', 'capeOpenTwoPhaseProp.m'};
+        check(~isempty(shown) ~= ismember(files(k).name, quiet), '%s shows this: %s', files(k).name, shown);
+        check(isempty(capeOpenHandleList()), '%s leaves a package open', files(k).name);
+    end
+end
+
+function the_words_of_errors_arrive_unchanged_and_stand_in_the_help(toolbox)
+    check(strcmp(message_of(@() capeOpenCompoundList(int32(-1))), 'Invalid property package handle'), 'unopened');
+    h = capeOpenCreate('Verdanth Reference Packages', 'Natural gas');
+    X = [0.8 0.08 0.05 0.02 0 0.01 0 0 0.02 0.02 0];
+    flash = @(varargin) capeOpenFlash(h, varargin{:});
+    batch = @(varargin) capeOpenMultiFlash(h, varargin{:});
+    property = @(varargin) capeOpenSinglePhaseProp(h, varargin{:});
+    pair = @(varargin) capeOpenTwoPhaseProp(h, varargin{:});
+    T = 'Temperature'; P = 'Pressure'; U = 'Unspecified';
+    cases = {
+        'PackageList', 'Expected string for argument', @() capeOpenPackageList(1)
+        'PackageList', 'no such package manager: "..."', @() capeOpenPackageList('nobody')
+        'Create', 'Expected string for package manager name', @() capeOpenCreate(1, 'a')
+        'Create', 'Expected string for package name', @() capeOpenCreate('a', 1)
+        'Create', 'no such package manager: "..."', @() capeOpenCreate('verdanth natural gas (stand-alone)', '')
+        'Create', 'package creation failed: ...', @() capeOpenCreate('Verdanth Reference Packages', 'Air')
+        'Release', 'Invalid property package handle', @() capeOpenRelease(double(h))
+        'PhaseState', 'Expected string value for phase ID', @() capeOpenPhaseState(h, 1)
+        'PhaseState', 'Undefined phase', @() capeOpenPhaseState(h, 'Solid')
+        'Constant', 'Expected a string value for property name', @() capeOpenConstant(h, 1)
+        'Constant', 'GetCompoundConstant failed: ...', @() capeOpenConstant(h, 'charge')
+        'Warnings', 'Invalid number of arguments for Verdanth', @() capeOpenWarnings()
+        'Basis', 'Expected string value ''mole'' or ''mass'' as argument', @() capeOpenBasis('molar')
+        'PropUnit', 'Expected string value for property name', @() capeOpenPropUnit(1)
+        'PropUnit', 'unknown / unsupported property', @() capeOpenPropUnit('colour')
+        'TDependentProp', 'Expected string or cell array of strings for property names', @() capeOpenTDependentProp(h, 1, 300)
+        'TDependentProp', 'Expected column array for temperatures', @() capeOpenTDependentProp(h, 'idealGasHeatCapacity', [300 310])
+        'TDependentProp', 'GetTDependentProperty failed at ...', @() capeOpenTDependentProp(h, 'vaporPressure', 300)
+        'PDependentProp', 'Expected column array for pressures', @() capeOpenPDependentProp(h, 'meltingTemperature', [1 2])
+        'PDependentProp', 'GetPDependentProperty failed at ...', @() capeOpenPDependentProp(h, 'meltingTemperature', 1e5)
+        'SinglePhaseProp', 'Expected string or cell array of strings for property names', @() property(1, 300, 1e5, X, 'Vapor')
+        'SinglePhaseProp', 'Expected column array for temperatures', @() property('density', [300 310], 1e5, X, 'Vapor')
+        'SinglePhaseProp', 'Inconsistent number of temperatures and pressures', @() property('density', [300; 310], [1e5; 2e5; 3e5], X, 'Vapor')
+        'SinglePhaseProp', 'Invalid number of columns for compositions: must match number of compounds', @() property('density', 300, 1e5, X(1:5), 'Vapor')
+        'SinglePhaseProp', 'Inconsistent number of temperatures, pressures and compositions', @() property('density', [300; 310; 320], 1e5, [X; X], 'Vapor')
+        'SinglePhaseProp', 'Invalid phase ID', @() property('density', 300, 1e5, X, 'Solid')
+        'SinglePhaseProp', 'Invalid / unsupported 1-phase property: ...', @() property('colour', 300, 1e5, X, 'Vapor')
+        'SinglePhaseProp', 'Property calculations cannot be performed at multiple conditions if any property has matrix dimensions', @() property('diffusionCoefficient', [300; 310], 1e5, X, 'Vapor')
+        'SinglePhaseProp', 'CalcSinglePhaseProp failed, at ... Pa, at ... K: ...', @() property('viscosity', [300; 310], [1e5; 2e5], X, 'Vapor')
+        'TwoPhaseProp', 'Invalid phase ID 1', @() pair('kvalue', 300, 1e5, X, X, 'Solid', 'Vapor')
+        'TwoPhaseProp', 'Phases for two-phase property cannot be the same', @() pair('kvalue', 300, 1e5, X, X, 'Vapor', 'vapor')
+        'TwoPhaseProp', 'Invalid / unsupported 2-phase property: ...', @() pair('density', 300, 1e5, X, X, 'Vapor', 'Liquid')
+        'TwoPhaseProp', 'CalcTwoPhaseProp failed, at ... Pa, at ... K: ...', @() pair('kvalue', [300; 310], [1e5; 2e5], X, X, 'Vapor', 'Liquid')
+        'Flash', 'Invalid number of values for compositions: must match number of compounds', @() flash(X(1:5), T, 220, P, 1e5, U)
+        'Flash', 'Invalid number of values for value 1: scalar expected', @() flash(X, T, [220 230], P, 1e5, U)
+        'Flash', 'Expected string value for property 1', @() flash(X, 1, 220, P, 1e5, U)
+        'Flash', 'Not a valid flash property: ... (use capeOpenFlashPropList for list of valid properties)', @() flash(X, 'density', 220, P, 1e5, U)
+        'Flash', 'Expected string value for solution type', @() flash(X, T, 220, P, 1e5, 1)
+        'Flash', 'CalcEquilibrium failed: ...', @() flash(X, T, 220, 'enthalpy', 1e3, U)
+        'MultiFlash', 'Inconsistent number of rows for compositions and constraint values', @() batch(X, T, [1; 2; 3], P, [1; 2], U, P)
+        'MultiFlash', 'Expected column vector for value 1', @() batch(X, T, [220 230], P, 1e5, U, P)
+        'MultiFlash', 'Not a valid flash property: ... (use capeOpenFlashPropList for list of valid properties)', @() batch(X, 'density', 220, P, 1e5, U, P)
+        'MultiFlash', 'Invalid / unsupported flash property: ...', @() batch(X, T, 220, P, 1e5, U, 'density')
+        'Help', 'Failed to load help file', @() capeOpenHelp()
+    };
+    for k = 1:size(cases, 1)
+        % Three dots stand for what differs from case to case.
+        pattern = ['^' strrep(regexptranslate('escape', cases{k, 2}), '\.\.\.', '.+') '$'];
+        message = message_of(cases{k, 3});
+        check(~isempty(regexp(message, pattern, 'once')), '%s: not "%s", but "%s"', cases{k, 1}, cases{k, 2}, message);
+        help_text = fileread(fullfile(toolbox, ['capeOpen' cases{k, 1} '.m']));
+        check(~isempty(strfind(help_text, ['''' cases{k, 2} ''''])), '%s: "%s" is not in its help', cases{k, 1}, cases{k, 2});
+    end
+    capeOpenRelease(h);
+end
+
+function text_of_any_alphabet_passes(toolbox)
+    check(strcmp(message_of(@() capeOpenPackageList('Gärung 水')), 'no such package manager: "Gärung 水"'), 'changed');
+end
+
+function settings_start_anew_after_clearing(toolbox)
+    capeOpenBasis('mass');
+    check(strcmp(capeOpenPropUnit('density'), 'kg / m3'), 'mass basis');
+    clear Verdanth
+    check(strcmp(capeOpenPropUnit('density'), 'mol / m3'), 'mole basis');
+end
+
+function warnings_come_as_warnings(toolbox)
+    h = capeOpenCreate('Verdanth Reference Packages', 'Natural gas');
+    X = [0.8 0.08 0.05 0.02 0 0.01 0 0 0.02 0.02 0];
+    lastwarn('');
+    capeOpenWarnings(0);
+    v = capeOpenMultiFlash(h, X, 'Temperature', [200; 210], 'vaporFraction', 0.5, 'Unspecified', 'Pressure');
+    check(all(isnan(v)) && numel(v) == 2 && isempty(lastwarn()), 'without warnings');
+    capeOpenWarnings(uint8(1));
+    shown = evalc('capeOpenMultiFlash(h, X, ''Temperature'', [200; 210], ''vaporFraction'', 0.5, ''Unspecified'', ''Pressure'');');
+    check(strncmp(lastwarn(), 'CAPE-OPEN: Flash failed at 210, 0.5: ', 37), 'with warnings: %s', lastwarn());
+    capeOpenRelease(h);
+end
+
+% Arguments of classes that the library has no use for are refused by it, and never misread.
+function classes_of_arguments_are_told_apart(toolbox)
+    h = capeOpenCreate('Verdanth Reference Packages', 'Natural gas');
+    X = [0.8 0.08 0.05 0.02 0 0.01 0 0 0.02 0.02 0];
+    density = @(T, X) capeOpenSinglePhaseProp(h, 'density', T, 1e5, X, 'Vapor');
+    expected = density(300, X);
+    check(isequal(density(300, sparse(X)), expected), 'a sparse array is not full');
+    check(isequal(density(300:300, X), expected), 'a range is no array');
+    for wrong = {single(300), int32(300), uint8(200), true, 300 + 1i}
+        check(strcmp(message_of(@() density(wrong{1}, X)), 'Expected double precision vector for temperatures'), ...
+              'a %s is taken', class(wrong{1}));
+    end
+    check(strcmp(message_of(@() capeOpenName(uint32(h))), 'Invalid property package handle'), 'uint32');
+    check(strcmp(message_of(@() capeOpenPropUnit(struct())), 'Expected string value for property name'), 'struct');
+    check(strcmp(capeOpenPropUnit({'density'}), 'mol / m3'), 'one-element cell');
+    capeOpenRelease(h);
+end
+
+inputs = argv();
+test = inputs{1};
+toolbox = inputs{2};
+addpath(toolbox, inputs{3});
+failure = message_of(@() feval(test, toolbox));
+if ~isempty(failure)
+    fprintf(stderr, '%s\n', failure);
+    exit(1);
+end

@@ -1,0 +1,36 @@
+% Verdanth: CAPE-OPEN 1.1 property packages in MATLAB and Octave.
+%
+% Packages
+%   capeOpenManagerList         - List the property package managers of this machine.
+%   capeOpenPackageList         - List the packages of a package manager.
+%   capeOpenCreate              - Open a property package.
+%   capeOpenRelease             - Close a property package.
+%   capeOpenHandleList          - List the handles of all open packages.
+%   capeOpenName                - Name of an open package.
+%
+% What a package knows
+%   capeOpenCompoundList        - List the compounds of a package.
+%   capeOpenPhaseList           - List the phases that a package can calculate.
+%   capeOpenPhaseState          - State of aggregation of a phase.
+%   capeOpenConstantPropList    - List the compound constants that a package knows.
+%   capeOpenTDependentPropList  - List the temperature-dependent properties of pure compounds.
+%   capeOpenPDependentPropList  - List the pressure-dependent properties of pure compounds.
+%   capeOpenSinglePhasePropList - List the properties that a package calculates for a phase.
+%   capeOpenTwoPhasePropList    - List the properties that a package calculates for two phases.
+%   capeOpenFlashPropList       - List what a flash can be specified by.
+%
+% Calculations
+%   capeOpenConstant            - A constant of all compounds.
+%   capeOpenTDependentProp      - Temperature-dependent properties of all compounds.
+%   capeOpenPDependentProp      - Pressure-dependent properties of all compounds.
+%   capeOpenSinglePhaseProp     - Properties of one phase over arrays of conditions.
+%   capeOpenTwoPhaseProp        - Properties of a pair of phases over arrays of conditions.
+%   capeOpenFlash               - One phase equilibrium.
+%   capeOpenMultiFlash          - Phase equilibria over arrays of conditions.
+%
+% Settings and information
+%   capeOpenBasis               - Choose mole or mass basis.
+%   capeOpenWarnings            - Switch warnings on or off.
+%   capeOpenPropUnit            - Unit of a property.
+%   capeOpenVersion             - Version of the library.
+%   capeOpenHelp                - Open the help file.

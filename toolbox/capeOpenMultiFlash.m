@@ -1,0 +1,68 @@
+function varargout = capeOpenMultiFlash(varargin)
+%capeOpenMultiFlash  Phase equilibria over arrays of conditions.
+%
+%   [r1, r2, ...] = capeOpenMultiFlash(handle, Z, name1, values1, name2, values2, solution, names)
+%
+%   Calculates N flashes and reports temperature, pressure, vapor fraction and
+%   overall properties of each. A flash that fails does not stop the others.
+%
+%   Arguments:
+%     handle  int32 scalar from capeOpenCreate
+%     Z       overall compositions, double N-by-n or 1-by-n, a column for each
+%             compound: mole fractions, in mass basis mass fractions
+%     name1   first specification: a name that capeOpenFlashPropList gives
+%     values1
+%             its values, double N-by-1 or scalar
+%     name2   second specification
+%     values2
+%             its values, double N-by-1 or scalar
+%     solution
+%             which of several solutions is wanted: 'Unspecified', 'Normal',
+%             'Retrograde' or another word that the package knows
+%     names   what to report: names that capeOpenFlashPropList gives, as a
+%             text with blanks between the names, or a cell array of texts
+%
+%   Results:
+%     r1, r2  double N-by-1, one for each name in its order. A row whose flash
+%             failed holds NaN, and a warning tells why. The value of a
+%             property is the sum over the phases, each with its fraction.
+%
+%   An argument with one row holds for all flashes. Names beyond the number of
+%   results that are asked for are not calculated.
+%
+%   Errors:
+%     'Invalid property package handle'
+%             The package is not open: it was released, MATLAB cleared
+%             Verdanth, or the value is not an int32 scalar.
+%     'Too many output arguments'
+%             More results are asked for than names are given.
+%     'Inconsistent number of rows for compositions and constraint values'
+%             Two arguments have more than one row, and not the same number.
+%     'Expected column vector for value 1'
+%             The values are not N-by-1. The same is said of value 2.
+%     'Not a valid flash property: ... (use capeOpenFlashPropList for list of valid properties)'
+%             A flash can not be specified by this property.
+%     'Invalid / unsupported flash property: ...'
+%             This can not be reported.
+%
+%   Warnings:
+%     'CAPE-OPEN: Flash failed at ..., ...: ...'
+%             The flash with these two values failed; the package's words
+%             follow.
+%     'CAPE-OPEN: Failed to calculate post-flash ... properties: ...'
+%             The flash was found, but not the properties of this phase. What
+%             the row reports of these properties is not to be trusted.
+%
+%   Example:
+%     handle = capeOpenCreate('Verdanth Reference Packages', 'Natural gas');
+%     X = [0.8 0.08 0.05 0.02 0 0.01 0 0 0.02 0.02 0];
+%     T = (180:10:300).';
+%     [fraction, enthalpy] = capeOpenMultiFlash(handle, X, ...
+%         'Temperature', T, 'Pressure', 40e5, 'Unspecified', ...
+%         'vaporFraction enthalpy')
+%     capeOpenRelease(handle)
+%
+%   See also capeOpenFlash, capeOpenFlashPropList, capeOpenWarnings, capeOpenBasis.
+values = Verdanth(25, varargin{1:min(end, 7)}, nargout, varargin{8:end});
+varargout = values.';
+end

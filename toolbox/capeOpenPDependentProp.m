@@ -1,0 +1,42 @@
+function varargout = capeOpenPDependentProp(varargin)
+%capeOpenPDependentProp  Pressure-dependent properties of all compounds.
+%
+%   [v1, v2, ...] = capeOpenPDependentProp(handle, names, P)
+%
+%   Arguments:
+%     handle  int32 scalar from capeOpenCreate
+%     names   names of properties, as capeOpenPDependentPropList gives them: a
+%             text with blanks between the names, or a cell array of texts
+%     P       pressures in Pa, double N-by-1
+%
+%   Results:
+%     v1, v2  double N-by-n, one for each name in its order: a row for each
+%             pressure, a column for each compound
+%
+%   Names beyond the number of results that are asked for are not calculated.
+%
+%   Errors:
+%     'Invalid property package handle'
+%             The package is not open: it was released, MATLAB cleared
+%             Verdanth, or the value is not an int32 scalar.
+%     'Expected string or cell array of strings for property names'
+%             The names are something else.
+%     'Too many output arguments'
+%             More results are asked for than names are given.
+%     'Expected column array for pressures'
+%             The pressures are not N-by-1.
+%     'GetPDependentProperty failed at ...'
+%             The package refused at this value; its own words follow.
+%
+%   Example:
+%     handle = capeOpenCreate('Verdanth Reference Packages', 'Natural gas');
+%     names = capeOpenPDependentPropList(handle);
+%     if ~isempty(names) % the reference package has none
+%         T = capeOpenPDependentProp(handle, names{1}, [1e5; 2e5])
+%     end
+%     capeOpenRelease(handle)
+%
+%   See also capeOpenPDependentPropList, capeOpenPropUnit, capeOpenTDependentProp.
+values = Verdanth(21, nargout, varargin{:});
+varargout = values.';
+end

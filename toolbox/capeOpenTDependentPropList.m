@@ -1,0 +1,29 @@
+function varargout = capeOpenTDependentPropList(varargin)
+%capeOpenTDependentPropList  List the temperature-dependent properties of pure compounds.
+%
+%   names = capeOpenTDependentPropList(handle)
+%
+%   Arguments:
+%     handle  int32 scalar from capeOpenCreate
+%
+%   Results:
+%     names   n-by-1 cell array of properties, 0-by-0 when there are
+%             none. Names that Verdanth does not know are left out.
+%
+%   Errors:
+%     'Invalid property package handle'
+%             The package is not open: it was released, MATLAB cleared
+%             Verdanth, or the value is not an int32 scalar.
+%     'GetTDependentPropList failed: ...'
+%             The package refused; its own words follow.
+%     'Invalid result from GetTDependentPropList: ...'
+%             The package answered with something that is no list of names.
+%
+%   Example:
+%     handle = capeOpenCreate('Verdanth Reference Packages', 'Natural gas');
+%     names = capeOpenTDependentPropList(handle)
+%     capeOpenRelease(handle)
+%
+%   See also capeOpenTDependentProp, capeOpenPropUnit.
+[varargout{1:max(nargout, 1)}] = Verdanth(11, varargin{:});
+end

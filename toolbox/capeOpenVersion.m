@@ -1,0 +1,15 @@
+function varargout = capeOpenVersion(varargin)
+%capeOpenVersion  Version of the library.
+%
+%   version = capeOpenVersion()
+%
+%   Results:
+%     version  text with four numbers, such as
+%              'Verdanth.DLL version: 2.0.0.4'
+%
+%   Example:
+%     version = capeOpenVersion()
+%
+%   See also capeOpenHelp.
+[varargout{1:max(nargout, 1)}] = Verdanth(26, varargin{:});
+end
