@@ -15,7 +15,7 @@ build=$root/build
 lock=$build/wine.lock
 ready=$build/wine/.ready
 window=$build/wine/.window
-recipe=5        # raise when make_prefix changes: older prefixes are then made anew
+recipe=6        # raise when make_prefix changes: older prefixes are then made anew
 idle_seconds=60
 window_seconds=1800
 
@@ -24,6 +24,10 @@ export WINEDEBUG="${WINEDEBUG:--all}"
 # The same code page and language everywhere, whoever runs the tests.
 export LC_ALL=C.UTF-8
 unset DISPLAY WAYLAND_DISPLAY WINEARCH LANGUAGE
+
+# The libraries of 32-bit programs, where scripts/bootstrap.sh had to put them beside the installed Wine.
+half=/usr/local/lib/verdanth-wine
+[ ! -d $half ] || export WINEDLLPATH=$half
 
 # Debian's loader for 64-bit programs, without its launcher's advice about 32-bit ones.
 wine=/usr/lib/wine/wine64
@@ -68,6 +72,11 @@ REG
     quietly wineserver -k || true
     [ -f "$WINEPREFIX/system.reg" ] || {
         echo "wine.sh: the Wine prefix could not be made; see $build/wine.log" >&2
+        return 1
+    }
+    # Wine leaves the 32-bit half out without a word when it does not find it.
+    [ -f "$WINEPREFIX/drive_c/windows/syswow64/kernel32.dll" ] || {
+        echo "wine.sh: this Wine has no 32-bit half; scripts/bootstrap.sh installs it." >&2
         return 1
     }
     drop_classes
