@@ -55,8 +55,22 @@ double mxGetScalar(const mxArray *array)
         return firstElement<double>(array);
     case mxSINGLE_CLASS:
         return firstElement<float>(array);
+    case mxINT8_CLASS:
+        return firstElement<std::int8_t>(array);
+    case mxUINT8_CLASS:
+        return firstElement<std::uint8_t>(array);
+    case mxINT16_CLASS:
+        return firstElement<std::int16_t>(array);
+    case mxUINT16_CLASS:
+        return firstElement<std::uint16_t>(array);
     case mxINT32_CLASS:
         return firstElement<std::int32_t>(array);
+    case mxUINT32_CLASS:
+        return firstElement<std::uint32_t>(array);
+    case mxINT64_CLASS:
+        return firstElement<std::int64_t>(array);
+    case mxUINT64_CLASS:
+        return firstElement<std::uint64_t>(array);
     default:
         return 0;
     }

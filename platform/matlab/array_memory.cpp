@@ -37,8 +37,22 @@ std::size_t elementSize(mxClassID classId)
         return sizeof(double);
     case mxSINGLE_CLASS:
         return sizeof(float);
+    case mxINT8_CLASS:
+    case mxUINT8_CLASS:
+        return 1;
+    case mxINT16_CLASS:
+    case mxUINT16_CLASS:
+        return 2;
     case mxINT32_CLASS:
-        return sizeof(std::int32_t);
+    case mxUINT32_CLASS:
+        return 4;
+    case mxINT64_CLASS:
+    case mxUINT64_CLASS:
+        return 8;
+    case mxUNKNOWN_CLASS:
+    case mxSTRUCT_CLASS:
+    case mxFUNCTION_CLASS:
+        return 1; // a MEX function that looks into none of them is told class and size alone
     default:
         misuse("an array of a class that it doesn't have");
     }

@@ -18,7 +18,15 @@ enum mxClassID {
     mxCHAR_CLASS = 4,
     mxDOUBLE_CLASS = 6,
     mxSINGLE_CLASS = 7,
+    mxINT8_CLASS = 8,
+    mxUINT8_CLASS = 9,
+    mxINT16_CLASS = 10,
+    mxUINT16_CLASS = 11,
     mxINT32_CLASS = 12,
+    mxUINT32_CLASS = 13,
+    mxINT64_CLASS = 14,
+    mxUINT64_CLASS = 15,
+    mxFUNCTION_CLASS = 16,
 };
 enum mxComplexity { mxREAL = 0, mxCOMPLEX = 1 };
 
@@ -33,7 +41,7 @@ std::size_t mxGetM(const mxArray *array);
 std::size_t mxGetN(const mxArray *array); // the product of all dimensions behind the first
 
 // The first element as a double, whatever the class. MATLAB promises nothing for an empty array;
-// the stand-in gives 0, which is also the answer for a cell.
+// the stand-in gives 0, which is also the answer for a class that holds no numbers.
 double mxGetScalar(const mxArray *array);
 
 // Data blocks. The stand-in gives null for an empty array, for a cell, and where the class is not

@@ -149,3 +149,26 @@ TEST(ScalarOfAnArray, IsZeroForAnEmptyArrayAndForACell)
     mxSetCell_730(cell.get(), 0, mxCreateLogicalScalar(true));
     EXPECT_EQ(mxGetScalar(cell.get()), 0.0);
 }
+
+TEST(ArrayData, TheFirstElementOfEveryNumericClassIsReadAsADouble)
+{
+    const mxClassID classes[] = {mxINT8_CLASS,  mxUINT8_CLASS,  mxINT16_CLASS, mxUINT16_CLASS,
+                                 mxINT32_CLASS, mxUINT32_CLASS, mxINT64_CLASS, mxUINT64_CLASS};
+    for (const mxClassID classId : classes) {
+        Array array = numeric({1, 3}, classId);
+        *static_cast<std::int8_t *>(mxGetData(array.get())) = 7; // the low byte
+        EXPECT_EQ(mxGetScalar(array.get()), 7.0) << classId;
+        EXPECT_EQ(mxGetNumberOfElements(array.get()), 3u) << classId;
+        EXPECT_FALSE(mxIsDouble(array.get())) << classId;
+    }
+}
+
+TEST(ArrayData, AClassThatHoldsNoNumbersIsToldBySizeAlone)
+{
+    for (const mxClassID classId : {mxUNKNOWN_CLASS, mxSTRUCT_CLASS, mxFUNCTION_CLASS}) {
+        Array array = numeric({2, 2}, classId);
+        EXPECT_EQ(mxGetNumberOfElements(array.get()), 4u) << classId;
+        EXPECT_EQ(mxGetScalar(array.get()), 0.0) << classId;
+        EXPECT_EQ(mxGetPr(array.get()), nullptr) << classId;
+    }
+}

@@ -236,15 +236,66 @@ function classes_of_arguments_are_told_apart(toolbox)
     X = [0.8 0.08 0.05 0.02 0 0.01 0 0 0.02 0.02 0];
     density = @(T, X) capeOpenSinglePhaseProp(h, 'density', T, 1e5, X, 'Vapor');
     expected = density(300, X);
-    check(isequal(density(300, sparse(X)), expected), 'a sparse array is not full');
     check(isequal(density(300:300, X), expected), 'a range is no array');
-    for wrong = {single(300), int32(300), uint8(200), true, 300 + 1i}
+    for wrong = {single(300), int32(300), uint8(200), int64(300), true, 300 + 1i, sparse(300), @sin, struct('a', 1)}
         check(strcmp(message_of(@() density(wrong{1}, X)), 'Expected double precision vector for temperatures'), ...
               'a %s is taken', class(wrong{1}));
     end
     check(strcmp(message_of(@() capeOpenName(uint32(h))), 'Invalid property package handle'), 'uint32');
     check(strcmp(message_of(@() capeOpenPropUnit(struct())), 'Expected string value for property name'), 'struct');
     check(strcmp(capeOpenPropUnit({'density'}), 'mol / m3'), 'one-element cell');
+    capeOpenRelease(h);
+end
+
+function errors_carry_the_identifier_of_the_library(~)
+    try
+        capeOpenName(1);
+        identifier = 'none';
+    catch failure
+        identifier = failure.identifier;
+    end
+    check(strcmp(identifier, 'Verdanth:error'), 'identifier "%s"', identifier);
+end
+
+% A number of any class tells whether warnings are wanted.
+function numbers_of_any_class_are_read(~)
+    types = {'int8', 'uint8', 'int16', 'uint16', 'int32', 'uint32', 'int64', 'uint64', 'single', 'double', 'logical'};
+    h = capeOpenCreate('Verdanth Reference Packages', 'Natural gas');
+    X = [0.8 0.08 0.05 0.02 0 0.01 0 0 0.02 0.02 0];
+    for type = types
+        for wanted = [0 1]
+            capeOpenWarnings(feval(type{1}, wanted));
+            lastwarn('');
+            evalc('capeOpenMultiFlash(h, X, ''Temperature'', 210, ''vaporFraction'', 0.5, ''Unspecified'', ''Pressure'');');
+            check(wanted ~= isempty(lastwarn()), '%s %d', type{1}, wanted);
+        end
+    end
+    capeOpenRelease(h);
+end
+
+function clearing_everything_in_mid_use_closes_the_packages(~)
+    capeOpenCreate('Verdanth Reference Packages', 'Natural gas');
+    clear all
+    check(isempty(capeOpenHandleList()), 'a package is still open');
+    check(numel(capeOpenCompoundList(capeOpenCreate('Verdanth Reference Packages', 'Natural gas'))) == 11, 'compounds');
+end
+
+function a_thousand_packages_come_and_go(~)
+    for k = 1:1000
+        capeOpenRelease(capeOpenCreate('Verdanth Reference Packages', 'Natural gas'));
+    end
+    check(isempty(capeOpenHandleList()), 'a package is still open');
+end
+
+function a_hundred_thousand_conditions_take_one_call(~)
+    h = capeOpenCreate('Verdanth Reference Packages', 'Natural gas');
+    X = [0.8 0.08 0.05 0.02 0 0.01 0 0 0.02 0.02 0];
+    T = linspace(250, 400, 100000)';
+    v = capeOpenSinglePhaseProp(h, 'density', T, 1e5, X, 'Vapor');
+    check(isequal(size(v), size(T)), 'size');
+    for k = [1 12345 100000]
+        check(v(k) == capeOpenSinglePhaseProp(h, 'density', T(k), 1e5, X, 'Vapor'), 'row %d', k);
+    end
     capeOpenRelease(h);
 end
 

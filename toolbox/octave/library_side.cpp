@@ -1,154 +1,187 @@
-// The bridge's side towards the library: it plays MATLAB with the stand-in's arrays.
-#include "platform/matlab/mex_export.h"
+// The library's side: plays MATLAB for Verdanth.so with the stand-in's arrays.
 #include "platform/matlab/standin.h"
-#include "platform/native/encoding.h"
-#include "platform/native/paths.h"
-#include "toolbox/octave/value.h"
+#include "platform/platform.h"
+#include "toolbox/octave/bridge.h"
+
+#include <dlfcn.h>
 
 #include <algorithm>
-#include <dlfcn.h>
+#include <cstring>
 
 namespace {
 
-using bridge::Kind;
-using bridge::Value;
+struct ClassOfKind {
+    BridgeValue::Kind kind;
+    mxClassID classId;
+    std::size_t elementSize; // of classes whose elements go over as they are
+};
 
-void *library = nullptr;
+constexpr ClassOfKind classes[] = {
+    {BridgeValue::Opaque, mxUNKNOWN_CLASS, 0}, {BridgeValue::Cell, mxCELL_CLASS, 0},
+    {BridgeValue::Text, mxCHAR_CLASS, 0},      {BridgeValue::Logical, mxLOGICAL_CLASS, sizeof(bool)},
+    {BridgeValue::Double, mxDOUBLE_CLASS, 8},  {BridgeValue::Single, mxSINGLE_CLASS, 4},
+    {BridgeValue::Int8, mxINT8_CLASS, 1},      {BridgeValue::UInt8, mxUINT8_CLASS, 1},
+    {BridgeValue::Int16, mxINT16_CLASS, 2},    {BridgeValue::UInt16, mxUINT16_CLASS, 2},
+    {BridgeValue::Int32, mxINT32_CLASS, 4},    {BridgeValue::UInt32, mxUINT32_CLASS, 4},
+    {BridgeValue::Int64, mxINT64_CLASS, 8},    {BridgeValue::UInt64, mxUINT64_CLASS, 8},
+};
 
-MexFunction loadLibrary(std::string &error)
+const ClassOfKind &classOf(BridgeValue::Kind kind)
 {
-    // Its calls of mxGetPr and the like have to reach the stand-in's, and not Octave's of the same names.
-    if (!library)
-        library = dlopen((native::platformFolder() + "/Verdanth.so").c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_DEEPBIND);
-    void *entry = library ? dlsym(library, "mexFunction") : nullptr;
-    if (!entry)
-        error = std::string("Verdanth could not be loaded: ") + dlerror();
-    return reinterpret_cast<MexFunction>(entry);
+    return *std::find_if(std::begin(classes), std::end(classes), [&](const ClassOfKind &c) { return c.kind == kind; });
 }
 
-mxArray *textArray(const Value &value)
+BridgeValue::Kind kindOf(mxClassID classId)
 {
-    const bool isRow = value.dimensions.size() == 2 && value.dimensions[0] == 1;
-    // Only a row is sure to hold characters one after the other.
-    const std::u16string text =
-        isRow ? native::toUtf16(value.text) : std::u16string(value.text.begin(), value.text.end());
-    std::vector<mwSize> dimensions(value.dimensions);
-    if (isRow)
-        dimensions[1] = text.size();
-    mxArray *array = mxCreateCharArray_730(dimensions.size(), dimensions.data());
-    std::copy(text.begin(), text.end(), mxGetChars(array));
+    const auto *found = std::find_if(std::begin(classes), std::end(classes),
+                                     [&](const ClassOfKind &c) { return c.classId == classId; });
+    return found == std::end(classes) ? BridgeValue::Opaque : found->kind;
+}
+
+// A text is one row whatever its shape was: the library reads it column after column, too.
+mxArray *textArray(const std::string &text)
+{
+    const int bytes = static_cast<int>(text.size());
+    const int units = bytes == 0 ? 0 : MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, nullptr, 0);
+    const mwSize dimensions[] = {1, static_cast<mwSize>(units)};
+    mxArray *array = mxCreateCharArray_730(2, dimensions);
+    if (array && units > 0)
+        MultiByteToWideChar(CP_UTF8, 0, text.data(), bytes, mxGetChars(array), units);
     return array;
 }
 
-mxArray *numberArray(const Value &value)
+std::string textOf(const mxArray *array)
 {
-    mxArray *array = mxCreateNumericArray_730(value.dimensions.size(), value.dimensions.data(), mxDOUBLE_CLASS,
-                                              value.imaginary.empty() ? mxREAL : mxCOMPLEX);
-    std::copy(value.numbers.begin(), value.numbers.end(), mxGetPr(array));
-    std::copy(value.imaginary.begin(), value.imaginary.end(), mxGetPi(array));
+    const int units = static_cast<int>(mxGetNumberOfElements(array));
+    if (units == 0)
+        return {};
+    const int bytes = WideCharToMultiByte(CP_UTF8, 0, mxGetChars(array), units, nullptr, 0, nullptr, nullptr);
+    std::string text(static_cast<std::size_t>(bytes), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, mxGetChars(array), units, text.data(), bytes, nullptr, nullptr);
+    return text;
+}
+
+// Null when there is no memory, as for a missing element.
+mxArray *arrayOf(const BridgeValue &value)
+{
+    if (value.kind == BridgeValue::Missing)
+        return nullptr;
+    if (value.kind == BridgeValue::Text)
+        return textArray(value.text);
+    const ClassOfKind &type = classOf(value.kind);
+    mxArray *array = mxCreateNumericArray_730(value.dimensions.size(), value.dimensions.data(), type.classId,
+                                              value.imaginary ? mxCOMPLEX : mxREAL);
+    if (!array)
+        return nullptr;
+    for (std::size_t i = 0; i < value.elements.size(); ++i)
+        mxSetCell_730(array, i, arrayOf(value.elements[i]));
+    const std::size_t bytes = mxGetNumberOfElements(array) * type.elementSize;
+    if (bytes > 0 && value.real)
+        std::memcpy(mxGetData(array), value.real, bytes);
+    if (bytes > 0 && value.imaginary && value.kind == BridgeValue::Double)
+        std::memcpy(mxGetPi(array), value.imaginary, bytes);
     return array;
 }
 
-template <class Element> mxArray *convertedArray(const Value &value, mxClassID classId)
+BridgeValue valueOf(const mxArray *array)
 {
-    mxArray *array = mxCreateNumericArray_730(value.dimensions.size(), value.dimensions.data(), classId, mxREAL);
-    std::transform(value.numbers.begin(), value.numbers.end(), static_cast<Element *>(mxGetData(array)),
-                   [](double number) { return static_cast<Element>(number); });
-    return array;
-}
-
-mxArray *toArray(const Value &value)
-{
-    switch (value.kind) {
-    case Kind::number:
-        return numberArray(value);
-    case Kind::logical:
-        return convertedArray<bool>(value, mxLOGICAL_CLASS);
-    case Kind::int32:
-        return convertedArray<std::int32_t>(value, mxINT32_CLASS);
-    case Kind::text:
-        return textArray(value);
-    case Kind::cell: {
-        mxArray *array = mxCreateCellArray_730(value.dimensions.size(), value.dimensions.data());
-        for (std::size_t i = 0; i < value.elements.size(); ++i)
-            mxSetCell_730(array, i, toArray(value.elements[i]));
-        return array;
-    }
-    case Kind::other:
-        break;
-    }
-    // Neither double nor int32, char or cell, so it is refused where one of these is needed; but its value can be read.
-    return convertedArray<float>(value, mxSINGLE_CLASS);
-}
-
-Value fromArray(const mxArray *array)
-{
-    Value value;
-    if (!array) { // the empty place of a cell
-        value.kind = Kind::number;
-        value.dimensions = {0, 0};
+    BridgeValue value;
+    if (!array)
         return value;
-    }
+    value.kind = kindOf(mxGetClassID(array));
     value.dimensions.assign(mxGetDimensions(array), mxGetDimensions(array) + mxGetNumberOfDimensions(array));
-    const std::size_t count = mxGetNumberOfElements(array);
-    switch (mxGetClassID(array)) {
-    case mxDOUBLE_CLASS:
-        value.kind = Kind::number;
-        value.numbers.assign(mxGetPr(array), mxGetPr(array) + count);
-        break;
-    case mxINT32_CLASS: {
-        value.kind = Kind::int32;
-        const auto *data = static_cast<const std::int32_t *>(mxGetData(array));
-        value.numbers.assign(data, data + count);
-        break;
-    }
-    case mxCHAR_CLASS:
-        value.kind = Kind::text;
-        value.text = native::toUtf8(std::u16string_view(mxGetChars(array), count));
-        if (count != 0)
-            value.dimensions = {1, value.text.size()}; // the library's texts are rows
-        break;
-    case mxCELL_CLASS:
-        value.kind = Kind::cell;
-        for (std::size_t i = 0; i < count; ++i)
-            value.elements.push_back(fromArray(mxGetCell_730(array, i)));
-        break;
-    default:
-        break;
-    }
+    if (value.kind == BridgeValue::Text)
+        value.text = textOf(array);
+    else if (value.kind == BridgeValue::Cell)
+        for (std::size_t i = 0; i < mxGetNumberOfElements(array); ++i)
+            value.elements.push_back(valueOf(mxGetCell_730(array, i)));
+    else
+        value.real = mxGetData(array);
     return value;
 }
 
+class Library final : public LibrarySide {
+public:
+    bool call(int outputs, const std::vector<BridgeValue> &arguments) override
+    {
+        release();
+        warned.clear();
+        if (!load())
+            return false;
+        given.clear();
+        for (const BridgeValue &argument : arguments)
+            given.push_back(arrayOf(argument));
+        returned.assign(static_cast<std::size_t>(std::max(outputs, 1)), nullptr);
+        const bool worked = !std::count(given.begin(), given.end(), nullptr)
+                                ? mexStandInCall(function, outputs, returned.data(), static_cast<int>(given.size()),
+                                                 const_cast<const mxArray **>(given.data()), mexLEAVE_UNWIND)
+                                : false;
+        words = worked ? "" : std::count(given.begin(), given.end(), nullptr) ? "Out of memory." : mexStandInError();
+        for (std::size_t i = 0; i < mexStandInWarningCount(); ++i)
+            warned.emplace_back(mexStandInWarning(i));
+        mexStandInClearWarnings();
+        for (const mxArray *array : returned)
+            values.push_back(valueOf(array));
+        return worked;
+    }
+
+    const std::vector<BridgeValue> &results() const override { return values; }
+    const std::string &error() const override { return words; }
+    const std::vector<std::string> &warnings() const override { return warned; }
+
+    void release() override
+    {
+        values.clear();
+        for (std::vector<mxArray *> *arrays : {&given, &returned}) {
+            for (mxArray *array : *arrays)
+                mxDestroyArray(array);
+            arrays->clear();
+        }
+    }
+
+    void unload() override
+    {
+        release();
+        if (!module)
+            return;
+        mexStandInRunExit();
+        dlclose(module);
+        module = nullptr;
+        function = nullptr;
+    }
+
+private:
+    // Verdanth.so lies beside this library. Octave has given the names that it uses to functions of its own; with
+    // RTLD_DEEPBIND those of the libraries it was linked with come first.
+    bool load()
+    {
+        if (module)
+            return true;
+        Dl_info self{};
+        dladdr(reinterpret_cast<void *>(&VerdanthLibrarySide), &self);
+        std::string path = self.dli_fname;
+        path.resize(path.rfind('/') + 1);
+        path += "Verdanth.so";
+        module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_DEEPBIND);
+        if (module)
+            function = reinterpret_cast<MexFunction>(dlsym(module, "mexFunction"));
+        if (!function)
+            words = std::string("Verdanth could not be loaded: ") + dlerror();
+        return function != nullptr;
+    }
+
+    void *module = nullptr;
+    MexFunction function = nullptr;
+    std::vector<mxArray *> given, returned;
+    std::vector<BridgeValue> values;
+    std::vector<std::string> warned;
+    std::string words;
+};
+
 } // namespace
 
-extern "C" MEX_EXPORT bool VerdanthRunCall(bridge::Call &call)
+LibrarySide *VerdanthLibrarySide()
 {
-    const MexFunction function = loadLibrary(call.error);
-    if (!function)
-        return false;
-    std::vector<mxArray *> arguments;
-    for (const Value &argument : call.arguments)
-        arguments.push_back(toArray(argument));
-    std::vector<mxArray *> results(static_cast<std::size_t>(std::max(call.resultCount, 1)), nullptr);
-    mexStandInClearWarnings();
-    const bool returned = mexStandInCall(function, call.resultCount, results.data(), static_cast<int>(arguments.size()),
-                                         const_cast<const mxArray **>(arguments.data()), mexLEAVE_UNWIND);
-    if (!returned)
-        call.error = mexStandInError();
-    for (std::size_t i = 0; i < mexStandInWarningCount(); ++i)
-        call.warnings.emplace_back(mexStandInWarning(i));
-    for (mxArray *result : results)
-        if (result)
-            call.results.push_back(fromArray(result));
-    std::for_each(arguments.begin(), arguments.end(), mxDestroyArray);
-    std::for_each(results.begin(), results.end(), mxDestroyArray);
-    return returned;
-}
-
-extern "C" MEX_EXPORT void VerdanthEndLibrary()
-{
-    mexStandInRunExit();
-    if (library)
-        dlclose(library);
-    library = nullptr;
+    static Library library;
+    return &library;
 }

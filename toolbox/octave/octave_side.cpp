@@ -1,178 +1,151 @@
-// The function `Verdanth` of Octave: the bridge's side towards Octave.
-#include "toolbox/octave/value.h"
+// Octave's side: the MEX function that Octave calls. Errors and warnings become Octave's here, and arrays are turned
+// into its own.
+#include "toolbox/octave/bridge.h"
+#include "toolbox/octave/octave_errors.h"
+
+#include <mex.h>
+
+#include <dlfcn.h>
 
 #include <algorithm>
 #include <cstring>
-#include <dlfcn.h>
-#include <mex.h>
+#include <string>
+#include <vector>
 
 namespace {
 
-using bridge::Kind;
-using bridge::Value;
+constexpr char errorIdentifier[] = "Verdanth:error";
+constexpr char warningIdentifier[] = "Verdanth:warning";
 
-void *librarySide = nullptr;
-bridge::RunCall runCall = nullptr;
-bridge::EndLibrary endLibrary = nullptr;
+void *module = nullptr;
+LibrarySide *library = nullptr;
+std::string errorText; // of the process: raising an error leaves this file without a destructor run
 
-std::string folder()
+// The library's side lies beside this file. Its names must be its own, not those that Octave has for the same.
+bool loadLibrarySide()
 {
-    static const char anchor = 0;
-    Dl_info info;
-    const std::string path = dladdr(&anchor, &info) != 0 && info.dli_fname ? info.dli_fname : "";
-    const std::size_t separator = path.rfind('/');
-    return separator == std::string::npos ? "." : path.substr(0, separator);
-}
-
-void cleared()
-{
-    if (endLibrary)
-        endLibrary();
-    if (librarySide)
-        dlclose(librarySide);
-    librarySide = nullptr;
-}
-
-bool loadLibrarySide(std::string &error)
-{
-    if (librarySide)
+    if (library)
         return true;
-    librarySide = dlopen((folder() + "/libverdanth_octave.so").c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_DEEPBIND);
-    if (!librarySide) {
-        error = dlerror();
+    Dl_info self{};
+    dladdr(reinterpret_cast<void *>(&loadLibrarySide), &self);
+    std::string path = self.dli_fname;
+    path.resize(path.rfind('/') + 1);
+    path += "libverdanth_octave.so";
+    module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_DEEPBIND);
+    const auto getter = module ? reinterpret_cast<LibrarySideGetter>(dlsym(module, "VerdanthLibrarySide")) : nullptr;
+    if (!getter) {
+        errorText = std::string("Verdanth could not be loaded: ") + dlerror();
         return false;
     }
-    runCall = reinterpret_cast<bridge::RunCall>(dlsym(librarySide, "VerdanthRunCall"));
-    endLibrary = reinterpret_cast<bridge::EndLibrary>(dlsym(librarySide, "VerdanthEndLibrary"));
-    mexAtExit(cleared);
+    library = getter();
     return true;
 }
 
-template <class Element> void readElements(const mxArray *array, Value &value)
+// At `clear all` and at the end of Octave.
+void unload()
 {
-    const auto *data = static_cast<const Element *>(mxGetData(array));
-    value.numbers.assign(data, data + mxGetNumberOfElements(array));
+    if (library)
+        library->unload();
+    library = nullptr;
 }
 
-// Sparse arrays keep their zeros to themselves; the library expects all elements.
-mxArray *fullCopy(const mxArray *sparse)
-{
-    mxArray *input = const_cast<mxArray *>(sparse);
-    mxArray *output = nullptr;
-    mexCallMATLAB(1, &output, 1, &input, "full");
-    return output;
-}
+struct KindOfClass {
+    mxClassID classId;
+    BridgeValue::Kind kind;
+};
 
-Value fromOctave(const mxArray *array)
+constexpr KindOfClass kinds[] = {
+    {mxCELL_CLASS, BridgeValue::Cell},       {mxCHAR_CLASS, BridgeValue::Text},
+    {mxLOGICAL_CLASS, BridgeValue::Logical}, {mxDOUBLE_CLASS, BridgeValue::Double},
+    {mxSINGLE_CLASS, BridgeValue::Single},   {mxINT8_CLASS, BridgeValue::Int8},
+    {mxUINT8_CLASS, BridgeValue::UInt8},     {mxINT16_CLASS, BridgeValue::Int16},
+    {mxUINT16_CLASS, BridgeValue::UInt16},   {mxINT32_CLASS, BridgeValue::Int32},
+    {mxUINT32_CLASS, BridgeValue::UInt32},   {mxINT64_CLASS, BridgeValue::Int64},
+    {mxUINT64_CLASS, BridgeValue::UInt64},
+};
+
+BridgeValue valueOf(const mxArray *array)
 {
-    Value value;
+    BridgeValue value;
     if (!array)
         return value;
-    if (mxIsSparse(array)) {
-        mxArray *full = fullCopy(array);
-        value = fromOctave(full);
-        mxDestroyArray(full);
-        return value;
-    }
-    const mwSize *dimensions = mxGetDimensions(array);
-    value.dimensions.assign(dimensions, dimensions + mxGetNumberOfDimensions(array));
+    value.dimensions.assign(mxGetDimensions(array), mxGetDimensions(array) + mxGetNumberOfDimensions(array));
+    const auto *found = std::find_if(std::begin(kinds), std::end(kinds),
+                                     [&](const KindOfClass &k) { return k.classId == mxGetClassID(array); });
+    value.kind = found == std::end(kinds) || mxIsSparse(array) ? BridgeValue::Opaque : found->kind;
     const std::size_t count = mxGetNumberOfElements(array);
-    switch (mxGetClassID(array)) {
-    case mxDOUBLE_CLASS:
-        value.kind = Kind::number;
-        value.numbers.assign(mxGetPr(array), mxGetPr(array) + count);
-        if (mxIsComplex(array))
-            value.imaginary.assign(mxGetPi(array), mxGetPi(array) + count);
-        break;
-    case mxLOGICAL_CLASS:
-        value.kind = Kind::logical;
-        readElements<mxLogical>(array, value);
-        break;
-    case mxINT32_CLASS:
-        value.kind = Kind::int32;
-        readElements<std::int32_t>(array, value);
-        break;
-    case mxCHAR_CLASS:
-        value.kind = Kind::text;
-        value.text.assign(mxGetChars(array), count);
-        break;
-    case mxCELL_CLASS:
-        value.kind = Kind::cell;
+    if (value.kind == BridgeValue::Text) {
+        // An element is a byte of UTF-8.
+        value.text.assign(static_cast<const char *>(mxGetData(array)), count);
+    } else if (value.kind == BridgeValue::Cell) {
         for (std::size_t i = 0; i < count; ++i)
-            value.elements.push_back(fromOctave(mxGetCell(array, static_cast<mwIndex>(i))));
-        break;
-    default: // of other classes the library reads at most the first element
-        if (mxIsNumeric(array) && count != 0)
-            value.numbers.assign(1, mxGetScalar(array));
-        value.dimensions.assign(2, value.numbers.size());
-        break;
+            value.elements.push_back(valueOf(mxGetCell(array, static_cast<mwIndex>(i))));
+    } else if (value.kind != BridgeValue::Opaque) {
+        value.real = mxGetData(array);
+        value.imaginary = mxIsComplex(array) ? mxGetImagData(array) : nullptr;
     }
     return value;
 }
 
-mxArray *toOctave(const Value &value)
+mxArray *arrayOf(const BridgeValue &value)
 {
     const std::vector<mwSize> dimensions(value.dimensions.begin(), value.dimensions.end());
     const auto dimensionCount = static_cast<mwSize>(dimensions.size());
-    mxArray *array = nullptr;
     switch (value.kind) {
-    case Kind::text:
-        array = mxCreateCharArray(dimensionCount, dimensions.data());
-        std::copy(value.text.begin(), value.text.end(), mxGetChars(array));
-        break;
-    case Kind::int32:
-        array = mxCreateNumericArray(dimensionCount, dimensions.data(), mxINT32_CLASS, mxREAL);
-        std::transform(value.numbers.begin(), value.numbers.end(), static_cast<std::int32_t *>(mxGetData(array)),
-                       [](double number) { return static_cast<std::int32_t>(number); });
-        break;
-    case Kind::cell:
-        array = mxCreateCellArray(dimensionCount, dimensions.data());
+    case BridgeValue::Text: {
+        const mwSize row[] = {1, static_cast<mwSize>(value.text.size())};
+        mxArray *array = mxCreateCharArray(2, row);
+        std::memcpy(mxGetData(array), value.text.data(), value.text.size());
+        return array;
+    }
+    case BridgeValue::Cell: {
+        mxArray *array = mxCreateCellArray(dimensionCount, dimensions.data());
         for (std::size_t i = 0; i < value.elements.size(); ++i)
-            mxSetCell(array, static_cast<mwIndex>(i), toOctave(value.elements[i]));
-        break;
-    default:
-        array = mxCreateNumericArray(dimensionCount, dimensions.data(), mxDOUBLE_CLASS, mxREAL);
-        std::copy(value.numbers.begin(), value.numbers.end(), mxGetPr(array));
-        break;
+            if (value.elements[i].kind != BridgeValue::Missing)
+                mxSetCell(array, static_cast<mwIndex>(i), arrayOf(value.elements[i]));
+        return array;
     }
-    return array;
+    case BridgeValue::Double:
+    case BridgeValue::Int32: {
+        const mxClassID classId = value.kind == BridgeValue::Double ? mxDOUBLE_CLASS : mxINT32_CLASS;
+        mxArray *array = mxCreateNumericArray(dimensionCount, dimensions.data(), classId, mxREAL);
+        const std::size_t bytes = mxGetNumberOfElements(array) * mxGetElementSize(array);
+        if (bytes > 0)
+            std::memcpy(mxGetData(array), value.real, bytes);
+        return array;
+    }
+    default: // the library returns nothing else
+        return mxCreateDoubleMatrix(0, 0, mxREAL);
+    }
 }
 
-// Passes the call on. False with the text to raise in `error`.
-bool pass(int nlhs, mxArray *plhs[], int nrhs, const mxArray *prhs[], std::string &error)
+// Everything but raising, so that nothing of ours is alive when an error or a warning leaves this file.
+bool call(int nlhs, mxArray *plhs[], int nrhs, const mxArray *prhs[])
 {
-    if (!loadLibrarySide(error))
+    if (!loadLibrarySide())
         return false;
-    bridge::Call call;
-    call.resultCount = nlhs;
+    std::vector<BridgeValue> arguments;
     for (int i = 0; i < nrhs; ++i)
-        call.arguments.push_back(fromOctave(prhs[i]));
-    const bool returned = runCall(call);
-    for (const std::string &warning : call.warnings)
-        mexWarnMsgTxt(warning.c_str());
-    if (!returned) {
-        error = call.error;
-        return false;
-    }
-    const std::size_t room = static_cast<std::size_t>(std::max(nlhs, 1));
-    for (std::size_t i = 0; i < std::min(room, call.results.size()); ++i)
-        plhs[i] = toOctave(call.results[i]);
-    return true;
-}
-
-// Does not return. Octave's mexErrMsgTxt would put the name of this function in front of the words.
-void raise(const char *message)
-{
-    mxArray *inputs[] = {mxCreateString("%s"), mxCreateString(message)};
-    mexCallMATLAB(0, nullptr, 2, inputs, "error");
+        arguments.push_back(valueOf(prhs[i]));
+    const bool worked = library->call(nlhs, arguments);
+    if (worked)
+        for (std::size_t i = 0; i < library->results().size(); ++i)
+            if (library->results()[i].kind != BridgeValue::Missing)
+                plhs[i] = arrayOf(library->results()[i]);
+    errorText = library->error();
+    library->release();
+    return worked;
 }
 
 } // namespace
 
 extern "C" void mexFunction(int nlhs, mxArray *plhs[], int nrhs, const mxArray *prhs[])
 {
-    static std::string error; // nothing that owns anything is alive when it is raised
-    error.clear();
-    if (!pass(nlhs, plhs, nrhs, prhs, error))
-        raise(error.c_str());
+    mexAtExit(unload);
+    const bool worked = call(nlhs, plhs, nrhs, prhs);
+    if (library)
+        for (std::size_t i = 0; i < library->warnings().size(); ++i)
+            GiveOctaveWarning(warningIdentifier, library->warnings()[i].c_str());
+    if (!worked)
+        RaiseOctaveError(errorIdentifier, errorText.c_str());
 }
