@@ -275,9 +275,9 @@ end
 
 function clearing_everything_in_mid_use_closes_the_packages(~)
     capeOpenCreate('Verdanth Reference Packages', 'Natural gas');
-    clear all
-    check(isempty(capeOpenHandleList()), 'a package is still open');
-    check(numel(capeOpenCompoundList(capeOpenCreate('Verdanth Reference Packages', 'Natural gas'))) == 11, 'compounds');
+    clear all % the functions of this file go, too
+    assert(isempty(capeOpenHandleList()), 'a package is still open');
+    assert(numel(capeOpenCompoundList(capeOpenCreate('Verdanth Reference Packages', 'Natural gas'))) == 11, 'compounds');
 end
 
 function a_thousand_packages_come_and_go(~)
