@@ -32,6 +32,10 @@ need wine program wineserver
 need wine64-tools program widl
 need libwine-dev test -f /usr/include/wine/wine/windows/oaidl.idl
 need util-linux program flock
+need python3 program python3
+need fp-utils program chmcmd
+need libchm-bin program extract_chmLib
+need strace program strace
 need octave program octave-cli
 need octave-dev program mkoctfile
 

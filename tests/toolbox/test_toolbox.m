@@ -140,6 +140,40 @@ function every_example_runs_and_leaves_no_package_open(toolbox)
     end
 end
 
+% The scripts in the pages of the guide, one after the other.
+function the_scripts_of_the_guide_run(toolbox)
+    addpath(fullfile(fileparts(mfilename('fullpath')), 'no_plots'));
+    for page = {'index', 'arrays', 'basis'}
+        text = fileread(fullfile(toolbox, '..', 'docs', 'pages', [page{1} '.html']));
+        blocks = regexp(text, '<pre>(.*?)</pre>', 'tokens');
+        check(~isempty(blocks), '%s has no script', page{1});
+        code = strjoin([blocks{:}], '\n');
+        try
+            evalc(code);
+        catch problem
+            error('the script of %s fails: %s', page{1}, problem.message);
+        end
+        check(isempty(capeOpenHandleList()), '%s leaves a package open', page{1});
+    end
+end
+
+function the_units_in_the_guide_are_those_of_the_library(toolbox)
+    lines = strsplit(fileread(fullfile(toolbox, '..', 'docs', 'properties.txt')), '\n');
+    count = 0;
+    for k = find(~cellfun(@isempty, lines) & ~strncmp(lines, '#', 1))
+        columns = strsplit(lines{k}, "\t", 'CollapseDelimiters', false);
+        bases = {'mole', 'mass'};
+        for b = 1:2
+            capeOpenBasis(bases{b});
+            unit = capeOpenPropUnit(columns{2});
+            check(strcmp(unit, columns{3 + b}) || isempty(unit) && isempty(columns{3 + b}), ...
+                  '%s basis: %s is in "%s"', bases{b}, columns{2}, unit);
+            count = count + 1;
+        end
+    end
+    check(count == 2 * 121, 'there are %d units', count);
+end
+
 function the_words_of_errors_arrive_unchanged_and_stand_in_the_help(toolbox)
     check(strcmp(message_of(@() capeOpenCompoundList(int32(-1))), 'Invalid property package handle'), 'unopened');
     h = capeOpenCreate('Verdanth Reference Packages', 'Natural gas');
