@@ -27,11 +27,12 @@ HRESULT TypeInformation::load()
 
 HRESULT TypeInformation::give(UINT index, ITypeInfo **result)
 {
-    if (!result)
-        return E_POINTER;
-    *result = nullptr;
+    if (result)
+        *result = nullptr;
     if (index != 0)
         return DISP_E_BADINDEX;
+    if (!result)
+        return E_POINTER;
     const HRESULT hr = load();
     if (FAILED(hr))
         return hr;

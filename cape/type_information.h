@@ -12,7 +12,7 @@ public:
     TypeInformation &operator=(const TypeInformation &) = delete;
 
     // What the methods of IDispatch do; each gives the loading's failure when there is no library.
-    HRESULT give(UINT index, ITypeInfo **result); // DISP_E_BADINDEX for any index but 0
+    HRESULT give(UINT index, ITypeInfo **result); // DISP_E_BADINDEX for any index but 0, E_POINTER for a null result
     HRESULT idsOfNames(LPOLESTR *names, UINT count, DISPID *ids);
     HRESULT invoke(void *instance, DISPID id, WORD flags, DISPPARAMS *arguments, VARIANT *result, EXCEPINFO *exception,
                    UINT *badArgument);

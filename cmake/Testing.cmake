@@ -17,7 +17,8 @@ target_precompile_headers(test_code INTERFACE <gtest/gtest.h> <functional> <stri
 
 if(WIN32)
     # Before anything else CTest gets Wine up, which takes longer the first time than a test may.
-    set_property(DIRECTORY PROPERTY TEST_INCLUDE_FILES ${PROJECT_SOURCE_DIR}/cmake/wine-up.cmake)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/wine-up.cmake.in ${PROJECT_BINARY_DIR}/wine-up.cmake @ONLY)
+    set_property(DIRECTORY PROPERTY TEST_INCLUDE_FILES ${PROJECT_BINARY_DIR}/wine-up.cmake)
 endif()
 
 # Every Windows program called *_tests below a directory runs once more, all of it in one process, with heap checking.
