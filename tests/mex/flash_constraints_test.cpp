@@ -166,6 +166,18 @@ TEST_F(FlashConstraints, MayBeAnything)
     EXPECT_EQ(package.calls("CalcEquilibrium"), 5);
 }
 
+TEST_F(FlashConstraints, ThatAreMissingTakeAwayWhatWasSet)
+{
+    for (double missing : {notANumber, undefinedNumber}) {
+        flashAndLook({}, [](const EquilibriumCall &) {});
+        flashAndLook({.value1 = Scalar(missing)}, [](const EquilibriumCall &request) {
+            std::vector<double> temperature;
+            EXPECT_TRUE(FAILED(request.material.getOverall("temperature", "", temperature)));
+            EXPECT_EQ(request.material.lastRefusal().description, Wide("Temperature is not set"));
+        });
+    }
+}
+
 TEST_F(FlashConstraints, AreReplacedInTheNextFlash)
 {
     flashAndLook({.property1 = Text("vaporFraction"), .property2 = Text("volume")}, [](const EquilibriumCall &) {});

@@ -161,6 +161,18 @@ TEST_F(PostFlashBasis, OfTheFirstPresentPhaseCountsAlsoWhenItsFractionIsZero)
                   "Inconsistent bases of phase fractions after flash; not supported");
 }
 
+TEST_F(PostFlashBasis, OfAnAbsentPhaseDoesNotCount)
+{
+    package.calcEquilibrium = [](const EquilibriumCall &request) {
+        const HRESULT hr = request.material.setEquilibrium({{"Liquid", 1, {third, 2 * third}}}, 300, 1e5, "mole");
+        EXPECT_EQ(request.material.setSinglePhase("phaseFraction", "Vapor", "mass", {0.5}), S_OK);
+        EXPECT_EQ(request.material.setPresentPhases({"Liquid"}), S_OK);
+        return hr;
+    };
+    calculate("mole", 1, 2);
+    EXPECT_EQ(enthalpy(Row({0.5, 0.5})), (Rows{{2}}));
+}
+
 TEST_F(PostFlashBasis, ConversionOfAPhaseNeedsItsComposition)
 {
     package.calcEquilibrium = [](const EquilibriumCall &request) {

@@ -274,6 +274,23 @@ TEST_F(SinglePhaseBasis, OfUnnormalisedMoleFractionsIsNotNormalised)
     ExpectNear(result("density", {{"density", "mole", {1000}}}, {.compositions = Row({1, 1})}), {{24}});
 }
 
+TEST_F(SinglePhaseBasis, OfACompositionThatThePackageWritesIsTakenForTheDefault)
+{
+    const auto writeComposition = [this](const char *compositionBasis, const char *valueBasis, double value) {
+        package.calcSinglePhase = [=](const SinglePhaseCall &request) {
+            EXPECT_EQ(request.material.setSinglePhase("fraction", request.phase, compositionBasis, {0.2, 0.8}), S_OK);
+            return request.material.setSinglePhase("volume", request.phase, valueBasis, {value});
+        };
+    };
+    // Mass fractions count as mole fractions: 0.2 * 0.018 + 0.8 * 0.036 = 0.0324 kg/mol
+    writeComposition("mass", "mass", 1000);
+    ExpectNear(mustReturn(1, singlePhase())[0].cellMatrix(0), {{32.4}});
+    // and mole fractions as mass fractions, which are mole fractions 1/3 and 2/3: 0.03 kg/mol
+    useBasis("mass");
+    writeComposition("mole", "mole", 0.03);
+    ExpectNear(mustReturn(1, singlePhase())[0].cellMatrix(0), {{1}});
+}
+
 TEST_F(SinglePhaseBasis, ConversionThatFailsAtTheSecondConditionEndsTheCommand)
 {
     package.calcSinglePhase = StoreSinglePhase({{"volume", "mass", {1000}}});
