@@ -200,6 +200,17 @@ TEST_F(BatchFlashRows, ThatFailHaveTheWordsOfTheEquilibriumRoutine)
               (std::vector<std::string>{"CAPE-OPEN: Flash failed at 300, 100000: 100% \\n wrong"}));
 }
 
+TEST_F(BatchFlashRows, PassMissingConditionsOn)
+{
+    const CallResult result = mustReturn(1, batch({.values1 = Scalar(undefinedNumber),
+                                                   .values2 = Scalar(notANumber),
+                                                   .outputs = Scalar(2),
+                                                   .names = Text("Temperature Pressure")}));
+    EXPECT_EQ(result[0].element(0).number(), undefinedNumber);
+    EXPECT_TRUE(std::isnan(result[0].element(1).number()));
+    EXPECT_EQ(result.warnings, std::vector<std::string>());
+}
+
 TEST_F(BatchFlashRows, StandBesideWhatThePackageLogs)
 {
     findLiquid();

@@ -95,6 +95,14 @@ TEST_F(FlashResults, OfATemperatureThatNobodySetAreNaN)
     EXPECT_EQ(result[4].number(), 100000);
 }
 
+TEST_F(FlashResults, PassMissingConditionsOn)
+{
+    package.calcEquilibrium = [](const EquilibriumCall &request) { return request.material.setPresentPhases({}); };
+    const CallResult result = mustReturn(5, flash({.value1 = Scalar(undefinedNumber), .value2 = Scalar(notANumber)}));
+    EXPECT_EQ(result[3].number(), undefinedNumber);
+    EXPECT_TRUE(std::isnan(result[4].number()));
+}
+
 TEST_F(FlashResults, PassAMissingFractionOn)
 {
     package.calcEquilibrium = [](const EquilibriumCall &request) {

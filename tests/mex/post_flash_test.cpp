@@ -113,6 +113,19 @@ TEST_F(PostFlash, CalculationsAreNotMadeForTheNamesOfAnEarlierCommand)
     EXPECT_EQ(package.calls("CalcSinglePhaseProp"), 3);
 }
 
+TEST_F(PostFlash, CalculationsAreMadeForTheNamesOfTheirOwnCommand)
+{
+    find(0, 1);
+    std::vector<std::vector<WideString>> asked;
+    package.calcSinglePhase = [&](const SinglePhaseCall &request) {
+        asked.push_back(request.properties);
+        return request.material.setPresentPhases({});
+    };
+    report(1, "enthalpy");
+    report(1, "volume entropy", 2);
+    EXPECT_EQ(asked, (std::vector<std::vector<WideString>>{Names({"enthalpy"}), Names({"volume", "entropy"})}));
+}
+
 TEST_F(PostFlash, CalculationsAreNotMadeForNamesThatAreCutAway)
 {
     find(0.5, 0.5);
@@ -330,6 +343,38 @@ TEST_F(PostFlash, CalculationMayClearTheMaterial)
     find(0.5, 0.5);
     package.calcSinglePhase = [](const SinglePhaseCall &request) { return request.material.get()->ClearAllProps(); };
     EXPECT_EQ(enthalpies(2), (Rows{{0}, {0}}));
+}
+
+namespace {
+
+class PostFlashOfTwoPackages : public PostFlash {
+protected:
+    PackageScript &other = world.addPackage("Other");
+};
+
+} // namespace
+
+TEST_F(PostFlashOfTwoPackages, CalculatesThePhasesOfEach)
+{
+    other.phaseLabels = TextArray({"Oil", "Gas", "Water"});
+    other.statesOfAggregation = TextArray({"Liquid", "Vapor", "Liquid"});
+    std::vector<WideString> phases;
+    other.calcSinglePhase = [&](const SinglePhaseCall &request) {
+        phases.push_back(request.phase);
+        return request.material.setSinglePhase("enthalpy", request.phase, "mole", {9});
+    };
+    other.calcEquilibrium = [](const EquilibriumCall &request) {
+        return request.material.setEquilibrium({{"Oil", 0.25, {1, 0}}, {"Gas", 0.5, {1, 0}}, {"Water", 0.25, {1, 0}}},
+                                               300, 1e5);
+    };
+    find(0.25, 0.75);
+    calculate(1000, 2000);
+    EXPECT_EQ(enthalpies(), (Rows{{1750}}));
+    std::vector<Array> arguments = batch({.names = Text("enthalpy")});
+    arguments[1] = open("Other");
+    EXPECT_EQ(mustReturn(1, arguments)[0].cellMatrix(0), (Rows{{9}}));
+    EXPECT_EQ(phases, Names({"Oil", "Gas", "Water"}));
+    EXPECT_EQ(enthalpies(), (Rows{{1750}}));
 }
 
 TEST_F(PostFlash, AverageOfThreePhasesAndThreeCompounds)

@@ -146,6 +146,21 @@ TEST_P(PureCompoundCommand, GivesEachOfTwoNamesAMatrixFromOneCallPerCondition)
     EXPECT_EQ(calculations(), 2);
 }
 
+TEST_P(PureCompoundCommand, AsksForTheNamesOfEachCall)
+{
+    std::vector<std::vector<WideString>> asked;
+    package.*GetParam().answer = [&](const CompoundCall &request, Variant &values) {
+        asked.push_back(request.properties);
+        values = NumberArray(std::vector<double>(2 * request.properties.size()));
+        return S_OK;
+    };
+    mustReturn(1, arguments({.names = Text("first")}));
+    mustReturn(1, arguments({.outputs = Scalar(2), .names = Text("second third")}));
+    mustReturn(1, arguments({.names = Text("fourth")}));
+    EXPECT_EQ(asked,
+              (std::vector<std::vector<WideString>>{Names({"first"}), Names({"second", "third"}), Names({"fourth"})}));
+}
+
 TEST_P(PureCompoundCommand, CutsNamesToTheRequestedOutputs)
 {
     answer(NumberArray({1, 2}));

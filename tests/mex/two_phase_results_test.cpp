@@ -124,6 +124,24 @@ TEST_F(TwoPhaseResults, OfSeveralNamesComeFromOneCallPerCondition)
     EXPECT_EQ(asked, (std::vector<std::vector<WideString>>{all, all}));
 }
 
+TEST_F(TwoPhaseResults, AreOfTheNamesAndPhasesOfEachCall)
+{
+    std::vector<std::vector<WideString>> names, phases;
+    const auto store = StoreTwoPhase({{"kvalue", "", {5, 6}}, {"surfaceTension", "", {7}}});
+    package.calcTwoPhase = [&](const TwoPhaseCall &request) {
+        names.push_back(request.properties);
+        phases.push_back(request.phases);
+        return store(request);
+    };
+    mustReturn(1, twoPhase({.names = Text("kvalue")}));
+    mustReturn(1, twoPhase({.outputs = Scalar(2),
+                            .names = Text("surfaceTension kvalue"),
+                            .phase1 = Text("liquid"),
+                            .phase2 = Text("vapor")}));
+    EXPECT_EQ(names, (std::vector<std::vector<WideString>>{Names({"kvalue"}), Names({"surfaceTension", "kvalue"})}));
+    EXPECT_EQ(phases, (std::vector<std::vector<WideString>>{Names({"Vapor", "Liquid"}), Names({"liquid", "vapor"})}));
+}
+
 TEST_F(TwoPhaseResults, AreThoseOfTheFirstNameWhenNoOutputIsRequested)
 {
     package.calcTwoPhase = StoreTwoPhase({{"kvalue", "", {5, 6}}});

@@ -193,4 +193,10 @@ TEST_F(StoredValues, AfterAFlashCountWithTheFirstOnly)
         return S_OK;
     };
     EXPECT_EQ(mustReturn(BatchFlashCommand, batch("enthalpy")).cellMatrix(0), (Rows{{5}}));
+    script.calcSinglePhase = [this](const SinglePhaseCall &) {
+        store(OLESTR("enthalpy"), {});
+        return S_OK;
+    };
+    EXPECT_EQ(messageOf(BatchFlashCommand, batch("enthalpy")),
+              "Property not set after post-flash property calculation");
 }
