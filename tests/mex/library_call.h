@@ -1,0 +1,71 @@
+// A call that the loaded library makes of the system, led to a function of the test: so that a test sees its
+// arguments, counts it, or lets it fail, on every platform.
+#pragma once
+
+#include "platform/platform.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <functional>
+#include <utility>
+
+namespace support {
+
+// The place in the library from where it calls a function. Looked up under the name that import tables have, or by
+// the function's address where there are none. The running test fails when the library does not call it.
+class ImportSlot {
+public:
+    using AnyFunction = void (*)();
+
+    ImportSlot(const char *name, AnyFunction system, AnyFunction replacement);
+    ~ImportSlot(); // leads back; the library must still be loaded
+    ImportSlot(const ImportSlot &) = delete;
+    ImportSlot &operator=(const ImportSlot &) = delete;
+
+private:
+    AnyFunction *slot;
+    AnyFunction before = nullptr;
+};
+
+template <std::size_t Size> struct FunctionName {
+    char text[Size];
+    constexpr FunctionName(const char (&name)[Size]) { std::copy_n(name, Size, text); }
+};
+
+// One at a time for each function. The test's own calls are not led anywhere, and so the body calls the system by
+// calling the function.
+//     LibraryCall<"GetTickCount", decltype(GetTickCount)> ticks(GetTickCount, [] { return 7u; });
+template <FunctionName Name, class Function> class LibraryCall;
+
+template <FunctionName Name, class Result, class... Arguments, bool NoExcept>
+class LibraryCall<Name, Result(Arguments...) noexcept(NoExcept)> {
+public:
+    using Body = std::function<Result(Arguments...)>;
+
+    LibraryCall(Result (*system)(Arguments...), Body replacement)
+        : slot(Name.text, reinterpret_cast<ImportSlot::AnyFunction>(system),
+               reinterpret_cast<ImportSlot::AnyFunction>(&lead))
+    {
+        body = std::move(replacement);
+    }
+    ~LibraryCall() { body = nullptr; }
+
+private:
+    static Result WINAPI lead(Arguments... arguments) { return body(arguments...); }
+
+    static inline Body body;
+    ImportSlot slot;
+};
+
+// While it lives, the library gets no memory for buffers of so many bytes.
+class NoMemoryFor {
+public:
+    explicit NoMemoryFor(std::size_t bytes);
+    ~NoMemoryFor();
+    NoMemoryFor(const NoMemoryFor &) = delete;
+    NoMemoryFor &operator=(const NoMemoryFor &) = delete;
+
+    int refused() const; // requests so far
+};
+
+} // namespace support
