@@ -1,12 +1,14 @@
 #include "gateway/html_help.h"
 
+#include "platform/procedure.h"
+
 #include <algorithm>
 #include <cstring>
 #include <iterator>
 
 namespace {
 
-using HtmlHelpEntry = HWND(WINAPI *)(HWND owner, LPCSTR path, UINT command, DWORD_PTR data);
+using HtmlHelpEntry = HWND WINAPI(HWND owner, LPCSTR path, UINT command, DWORD_PTR data);
 
 constexpr DWORD pathCapacity = 260;
 
@@ -33,7 +35,7 @@ bool registeredViewer(char (&path)[pathCapacity])
     return true;
 }
 
-HtmlHelpEntry loadViewer()
+HtmlHelpEntry *loadViewer()
 {
     HMODULE viewer = nullptr;
     char path[pathCapacity];
@@ -44,8 +46,7 @@ HtmlHelpEntry loadViewer()
     if (!viewer)
         return nullptr;
     constexpr std::uintptr_t htmlHelpOrdinal = 14;
-    const FARPROC entry = GetProcAddress(viewer, reinterpret_cast<LPCSTR>(htmlHelpOrdinal));
-    return reinterpret_cast<HtmlHelpEntry>(reinterpret_cast<void (*)()>(entry));
+    return findProcedure<HtmlHelpEntry>(viewer, reinterpret_cast<LPCSTR>(htmlHelpOrdinal));
 }
 
 } // namespace
@@ -53,7 +54,7 @@ HtmlHelpEntry loadViewer()
 HWND HtmlHelp(const char *path)
 {
     // Found once, or missing for the rest of the process.
-    static const HtmlHelpEntry entry = loadViewer();
+    static HtmlHelpEntry *const entry = loadViewer();
     constexpr UINT displayDefaultTopic = 0;
     return entry ? entry(nullptr, path, displayDefaultTopic, 0) : nullptr;
 }

@@ -208,6 +208,29 @@ TEST_F(SimulationContext, ShowsAMessageInABox)
     EXPECT_EQ(boxes.made()[0].style, 0x40u);
 }
 
+TEST_F(SimulationContext, DoesNotMindHowABoxIsAnswered)
+{
+    for (const int answer : {0, IDOK, 2}) {
+        MessageBoxCalls boxes(answer);
+        EXPECT_EQ(PopUpMessage(package, "Look"), S_OK);
+        EXPECT_EQ(boxes.made().size(), 1u);
+    }
+}
+
+TEST_F(SimulationContext, ShowsTheMessageAsItCameAlsoWhenThereIsNone)
+{
+    MessageBoxCalls boxes;
+    EXPECT_EQ(as<ICapeDiagnostic>()->PopUpMessage(nullptr), S_OK);
+    ASSERT_EQ(boxes.made().size(), 1u);
+    EXPECT_EQ(boxes.made()[0].text, std::nullopt);
+}
+
+TEST_F(SimulationContext, TakesALogMessageThatIsNoneForAnEmptyOne)
+{
+    EXPECT_EQ(warningsWhile([&] { EXPECT_EQ(as<ICapeDiagnostic>()->LogMessage(nullptr), S_OK); }),
+              std::vector<std::string>{"CAPE-OPEN: "});
+}
+
 TEST_F(SimulationContext, ShowsNoBoxWhenWarningsAreOff)
 {
     MessageBoxCalls boxes;

@@ -105,8 +105,7 @@ TEST_F(Start, DrawsNoHandleForAPackageThatFailsOrIsOpenAlready)
     PackageScript &package = world.addPackage("Alone");
     package.answer("Initialize", oddFailure, 1);
     Draws draws({7});
-    EXPECT_EQ(refusal({Scalar(3), Text("Alone"), Text("")}),
-              std::string("PP Initialize failed: ") + oddFailureText);
+    EXPECT_EQ(refusal({Scalar(3), Text("Alone"), Text("")}), std::string("PP Initialize failed: ") + oddFailureText);
     EXPECT_EQ(draws.left(), 1u);
     EXPECT_EQ(open("Alone").int32(), 7);
     EXPECT_EQ(open("Alone").int32(), 7);
