@@ -1,6 +1,7 @@
 // How a component comes into service and out of it. A package that stands alone shows what holds
 // for managers too.
 #include "tests/mex/command_test.h"
+#include "tests/mex/library_call.h"
 
 using namespace support;
 
@@ -120,4 +121,23 @@ TEST_F(ComponentCreation, AFailedInitializeIsToldInTheComponentsWordsAndTheCompo
 
     package.answer("Initialize", S_OK);
     open("Alone");
+}
+
+TEST_F(ComponentCreation, AsksForTheWantedInterfaceInAnyContextAndNoOuterObject)
+{
+    ManagerScript &manager = world.addManager("Manager");
+    world.addPackageOf(manager, "Pair");
+    std::vector<std::string> creations;
+    LibraryCall<"CoCreateInstance", decltype(CoCreateInstance)> create(
+        CoCreateInstance, [&](REFCLSID classId, IUnknown *outer, DWORD context, REFIID iid, void **object) {
+            EXPECT_EQ(outer, nullptr);
+            creations.push_back(Narrow(ClassIdText(iid)) + " in " + std::to_string(context));
+            return CoCreateInstance(classId, outer, context, iid, object);
+        });
+    const std::string dispatch = "{00020400-0000-0000-C000-000000000046} in 23";
+    const std::string packageManager = "{678C0AA2-7D66-11D2-A67D-00105A42887F} in 23";
+    open("Alone");
+    open("Manager", "Pair");
+    mustReturn(1, {Scalar(2), Text("Manager")});
+    EXPECT_EQ(creations, (std::vector<std::string>{dispatch, packageManager, packageManager}));
 }

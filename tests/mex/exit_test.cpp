@@ -1,5 +1,6 @@
 // What happens when MATLAB clears the library: everything is given up, in a fixed order.
 #include "tests/mex/command_test.h"
+#include "tests/mex/library_call.h"
 
 #include <algorithm>
 
@@ -131,4 +132,39 @@ TEST_F(Exit, ForgetsTheSettings)
     EXPECT_EQ(result[0].numbers(), (std::vector<double>{1000, 500}));
     EXPECT_EQ(result.warnings, std::vector<std::string>{"CAPE-OPEN: heard"});
     package.onCall = nullptr;
+}
+
+TEST_F(Exit, EndsComThenTheContextThenTheLibrarysOwnHandle)
+{
+    PackageScript &package = world.addPackage("Alone");
+    package.keepsContext = true;
+    open("Alone");
+    mustReturn(1, {Scalar(26)}); // takes the handle
+    world.log.clear();
+    {
+        LibraryCall<"CoUninitialize", decltype(CoUninitialize)> end(CoUninitialize, [&] {
+            world.log.push_back("COM ends with " + std::to_string(ReferencesOn(package.keptContext.get())));
+            CoUninitialize();
+        });
+        LibraryCall<"FreeLibrary", decltype(FreeLibrary)> free(FreeLibrary, [&](HMODULE module) {
+            EXPECT_NE(module, nullptr);
+            world.log.push_back("library freed with " + std::to_string(ReferencesOn(package.keptContext.get())));
+            return FreeLibrary(module);
+        });
+        EXPECT_TRUE(mexStandInRunExit());
+    }
+    EXPECT_EQ(world.log, (CallLog{"package.Terminate", "package.released", "COM ends with 2", "library freed with 1"}));
+    package.keptContext.reset();
+}
+
+TEST_F(Exit, FreesNoHandleThatWasNotTaken)
+{
+    mustReturn(1, {Scalar(5)});
+    int freed = 0;
+    LibraryCall<"FreeLibrary", decltype(FreeLibrary)> free(FreeLibrary, [&](HMODULE module) {
+        ++freed;
+        return FreeLibrary(module);
+    });
+    EXPECT_TRUE(mexStandInRunExit());
+    EXPECT_EQ(freed, 0);
 }

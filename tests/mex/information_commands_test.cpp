@@ -109,3 +109,9 @@ TEST_F(InformationCommands, RefuseAPhaseThatIsNoStringBeforeThePackageIsAsked)
     EXPECT_EQ(refusal({Scalar(9), handle, Text("Vapor")}),
               "Failed to get list of phases from property package: computation error");
 }
+
+TEST_F(InformationCommands, LookAtTheHandleBeforeAnythingElse)
+{
+    for (const int code : {9, 16})
+        EXPECT_EQ(refusal({Scalar(code), Scalar(1), Scalar(1)}), "Invalid property package handle");
+}

@@ -1,5 +1,6 @@
 // Command 2: the packages of a manager.
 #include "tests/mex/command_test.h"
+#include "tests/mex/library_call.h"
 
 using namespace support;
 
@@ -164,5 +165,24 @@ TEST_F(ManagerPackages, ThatAreNoListOfStringsAreRefusedAndTheManagerIsTerminate
     EXPECT_EQ(refusalOf("Manager"),
               "Invalid list of packages from ppm: unexpected dimension; 1-dimensional array expected");
     manager.packageNames = TextArray({"P"});
+    EXPECT_EQ(packagesOf("Manager"), Names({"P"}));
+}
+
+TEST_F(ManagerPackages, WhoseBoundsCannotBeHadAreRefused)
+{
+    ManagerScript &manager = world.addManager("Manager");
+    manager.packageNames = TextArray({"P"});
+    const auto fail = [](SAFEARRAY *, UINT dimension, LONG *) {
+        EXPECT_EQ(dimension, 1u);
+        return E_FAIL;
+    };
+    {
+        LibraryCall<"SafeArrayGetLBound", decltype(SafeArrayGetLBound)> lower(SafeArrayGetLBound, fail);
+        EXPECT_EQ(refusalOf("Manager"), "Invalid list of packages from ppm: failed to get lower bound");
+    }
+    {
+        LibraryCall<"SafeArrayGetUBound", decltype(SafeArrayGetUBound)> upper(SafeArrayGetUBound, fail);
+        EXPECT_EQ(refusalOf("Manager"), "Invalid list of packages from ppm: failed to get upper bound");
+    }
     EXPECT_EQ(packagesOf("Manager"), Names({"P"}));
 }

@@ -1,5 +1,6 @@
 // The table of open packages: handles, closing, the order in which a package is given up.
 #include "tests/mex/command_test.h"
+#include "tests/mex/library_call.h"
 
 #include <algorithm>
 
@@ -176,4 +177,56 @@ TEST_F(OpenPackages, OfAnEarlierLoadAreForgotten)
     EXPECT_EQ(handles(), std::vector<std::int32_t>());
     EXPECT_EQ(refusal({Scalar(6), handle}), "Invalid property package handle");
     open("Alone");
+}
+
+TEST_F(OpenPackages, GiveUpTheirInterfacesInAFixedOrder)
+{
+    PackageScript &package = world.addPackage("Alone");
+    const Array handle = open("Alone");
+    calculate(package, handle);
+    std::vector<IID> released;
+    package.onInterfaceReleased = [&](REFIID iid) { released.push_back(iid); };
+    close(handle);
+    EXPECT_EQ(released,
+              (std::vector<IID>{InterfaceId<ICapeThermoCompounds>, InterfaceId<ICapeThermoPhases>,
+                                InterfaceId<ICapeThermoEquilibriumRoutine>, InterfaceId<ICapeThermoPropertyRoutine>,
+                                InterfaceId<ICapeUtilities>, InterfaceId<IDispatch>}));
+}
+
+TEST_F(OpenPackages, GiveUpTheirListsInReverseOrderAfterThePackage)
+{
+    PackageScript &package = world.addPackage("Alone");
+    // Every list has a length of its own, where it is free to have it.
+    package.phaseLabels = TextArray({"V", "L", "S"});
+    package.statesOfAggregation = BlankArray(VT_BSTR, 3);
+    package.keyCompounds = BlankArray(VT_BSTR, 11);
+    package.compoundIds = TextArray({"A", "B"});
+    package.molecularWeights = NumberArray({18, 36});
+    package.formulae = BlankArray(VT_BSTR, 12);
+    package.compoundNames = BlankArray(VT_BSTR, 13);
+    package.boilingTemperatures = BlankArray(VT_R8, 14);
+    package.casNumbers = BlankArray(VT_BSTR, 15);
+    const Array handle = open("Alone");
+    mustReturn(1, {Scalar(7), handle});
+    mustReturn(1, {Scalar(8), handle});
+    world.log.clear();
+    {
+        LibraryCall<"VariantClear", decltype(VariantClear)> clears(VariantClear, [&](VARIANTARG *value) {
+            if (value->vt == (VT_ARRAY | VT_BSTR) || value->vt == (VT_ARRAY | VT_R8)) {
+                LONG last = 0;
+                SafeArrayGetUBound(value->parray, 1, &last);
+                BSTR text = nullptr;
+                LONG first = 0;
+                if (value->vt == (VT_ARRAY | VT_BSTR))
+                    SafeArrayGetElement(value->parray, &first, &text);
+                world.log.push_back((value->vt & VT_BSTR ? "texts " : "numbers ") + std::to_string(last + 1) + " " +
+                                    Narrow(support::TextOf(text)));
+                SysFreeString(text);
+            }
+            return VariantClear(value);
+        });
+        close(handle);
+    }
+    EXPECT_EQ(world.log, (CallLog{"package.Terminate", "package.released", "texts 11 ", "texts 3 ", "texts 3 V",
+                                  "texts 15 ", "numbers 2 ", "numbers 14 ", "texts 13 ", "texts 12 ", "texts 2 A"}));
 }

@@ -1,5 +1,8 @@
 // Command 3: from two names to a handle.
 #include "tests/mex/command_test.h"
+#include "tests/mex/library_call.h"
+
+#include <set>
 
 using namespace support;
 
@@ -214,4 +217,42 @@ TEST_F(CreationThroughAManager, OfAPackageThatFailsToStartReleasesIt)
     EXPECT_EQ(world.log, (CallLog{"manager.created", "manager.Initialize", "manager.put_simulationContext",
                                   "manager.GetPropertyPackage", "package.created", "manager.Terminate",
                                   "manager.released", "package.Initialize", "package.released"}));
+}
+
+TEST_F(CreationThroughAManager, LeavesTheNameToTheManagerForGood)
+{
+    std::set<BSTR> names;
+    LibraryCall<"SysAllocString", decltype(SysAllocString)> makes(SysAllocString, [&](LPCWSTR text) {
+        const BSTR made = SysAllocString(text);
+        if (text && (Wide("Pair") == text || Wide("Trio") == text))
+            names.insert(made);
+        return made;
+    });
+    LibraryCall<"SysFreeString", decltype(SysFreeString)> frees(SysFreeString, [&](BSTR text) {
+        EXPECT_EQ(names.count(text), 0u) << "the name was freed";
+        SysFreeString(text);
+    });
+    const Array opened = open("Manager", "Pair");
+    EXPECT_EQ(refusalToOpen("Manager", "Trio"), "package creation failed: Invalid argument");
+    mustReturn(0, {Scalar(4), opened});
+    EXPECT_EQ(names.size(), 2u);
+    EXPECT_TRUE(matlab.clear());
+}
+
+TEST_F(PackageCreation, OfTwoPackagesWhoseNamesDifferInCaseGivesTheOpenOne)
+{
+    PackageScript &first = world.addPackage("\xC3\x89thane");
+    PackageScript &second = world.addPackage("\xC3\xA9THANE");
+    const std::int32_t handle = open("\xC3\x89thane").int32();
+    EXPECT_EQ(open("\xC3\xA9THANE").int32(), handle);
+    EXPECT_EQ(first.objectsMade(), 1);
+    EXPECT_EQ(second.objectsMade(), 0);
+}
+
+TEST_F(CreationThroughAManager, IsKeyedByBothNamesWithAColonBetweenThem)
+{
+    PackageScript &alone = world.addPackage("Manager:Pair");
+    const std::int32_t handle = open("Manager", "Pair").int32();
+    EXPECT_EQ(open("Manager:Pair").int32(), handle);
+    EXPECT_EQ(alone.objectsMade(), 0);
 }

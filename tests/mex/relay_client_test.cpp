@@ -1,5 +1,8 @@
 // Classes that exist as 32-bit servers only, reached through the relay.
 #include "tests/mex/command_test.h"
+#include "tests/mex/library_call.h"
+
+#include <set>
 
 using namespace support;
 
@@ -267,4 +270,116 @@ TEST_F(RelayClient, AnObjectWithoutTheWantedInterfaceIsReleasedWithoutAWarning)
               std::string("creation of package manager failed: ") + oddFailureText);
     EXPECT_EQ(manager.objectsMade(), 1);
     EXPECT_EQ(manager.references(), 0);
+}
+
+TEST_F(RelayClient, IsALocalServerAndAskedForByItsOwnInterface)
+{
+    registerPackage(TextValue("Old"));
+    std::vector<std::string> creations;
+    LibraryCall<"CoCreateInstance", decltype(CoCreateInstance)> create(
+        CoCreateInstance, [&](REFCLSID wanted, IUnknown *outer, DWORD context, REFIID iid, void **object) {
+            EXPECT_EQ(outer, nullptr);
+            creations.push_back(Narrow(ClassIdText(wanted)) + " by " + Narrow(ClassIdText(iid)) + " in " +
+                                std::to_string(context));
+            return CoCreateInstance(wanted, outer, context, iid, object);
+        });
+    openBy("Old");
+    const std::string instance = "{E3F8AF5B-DE4E-4FE0-B243-0FDB6173B5E8} by {E5D29B15-C411-4600-B764-370A604E2C06} "
+                                 "in 4";
+    EXPECT_EQ(creations, (std::vector<std::string>{Narrow(classId) + " by {00020400-0000-0000-C000-000000000046} in 23",
+                                                   instance, instance}));
+}
+
+TEST_F(RelayClient, WithoutATextForTheClassIsGivenUpAndTheResultHandedOn)
+{
+    registerPackage(TextValue("Old"));
+    {
+        LibraryCall<"StringFromCLSID", decltype(StringFromCLSID)> text(StringFromCLSID,
+                                                                       [](REFCLSID, LPOLESTR *) { return oddFailure; });
+        EXPECT_EQ(refusal({Scalar(3), Text("Old"), Text("")}),
+                  std::string("creation of package failed: ") + oddFailureText);
+    }
+    EXPECT_EQ(relay.calls("CreateObject32"), 0);
+    EXPECT_EQ(relay.references(), 1);
+    EXPECT_EQ(openBy("Old").warnings, warningOf("Old"));
+}
+
+TEST_F(RelayClient, GivesTheTextsBackThatItGot)
+{
+    registerPackage();
+    RegisteredClass native = PackageClass("", classId);
+    native.categories.clear();
+    native.described = false;
+    native.progId = Wide("Old.Package.1");
+    world.registry().add(native);
+    package.refuse(InterfaceId<ICapeIdentification>);
+    std::vector<void *> texts;
+    std::vector<void *> freed;
+    LibraryCall<"StringFromCLSID", decltype(StringFromCLSID)> classText(
+        StringFromCLSID, [&](REFCLSID wanted, LPOLESTR *text) {
+            const HRESULT hr = StringFromCLSID(wanted, text);
+            texts.push_back(*text);
+            return hr;
+        });
+    LibraryCall<"ProgIDFromCLSID", decltype(ProgIDFromCLSID)> programId(
+        ProgIDFromCLSID, [&](REFCLSID wanted, LPOLESTR *text) {
+            const HRESULT hr = ProgIDFromCLSID(wanted, text);
+            texts.push_back(*text);
+            return hr;
+        });
+    LibraryCall<"CoTaskMemFree", decltype(CoTaskMemFree)> frees(CoTaskMemFree, [&](LPVOID text) {
+        if (text)
+            freed.push_back(text);
+        CoTaskMemFree(text);
+    });
+    EXPECT_EQ(openBy(classId).warnings, warningOf("Old.Package.1"));
+    EXPECT_EQ(texts.size(), 2u);
+    EXPECT_EQ(std::set<void *>(freed.begin(), freed.end()), std::set<void *>(texts.begin(), texts.end()));
+    EXPECT_EQ(freed.size(), texts.size());
+}
+
+TEST_F(RelayClient, ReadsTheRegisteredNameInTwoStepsAndClosesItsKey)
+{
+    registerPackage(TextValue("Old"));
+    mustReturn(1, {Scalar(1)}); // the scan reads names, too
+    std::vector<std::string> steps;
+    LibraryCall<"RegOpenKeyExW", decltype(RegOpenKeyExW)> opens(
+        RegOpenKeyExW, [&](HKEY parent, LPCWSTR path, DWORD options, REGSAM access, PHKEY key) {
+            EXPECT_EQ(parent, HKEY_CLASSES_ROOT);
+            EXPECT_EQ(access, 0x20019u);
+            steps.push_back(Narrow(path));
+            return RegOpenKeyExW(parent, path, options, access, key);
+        });
+    LibraryCall<"RegQueryValueExW", decltype(RegQueryValueExW)> queries(
+        RegQueryValueExW, [&](HKEY key, LPCWSTR name, LPDWORD reserved, LPDWORD type, LPBYTE data, LPDWORD size) {
+            steps.push_back(Narrow(name) + (data ? " of " + std::to_string(*size) : ""));
+            return RegQueryValueExW(key, name, reserved, type, data, size);
+        });
+    LibraryCall<"RegCloseKey", decltype(RegCloseKey)> closes(RegCloseKey, [&](HKEY key) {
+        steps.push_back("closed");
+        return RegCloseKey(key);
+    });
+    EXPECT_EQ(openBy("Old").warnings, warningOf("Old"));
+    EXPECT_EQ(steps, (std::vector<std::string>{"Wow6432Node\\CLSID\\" + Narrow(classId) + "\\CapeDescription", "Name",
+                                               "Name of 9", "closed"}));
+}
+
+TEST_F(RelayClient, ANameThatCannotBeReadInTheEndIsNoName)
+{
+    registerPackage(TextValue("Old"));
+    package.componentName = Wide("Itself");
+    mustReturn(1, {Scalar(1)});
+    LibraryCall<"RegQueryValueExW", decltype(RegQueryValueExW)> queries(
+        RegQueryValueExW, [&](HKEY key, LPCWSTR name, LPDWORD reserved, LPDWORD type, LPBYTE data, LPDWORD size) {
+            return data ? LSTATUS(5) : RegQueryValueExW(key, name, reserved, type, data, size);
+        });
+    EXPECT_EQ(openBy("Old").warnings, warningOf("Itself"));
+}
+
+TEST_F(RelayClient, ANameOfASingleByteIsNoName)
+{
+    registerPackage(RegistryValue{REG_SZ, {'N'}});
+    package.componentName = Wide("Itself");
+    const Array name = mustReturn(1, {Scalar(1)})[0].element(0);
+    EXPECT_EQ(mustReturn(1, {Scalar(3), name, Text("")}).warnings, warningOf("Itself"));
 }

@@ -60,6 +60,9 @@ public:
     // Runs at the beginning of every method, with its name.
     std::function<void(const std::string &method)> onCall;
 
+    // Runs when the last reference on one of an object's interfaces has been given back.
+    std::function<void(REFIID iid)> onInterfaceReleased;
+
     // --- what happened ---
 
     std::string label; // in front of the methods in the log

@@ -127,7 +127,8 @@ ULONG ScriptedObject::releaseReference(FacetBase &facet)
         script.misuses.push_back(script.label + ".Release without a reference");
         return static_cast<ULONG>(total);
     }
-    --facet.references;
+    if (--facet.references == 0 && script.onInterfaceReleased)
+        script.onInterfaceReleased(facet.iid);
     if (--total == 0) {
         released = true;
         if (script.log)
