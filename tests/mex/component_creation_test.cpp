@@ -1,5 +1,6 @@
 // How a component comes into service and out of it. A package that stands alone shows what holds
 // for managers too.
+#include "packages/simulation_context.h"
 #include "tests/mex/command_test.h"
 #include "tests/mex/library_call.h"
 
@@ -140,4 +141,24 @@ TEST_F(ComponentCreation, AsksForTheWantedInterfaceInAnyContextAndNoOuterObject)
     open("Manager", "Pair");
     mustReturn(1, {Scalar(2), Text("Manager")});
     EXPECT_EQ(creations, (std::vector<std::string>{dispatch, packageManager, packageManager}));
+}
+
+TEST_F(ComponentCreation, MakesTheContextJustBeforeTheFirstInitialize)
+{
+    PackageScript &simple = world.addPackage("Simple");
+    simple.refuse(InterfaceId<ICapeUtilities>);
+    package.persistent = true;
+    package.answer("Initialize", oddFailure, 1);
+    const LibraryMemory contexts(sizeof(CComObject<CSimulationContext>));
+    std::vector<std::string> counts;
+    package.onCall = [&](const std::string &method) {
+        counts.push_back(method + " " + std::to_string(contexts.made()));
+    };
+    open("Simple");
+    EXPECT_EQ(contexts.made(), 0) << "a component without utilities needs none";
+    EXPECT_EQ(refusalToOpen(), std::string("PP Initialize failed: ") + oddFailureText);
+    open("Alone");
+    EXPECT_EQ(counts, (std::vector<std::string>{"InitNew 0", "Initialize 1", "InitNew 1", "Initialize 1",
+                                                "put_simulationContext 1"}));
+    package.onCall = nullptr;
 }

@@ -168,3 +168,29 @@ TEST_F(Exit, FreesNoHandleThatWasNotTaken)
     EXPECT_TRUE(mexStandInRunExit());
     EXPECT_EQ(freed, 0);
 }
+
+TEST_F(Exit, EmptiesTheVocabularyBetweenThePackagesAndTheRelay)
+{
+    RelayScript &relay = world.addRelay();
+    PackageScript &old = world.addUnregisteredPackage();
+    const WideString classId = ClassIdText(world.newClassId());
+    RegisteredClass entry = PackageClass("Old", classId);
+    entry.view = RegistryView::wow64;
+    world.registry().add(entry);
+    relay.offer(classId, old);
+    mustReturn(1, {Scalar(3), Text("Old"), Text("")}); // builds the vocabulary
+    int atPackage = -1;
+    int atRelay = -1;
+    {
+        const LibraryMemory memory;
+        old.onInterfaceReleased = [&](REFIID) { atPackage = memory.givenBack(); };
+        relay.onInterfaceReleased = [&](REFIID) { atRelay = memory.givenBack(); };
+        EXPECT_TRUE(mexStandInRunExit());
+        EXPECT_LT(memory.givenBack() - atRelay, 20) << "little is left behind the relay";
+    }
+    EXPECT_GE(atPackage, 0);
+    EXPECT_GT(atRelay - atPackage, 150) << "the vocabulary has more rows than that";
+
+    // MATLAB would unload the library now. A vocabulary that is marked unbuilt is built anew.
+    EXPECT_EQ(mustReturn(1, {Scalar(19), Text("volume")})[0].text(), Wide("m3 / mol"));
+}

@@ -68,4 +68,17 @@ public:
     int refused() const; // requests so far
 };
 
+// Counts, from its construction on, the blocks of so many bytes that the library makes with operator new, and all
+// blocks that it gives back. Not beside NoMemoryFor.
+class LibraryMemory {
+public:
+    explicit LibraryMemory(std::size_t bytes = 0);
+    ~LibraryMemory();
+    LibraryMemory(const LibraryMemory &) = delete;
+    LibraryMemory &operator=(const LibraryMemory &) = delete;
+
+    int made() const;
+    int givenBack() const;
+};
+
 } // namespace support

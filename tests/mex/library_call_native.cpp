@@ -138,4 +138,43 @@ NoMemoryFor::~NoMemoryFor() { allocation.reset(); }
 
 int NoMemoryFor::refused() const { return refusedAllocations; }
 
+namespace {
+
+using New = void *(std::size_t bytes);
+using Delete = void(void *block, std::size_t bytes) noexcept;
+
+struct MemoryCount {
+    int made = 0;
+    int givenBack = 0;
+    LibraryCall<"operator new", New> news;
+    LibraryCall<"operator delete", Delete> deletes;
+};
+
+std::unique_ptr<MemoryCount> memory;
+
+} // namespace
+
+LibraryMemory::LibraryMemory(std::size_t bytes)
+{
+    New *const systemNew = &operator new;
+    Delete *const systemDelete = &operator delete;
+    memory.reset(new MemoryCount{0,
+                                 0,
+                                 {systemNew,
+                                  [=](std::size_t wanted) {
+                                      memory->made += wanted == bytes;
+                                      return operator new(wanted);
+                                  }},
+                                 {systemDelete, [](void *block, std::size_t size) {
+                                      ++memory->givenBack;
+                                      operator delete(block, size);
+                                  }}});
+}
+
+LibraryMemory::~LibraryMemory() { memory.reset(); }
+
+int LibraryMemory::made() const { return memory->made; }
+
+int LibraryMemory::givenBack() const { return memory->givenBack; }
+
 } // namespace support

@@ -85,4 +85,38 @@ NoMemoryFor::~NoMemoryFor() { allocation.reset(); }
 
 int NoMemoryFor::refused() const { return refusedAllocations; }
 
+namespace {
+
+struct MemoryCount {
+    int made = 0;
+    int givenBack = 0;
+    LibraryCall<"malloc", void *(std::size_t bytes)> news;
+    LibraryCall<"free", void(void *block)> deletes;
+};
+
+std::unique_ptr<MemoryCount> memory;
+
+} // namespace
+
+LibraryMemory::LibraryMemory(std::size_t bytes)
+{
+    memory.reset(new MemoryCount{0,
+                                 0,
+                                 {std::malloc,
+                                  [=](std::size_t wanted) {
+                                      memory->made += wanted == bytes;
+                                      return std::malloc(wanted);
+                                  }},
+                                 {std::free, [](void *block) {
+                                      memory->givenBack += block != nullptr;
+                                      std::free(block);
+                                  }}});
+}
+
+LibraryMemory::~LibraryMemory() { memory.reset(); }
+
+int LibraryMemory::made() const { return memory->made; }
+
+int LibraryMemory::givenBack() const { return memory->givenBack; }
+
 } // namespace support
