@@ -162,3 +162,14 @@ TEST_F(ComponentCreation, MakesTheContextJustBeforeTheFirstInitialize)
                                                 "put_simulationContext 1"}));
     package.onCall = nullptr;
 }
+
+TEST_F(ComponentCreation, GivesBackThePersistenceInterfaceBeforeInitialize)
+{
+    package.persistent = true;
+    package.onCall = [this](const std::string &method) {
+        EXPECT_EQ(package.references(InterfaceId<IPersistStreamInit>), method == "InitNew" ? 1 : 0) << method;
+    };
+    open("Alone");
+    EXPECT_EQ(package.calls("Initialize"), 1);
+    package.onCall = nullptr;
+}

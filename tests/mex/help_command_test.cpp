@@ -206,3 +206,16 @@ TEST_F(HelpCommand, WithoutMemoryForThePathFailsBeforeTheLibraryIsAskedForIt)
     EXPECT_EQ(request().count, 0);
     EXPECT_EQ(showHelp(), "");
 }
+
+TEST_F(HelpCommand, ARegisteredPathThatGrowsBeyond260BytesIsNone)
+{
+    SetEnvironmentVariableA("VERDANTH_TEST_VIEWER", std::string(256, 'v').c_str());
+    registerViewer("%VERDANTH_TEST_VIEWER%.dll", REG_EXPAND_SZ);
+    std::vector<std::string> loaded;
+    LibraryCall<"LoadLibraryA", decltype(LoadLibraryA)> loads(LoadLibraryA, [&](LPCSTR name) -> HMODULE {
+        loaded.push_back(name);
+        return nullptr;
+    });
+    EXPECT_EQ(showHelp(), "Failed to load help file");
+    EXPECT_EQ(loaded, std::vector<std::string>{"hhctrl.ocx"});
+}

@@ -383,3 +383,21 @@ TEST_F(RelayClient, ANameOfASingleByteIsNoName)
     const Array name = mustReturn(1, {Scalar(1)})[0].element(0);
     EXPECT_EQ(mustReturn(1, {Scalar(3), name, Text("")}).warnings, warningOf("Itself"));
 }
+
+TEST_F(RelayClient, GivesUpTheSecondInstanceBeforeItLooksForANameAndTheObjectBeforeItWarns)
+{
+    registerPackage();
+    package.onCall = [this](const std::string &method) {
+        if (method == "get_ComponentName") {
+            EXPECT_EQ(relay.references(), 1) << "the instance that keeps the relay alive";
+        }
+    };
+    int heldAtWarning = 0;
+    LibraryCall<"mexWarnMsgTxt", decltype(mexWarnMsgTxt)> warn(mexWarnMsgTxt, [&](const char *text) {
+        heldAtWarning = package.references();
+        mexWarnMsgTxt(text);
+    });
+    EXPECT_EQ(openBy(classId).warnings, warningOf(Narrow(package.componentName)));
+    EXPECT_EQ(heldAtWarning, 1) << "the reference of the record to be";
+    package.onCall = nullptr;
+}

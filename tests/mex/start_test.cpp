@@ -3,6 +3,7 @@
 #include "tests/mex/library_call.h"
 
 #include <cstdlib>
+#include <stdexcept>
 
 using namespace support;
 
@@ -57,6 +58,18 @@ TEST_F(Start, DoesNotMindAnApartmentThatIsOfAnotherKind)
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); // which the exit routine leaves
     world.addPackage("Alone");
     EXPECT_EQ(mustReturn(1, {Scalar(7), open("Alone")})[0].texts(), Names({"A", "B"}));
+}
+
+TEST_F(Start, IsNotTriedAgainAfterItFailed)
+{
+    int entered = 0;
+    LibraryCall<"CoInitializeEx", decltype(CoInitializeEx)> enter(CoInitializeEx, [&](LPVOID, DWORD) -> HRESULT {
+        ++entered;
+        throw std::runtime_error("no apartment");
+    });
+    EXPECT_EQ(call(1, {Scalar(5)}).error, "Unexpected exception: no apartment");
+    EXPECT_EQ(mustReturn(1, {Scalar(19), Text("volume")})[0].text(), Wide("m3 / mol"));
+    EXPECT_EQ(entered, 1);
 }
 
 TEST_F(Start, ReadsNoRegistryUntilACommandNeedsIt)
