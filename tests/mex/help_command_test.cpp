@@ -4,6 +4,8 @@
 #include "tests/mex/library_call.h"
 #include "tests/support/mex_test.h"
 
+#include <algorithm>
+
 using namespace support;
 
 namespace {
@@ -180,6 +182,24 @@ TEST_F(HelpCommand, ARegisteredPathIsTakenUpTo260Bytes)
     registerViewer(longest + ".dll");
     EXPECT_EQ(showHelp(), "Failed to load help file");
     EXPECT_EQ(loaded, (std::vector<std::string>{longest + ".dll", "hhctrl.ocx"}));
+}
+
+TEST_F(HelpCommand, ARegisteredPathOf260BytesWithoutATerminatorIsCut)
+{
+    std::vector<std::string> loaded;
+    LibraryCall<"RegQueryValueExA", decltype(RegQueryValueExA)> queries(
+        RegQueryValueExA, [](HKEY, LPCSTR, LPDWORD, LPDWORD type, LPBYTE data, LPDWORD size) {
+            *type = REG_SZ;
+            *size = 260;
+            std::fill_n(data, 260, BYTE('v'));
+            return LSTATUS(ERROR_SUCCESS);
+        });
+    LibraryCall<"LoadLibraryA", decltype(LoadLibraryA)> loads(LoadLibraryA, [&](LPCSTR name) -> HMODULE {
+        loaded.push_back(name);
+        return nullptr;
+    });
+    EXPECT_EQ(showHelp(), "Failed to load help file");
+    EXPECT_EQ(loaded, (std::vector<std::string>{std::string(259, 'v'), "hhctrl.ocx"}));
 }
 
 TEST_F(HelpCommand, ARegisteredPathOfMoreThan260BytesIsNone)
