@@ -141,13 +141,30 @@ int NoMemoryFor::refused() const { return refusedAllocations; }
 namespace {
 
 using New = void *(std::size_t bytes);
+#ifdef __cpp_sized_deallocation
 using Delete = void(void *block, std::size_t bytes) noexcept;
+#else // not every compiler's default
+using Delete = void(void *block) noexcept;
+#endif
 
 struct MemoryCount {
     int made = 0;
     int givenBack = 0;
     LibraryCall<"operator new", New> news;
     LibraryCall<"operator delete", Delete> deletes;
+
+    MemoryCount(New *systemNew, Delete *systemDelete, std::size_t bytes)
+        : news(systemNew,
+               [this, bytes](std::size_t wanted) {
+                   made += wanted == bytes;
+                   return operator new(wanted);
+               }),
+          deletes(systemDelete, [this](auto... block) {
+              ++givenBack;
+              operator delete(block...);
+          })
+    {
+    }
 };
 
 std::unique_ptr<MemoryCount> memory;
@@ -158,17 +175,7 @@ LibraryMemory::LibraryMemory(std::size_t bytes)
 {
     New *const systemNew = &operator new;
     Delete *const systemDelete = &operator delete;
-    memory.reset(new MemoryCount{0,
-                                 0,
-                                 {systemNew,
-                                  [=](std::size_t wanted) {
-                                      memory->made += wanted == bytes;
-                                      return operator new(wanted);
-                                  }},
-                                 {systemDelete, [](void *block, std::size_t size) {
-                                      ++memory->givenBack;
-                                      operator delete(block, size);
-                                  }}});
+    memory = std::make_unique<MemoryCount>(systemNew, systemDelete, bytes);
 }
 
 LibraryMemory::~LibraryMemory() { memory.reset(); }

@@ -92,26 +92,26 @@ struct MemoryCount {
     int givenBack = 0;
     LibraryCall<"malloc", void *(std::size_t bytes)> news;
     LibraryCall<"free", void(void *block)> deletes;
+
+    explicit MemoryCount(std::size_t bytes)
+        : news(std::malloc,
+               [this, bytes](std::size_t wanted) {
+                   made += wanted == bytes;
+                   return std::malloc(wanted);
+               }),
+          deletes(std::free, [this](void *block) {
+              givenBack += block != nullptr;
+              std::free(block);
+          })
+    {
+    }
 };
 
 std::unique_ptr<MemoryCount> memory;
 
 } // namespace
 
-LibraryMemory::LibraryMemory(std::size_t bytes)
-{
-    memory.reset(new MemoryCount{0,
-                                 0,
-                                 {std::malloc,
-                                  [=](std::size_t wanted) {
-                                      memory->made += wanted == bytes;
-                                      return std::malloc(wanted);
-                                  }},
-                                 {std::free, [](void *block) {
-                                      memory->givenBack += block != nullptr;
-                                      std::free(block);
-                                  }}});
-}
+LibraryMemory::LibraryMemory(std::size_t bytes) { memory = std::make_unique<MemoryCount>(bytes); }
 
 LibraryMemory::~LibraryMemory() { memory.reset(); }
 
