@@ -3,6 +3,7 @@
 #include "cape/bstr.h"
 #include "cape/cape_open.h"
 #include "cape/com_pointer.h"
+#include "cape/relay_interface.h"
 #include "gateway/warning.h"
 #include "packages/registry_key.h"
 

@@ -1,0 +1,23 @@
+// How long the process lives: as long as somebody holds a relay, and one of its clients lives.
+#pragma once
+
+#include "platform/platform.h"
+
+// To be called before anybody can hold the process.
+void StartProcessLife();
+
+// A relay, or a lock; from any thread.
+void HoldProcess();
+void LetGoOfProcess();
+
+// A client by its process. A client that dies lets go of nothing, and not every system notices that for it: when all
+// clients are dead the process ends, whatever they held.
+void NoteClient(DWORD processId);
+
+// Handles the messages of the main thread until nobody holds the process any more, or all clients are dead; or nobody
+// ever came.
+void LiveUntilReleased();
+
+// Whether there is nothing to live for. Once LiveUntilReleased has returned and no new clients can come, this tells
+// whether one came in between.
+bool NobodyIsLeft();

@@ -1,0 +1,134 @@
+#include "tests/relay/installation.h"
+
+#include <gtest/gtest.h>
+
+#include <tlhelp32.h>
+
+namespace installation {
+
+namespace {
+
+constexpr DWORD patienceMilliseconds = 30'000;
+
+WideString wide(const std::string &ascii) { return WideString(ascii.begin(), ascii.end()); }
+
+HKEY openKey(REGSAM view, const std::string &path)
+{
+    HKEY key = nullptr;
+    const LSTATUS status = RegOpenKeyExW(HKEY_CLASSES_ROOT, wide(path).c_str(), 0, KEY_READ | view, &key);
+    return status == ERROR_SUCCESS ? key : nullptr;
+}
+
+void register32(LPCWSTR options)
+{
+    WCHAR folder[MAX_PATH] = {};
+    GetWindowsDirectoryW(folder, MAX_PATH);
+    const WideString registrar = WideString(folder) + L"\\syswow64\\regsvr32.exe";
+    EXPECT_EQ(run(registrar, options + (L" \"" + file32(L"VerdanthReference.dll") + L"\"")), 0u)
+        << "is the preset windows-x86 built?";
+}
+
+} // namespace
+
+WideString file32(LPCWSTR name)
+{
+    WCHAR path[1024] = {};
+    GetModuleFileNameW(nullptr, path, 1024);
+    WideString folder(path);
+    folder.resize(folder.rfind(L'\\'));     // of this program's build
+    folder.resize(folder.rfind(L'\\') + 1); // of all builds
+    return folder + L"windows-x86\\" + name;
+}
+
+DWORD run(const WideString &program, const WideString &arguments)
+{
+    WideString commandLine = L"\"" + program + L"\" " + arguments;
+    STARTUPINFOW start = {};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION process = {};
+    if (!CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
+                        &process)) {
+        ADD_FAILURE() << std::string(program.begin(), program.end()) << " does not start: " << GetLastError();
+        return ERROR_FILE_NOT_FOUND;
+    }
+    EXPECT_EQ(WaitForSingleObject(process.hProcess, patienceMilliseconds), WAIT_OBJECT_0);
+    DWORD code = STILL_ACTIVE;
+    GetExitCodeProcess(process.hProcess, &code);
+    if (code == STILL_ACTIVE)
+        TerminateProcess(process.hProcess, 1);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    return code;
+}
+
+RegisteredRelay::RegisteredRelay()
+{
+    EXPECT_EQ(run(file32(L"Verdanth6432Relay.exe"), L"/RegServer"), 0u) << "is the preset windows-x86 built?";
+}
+
+RegisteredRelay::~RegisteredRelay() { EXPECT_EQ(run(file32(L"Verdanth6432Relay.exe"), L"/UnregServer"), 0u); }
+
+RegisteredPackage32::RegisteredPackage32() { register32(L"/s"); }
+
+RegisteredPackage32::~RegisteredPackage32() { register32(L"/s /u"); }
+
+std::vector<DWORD> relays()
+{
+    std::vector<DWORD> found;
+    HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    PROCESSENTRY32W entry = {};
+    entry.dwSize = sizeof entry;
+    for (BOOL more = Process32FirstW(snapshot, &entry); more; more = Process32NextW(snapshot, &entry))
+        if (lstrcmpiW(entry.szExeFile, L"Verdanth6432Relay.exe") == 0)
+            found.push_back(entry.th32ProcessID);
+    CloseHandle(snapshot);
+    return found;
+}
+
+bool relaysEnd()
+{
+    const DWORD start = GetTickCount();
+    while (!relays().empty()) {
+        if (GetTickCount() - start > patienceMilliseconds)
+            return false;
+        Sleep(20);
+    }
+    return true;
+}
+
+void killRelays()
+{
+    for (const DWORD id : relays()) {
+        HANDLE process = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, id);
+        if (!process)
+            continue;
+        TerminateProcess(process, 1);
+        WaitForSingleObject(process, patienceMilliseconds);
+        CloseHandle(process);
+    }
+}
+
+std::string registeredText(REGSAM view, const std::string &path, const std::string &name)
+{
+    HKEY key = openKey(view, path);
+    if (!key)
+        return "(none)";
+    WCHAR text[1024] = {};
+    DWORD size = sizeof text - sizeof(WCHAR);
+    DWORD type = REG_NONE;
+    const LSTATUS status =
+        RegQueryValueExW(key, wide(name).c_str(), nullptr, &type, reinterpret_cast<LPBYTE>(text), &size);
+    RegCloseKey(key);
+    const WideString value = text;
+    return status == ERROR_SUCCESS && type == REG_SZ ? std::string(value.begin(), value.end()) : "(none)";
+}
+
+bool keyExists(REGSAM view, const std::string &path)
+{
+    HKEY key = openKey(view, path);
+    if (key)
+        RegCloseKey(key);
+    return key != nullptr;
+}
+
+} // namespace installation

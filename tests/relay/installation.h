@@ -1,0 +1,49 @@
+// The 32-bit side of an installation, as the tests of both sides find it: the relay and the 32-bit reference package in
+// the folder of the 32-bit build, and the processes that run from there.
+#pragma once
+
+#include "platform/platform.h"
+
+#include <string>
+#include <vector>
+
+namespace installation {
+
+// A file of the 32-bit build, with its full path.
+WideString file32(LPCWSTR name);
+
+// Runs a program and waits for its exit code.
+DWORD run(const WideString &program, const WideString &arguments);
+
+// The relay, registered while the object lives.
+class RegisteredRelay {
+public:
+    RegisteredRelay();
+    ~RegisteredRelay();
+    RegisteredRelay(const RegisteredRelay &) = delete;
+    RegisteredRelay &operator=(const RegisteredRelay &) = delete;
+};
+
+// The 32-bit reference package, registered while the object lives.
+class RegisteredPackage32 {
+public:
+    RegisteredPackage32();
+    ~RegisteredPackage32();
+    RegisteredPackage32(const RegisteredPackage32 &) = delete;
+    RegisteredPackage32 &operator=(const RegisteredPackage32 &) = delete;
+};
+
+// The relays that are running, by process id.
+std::vector<DWORD> relays();
+
+// Waits until none runs any more, but not for ever: false when one stays.
+bool relaysEnd();
+
+void killRelays(); // at once, as a crash would
+
+// A value of a key below HKEY_CLASSES_ROOT as `view` sees it (KEY_WOW64_32KEY or KEY_WOW64_64KEY); "(none)" if there is
+// no such text.
+std::string registeredText(REGSAM view, const std::string &path, const std::string &name = "");
+bool keyExists(REGSAM view, const std::string &path);
+
+} // namespace installation
