@@ -1,118 +1,81 @@
 #include "reference/engine/flash.h"
 
-#include "reference/engine/two_phase_split.h"
+#include "reference/engine/flash_reason.h"
 
-#include <algorithm>
+#include <cmath>
+#include <utility>
 
 namespace reference {
 
 namespace {
 
-constexpr double absent = 1e-100;
-
-// Of the Peng-Robinson equation at its critical point: R T b / a, and v / b.
-constexpr double criticalThermal = 0.0777960739039 / 0.457235528921;
-constexpr double criticalVolume = 3.95137303559;
-
-bool isLiquid(const FlashProblem &problem)
+bool isFraction(FlashVariable variable)
 {
-    const PhaseState &feed = problem.feed;
-    if (feed.severalRoots)
-        return feed.liquidRoot;
-    const bool loop = feed.B / feed.A < criticalThermal; // B / A = R T b / a
-    return loop && feed.Z / feed.B < criticalVolume;
+    return variable == FlashVariable::vaporFraction || variable == FlashVariable::vaporMassFraction;
 }
 
-// Mole fractions of the present compounds back to all of them.
-void spread(std::span<const int> present, const CompoundArray &fractions, int size, CompoundArray &all)
+// What is wrong with a value for itself; null for nothing.
+const char *wrongWith(const FlashSpecification &given)
 {
-    std::fill_n(all.begin(), size, 0.0);
-    for (std::size_t i = 0; i < present.size(); ++i)
-        all[present[i]] = fractions[i];
-}
-
-void givePhases(const TwoPhases &phases, std::span<const int> present, int size, FlashResult &result)
-{
-    // Phases that stand at their only root could bear either name: the denser one, measured by its
-    // own covolume, is the liquid.
-    const bool swap = !phases.vapor.severalRoots && !phases.liquid.severalRoots &&
-                      phases.vapor.Z / phases.vapor.B < phases.liquid.Z / phases.liquid.B;
-    result.vaporPresent = true;
-    result.liquidPresent = true;
-    result.vaporFraction = swap ? phases.amounts.liquid : phases.amounts.vapor;
-    result.liquidFraction = swap ? phases.amounts.vapor : phases.amounts.liquid;
-    spread(present, swap ? phases.x : phases.y, size, result.vapor);
-    spread(present, swap ? phases.y : phases.x, size, result.liquid);
-}
-
-void giveOnePhase(const FlashProblem &problem, std::span<const double> z, FlashResult &result)
-{
-    result.liquidPresent = isLiquid(problem);
-    result.vaporPresent = !result.liquidPresent;
-    result.vaporFraction = result.vaporPresent ? 1.0 : 0.0;
-    result.liquidFraction = result.liquidPresent ? 1.0 : 0.0;
-    std::ranges::copy(z, (result.vaporPresent ? result.vapor : result.liquid).begin());
-}
-
-// Looks for what the feed splits into: first as Wilson suggests, which mostly succeeds where there
-// are two phases, then from the tangent plane.
-SplitStatus split(const FlashProblem &problem, TwoPhases &phases)
-{
-    if (splitFromWilson(problem, phases) == SplitStatus::solved)
-        return SplitStatus::solved;
-
-    // A feed that is the stable one of two roots can only split off the other kind.
-    bool unfinished = false;
-    for (const Root root : {Root::vapor, Root::liquid}) {
-        if (problem.feed.severalRoots && (root == Root::vapor) == problem.feed.vaporRoot)
-            continue;
-        CompoundArray lnW;
-        if (!splitsOff(problem, root, lnW))
-            continue;
-        const SplitStatus status = splitFromTrial(problem, root, lnW, phases);
-        if (status == SplitStatus::solved)
-            return status;
-        unfinished |= status == SplitStatus::notConverged;
+    if (!std::isfinite(given.value))
+        return "must be a finite number";
+    switch (given.variable) {
+    case FlashVariable::temperature:
+        return given.value >= lowestFlashTemperature && given.value <= highestFlashTemperature
+                   ? nullptr
+                   : "must be from 20 K to 1500 K";
+    case FlashVariable::pressure:
+        return given.value >= lowestFlashPressure && given.value <= highestFlashPressure
+                   ? nullptr
+                   : "must be from 0.01 Pa to 1e+09 Pa";
+    case FlashVariable::vaporFraction:
+    case FlashVariable::vaporMassFraction:
+        return given.value >= 0.0 && given.value <= 1.0 ? nullptr : "must be from 0 to 1";
+    case FlashVariable::volume:
+        return given.value > 0.0 ? nullptr : "must be above zero";
+    default:
+        return nullptr;
     }
-    return unfinished ? SplitStatus::notConverged : SplitStatus::collapsed;
-}
-
-FlashStatus flashPresent(const MixtureModel &model, double temperature, double pressure, const double *z,
-                         std::span<const int> present, std::span<const double> feed, FlashResult &result)
-{
-    const FlashProblem problem(model, temperature, pressure, z);
-    if (model.size > 1) {
-        TwoPhases phases;
-        const SplitStatus status = split(problem, phases);
-        if (status == SplitStatus::notConverged)
-            return FlashStatus::notConverged;
-        if (status == SplitStatus::solved) {
-            givePhases(phases, present, static_cast<int>(feed.size()), result);
-            return FlashStatus::solved;
-        }
-    }
-    giveOnePhase(problem, feed, result);
-    return FlashStatus::solved;
 }
 
 } // namespace
 
-FlashStatus flashTP(const MixtureModel &model, double temperature, double pressure, std::span<const double> z,
-                    FlashResult &result)
+const char *refusalOf(FlashVariable first, FlashVariable second)
 {
-    std::array<int, maximumCompounds> members;
-    CompoundArray amounts;
-    int count = 0;
-    for (int i = 0; i < model.size; ++i) {
-        if (z[i] <= absent)
-            continue;
-        members[count] = i;
-        amounts[count++] = z[i];
+    if (first == second)
+        return "The two flash specifications are the same";
+    if (isFraction(first) && isFraction(second))
+        return "A vapor fraction and a vapor mass fraction do not determine a temperature";
+    return nullptr;
+}
+
+FlashStatus flash(const MixtureModel &model, const FlashRequest &request, std::span<const double> z,
+                  FlashResult &result, FlashReason &reason)
+{
+    FlashSpecification first = request.first;
+    FlashSpecification second = request.second;
+    if (const char *refusal = refusalOf(first.variable, second.variable)) {
+        giveReason(reason, "%s", refusal);
+        return FlashStatus::undetermined;
     }
-    const std::span<const int> present(members.data(), count);
-    if (count == model.size)
-        return flashPresent(model, temperature, pressure, amounts.data(), present, z, result);
-    return flashPresent(model.subset(present), temperature, pressure, amounts.data(), present, z, result);
+    for (const FlashSpecification &given : {first, second})
+        if (const char *wrong = wrongWith(given)) {
+            giveReason(reason, "The %s %.6g %s", flashVariableName(given.variable), given.value, wrong);
+            return FlashStatus::badValue;
+        }
+    if (second.variable < first.variable)
+        std::swap(first, second);
+
+    if (first.variable == FlashVariable::temperature && second.variable == FlashVariable::pressure) {
+        const FlashStatus status = flashTP(model, first.value, second.value, z, result);
+        if (status != FlashStatus::solved)
+            giveReason(reason, "The phases at %s and %s were not found", SpecificationText(first).text.data(),
+                       SpecificationText(second).text.data());
+        return status;
+    }
+    giveReason(reason, "No solution for %s and %s was found", SpecificationText(first).text.data(),
+               SpecificationText(second).text.data());
+    return FlashStatus::notConverged;
 }
 
 } // namespace reference

@@ -1,21 +1,77 @@
-// Phase equilibrium of vapour and liquid.
+// Phase equilibrium of vapour and liquid at two given conditions.
 #pragma once
 
 #include "reference/engine/mixture_model.h"
 
+#include <array>
 #include <span>
 
 namespace reference {
 
+// What may be given of the whole mixture. Molar values are per mole of feed, with the zero points of
+// phase_properties.h; those of internal, Gibbs and Helmholtz energy follow from enthalpy and entropy.
+enum class FlashVariable {
+    temperature,       // K
+    pressure,          // Pa
+    vaporFraction,     // moles of vapour in one mole
+    vaporMassFraction, // mass of vapour in one unit of mass
+    enthalpy,          // J/mol
+    entropy,           // J/mol/K
+    volume,            // m3/mol
+    internalEnergy,    // J/mol
+    gibbsEnergy,       // J/mol
+    helmholtzEnergy,   // J/mol
+};
+inline constexpr int flashVariableCount = 10;
+
+struct FlashSpecification {
+    FlashVariable variable;
+    double value;
+};
+
+// Which solution is meant where a vapour fraction is given: the one where it falls with the pressure at
+// constant temperature and rises with the temperature at constant pressure, or one where it does not.
+// Without a vapour fraction the type has no meaning and is not looked at.
+enum class SolutionType {
+    unspecified, // the normal one where there is one, otherwise the retrograde one
+    normal,
+    retrograde,
+};
+
+// The phases that may be formed.
+enum class FlashPhases {
+    vaporAndLiquid,
+    vaporOnly,  // the whole feed as vapour, stable or not
+    liquidOnly, // the whole feed as liquid, stable or not
+};
+
+struct FlashRequest {
+    FlashSpecification first;
+    FlashSpecification second;
+    SolutionType solution = SolutionType::unspecified;
+    FlashPhases phases = FlashPhases::vaporAndLiquid;
+};
+
 enum class FlashStatus {
     solved,
-    notConverged,
+    badValue,     // a value that no state can have, such as a temperature below zero
+    undetermined, // the two together leave the state open
+    noSolution,   // no state within the limits below has these values
+    notConverged, // there may be a solution, but it was not found
 };
+
+// Solutions are looked for within these limits only, ends included.
+inline constexpr double lowestFlashTemperature = 20.0;    // K
+inline constexpr double highestFlashTemperature = 1500.0; // K
+inline constexpr double lowestFlashPressure = 1e-2;       // Pa
+inline constexpr double highestFlashPressure = 1e9;       // Pa
 
 // What a feed becomes. At most one vapour and one liquid: where the model has two liquids at once,
 // they are treated as far as one of them can stand for the vapour, as the less dense one.
 struct FlashResult {
-    bool vaporPresent;
+    double temperature; // K
+    double pressure;    // Pa
+    bool vaporPresent;  // a phase at its dew or bubble point is present with amount zero
     bool liquidPresent;
     double vaporFraction;  // moles of vapour in one mole of feed: 0, 1 or between
     double liquidFraction; // the rest, with all its digits when it is small
@@ -23,14 +79,38 @@ struct FlashResult {
     CompoundArray liquid;
 };
 
-// Solves for given temperature (K) and pressure (Pa). `z` are the mole fractions of the feed, zero
-// or more, summing to one; compounds below 1e-100 count as absent. Two phases are reported when
-// they have a lower Gibbs energy than one, and then ln f_i differs by less than 1e-10 between them.
+// Why a flash failed: a sentence without its full stop, such as "No temperature from 20 K to 1500 K at
+// the pressure 100000 Pa gives the enthalpy 1e+09 J/mol".
+using FlashReason = std::array<char, 320>; // ends with a zero
+
+// Solves for given temperature (K) and pressure (Pa), both above zero and not held to the limits above.
+// `z` are the mole fractions of the feed, zero or more, summing to one; compounds below 1e-100 count as
+// absent. Two phases are reported when they have a lower Gibbs energy than one, and then ln f_i differs by
+// less than 1e-10 between them.
 //
 // A single phase where the equation has two roots is the one of lower Gibbs energy. Where it has
 // one, it is liquid if the equation with the mixture's a and b still has a van der Waals loop at the
 // temperature, and the volume is below that of the equation's critical point; otherwise vapour.
 FlashStatus flashTP(const MixtureModel &model, double temperature, double pressure, std::span<const double> z,
                     FlashResult &result);
+
+// Solves for any two conditions, given in either order; `z` as above. The values of the solution agree
+// with those given to 1e-9, relative to the larger of the value itself and its natural size (R T for an
+// energy, R for an entropy). `result` is valid when the flash is solved, `reason` when it is not.
+//
+// Where several states have the given values, the answer is the one of
+//   temperature and an energy or entropy: the lowest pressure,
+//   pressure and an energy, an entropy or the volume: the lowest temperature,
+//   a vapour fraction: the solution type, and of several the one that is met first on the line of
+//     constant vapour fraction from low pressure on,
+//   two others: the one that is met first from low temperature or pressure on.
+// A pure compound that boils has a range of enthalpies, entropies, volumes, internal and Helmholtz
+// energies at one temperature and pressure, and one Gibbs energy; so its Gibbs energy together with its
+// temperature or pressure leaves the amounts open.
+FlashStatus flash(const MixtureModel &model, const FlashRequest &request, std::span<const double> z,
+                  FlashResult &result, FlashReason &reason);
+
+// Whether two variables can determine a state at all; null if so, otherwise why not, as for FlashReason.
+const char *refusalOf(FlashVariable first, FlashVariable second);
 
 } // namespace reference

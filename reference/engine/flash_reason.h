@@ -1,0 +1,21 @@
+// The sentences that say why a flash failed.
+#pragma once
+
+#include "reference/engine/flash.h"
+
+namespace reference {
+
+// What a variable is called, and the unit of its values ("" for a fraction).
+const char *flashVariableName(FlashVariable variable);
+const char *flashVariableUnit(FlashVariable variable);
+
+// Writes a sentence as printf does, cut off where the reason is full.
+[[gnu::format(printf, 2, 3)]] void giveReason(FlashReason &reason, const char *format, ...);
+
+// A specification in words, such as "the pressure 100000 Pa".
+struct SpecificationText {
+    explicit SpecificationText(const FlashSpecification &specification);
+    std::array<char, 64> text;
+};
+
+} // namespace reference
