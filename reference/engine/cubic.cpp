@@ -37,9 +37,11 @@ struct Cubic {
 
 } // namespace
 
-CompressibilityRoots solveCompressibility(double A, double B)
+CompressibilityRoots solveCompressibility(const CubicEquation &equation, double A, double B)
 {
-    const Cubic cubic{B - 1.0, A - (3.0 * B + 2.0) * B, -(A - B - B * B) * B};
+    const double sum = equation.sum();
+    const double product = equation.product();
+    const Cubic cubic{(sum - 1.0) * B - 1.0, A + ((product - sum) * B - sum) * B, -(A + product * (1.0 + B) * B) * B};
 
     // z = w - c2/3 turns the cubic into w^3 + p w + q.
     const double shift = -cubic.c2 / 3.0;

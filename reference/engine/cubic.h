@@ -1,5 +1,7 @@
-// Roots of the Peng-Robinson equation in the compressibility factor.
+// Roots of a cubic equation of state in the compressibility factor.
 #pragma once
+
+#include "reference/engine/equation_of_state.h"
 
 namespace reference {
 
@@ -12,8 +14,8 @@ struct CompressibilityRoots {
     bool distinct() const { return vapor != liquid; }
 };
 
-// Solves Z^3 - (1 - B) Z^2 + (A - 3 B^2 - 2 B) Z - (A B - B^2 - B^3) = 0 for A = a P / (R T)^2 and
-// B = b P / (R T), both above zero. Closed form first, then Newton to the last digits.
-CompressibilityRoots solveCompressibility(double A, double B);
+// Solves Z = Z / (Z - B) - A Z / ((Z + d1 B) (Z + d2 B)) for A = a P / (R T)^2 and B = b P / (R T),
+// B above zero. Closed form first, then Newton to the last digits.
+CompressibilityRoots solveCompressibility(const CubicEquation &equation, double A, double B);
 
 } // namespace reference

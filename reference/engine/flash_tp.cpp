@@ -10,17 +10,14 @@ namespace {
 
 constexpr double absent = 1e-100;
 
-// Of the Peng-Robinson equation at its critical point: R T b / a, and v / b.
-constexpr double criticalThermal = 0.0777960739039 / 0.457235528921;
-constexpr double criticalVolume = 3.95137303559;
-
 bool isLiquid(const FlashProblem &problem)
 {
     const PhaseState &feed = problem.feed;
     if (feed.severalRoots)
         return feed.liquidRoot;
-    const bool loop = feed.B / feed.A < criticalThermal; // B / A = R T b / a
-    return loop && feed.Z / feed.B < criticalVolume;
+    const CubicEquation &equation = cubicEquation(problem.model.equation);
+    const bool loop = feed.B < equation.criticalThermal() * feed.A; // B / A = R T b / a
+    return loop && feed.Z < equation.criticalVolume * feed.B;
 }
 
 // Mole fractions of the present compounds back to all of them.

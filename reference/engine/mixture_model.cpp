@@ -6,34 +6,32 @@ namespace reference {
 
 namespace {
 
-// Peng, Robinson, Ind. Eng. Chem. Fundam. 15 (1976) 59. The constants of the critical point are
-// given there as 0.45724 and 0.07780; these are the same with all digits.
-constexpr double omegaA = 0.457235528921;
-constexpr double omegaB = 0.0777960739039;
-
-CompoundTerms termsOf(const CompoundData &compound)
+CompoundTerms termsOf(const CompoundData &compound, EquationOfState equation)
 {
+    const CubicEquation &constants = cubicEquation(equation);
     const double thermal = gasConstant * compound.criticalTemperature;
     const double omega = compound.acentricFactor;
-    return {.molecularWeight = compound.molecularWeight,
+    return {.data = &compound,
+            .molecularWeight = compound.molecularWeight,
             .criticalTemperature = compound.criticalTemperature,
             .criticalPressure = compound.criticalPressure,
             .acentricFactor = omega,
-            .attractionRoot = thermal * std::sqrt(omegaA / compound.criticalPressure),
-            .attractionSlope = 0.37464 + (1.54226 - 0.26992 * omega) * omega,
+            .attractionRoot = thermal * std::sqrt(constants.omegaA / compound.criticalPressure),
+            .attractionSlope = alphaSlope(equation, omega),
             .inverseRootCriticalT = 1.0 / std::sqrt(compound.criticalTemperature),
-            .covolume = omegaB * thermal / compound.criticalPressure,
+            .covolume = constants.omegaB * thermal / compound.criticalPressure,
             .idealGasHeatCapacity = compound.idealGasHeatCapacity};
 }
 
 } // namespace
 
-MixtureModel MixtureModel::of(std::span<const CompoundData *const> list)
+MixtureModel MixtureModel::of(std::span<const CompoundData *const> list, EquationOfState equation)
 {
     MixtureModel model;
+    model.equation = equation;
     model.size = static_cast<int>(list.size());
     for (int i = 0; i < model.size; ++i) {
-        model.compounds[i] = termsOf(*list[i]);
+        model.compounds[i] = termsOf(*list[i], equation);
         for (int j = 0; j < model.size; ++j)
             model.pairFactor[i + model.size * j] = 1.0 - interactionParameter(list[i]->id, list[j]->id);
     }
@@ -43,6 +41,7 @@ MixtureModel MixtureModel::of(std::span<const CompoundData *const> list)
 MixtureModel MixtureModel::subset(std::span<const int> members) const
 {
     MixtureModel chosen;
+    chosen.equation = equation;
     chosen.size = static_cast<int>(members.size());
     for (int i = 0; i < chosen.size; ++i) {
         chosen.compounds[i] = compounds[members[i]];

@@ -1,7 +1,8 @@
-// What the Peng-Robinson equation needs of a list of compounds, worked out once for the list.
+// What an equation of state needs of a list of compounds, worked out once for the list.
 #pragma once
 
 #include "reference/engine/compound_data.h"
+#include "reference/engine/equation_of_state.h"
 
 #include <array>
 #include <cstddef>
@@ -28,6 +29,7 @@ inline const double *columnOf(const PairArray &matrix, int size, int j)
 inline constexpr double gasConstant = 8.31446261815324; // J/mol/K, CODATA 2018 (exact)
 
 struct CompoundTerms {
+    const CompoundData *data;                   // of the table, which outlives every model
     double molecularWeight;                     // g/mol
     double criticalTemperature;                 // K
     double criticalPressure;                    // Pa
@@ -40,12 +42,14 @@ struct CompoundTerms {
 };
 
 struct MixtureModel {
+    EquationOfState equation = EquationOfState::pengRobinson;
     int size = 0;
     std::array<CompoundTerms, maximumCompounds> compounds;
-    PairArray pairFactor; // 1 - kij, symmetric
+    PairArray pairFactor; // 1 - kij, symmetric; not used by the ideal mixture
 
     // The model of these compounds in this order: at least one, at most maximumCompounds.
-    static MixtureModel of(std::span<const CompoundData *const> list);
+    static MixtureModel of(std::span<const CompoundData *const> list,
+                           EquationOfState equation = EquationOfState::pengRobinson);
 
     // The model of some of the compounds, by index.
     MixtureModel subset(std::span<const int> members) const;

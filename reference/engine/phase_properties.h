@@ -4,7 +4,7 @@
 // as an ideal gas at 298.15 K, and for the entropy at 101325 Pa.
 #pragma once
 
-#include "reference/engine/peng_robinson.h"
+#include "reference/engine/phase_state.h"
 
 namespace reference {
 

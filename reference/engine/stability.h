@@ -2,7 +2,7 @@
 // Equilibria 9 (1982) 1.
 #pragma once
 
-#include "reference/engine/peng_robinson.h"
+#include "reference/engine/phase_state.h"
 
 namespace reference {
 

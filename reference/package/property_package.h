@@ -4,7 +4,7 @@
 #include "cape/com_pointer.h"
 #include "reference/com/component.h"
 #include "reference/engine/flash.h"
-#include "reference/engine/peng_robinson.h"
+#include "reference/engine/phase_state.h"
 #include "reference/package/package_table.h"
 
 #include <vector>

@@ -1,5 +1,5 @@
 #include "reference/engine/flash.h"
-#include "reference/engine/peng_robinson.h"
+#include "reference/engine/phase_state.h"
 #include "tests/reference/engine/mixtures.h"
 
 #include <gtest/gtest.h>

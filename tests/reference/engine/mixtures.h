@@ -11,11 +11,15 @@
 
 namespace reference {
 
-inline MixtureModel modelOf(const std::vector<std::string_view> &ids)
+inline constexpr EquationOfState equations[] = {EquationOfState::pengRobinson, EquationOfState::soaveRedlichKwong,
+                                                EquationOfState::idealMixture};
+
+inline MixtureModel modelOf(const std::vector<std::string_view> &ids,
+                            EquationOfState equation = EquationOfState::pengRobinson)
 {
     std::vector<const CompoundData *> list;
     std::ranges::transform(ids, std::back_inserter(list), findCompound);
-    return MixtureModel::of(list);
+    return MixtureModel::of(list, equation);
 }
 
 inline MixtureModel modelOfAll()

@@ -1,18 +1,30 @@
-// The Peng-Robinson equation of state (Peng, Robinson, Ind. Eng. Chem. Fundam. 15 (1976) 59) with
-// van der Waals mixing: fugacity coefficients, residual properties and their derivatives, all
-// analytic. P = R T / (v - b) - a / (v^2 + 2 b v - b^2).
+// One phase by the equation of state of its model: fugacity coefficients, residual properties and
+// their derivatives, all analytic.
+//
+// Cubic equations (see CubicEquation) mix after van der Waals: a = sum x_i x_j sqrt(a_i a_j) (1 - kij),
+// b = sum x_i b_i. The ideal mixture has an ideal gas as vapour, and a liquid with
+// ln phi_i = ln(p_i / P) + v_i (P - p_i) / (R T), where p_i and v_i are vapour pressure and liquid
+// volume of the pure compound: Raoult's law with the Poynting factor, from which every other
+// property of that liquid follows.
 #pragma once
 
 #include "reference/engine/mixture_model.h"
+#include "reference/engine/pure_liquid.h"
 
 namespace reference {
 
-// The parts of the model that depend on temperature alone. a_ij = s_i s_j (1 - kij).
+// The parts of the model that depend on temperature alone.
 struct Isotherm {
-    double temperature;    // K
-    CompoundArray s;       // square root of a, Pa^0.5 m3/mol
+    double temperature; // K
+
+    // Cubic equations: a_ij = s_i s_j (1 - kij).
+    CompoundArray s;       // square root of a alpha, Pa^0.5 m3/mol
     CompoundArray slope;   // ds/dT
     CompoundArray bending; // d2s/dT2
+
+    // Ideal mixture: ln phi_i of the liquid is saturation_i + volume_i P - ln P.
+    std::array<TemperatureFunction, maximumCompounds> saturation; // ln p_i - v_i p_i / (R T)
+    std::array<TemperatureFunction, maximumCompounds> volume;     // v_i / (R T), 1/Pa
 
     Isotherm(const MixtureModel &model, double kelvin);
 };
@@ -26,20 +38,22 @@ enum class Root {
 
 // One phase at a temperature, pressure and composition.
 struct PhaseState {
-    double pressure;       // Pa
-    double a;              // Pa m6/mol2
-    double b;              // m3/mol
-    double A;              // a P / (R T)^2
-    double B;              // b P / (R T)
-    double Z;              // compressibility factor
-    bool severalRoots;     // the equation has a vapour and a liquid root here
-    bool vaporRoot;        // Z is the vapour root, or the only one
-    bool liquidRoot;       // Z is the liquid root, or the only one
-    double attractionLog;  // ln((Z + (1 + sqrt 2) B) / (Z + (1 - sqrt 2) B))
-    CompoundArray pairSum; // sum over j of (1 - kij) x_j s_j
-    CompoundArray alpha;   // (da/dn_i) / a = 2 s_i pairSum_i / a
-    CompoundArray beta;    // b_i / b
-    CompoundArray lnPhi;   // logarithms of the fugacity coefficients
+    double pressure;     // Pa
+    double Z;            // compressibility factor
+    bool severalRoots;   // there are a vapour and a liquid here
+    bool vaporRoot;      // this is the vapour, or what is there instead of both
+    bool liquidRoot;     // this is the liquid, or what is there instead of both
+    CompoundArray lnPhi; // logarithms of the fugacity coefficients
+
+    // Cubic equations only.
+    double a;                 // Pa m6/mol2
+    double b;                 // m3/mol
+    double A;                 // a P / (R T)^2
+    double B;                 // b P / (R T)
+    double attractionLog;     // ln((Z + d1 B) / (Z + d2 B)) / (d1 - d2)
+    CompoundArray pairSum;    // sum over j of (1 - kij) x_j s_j
+    CompoundArray attraction; // 2 s_i pairSum_i P / (R T)^2: the slope of n^2 A with the moles of i
+    CompoundArray beta;       // b_i / b
 };
 
 // Fills `state`. The mole fractions must be zero or more and sum to one; a fraction of zero gives

@@ -1,0 +1,22 @@
+// Phases by a cubic equation: what phase_state.h declares, for models with such an equation.
+#pragma once
+
+#include "reference/engine/phase_state.h"
+
+namespace reference::cubic {
+
+void prepare(const MixtureModel &model, Isotherm &isotherm);
+
+void evaluatePhase(const MixtureModel &model, const Isotherm &isotherm, double pressure, const double *moleFractions,
+                   Root root, PhaseState &state);
+void lnPhiByMoles(const MixtureModel &model, const Isotherm &isotherm, const PhaseState &state, PairArray &derivatives);
+void evaluateSlopes(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
+                    const PhaseState &state, PhaseSlopes &slopes);
+double residualEnthalpy(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
+                        const PhaseState &state);
+double residualEntropy(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
+                       const PhaseState &state);
+double residualHeatCapacity(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
+                            const PhaseState &state, double ZbyT);
+
+} // namespace reference::cubic

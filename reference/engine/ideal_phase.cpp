@@ -1,0 +1,146 @@
+#include "reference/engine/ideal_phase.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace reference::ideal {
+
+namespace {
+
+// The product of two functions of temperature.
+TemperatureFunction product(const TemperatureFunction &f, const TemperatureFunction &g)
+{
+    return {f.value * g.value, f.first * g.value + f.value * g.first,
+            f.second * g.value + 2.0 * f.first * g.first + f.value * g.second,
+            f.third * g.value + 3.0 * (f.second * g.first + f.first * g.second) + f.value * g.third};
+}
+
+TemperatureFunction exponential(const TemperatureFunction &f)
+{
+    const double value = std::exp(f.value);
+    return {value, value * f.first, value * (f.second + f.first * f.first),
+            value * (f.third + (3.0 * f.second + f.first * f.first) * f.first)};
+}
+
+// 1 / (R T)
+TemperatureFunction inverseThermal(double T)
+{
+    const double value = 1.0 / (gasConstant * T);
+    return {value, -value / T, 2.0 * value / (T * T), -6.0 * value / (T * T * T)};
+}
+
+TemperatureFunction operator-(const TemperatureFunction &f, const TemperatureFunction &g)
+{
+    return {f.value - g.value, f.first - g.first, f.second - g.second, f.third - g.third};
+}
+
+double liquidFugacity(const Isotherm &isotherm, int i, double pressure, double logPressure)
+{
+    return isotherm.saturation[i].value + isotherm.volume[i].value * pressure - logPressure;
+}
+
+// The sum over the compounds of x_i d^k(ln phi_i)/dT^k of the liquid, for one derivative.
+double meanOf(const MixtureModel &model, const Isotherm &isotherm, const double *x, double pressure,
+              double TemperatureFunction::*derivative)
+{
+    double sum = 0.0;
+    for (int i = 0; i < model.size; ++i)
+        sum += x[i] * (isotherm.saturation[i].*derivative + isotherm.volume[i].*derivative * pressure);
+    return sum;
+}
+
+bool isVapor(const PhaseState &state) { return state.vaporRoot; }
+
+} // namespace
+
+void prepare(const MixtureModel &model, Isotherm &isotherm)
+{
+    const double T = isotherm.temperature;
+    const TemperatureFunction inverse = inverseThermal(T);
+    for (int i = 0; i < model.size; ++i) {
+        const CompoundData &compound = *model.compounds[i].data;
+        const TemperatureFunction logPressure = logVaporPressure(compound, T);
+        isotherm.volume[i] = product(liquidVolume(compound, T), inverse);
+        isotherm.saturation[i] = logPressure - product(isotherm.volume[i], exponential(logPressure));
+    }
+}
+
+void evaluatePhase(const MixtureModel &model, const Isotherm &isotherm, double pressure, const double *moleFractions,
+                   Root root, PhaseState &state)
+{
+    const int n = model.size;
+    const double logPressure = std::log(pressure);
+    double gibbs = 0.0;
+    double volume = 0.0;
+    for (int i = 0; i < n; ++i) {
+        state.lnPhi[i] = liquidFugacity(isotherm, i, pressure, logPressure);
+        gibbs += moleFractions[i] * state.lnPhi[i];
+        volume += moleFractions[i] * isotherm.volume[i].value;
+    }
+    const bool liquid = root == Root::liquid || (root == Root::stable && gibbs < 0.0);
+    state.pressure = pressure;
+    state.severalRoots = true;
+    state.vaporRoot = !liquid;
+    state.liquidRoot = liquid;
+    state.Z = liquid ? volume * pressure : 1.0;
+    if (!liquid)
+        std::fill_n(state.lnPhi.begin(), n, 0.0);
+}
+
+void lnPhiByMoles(const MixtureModel &model, const Isotherm &, const PhaseState &, PairArray &derivatives)
+{
+    std::fill_n(derivatives.begin(), model.size * model.size, 0.0);
+}
+
+void evaluateSlopes(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
+                    const PhaseState &state, PhaseSlopes &slopes)
+{
+    const double P = state.pressure;
+    slopes.ZbyT = 0.0;
+    slopes.ZbyP = 0.0;
+    for (int i = 0; i < model.size; ++i) {
+        slopes.lnPhiByT[i] = 0.0;
+        slopes.lnPhiByP[i] = 0.0;
+        if (isVapor(state))
+            continue;
+        slopes.lnPhiByT[i] = isotherm.saturation[i].first + isotherm.volume[i].first * P;
+        slopes.lnPhiByP[i] = isotherm.volume[i].value - 1.0 / P;
+        slopes.ZbyT += moleFractions[i] * isotherm.volume[i].first * P;
+        slopes.ZbyP += moleFractions[i] * isotherm.volume[i].value;
+    }
+}
+
+double residualEnthalpy(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
+                        const PhaseState &state)
+{
+    if (isVapor(state))
+        return 0.0;
+    const double T = isotherm.temperature;
+    return -gasConstant * T * T * meanOf(model, isotherm, moleFractions, state.pressure, &TemperatureFunction::first);
+}
+
+double residualEntropy(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
+                       const PhaseState &state)
+{
+    if (isVapor(state))
+        return 0.0;
+    const double P = state.pressure;
+    const double T = isotherm.temperature;
+    const double gibbs =
+        meanOf(model, isotherm, moleFractions, P, &TemperatureFunction::value) - std::log(P); // over R T
+    return -gasConstant * (gibbs + T * meanOf(model, isotherm, moleFractions, P, &TemperatureFunction::first));
+}
+
+double residualHeatCapacity(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
+                            const PhaseState &state, double)
+{
+    if (isVapor(state))
+        return 0.0;
+    const double T = isotherm.temperature;
+    const double P = state.pressure;
+    return -gasConstant * T *
+           (2.0 * meanOf(model, isotherm, moleFractions, P, &TemperatureFunction::first) +
+            T * meanOf(model, isotherm, moleFractions, P, &TemperatureFunction::second));
+}
+
+} // namespace reference::ideal

@@ -1,0 +1,22 @@
+// A pure compound's saturated liquid, as an ideal mixture needs it.
+#pragma once
+
+#include "reference/engine/compound_data.h"
+
+namespace reference {
+
+// A function of temperature and its first three derivatives.
+struct TemperatureFunction {
+    double value;
+    double first;  // 1/K
+    double second; // 1/K^2
+    double third;  // 1/K^3
+};
+
+// The logarithm of the vapour pressure in Pa.
+TemperatureFunction logVaporPressure(const CompoundData &compound, double kelvin);
+
+// The volume of the saturated liquid, m3/mol.
+TemperatureFunction liquidVolume(const CompoundData &compound, double kelvin);
+
+} // namespace reference
