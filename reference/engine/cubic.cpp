@@ -37,7 +37,7 @@ struct Cubic {
 
 } // namespace
 
-CompressibilityRoots solveCompressibility(const CubicEquation &equation, double A, double B)
+CompressibilityRoots solveCompressibility(const CubicConstants &equation, double A, double B)
 {
     const double sum = equation.sum();
     const double product = equation.product();

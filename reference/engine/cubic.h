@@ -16,6 +16,6 @@ struct CompressibilityRoots {
 
 // Solves Z = Z / (Z - B) - A Z / ((Z + d1 B) (Z + d2 B)) for A = a P / (R T)^2 and B = b P / (R T),
 // B above zero. Closed form first, then Newton to the last digits.
-CompressibilityRoots solveCompressibility(const CubicEquation &equation, double A, double B);
+CompressibilityRoots solveCompressibility(const CubicConstants &equation, double A, double B);
 
 } // namespace reference

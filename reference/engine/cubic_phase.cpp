@@ -9,13 +9,13 @@ namespace reference::cubic {
 namespace {
 
 // ln((Z + d1 B) / (Z + d2 B)) / (d1 - d2), with all its digits when B is small: B / Z then.
-double attractionLogarithm(const CubicEquation &equation, double Z, double B)
+double attractionLogarithm(const CubicConstants &equation, double Z, double B)
 {
     return std::log1p(equation.spread() * B / (Z + equation.d2 * B)) / equation.spread();
 }
 
 // The residual Gibbs energy over R T of one root: what the two roots are compared by.
-double residualGibbs(const CubicEquation &equation, double A, double B, double Z)
+double residualGibbs(const CubicConstants &equation, double A, double B, double Z)
 {
     return Z - 1.0 - std::log(Z - B) - A / B * attractionLogarithm(equation, Z, B);
 }
@@ -28,7 +28,7 @@ struct Response {
     double B;
     double quadratic; // (Z + d1 B) (Z + d2 B)
 
-    Response(const CubicEquation &equation, const PhaseState &state) : Z(state.Z), B(state.B)
+    Response(const CubicConstants &equation, const PhaseState &state) : Z(state.Z), B(state.B)
     {
         const double sum = equation.sum();
         const double product = equation.product();
@@ -112,7 +112,7 @@ void evaluatePhase(const MixtureModel &model, const Isotherm &isotherm, double p
     const double A = a * pressure / (thermal * thermal);
     const double B = b * pressure / thermal;
 
-    const CubicEquation &equation = cubicEquation(model.equation);
+    const CubicConstants &equation = cubicConstants(model.equation);
     const CompressibilityRoots roots = solveCompressibility(equation, A, B);
     const bool takeLiquid =
         roots.distinct() &&
@@ -146,7 +146,7 @@ void evaluatePhase(const MixtureModel &model, const Isotherm &isotherm, double p
 void lnPhiByMoles(const MixtureModel &model, const Isotherm &isotherm, const PhaseState &state, PairArray &derivatives)
 {
     const int n = model.size;
-    const Response response(cubicEquation(model.equation), state);
+    const Response response(cubicConstants(model.equation), state);
     const double A = state.A;
     const double B = state.B;
     const double strength = state.attractionLog / B;
@@ -180,7 +180,7 @@ void evaluateSlopes(const MixtureModel &model, const Isotherm &isotherm, const d
     const double T = isotherm.temperature;
     const double P = state.pressure;
     const double thermal = gasConstant * T;
-    const Response response(cubicEquation(model.equation), state);
+    const Response response(cubicConstants(model.equation), state);
     const double A = state.A;
     const double B = state.B;
     const double freeZ = state.Z - B;
@@ -236,7 +236,7 @@ double residualHeatCapacity(const MixtureModel &model, const Isotherm &isotherm,
     const double T = isotherm.temperature;
     const double aByT = attractionSlope(model, isotherm, moleFractions, state);
     const double aByTT = attractionBending(model, isotherm, moleFractions, state);
-    const double logByT = Response(cubicEquation(model.equation), state).logChange(ZbyT, -state.B / T);
+    const double logByT = Response(cubicConstants(model.equation), state).logChange(ZbyT, -state.B / T);
     return gasConstant * (state.Z - 1.0 + T * ZbyT) +
            (T * aByTT * state.attractionLog + (T * aByT - state.a) * logByT) / state.b;
 }

@@ -11,20 +11,20 @@ namespace {
 // omegaA = (8 + 40 eta) / (49 - 37 eta), omegaB = eta / (3 + eta) (published as 0.45724 and 0.07780);
 // and for Soave-Redlich-Kwong: omegaA = 1 / (9 (cbrt 2 - 1)), omegaB = (cbrt 2 - 1) / 3 (published as
 // 0.42747 and 0.08664), vc / b = 1 / (cbrt 2 - 1).
-constexpr CubicEquation pengRobinson{.d1 = 1.0 + std::numbers::sqrt2,
-                                     .d2 = 1.0 - std::numbers::sqrt2,
-                                     .omegaA = 0.45723552892138218935,
-                                     .omegaB = 0.077796073903888455972,
-                                     .criticalVolume = 3.9513730355914414330};
-constexpr CubicEquation soaveRedlichKwong{.d1 = 1.0,
-                                          .d2 = 0.0,
-                                          .omegaA = 0.42748023354034140439,
-                                          .omegaB = 0.086640349964957721589,
-                                          .criticalVolume = 3.8473221018630726};
+constexpr CubicConstants pengRobinson{.d1 = 1.0 + std::numbers::sqrt2,
+                                      .d2 = 1.0 - std::numbers::sqrt2,
+                                      .omegaA = 0.45723552892138218935,
+                                      .omegaB = 0.077796073903888455972,
+                                      .criticalVolume = 3.9513730355914414330};
+constexpr CubicConstants soaveRedlichKwong{.d1 = 1.0,
+                                           .d2 = 0.0,
+                                           .omegaA = 0.42748023354034140439,
+                                           .omegaB = 0.086640349964957721589,
+                                           .criticalVolume = 3.8473221018630726};
 
 } // namespace
 
-const CubicEquation &cubicEquation(EquationOfState equation)
+const CubicConstants &cubicConstants(EquationOfState equation)
 {
     return equation == EquationOfState::soaveRedlichKwong ? soaveRedlichKwong : pengRobinson;
 }

@@ -11,7 +11,7 @@ enum class EquationOfState {
 
 // P = R T / (v - b) - a alpha(T) / ((v + d1 b) (v + d2 b)), with
 // a = omegaA (R Tc)^2 / Pc, b = omegaB R Tc / Pc and alpha = (1 + kappa (1 - sqrt(T / Tc)))^2.
-struct CubicEquation {
+struct CubicConstants {
     double d1;
     double d2;
     double omegaA;
@@ -26,7 +26,7 @@ struct CubicEquation {
 };
 
 // The constants of a cubic equation; those of Peng and Robinson for idealMixture, which has none.
-const CubicEquation &cubicEquation(EquationOfState equation);
+const CubicConstants &cubicConstants(EquationOfState equation);
 
 // kappa of the alpha function, from the acentric factor:
 // - Peng-Robinson: Peng, Robinson, Ind. Eng. Chem. Fundam. 15 (1976) 59; for acentric factors above

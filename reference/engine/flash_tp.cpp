@@ -15,7 +15,7 @@ bool isLiquid(const FlashProblem &problem)
     const PhaseState &feed = problem.feed;
     if (feed.severalRoots)
         return feed.liquidRoot;
-    const CubicEquation &equation = cubicEquation(problem.model.equation);
+    const CubicConstants &equation = cubicConstants(problem.model.equation);
     const bool loop = feed.B < equation.criticalThermal() * feed.A; // B / A = R T b / a
     return loop && feed.Z < equation.criticalVolume * feed.B;
 }

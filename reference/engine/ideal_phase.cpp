@@ -10,16 +10,16 @@ namespace {
 // The product of two functions of temperature.
 TemperatureFunction product(const TemperatureFunction &f, const TemperatureFunction &g)
 {
-    return {f.value * g.value, f.first * g.value + f.value * g.first,
-            f.second * g.value + 2.0 * f.first * g.first + f.value * g.second,
-            f.third * g.value + 3.0 * (f.second * g.first + f.first * g.second) + f.value * g.third};
+    return {f.value * g.value, f.byT * g.value + f.value * g.byT,
+            f.byTT * g.value + 2.0 * f.byT * g.byT + f.value * g.byTT,
+            f.byTTT * g.value + 3.0 * (f.byTT * g.byT + f.byT * g.byTT) + f.value * g.byTTT};
 }
 
 TemperatureFunction exponential(const TemperatureFunction &f)
 {
     const double value = std::exp(f.value);
-    return {value, value * f.first, value * (f.second + f.first * f.first),
-            value * (f.third + (3.0 * f.second + f.first * f.first) * f.first)};
+    return {value, value * f.byT, value * (f.byTT + f.byT * f.byT),
+            value * (f.byTTT + (3.0 * f.byTT + f.byT * f.byT) * f.byT)};
 }
 
 // 1 / (R T)
@@ -31,7 +31,7 @@ TemperatureFunction inverseThermal(double T)
 
 TemperatureFunction operator-(const TemperatureFunction &f, const TemperatureFunction &g)
 {
-    return {f.value - g.value, f.first - g.first, f.second - g.second, f.third - g.third};
+    return {f.value - g.value, f.byT - g.byT, f.byTT - g.byTT, f.byTTT - g.byTTT};
 }
 
 double liquidFugacity(const Isotherm &isotherm, int i, double pressure, double logPressure)
@@ -103,9 +103,9 @@ void evaluateSlopes(const MixtureModel &model, const Isotherm &isotherm, const d
         slopes.lnPhiByP[i] = 0.0;
         if (isVapor(state))
             continue;
-        slopes.lnPhiByT[i] = isotherm.saturation[i].first + isotherm.volume[i].first * P;
+        slopes.lnPhiByT[i] = isotherm.saturation[i].byT + isotherm.volume[i].byT * P;
         slopes.lnPhiByP[i] = isotherm.volume[i].value - 1.0 / P;
-        slopes.ZbyT += moleFractions[i] * isotherm.volume[i].first * P;
+        slopes.ZbyT += moleFractions[i] * isotherm.volume[i].byT * P;
         slopes.ZbyP += moleFractions[i] * isotherm.volume[i].value;
     }
 }
@@ -116,7 +116,7 @@ double residualEnthalpy(const MixtureModel &model, const Isotherm &isotherm, con
     if (isVapor(state))
         return 0.0;
     const double T = isotherm.temperature;
-    return -gasConstant * T * T * meanOf(model, isotherm, moleFractions, state.pressure, &TemperatureFunction::first);
+    return -gasConstant * T * T * meanOf(model, isotherm, moleFractions, state.pressure, &TemperatureFunction::byT);
 }
 
 double residualEntropy(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
@@ -128,7 +128,7 @@ double residualEntropy(const MixtureModel &model, const Isotherm &isotherm, cons
     const double T = isotherm.temperature;
     const double gibbs =
         meanOf(model, isotherm, moleFractions, P, &TemperatureFunction::value) - std::log(P); // over R T
-    return -gasConstant * (gibbs + T * meanOf(model, isotherm, moleFractions, P, &TemperatureFunction::first));
+    return -gasConstant * (gibbs + T * meanOf(model, isotherm, moleFractions, P, &TemperatureFunction::byT));
 }
 
 double residualHeatCapacity(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
@@ -139,8 +139,8 @@ double residualHeatCapacity(const MixtureModel &model, const Isotherm &isotherm,
     const double T = isotherm.temperature;
     const double P = state.pressure;
     return -gasConstant * T *
-           (2.0 * meanOf(model, isotherm, moleFractions, P, &TemperatureFunction::first) +
-            T * meanOf(model, isotherm, moleFractions, P, &TemperatureFunction::second));
+           (2.0 * meanOf(model, isotherm, moleFractions, P, &TemperatureFunction::byT) +
+            T * meanOf(model, isotherm, moleFractions, P, &TemperatureFunction::byTT));
 }
 
 } // namespace reference::ideal

@@ -8,7 +8,7 @@ namespace {
 
 CompoundTerms termsOf(const CompoundData &compound, EquationOfState equation)
 {
-    const CubicEquation &constants = cubicEquation(equation);
+    const CubicConstants &constants = cubicConstants(equation);
     const double thermal = gasConstant * compound.criticalTemperature;
     const double omega = compound.acentricFactor;
     return {.data = &compound,

@@ -8,9 +8,9 @@ namespace reference {
 // A function of temperature and its first three derivatives.
 struct TemperatureFunction {
     double value;
-    double first;  // 1/K
-    double second; // 1/K^2
-    double third;  // 1/K^3
+    double byT;   // per K
+    double byTT;  // per K2
+    double byTTT; // per K3
 };
 
 // The logarithm of the vapour pressure in Pa.

@@ -34,14 +34,14 @@ const Case cases[] = {
 TEST(SolveCompressibility, GivesOneForAThinGas)
 {
     for (const Case &each : cases)
-        EXPECT_NEAR(solveCompressibility(cubicEquation(each.equation), 1e-9, 1e-10).vapor, 1.0, 1e-8);
+        EXPECT_NEAR(solveCompressibility(cubicConstants(each.equation), 1e-9, 1e-10).vapor, 1.0, 1e-8);
 }
 
 // Where the three roots meet.
 TEST(SolveCompressibility, GivesTheCriticalFactorAtTheCriticalPoint)
 {
     for (const Case &each : cases) {
-        const CubicEquation &equation = cubicEquation(each.equation);
+        const CubicConstants &equation = cubicConstants(each.equation);
         EXPECT_NEAR(equation.omegaA, each.omegaA, 1e-12);
         EXPECT_NEAR(equation.omegaB, each.omegaB, 1e-13);
         EXPECT_NEAR(equation.criticalVolume, each.criticalZ / each.omegaB, 1e-5);
@@ -56,7 +56,7 @@ TEST(SolveCompressibility, GivesVapourAndLiquidRootsBetweenWhichTheEquationTurns
     const double A = 0.1; // Tr about 0.7, at a low pressure
     const double B = 0.012;
     for (const Case &each : cases) {
-        const CompressibilityRoots roots = solveCompressibility(cubicEquation(each.equation), A, B);
+        const CompressibilityRoots roots = solveCompressibility(cubicConstants(each.equation), A, B);
         ASSERT_TRUE(roots.distinct());
         EXPECT_GT(roots.vapor, 0.8);
         EXPECT_LT(roots.liquid, 0.03);
@@ -73,7 +73,7 @@ TEST(SolveCompressibility, SatisfiesTheEquationToTheLastDigitsOverTheWholePlane)
         const Case &each = cases[i % 2];
         const double B = std::pow(10.0, exponent(generator));
         const double A = B * ratio(generator);
-        const CompressibilityRoots roots = solveCompressibility(cubicEquation(each.equation), A, B);
+        const CompressibilityRoots roots = solveCompressibility(cubicConstants(each.equation), A, B);
         for (const double Z : {roots.vapor, roots.liquid}) {
             ASSERT_GT(Z, B);
             // A root that is off by one part in 1e13 changes the repulsion by that times Z B / (Z - B)^2.
