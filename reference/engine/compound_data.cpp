@@ -29,11 +29,13 @@ const CompoundData *findCompound(std::string_view id)
     return found == std::end(compounds) ? nullptr : found;
 }
 
-double interactionParameter(std::string_view first, std::string_view second, CubicEquation equation)
+double interactionParameter(std::string_view first, std::string_view second, EquationOfState equation)
 {
+    if (equation == EquationOfState::idealMixture)
+        return 0.0;
     const std::span<const InteractionParameter> parameters =
-        equation == CubicEquation::pengRobinson ? std::span<const InteractionParameter>(pengRobinsonParameters)
-                                                : std::span<const InteractionParameter>(soaveRedlichKwongParameters);
+        equation == EquationOfState::pengRobinson ? std::span<const InteractionParameter>(pengRobinsonParameters)
+                                                  : std::span<const InteractionParameter>(soaveRedlichKwongParameters);
     const std::pair<std::string_view, std::string_view> pair = std::minmax(first, second);
     const auto namesOf = [](const InteractionParameter &row) { return std::pair(row.first, row.second); };
     const auto found = std::ranges::lower_bound(parameters, pair, {}, namesOf);

@@ -2,6 +2,8 @@
 // parameters, as published. The tables and their sources stand in reference/data.
 #pragma once
 
+#include "reference/engine/equation_of_state.h"
+
 #include <array>
 #include <span>
 #include <string_view>
@@ -63,11 +65,9 @@ std::span<const CompoundData> compoundTable();
 // The compound of an id of the table, spelled exactly so; null for any other.
 const CompoundData *findCompound(std::string_view id);
 
-enum class CubicEquation { pengRobinson, soaveRedlichKwong };
-
 // The interaction parameter kij of the equation's mixing rule, the same in both directions; 0 for
-// pairs without one.
+// pairs without one, and for the ideal mixture.
 double interactionParameter(std::string_view first, std::string_view second,
-                            CubicEquation equation = CubicEquation::pengRobinson);
+                            EquationOfState equation = EquationOfState::pengRobinson);
 
 } // namespace reference

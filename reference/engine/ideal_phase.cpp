@@ -58,9 +58,9 @@ void prepare(const MixtureModel &model, Isotherm &isotherm)
     const double T = isotherm.temperature;
     const TemperatureFunction inverse = inverseThermal(T);
     for (int i = 0; i < model.size; ++i) {
-        const CompoundData &compound = *model.compounds[i].data;
-        const TemperatureFunction logPressure = logVaporPressure(compound, T);
-        isotherm.volume[i] = product(liquidVolume(compound, T), inverse);
+        const CompoundTerms &compound = model.compounds[i];
+        const TemperatureFunction logPressure = compound.saturationPressure.logarithm(T);
+        isotherm.volume[i] = product(compound.liquidVolume.volume(T), inverse);
         isotherm.saturation[i] = logPressure - product(isotherm.volume[i], exponential(logPressure));
     }
 }

@@ -20,7 +20,9 @@ CompoundTerms termsOf(const CompoundData &compound, EquationOfState equation)
             .attractionSlope = alphaSlope(equation, omega),
             .inverseRootCriticalT = 1.0 / std::sqrt(compound.criticalTemperature),
             .covolume = constants.omegaB * thermal / compound.criticalPressure,
-            .idealGasHeatCapacity = compound.idealGasHeatCapacity};
+            .idealGasHeatCapacity = compound.idealGasHeatCapacity,
+            .saturationPressure = SaturationPressure(compound),
+            .liquidVolume = LiquidVolume(compound)};
 }
 
 } // namespace
@@ -33,7 +35,7 @@ MixtureModel MixtureModel::of(std::span<const CompoundData *const> list, Equatio
     for (int i = 0; i < model.size; ++i) {
         model.compounds[i] = termsOf(*list[i], equation);
         for (int j = 0; j < model.size; ++j)
-            model.pairFactor[i + model.size * j] = 1.0 - interactionParameter(list[i]->id, list[j]->id);
+            model.pairFactor[i + model.size * j] = 1.0 - interactionParameter(list[i]->id, list[j]->id, equation);
     }
     return model;
 }

@@ -3,6 +3,7 @@
 
 #include "reference/engine/compound_data.h"
 #include "reference/engine/equation_of_state.h"
+#include "reference/engine/saturation.h"
 
 #include <array>
 #include <cstddef>
@@ -39,6 +40,8 @@ struct CompoundTerms {
     double inverseRootCriticalT;                // 1 / sqrt(Tc), K^-0.5
     double covolume;                            // b, m3/mol
     std::array<double, 5> idealGasHeatCapacity; // of Cp/R, by power of T
+    SaturationPressure saturationPressure;
+    LiquidVolume liquidVolume;
 };
 
 struct MixtureModel {

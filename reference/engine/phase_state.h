@@ -9,7 +9,6 @@
 #pragma once
 
 #include "reference/engine/mixture_model.h"
-#include "reference/engine/pure_liquid.h"
 
 namespace reference {
 

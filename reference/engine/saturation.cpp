@@ -9,11 +9,12 @@ namespace {
 
 constexpr double notDefined = std::numeric_limits<double>::quiet_NaN();
 
-// n1 q^t1 + n2 q^t2 + ... and its first two derivatives by q.
+// n1 q^t1 + n2 q^t2 + ... and its first three derivatives by q.
 struct PowerSum {
     double value = 0.0;
     double first = 0.0;
     double second = 0.0;
+    double third = 0.0;
 };
 
 PowerSum powerSum(const Correlation &correlation, double q)
@@ -26,6 +27,7 @@ PowerSum powerSum(const Correlation &correlation, double q)
         sum.value += term;
         sum.first += t * term / q;
         sum.second += t * (t - 1.0) * term / (q * q);
+        sum.third += t * (t - 1.0) * (t - 2.0) * term / (q * q * q);
     }
     return sum;
 }
@@ -44,7 +46,9 @@ TemperatureFunction logarithmicPressure(const Correlation &correlation, double T
     const PowerSum sum = powerSum(correlation, distance(correlation, T));
     const double exponent = T0 / T * sum.value;
     const double slope = -(exponent + sum.first) / T;
-    return {std::log(correlation.scale) + exponent, slope, sum.second / (T0 * T) - 2.0 * slope / T};
+    const double bending = sum.second / (T0 * T) - 2.0 * slope / T;
+    return {std::log(correlation.scale) + exponent, slope, bending,
+            2.0 * (slope / T - bending) / T - (sum.third / T0 + sum.second / T) / (T0 * T)};
 }
 
 TemperatureFunction volumeOf(const Correlation &correlation, double T)
@@ -53,12 +57,15 @@ TemperatureFunction volumeOf(const Correlation &correlation, double T)
     const PowerSum sum = powerSum(correlation, distance(correlation, T));
     if (correlation.form == CorrelationForm::exponential) {
         const double volume = std::exp(-sum.value) / correlation.scale;
-        return {volume, volume * sum.first / T0, volume * (sum.first * sum.first - sum.second) / (T0 * T0)};
+        return {volume, volume * sum.first / T0, volume * (sum.first * sum.first - sum.second) / (T0 * T0),
+                volume * ((sum.first * sum.first - 3.0 * sum.second) * sum.first + sum.third) / (T0 * T0 * T0)};
     }
     const double ratio = 1.0 + sum.value;
     const double volume = 1.0 / (correlation.scale * ratio);
     const double slope = sum.first / ratio;
-    return {volume, volume * slope / T0, volume * (2.0 * slope * slope - sum.second / ratio) / (T0 * T0)};
+    const double bending = sum.second / ratio;
+    return {volume, volume * slope / T0, volume * (2.0 * slope * slope - bending) / (T0 * T0),
+            volume * (6.0 * (slope * slope - bending) * slope + sum.third / ratio) / (T0 * T0 * T0)};
 }
 
 // The distance from the critical point at which the power sum has no curvature: there ln p is
@@ -106,7 +113,8 @@ TemperatureFunction continued(const TemperatureFunction &start, double from, dou
     const double x = kelvin - from;
     const FadingCurvature fading = fadingCurvature(std::fabs(x), length);
     return {start.value + start.byT * x + start.byTT * fading.value,
-            start.byT + start.byTT * std::copysign(fading.first, x), start.byTT * fading.second};
+            start.byT + start.byTT * std::copysign(fading.first, x), start.byTT * fading.second,
+            -start.byTT * std::copysign(fading.second, x) / length};
 }
 
 constexpr double fadingLength = 0.05; // as a part of T0, or of T0/T
@@ -154,10 +162,11 @@ SaturationPressure::SaturationPressure(const CompoundData &compound) : correlati
 TemperatureFunction SaturationPressure::logarithm(double kelvin) const
 {
     if (correlation.form == CorrelationForm::none)
-        return {notDefined, notDefined, notDefined};
+        return {notDefined, notDefined, notDefined, notDefined};
     if (kelvin < lowest)
         return {cold0 + cold1 / kelvin + cold2 * std::log(kelvin), (cold2 - cold1 / kelvin) / kelvin,
-                (2.0 * cold1 / kelvin - cold2) / (kelvin * kelvin)};
+                (2.0 * cold1 / kelvin - cold2) / (kelvin * kelvin),
+                2.0 * (cold2 - 3.0 * cold1 / kelvin) / (kelvin * kelvin * kelvin)};
     if (kelvin <= highest)
         return logarithmicPressure(correlation, kelvin);
 
@@ -166,9 +175,11 @@ TemperatureFunction SaturationPressure::logarithm(double kelvin) const
     const FadingCurvature fading = fadingCurvature(x, fadingLength);
     const double byInverse = hotByInverse - hotByTwo * fading.first;
     const double byTwo = hotByTwo * fading.second;
+    const double byThree = byTwo / fadingLength;
     const double slope = -inverse / kelvin; // of the inverse
     return {hot - hotByInverse * x + hotByTwo * fading.value, byInverse * slope,
-            byTwo * slope * slope - 2.0 * byInverse * slope / kelvin};
+            byTwo * slope * slope - 2.0 * byInverse * slope / kelvin,
+            (byThree * slope * slope - 6.0 * (byTwo * slope - byInverse / kelvin) / kelvin) * slope};
 }
 
 LiquidVolume::LiquidVolume(const CompoundData &compound) : correlation(compound.liquidDensity)
@@ -184,7 +195,7 @@ LiquidVolume::LiquidVolume(const CompoundData &compound) : correlation(compound.
 TemperatureFunction LiquidVolume::volume(double kelvin) const
 {
     if (correlation.form == CorrelationForm::none)
-        return {notDefined, notDefined, notDefined};
+        return {notDefined, notDefined, notDefined, notDefined};
     if (kelvin < lowest)
         return continued(cold, lowest, kelvin, fadingLength * correlation.temperature);
     if (kelvin > highest)

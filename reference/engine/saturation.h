@@ -12,11 +12,12 @@ double vaporPressure(const CompoundData &compound, double kelvin);
 // Density of the saturated liquid, mol/m3. NaN outside of the range of the correlation.
 double saturatedLiquidDensity(const CompoundData &compound, double kelvin);
 
-// A function of temperature at one temperature, with its first two derivatives.
+// A function of temperature at one temperature, with its first three derivatives.
 struct TemperatureFunction {
     double value;
-    double byT;  // per K
-    double byTT; // per K2
+    double byT;   // per K
+    double byTT;  // per K2
+    double byTTT; // per K3; jumps where a correlation's continuation begins
 };
 
 // The logarithm of the vapour pressure in Pa at any temperature above zero, twice continuously

@@ -158,8 +158,8 @@ TEST(EvaluatePhase, FollowsRaoultInAnIdealMixture)
     double volume = 0.0;
     for (std::size_t i = 0; i < pipelineGas.size(); ++i) {
         const CompoundData &compound = *findCompound(pipelineGas[i]);
-        const double logSaturation = logVaporPressure(compound, T).value;
-        const double molar = liquidVolume(compound, T).value;
+        const double logSaturation = SaturationPressure(compound).logarithm(T).value;
+        const double molar = LiquidVolume(compound).volume(T).value;
         const double expected =
             logSaturation - std::log(P) + molar * (P - std::exp(logSaturation)) / (8.31446261815324 * T);
         EXPECT_NEAR(liquid.lnPhi[i], expected, 1e-12);

@@ -26,6 +26,8 @@ void expectDerivatives(const std::function<TemperatureFunction(double)> &functio
         << what << " at " << T;
     EXPECT_NEAR(at.byTT, difference(&TemperatureFunction::byT), 1e-6 * (std::fabs(at.byTT) + std::fabs(at.byT) / T))
         << what << " at " << T;
+    EXPECT_NEAR(at.byTTT, difference(&TemperatureFunction::byTT), 1e-6 * (std::fabs(at.byTTT) + std::fabs(at.byTT) / T))
+        << what << " at " << T;
 }
 
 // The largest step of a function and its derivatives across any of the temperatures from 20 K to
