@@ -13,7 +13,7 @@ import re
 import shutil
 import sys
 
-from help_text import FunctionHelp
+from help_text import FunctionHelp, help_files
 
 DOCS = pathlib.Path(__file__).resolve().parent
 TOOLBOX = DOCS.parent / "toolbox"
@@ -71,7 +71,7 @@ def resolve_links(text, helps):
         name = found.group(1)
         return link(name) if name in helps else link(name, title_of(source_of(name)))
 
-    return re.sub(r"\[\[(\w+)\]\]", resolved, text)
+    return re.sub(r"\[\[([\w.]+)\]\]", resolved, text)
 
 
 def property_tables():
@@ -102,7 +102,7 @@ def page_body(name, version, helps):
 
 def read_contents(version):
     """The entries of docs/contents.txt: a name on each line, two blanks in front for each level."""
-    helps = {path.stem: FunctionHelp(path) for path in sorted(TOOLBOX.glob("capeOpen*.m"))}
+    helps = {text.name: text for text in map(FunctionHelp, help_files(TOOLBOX))}
     names = (DOCS / "contents.txt").read_text(encoding="ascii").splitlines()
     listed = {name.strip(): text for name in names if (text := helps.get(name.strip()))}
     entries = []

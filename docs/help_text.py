@@ -3,14 +3,24 @@
 import html
 import re
 
-SECTIONS = ("Arguments:", "Results:", "Errors:", "Warnings:")
+SECTIONS = ("Arguments:", "Properties:", "Methods:", "Results:", "Errors:", "Warnings:")
+FUNCTION = r"\b(?:capeOpen\w+|capeopen\.[A-Z]\w+)"
+
+
+def help_files(toolbox):
+    """The files in toolbox/ that have a page: all functions, and the classes of the package capeopen."""
+    return sorted(toolbox.glob("capeOpen*.m")) + sorted(toolbox.glob("+capeopen/*.m"))
+
+
+def name_of(path):
+    return ("capeopen." if path.parent.name == "+capeopen" else "") + path.stem
 
 
 def comment_lines(path):
-    """The comment behind the line `function`, without the percent signs."""
+    """The comment behind the line `function` or `classdef`, without the percent signs."""
     lines = path.read_text(encoding="utf-8").splitlines()
-    if not lines[0].startswith("function "):
-        raise ValueError(f"{path}: the first line is not that of a function")
+    if not lines[0].startswith(("function ", "classdef ")):
+        raise ValueError(f"{path}: the first line is not that of a function or a class")
     comment = []
     for line in lines[1:]:
         if not line.startswith("%"):
@@ -21,13 +31,13 @@ def comment_lines(path):
 
 class FunctionHelp:
     def __init__(self, path):
-        self.name = path.stem
+        self.name = name_of(path)
         lines = comment_lines(path)
         name, self.purpose = lines[0].split("  ", 1)
         if name != self.name:
             raise ValueError(f"{path}: the help is that of {name}")
         self.blocks = self._split(lines[1:])
-        self.see_also = re.findall(r"capeOpen\w+", self.blocks[-1][0])
+        self.see_also = re.findall(FUNCTION, self.blocks[-1][0])
         if not self.blocks[-1][0].startswith("See also ") or not self.see_also:
             raise ValueError(f"{path}: there is no See also at the end")
 
@@ -53,7 +63,7 @@ class FunctionHelp:
 
         def running_text(text):
             escaped = html.escape(text, quote=False)
-            return re.sub(r"\bcapeOpen\w+", lambda found: link(found.group()) if found.group() != self.name else found.group(), escaped)
+            return re.sub(FUNCTION, lambda found: link(found.group()) if found.group() != self.name else found.group(), escaped)
 
         parts = [f"<h1>{self.name}</h1>", f"<p>{running_text(self.purpose)}</p>"]
         parts += ["<h2>Syntax</h2>", pre(self.syntax())]

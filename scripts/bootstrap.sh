@@ -20,6 +20,8 @@ any_of() {
     return 1
 }
 
+octave_package() { find /usr/share/octave/packages -maxdepth 1 -name "$1-*" | grep .; }
+
 need make program make
 need cmake program cmake
 need ninja-build program ninja
@@ -38,6 +40,9 @@ need libchm-bin program extract_chmLib
 need strace program strace
 need octave program octave-cli
 need octave-dev program mkoctfile
+need gnuplot-nox program gnuplot
+need fonts-freefont-otf test -f /usr/share/fonts/opentype/freefont/FreeSans.otf
+need octave-parallel octave_package parallel
 
 for work in "$@"; do
     case $work in

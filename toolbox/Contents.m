@@ -28,6 +28,13 @@
 %   capeOpenFlash               - One phase equilibrium.
 %   capeOpenMultiFlash          - Phase equilibria over arrays of conditions.
 %
+% Packages as objects, diagrams, long work
+%   capeopen.Package            - A property package as an object.
+%   capeOpenPhaseEnvelope       - Phase envelope of a mixture, calculated and drawn.
+%   capeOpenPxy                 - Phase diagram of two compounds at one temperature, calculated and drawn.
+%   capeOpenTxy                 - Phase diagram of two compounds at one pressure, calculated and drawn.
+%   capeOpenMultiFlashParallel  - Phase equilibria over arrays of conditions, on several processors.
+%
 % Settings and information
 %   capeOpenBasis               - Choose mole or mass basis.
 %   capeOpenWarnings            - Switch warnings on or off.

@@ -1,0 +1,177 @@
+% Phase envelopes and diagrams of two compounds, one test each:
+% octave-cli tests/toolbox/test_diagrams.m TEST TOOLBOX VERDANTH
+1;
+addpath(fullfile(fileparts(mfilename('fullpath')), 'support'));
+set(0, 'DefaultFigureVisible', 'off');
+
+function [h, Z] = opened()
+    [manager, package, Z] = natural_gas();
+    h = capeOpenCreate(manager, package);
+end
+
+function n = phases_at(h, Z, T, P)
+    n = numel(capeOpenFlash(h, Z, 'Temperature', T, 'Pressure', P, 'Unspecified'));
+end
+
+% The package's own flash, which knows nothing of the curve, finds one phase outside of it and two inside.
+function the_flash_finds_two_phases_within_the_envelope_alone(~)
+    [h, Z] = opened();
+    for mixture = {Z, [0.5 0 0 0 0 0.5 0 0 0 0 0], [0.97 0.01 0.01 0 0 0 0 0 0.01 0 0]}
+        [T, P, vaporFraction] = capeOpenPhaseEnvelope(h, mixture{1});
+        check(numel(T) > 40 && isequal(size(T), size(P), size(vaporFraction)), '%d points', numel(T));
+        check(abs(P(1) / 1e5 - 1) < 1e-12 && abs(P(end) / 1e5 - 1) < 1e-9, 'ends at %g and %g Pa', P(1), P(end));
+        check(vaporFraction(1) == 1 && vaporFraction(end) == 0 && sum(diff(vaporFraction) ~= 0) == 1, 'one change');
+        [~, top] = max(P); % up to there the curve bounds the two phases to the right
+        for k = [1:4:top - 2, top + 2:4:numel(T)]
+            outwards = 1 - 2 * (k > top);
+            check(phases_at(h, mixture{1}, T(k) + outwards * 0.02, P(k)) == 1, 'outside of point %d: %g K', k, T(k));
+            check(phases_at(h, mixture{1}, T(k) - outwards * 0.02, P(k)) == 2, 'inside of point %d: %g K', k, T(k));
+        end
+    end
+    capeOpenRelease(h);
+end
+
+% Two phases just below the critical point are nearly the same.
+function the_critical_point_is_where_the_phases_become_the_same(~)
+    [h, Z] = opened();
+    [~, ~, ~, critical] = capeOpenPhaseEnvelope(h, Z);
+    [phases, fractions, X] = capeOpenFlash(h, Z, 'Temperature', critical(1), 'Pressure', critical(2) - 0.1e5, 'Unspecified');
+    check(numel(phases) == 2, '%d phases', numel(phases));
+    check(max(abs(diff(X))) < 0.08, 'compositions differ by %g', max(abs(diff(X))));
+    check(phases_at(h, Z, critical(1), critical(2) + 0.1e5) == 1, 'two phases above it');
+    capeOpenRelease(h);
+end
+
+function an_envelope_starts_where_it_is_told(~)
+    [h, Z] = opened();
+    [~, P] = capeOpenPhaseEnvelope(h, Z, 10e5);
+    check(all(abs(P([1 end]) / 10e5 - 1) < 1e-9) && min(P) > 9.9e5, 'from %g to %g', P(1), P(end));
+    capeOpenRelease(h);
+end
+
+function the_basis_counts_and_stays(~)
+    [h, Z] = opened();
+    weights = capeOpenConstant(h, 'molecularWeight');
+    [T, P] = capeOpenPhaseEnvelope(h, Z);
+    [x, level, y] = capeOpenPxy(h, {'propane', 'n-pentane'}, 320);
+    capeOpenBasis('mass');
+    [T2, P2] = capeOpenPhaseEnvelope(h, 7 * Z .* weights);
+    check(max(abs(T2 - T)) < 1e-6 && max(abs(P2 ./ P - 1)) < 1e-8, 'another envelope');
+    [x2, level2, y2] = capeOpenPxy(h, {'propane', 'n-pentane'}, 320);
+    to_mass = @(x) x * weights(3) ./ (x * weights(3) + (1 - x) * weights(6));
+    check(max(abs(x2 - to_mass(x))) < 1e-12 && max(abs(y2 - to_mass(y))) < 1e-12 && isequal(level, level2), 'another diagram');
+    check(strcmp(capeOpenPropUnit('density'), 'kg / m3'), 'the basis was changed');
+    message_of(@() capeOpenPxy(h, {'propane', 'n-pentane'}, 900));
+    check(strcmp(capeOpenPropUnit('density'), 'kg / m3'), 'the basis was changed by an error');
+    capeOpenRelease(h);
+end
+
+% Boiling points at 101,325 Pa and vapor pressures at 300 K of the NIST Chemistry WebBook; the equation of state is good
+% for half a percent of the temperature and two percent of the pressure.
+function the_ends_are_the_pure_compounds(~)
+    h = opened();
+    [x, T, y] = capeOpenTxy(h, {'propane', 'n-pentane'}, 101325);
+    check(isequal(x([1 end]), [0; 1]) && all(abs(y([1 end]) - [0; 1]) < 1e-9), 'ends');
+    check(all(abs(T([1 end]) ./ [309.2; 231.0] - 1) < 0.005), 'boiling points %g and %g', T(1), T(end));
+    [x, P] = capeOpenPxy(h, {'n-butane', 'propane'}, 300);
+    check(all(abs(P([1 end]) ./ [9.98e5; 2.58e5] - 1) < 0.02), 'vapor pressures %g and %g', P(1), P(end));
+    capeOpenRelease(h);
+end
+
+% What the package's own flash splits a mixture between the lines into are the two ends of a tie line.
+function the_flash_gives_the_same_tie_lines(~)
+    h = opened();
+    cases = {'propane', 'n-pentane', 320; 'methane', 'n-butane', 300; 'carbon dioxide', 'ethane', 263.15};
+    for k = 1:size(cases, 1)
+        pair = [find(strcmp(capeOpenCompoundList(h), cases{k, 1})), find(strcmp(capeOpenCompoundList(h), cases{k, 2}))];
+        [x, P, y] = capeOpenPxy(h, cases(k, 1:2), cases{k, 3});
+        check_tie_lines(h, pair, x, cases{k, 3} * ones(size(P)), P, y);
+    end
+    [x, T, y] = capeOpenTxy(h, {'propane', 'n-pentane'}, 5e5);
+    check_tie_lines(h, [3 6], x, T, 5e5 * ones(size(T)), y);
+    [x, T, y] = capeOpenTxy(h, {'carbon dioxide', 'ethane'}, 20e5);
+    check_tie_lines(h, [10 2], x, T, 20e5 * ones(size(T)), y);
+    capeOpenRelease(h);
+end
+
+function check_tie_lines(h, pair, x, T, P, y)
+    checked = 0;
+    for k = find(abs(x - y) > 0.02).'
+        Z = zeros(1, 11);
+        Z(pair) = [x(k) + y(k), 2 - x(k) - y(k)] / 2;
+        [phases, ~, X] = capeOpenFlash(h, Z, 'Temperature', T(k), 'Pressure', P(k), 'Unspecified');
+        check(isequal(phases(:).', {'Vapor', 'Liquid'}), 'one phase at %g K, %g Pa', T(k), P(k));
+        check(max(abs(X(:, pair(1)) - [y(k); x(k)])) < 1e-6, 'another tie line at %g K, %g Pa', T(k), P(k));
+        checked = checked + 1;
+    end
+    check(checked > 15, '%d tie lines', checked);
+end
+
+% Methane is above its critical temperature: the lines meet in the critical point of the mixture.
+function lines_end_in_the_critical_point(~)
+    h = opened();
+    [x, P, y] = capeOpenPxy(h, {'methane', 'n-butane'}, 300);
+    check(x(1) == 0 && x(end) == y(end) && x(end) > 0.7 && x(end) < 0.8, 'it ends at %g and %g', x(end), y(end));
+    check(P(end) == max(P), 'not the highest pressure');
+    [x2, P2, y2] = capeOpenPxy(h, {'n-butane', 'methane'}, 300);
+    check(x2(end) == 1 && abs(x2(1) - (1 - x(end))) < 1e-3 && abs(P2(1) / P(end) - 1) < 1e-3, 'the other way round');
+    capeOpenRelease(h);
+end
+
+% Carbon dioxide and ethane form an azeotrope; the lines touch there and go on.
+function an_azeotrope_is_passed(~)
+    h = opened();
+    [x, P, y] = capeOpenPxy(h, {'carbon dioxide', 'ethane'}, 263.15);
+    check(isequal(x([1 end]), [0; 1]) && y(3) > x(3) && y(end - 2) < x(end - 2), 'no azeotrope');
+    [~, top] = max(P);
+    check(abs(x(top) - y(top)) < 0.02, 'the lines do not touch at the highest pressure');
+    capeOpenRelease(h);
+end
+
+function lines_are_drawn(~)
+    [h, Z] = opened();
+    [T, P] = capeOpenPhaseEnvelope(h, Z);
+    lines = findobj(gca(), 'Type', 'line');
+    check(numel(lines) == 3, '%d lines', numel(lines));
+    drawn = max(cellfun(@max, get(lines, 'XData')));
+    check(abs(drawn - max(T)) < 1e-9, 'drawn to %g', drawn);
+    check(strcmp(get(get(gca(), 'XLabel'), 'String'), 'temperature / K'), 'label');
+    figure();
+    [x, P] = capeOpenPxy(h, {'propane', 'n-pentane'}, 320);
+    lines = findobj(gca(), 'Type', 'line');
+    check(numel(lines) == 2 && abs(max(get(lines(1), 'YData')) - max(P) / 1e5) < 1e-9, 'lines in P');
+    figure();
+    [x, T] = capeOpenTxy(h, {'propane', 'n-pentane'}, 5e5);
+    lines = findobj(gca(), 'Type', 'line');
+    check(numel(lines) == 2 && abs(max(get(lines(1), 'YData')) - max(T)) < 1e-9, 'lines in T');
+    capeOpenRelease(h);
+end
+
+function wrong_arguments_are_named(toolbox)
+    [h, Z] = opened();
+    two = {'propane', 'n-pentane'};
+    cases = {
+        'PhaseEnvelope', 'Invalid property package handle', @() capeOpenPhaseEnvelope(7, Z)
+        'PhaseEnvelope', 'Invalid number of values for compositions: must match number of compounds', @() capeOpenPhaseEnvelope(h, Z(1:4))
+        'PhaseEnvelope', 'A phase envelope needs two or more compounds', @() capeOpenPhaseEnvelope(h, double(1:11 == 3))
+        'PhaseEnvelope', 'Expected a positive pressure', @() capeOpenPhaseEnvelope(h, Z, [1 2])
+        'PhaseEnvelope', 'Expected a positive pressure', @() capeOpenPhaseEnvelope(h, Z, 'x')
+        'PhaseEnvelope', 'No dew point found at ... Pa', @() capeOpenPhaseEnvelope(h, Z, 1e9)
+        'Pxy', 'Invalid property package handle', @() capeOpenPxy(7, two, 300)
+        'Pxy', 'Expected a cell array with the names of two compounds', @() capeOpenPxy(h, 'propane', 300)
+        'Pxy', 'The package has no compound "..."', @() capeOpenPxy(h, {'propane', 'water'}, 300)
+        'Pxy', 'The two compounds are the same', @() capeOpenPxy(h, {'propane', 'Propane'}, 300)
+        'Pxy', 'Expected a positive temperature', @() capeOpenPxy(h, two, -1)
+        'Pxy', 'No equilibrium of vapor and liquid found for the two compounds', @() capeOpenPxy(h, two, 600)
+        'Txy', 'Invalid property package handle', @() capeOpenTxy(7, two, 1e5)
+        'Txy', 'Expected a cell array with the names of two compounds', @() capeOpenTxy(h, {'propane', 3}, 1e5)
+        'Txy', 'The package has no compound "..."', @() capeOpenTxy(h, {'propane', 'water'}, 1e5)
+        'Txy', 'The two compounds are the same', @() capeOpenTxy(h, {'propane', 'propane'}, 1e5)
+        'Txy', 'Expected a positive pressure', @() capeOpenTxy(h, two, '')
+        'Txy', 'No equilibrium of vapor and liquid found for the two compounds', @() capeOpenTxy(h, two, 1e8)
+    };
+    check_messages(toolbox, cases);
+    capeOpenRelease(h);
+end
+
+run_test(argv());

@@ -1,0 +1,48 @@
+function [x, T, y] = capeOpenTxy(handle, compounds, P)
+%capeOpenTxy  Phase diagram of two compounds at one pressure, calculated and drawn.
+%
+%   [x, T, y] = capeOpenTxy(handle, compounds, P)
+%
+%   Follows the boiling liquid and its vapor from one pure compound to the
+%   other, or to the critical point of the mixture, and draws both lines into
+%   the current axes. It needs no flash, but logarithms of fugacity
+%   coefficients and densities from the package.
+%
+%   Arguments:
+%     handle  int32 scalar from capeOpenCreate
+%     compounds
+%             cell array with the names of two compounds
+%     P       pressure in Pa, double scalar
+%
+%   Results:
+%     x       mole fraction of the first compound in the boiling liquid, in
+%             mass basis mass fraction, double N-by-1, ascending along the line
+%     T       temperatures in K, double N-by-1
+%     y       the same fraction in the vapor, double N-by-1
+%
+%   Errors:
+%     'Invalid property package handle'
+%             The package is not open: it was released, MATLAB cleared
+%             Verdanth, or the value is not an int32 scalar.
+%     'Expected a cell array with the names of two compounds'
+%             The second argument is something else.
+%     'The package has no compound "..."'
+%             Names are those that capeOpenCompoundList gives.
+%     'The two compounds are the same'
+%             Two different ones are needed.
+%     'Expected a positive pressure'
+%             P is not a positive scalar.
+%     'No equilibrium of vapor and liquid found for the two compounds'
+%             Neither compound boils at this pressure.
+%
+%   Example:
+%     handle = capeOpenCreate('Verdanth Reference Packages', 'Natural gas');
+%     [x, T, y] = capeOpenTxy(handle, {'propane', 'n-pentane'}, 5e5);
+%     T([1 end])
+%     capeOpenRelease(handle)
+%
+%   See also capeOpenPxy, capeOpenPhaseEnvelope, capeOpenFlash.
+[x, T, y] = binaryPhaseDiagram(handle, compounds, 'Pressure', P);
+drawBinaryDiagram(x, T, y, compounds, 'temperature / K', ...
+                  sprintf('%s and %s at %g bar', compounds{:}, P / 1e5), 'northeast');
+end
