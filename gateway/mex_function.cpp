@@ -28,17 +28,20 @@ Verdict runCommand(int nlhs, mxArray **plhs, int nrhs, const mxArray **prhs)
     return command->body({command->code, plhs, prhs});
 }
 
-// The text to raise, or null. It lives in storage of the process: mexErrMsgTxt does not return, and
-// how it leaves is MATLAB's secret, so when it is called nothing of ours may be alive in any frame.
+// What is raised, in storage of the process: mexErrMsgTxt does not return, and how it leaves is MATLAB's secret, so
+// when it is called nothing of ours may be alive in any frame. Not local to a function: the lock that would guard its
+// first use stays behind at unload.
+std::string raised;
+
+// The text to raise, or null.
 const char *messageOf(Verdict verdict)
 {
     if (verdict.isDone())
         return nullptr;
     if (verdict.literal())
         return verdict.literal();
-    static std::string message;
-    message = NarrowText(LastError.c_str()).get();
-    return message.c_str();
+    raised = NarrowText(LastError.c_str()).get();
+    return raised.c_str();
 }
 
 } // namespace

@@ -2,6 +2,9 @@
 # Runs Windows programs under Wine in a prefix of the project's own, build/wine.
 #
 #   scripts/wine.sh PROGRAM.exe [ARGUMENT...]   runs it; makes the prefix and starts the server first if need be
+#   scripts/wine.sh --apart PROGRAM.exe [ARGUMENT...]
+#                                               runs it in a copy of the prefix with a server of its own, both of which
+#                                               then go: for what spoils the session for others
 #   scripts/wine.sh --up                        only makes ready
 #   scripts/wine.sh --down                      stops the server, unless a program is running
 #   scripts/wine.sh --kill                      stops the server and whatever runs in the prefix
@@ -137,8 +140,22 @@ case ${1-} in
 --kill)
     quietly wineserver -k || true
     ;;
+--apart)
+    shift
+    ensure_up
+    apart=$(mktemp -d "$build/wine-apart.XXXXXX")
+    trap 'quietly wineserver -k || true; rm -rf "$apart"' EXIT
+    cp -al "$WINEPREFIX/." "$apart"
+    # Wine writes into a registry file that has other names, too.
+    rm "$apart"/*.reg
+    cp "$WINEPREFIX"/*.reg "$apart"
+    export WINEPREFIX="$apart"
+    quietly wineserver "-p$idle_seconds" || true
+    quietly "$wine" cmd /c exit
+    "$wine" "$@" 9>&-
+    ;;
 "" | --*)
-    echo "usage: wine.sh PROGRAM [ARGUMENT...] | --up | --down | --kill" >&2
+    echo "usage: wine.sh [--apart] PROGRAM [ARGUMENT...] | --up | --down | --kill" >&2
     exit 2
     ;;
 *)

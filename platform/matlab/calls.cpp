@@ -33,6 +33,7 @@ constexpr std::size_t spareSlots = 16;
 Call *current = nullptr;
 std::string error;
 std::vector<std::string> warnings;
+void (*warningListener)() = nullptr;
 void (*exitRoutine)() = nullptr;
 
 [[noreturn]] void raise(const char *message)
@@ -84,7 +85,12 @@ extern "C" {
 
 void mexErrMsgTxt(const char *message) { raise(message); }
 
-void mexWarnMsgTxt(const char *message) { warnings.emplace_back(message); }
+void mexWarnMsgTxt(const char *message)
+{
+    warnings.emplace_back(message);
+    if (warningListener)
+        warningListener();
+}
 
 int mexAtExit(void (*routine)())
 {
@@ -116,6 +122,8 @@ std::size_t mexStandInWarningCount() { return warnings.size(); }
 const char *mexStandInWarning(std::size_t index) { return warnings.at(index).c_str(); }
 
 void mexStandInClearWarnings() { warnings.clear(); }
+
+void mexStandInOnWarning(void (*listener)()) { warningListener = listener; }
 
 bool mexStandInRunExit()
 {

@@ -41,6 +41,9 @@ std::size_t mexStandInWarningCount();
 const char *mexStandInWarning(std::size_t index);
 void mexStandInClearWarnings();
 
+// Is called at each warning, inside the call that gives it; null for nobody.
+void mexStandInOnWarning(void (*listener)());
+
 // Runs and forgets the registered exit routine, as clearing a MEX file does. Gives false when
 // none was registered.
 bool mexStandInRunExit();
