@@ -6,6 +6,7 @@ help:
 	@echo "make bench    the measurements in bench/"
 	@echo "make coverage the lines of the library that the native tests reach, into build/linux-coverage/coverage"
 	@echo "make dist     what ships, packed into dist/"
+	@echo "make check-dist  whether what ships has the same bytes when it is made again"
 	@echo "make format   lays out the sources with clang-format"
 	@echo "make lint     layout, clang++, clang-tidy, shellcheck, the rules of the house"
 	@echo "make clean    removes build/ and dist/"
@@ -32,6 +33,10 @@ dist:
 	@scripts/bootstrap.sh
 	@scripts/dist.sh
 
+check-dist:
+	@scripts/bootstrap.sh
+	@scripts/check_dist.sh
+
 format:
 	@scripts/bootstrap.sh lint
 	@git ls-files '*.h' '*.cpp' | xargs clang-format -i
@@ -44,4 +49,4 @@ clean:
 	@[ ! -d build/wine ] || scripts/wine.sh --kill
 	@rm -rf build dist
 
-.PHONY: help demo test bench coverage dist format lint clean
+.PHONY: help demo test bench coverage dist check-dist format lint clean

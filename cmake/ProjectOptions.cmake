@@ -16,8 +16,9 @@ if(VERDANTH_SANITIZE)
 endif()
 
 if(WIN32)
-    # One file each: the compiler's runtime goes into every binary.
-    add_link_options(-static)
+    # One file each: the compiler's runtime goes into every binary; and no time stamp, so that the same sources give
+    # the same bytes.
+    add_link_options(-static -Wl,--no-insert-timestamp)
     set(CMAKE_SHARED_LIBRARY_PREFIX "")
     set(CMAKE_SHARED_MODULE_PREFIX "")
 else()

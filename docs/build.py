@@ -148,8 +148,9 @@ def project(version, entries):
 
 def main(version, folder):
     folder = pathlib.Path(folder)
-    shutil.rmtree(folder, ignore_errors=True)
-    folder.mkdir(parents=True)
+    folder.mkdir(parents=True, exist_ok=True)
+    for old in folder.glob("*.html"):
+        old.unlink()
     entries = read_contents(version)
     shutil.copyfile(DOCS / "style.css", folder / "style.css")
     for entry in entries:

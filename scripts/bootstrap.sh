@@ -38,6 +38,9 @@ need python3 program python3
 need fp-utils program chmcmd
 need libchm-bin program extract_chmLib
 need strace program strace
+need nsis program makensis
+need zip program zip
+need unzip program unzip
 need octave program octave-cli
 need octave-dev program mkoctfile
 need gnuplot-nox program gnuplot

@@ -1,27 +1,53 @@
 #!/bin/sh
-# Builds what ships and packs it into dist/: a zip for Windows, a tar for Linux, both with fixed names.
+# Builds what ships and packs it into dist/: a zip and a setup program for Windows, a tar for Linux. The same sources
+# and tools give the same bytes; scripts/check_dist.sh makes sure of it.
+#
+#   scripts/dist.sh [FOLDER]        FOLDER is dist unless it says otherwise
 set -eu
 cd "$(dirname "$0")/.."
+mkdir -p "${1:-dist}"
+output=$(cd "${1:-dist}" && pwd)
+version=$(scripts/version.sh)
 
-rm -rf dist build/dist
-for preset in windows-x64 linux; do
+# No file carries the time at which it was made, but that of the last change of the sources.
+SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct 2>/dev/null || echo 1767225600)}
+export SOURCE_DATE_EPOCH LC_ALL=C TZ=UTC
+
+build() {
+    preset=$1
+    shift
     cmake --preset "$preset"
-    cmake --build --preset "$preset"
-done
-
-# stage PRESET STRIP FILE...: the files of a build, without debug information, and the README.
-stage() {
-    preset=$1 strip=$2 folder=build/dist/$1/verdanth
-    shift 2
-    mkdir -p "$folder"
-    for file in "$@"; do "$strip" --strip-unneeded -o "$folder/$file" "build/$preset/$file"; done
-    cp README.md "$folder/"
+    cmake --build --preset "$preset" --target "$@"
 }
-stage windows-x64 x86_64-w64-mingw32-strip Verdanth.mexw64
-stage linux strip Verdanth.so libverdanth_platform.so
+build windows-x64 Verdanth VerdanthReference CapeOpen11_type_library guide
+build windows-x86 VerdanthReference Verdanth6432Relay
+build linux Verdanth VerdanthReference verdanth_mex guide
 
-root=$PWD
-mkdir dist
-cmake -E chdir build/dist/windows-x64 cmake -E tar cf "$root/dist/verdanth-windows-x64.zip" --format=zip verdanth
-cmake -E chdir build/dist/linux cmake -E tar czf "$root/dist/verdanth-linux-x64.tar.gz" verdanth
-ls -l dist
+stage=$(mktemp -d)
+trap 'rm -rf "$stage"' EXIT
+
+same_time() { find "$1" -exec touch -h -d "@$SOURCE_DATE_EPOCH" {} +; }
+
+mkdir "$stage/windows"
+scripts/stage_windows.sh "$stage/windows/Verdanth"
+same_time "$stage/windows"
+rm -f "$output/Verdanth-$version-win64.zip"
+(cd "$stage/windows" && find Verdanth | sort | zip -X -q -9 -@ "$output/Verdanth-$version-win64.zip")
+scripts/make_setup.sh "$stage/windows/Verdanth" "$output/Verdanth-$version-setup.exe"
+
+linux=$stage/linux/verdanth
+mkdir -p "$linux/lib/registry.d" "$linux/toolbox" "$linux/doc"
+for file in Verdanth.so Verdanth.mex VerdanthReference.so libverdanth_platform.so libverdanth_matlab.so libverdanth_octave.so; do
+    # The build id would tell of folders and of debug information that is not there.
+    strip --strip-unneeded --remove-section=.note.gnu.build-id -o "$linux/lib/$file" "build/linux/$file"
+done
+cp build/linux/registry.d/VerdanthReference.reg "$linux/lib/registry.d/"
+cp toolbox/*.m "$linux/toolbox/"
+cp build/linux/guide/*.html build/linux/guide/style.css "$linux/doc/"
+cp README.md "$linux/"
+find "$linux" -exec chmod u=rwX,go=rX {} +
+same_time "$linux"
+tar -C "$stage/linux" --sort=name --owner=0 --group=0 --numeric-owner --format=ustar -cf - verdanth |
+    gzip -9 -n >"$output/verdanth-linux-x64.tar.gz"
+
+ls -l "$output"

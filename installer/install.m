@@ -1,0 +1,69 @@
+function install(action)
+%install  Make the functions of Verdanth known to MATLAB.
+%
+%   install
+%   install('remove')
+%
+%   Adds the folder with the functions of Verdanth to MATLAB's path and saves
+%   the path. If Verdanth came as a zip file, it then asks whether to register
+%   the relay, which 32-bit property packages need, and the reference package;
+%   both need a MATLAB that was started as administrator. With 'remove' the
+%   folder is taken from the path again. Nothing else is changed.
+root = fileparts(mfilename('fullpath'));
+functions = fullfile(root, 'toolbox');
+
+if nargin > 0
+    if ~strcmp(action, 'remove')
+        error('install takes no argument, or ''remove''.');
+    end
+    rmpath(functions);
+    keep_path();
+    fprintf('%s is no longer on the path.\n', functions);
+    return
+end
+
+if ~strcmp(computer(), 'PCWIN64')
+    error('Verdanth needs 64-bit MATLAB on 64-bit Windows; this is %s.', computer());
+end
+if exist(fullfile(functions, 'Verdanth.mexw64'), 'file') == 0
+    error('Verdanth.mexw64 is not in %s. Unpack the whole zip file, and run install.m where it was unpacked.', functions);
+end
+
+addpath(functions);
+keep_path();
+fprintf('%s is on the path now.\n', functions);
+
+if exist(fullfile(root, 'uninstall.exe'), 'file') ~= 0
+    fprintf('The setup program has registered what was chosen there.\n');
+    return
+end
+fprintf('\nWhat follows changes the registry of Windows for all users of this machine, and needs a MATLAB\n');
+fprintf('that was started as administrator. Without it, 64-bit packages of other vendors work all the same.\n\n');
+offer('the relay, which 32-bit packages need', ...
+      {['"' fullfile(root, 'Verdanth6432Relay.exe') '" /RegServer']});
+windows = getenv('SystemRoot');
+offer('the reference package, for trying Verdanth out', ...
+      {['"' fullfile(windows, 'System32', 'regsvr32.exe') '" /s "' fullfile(root, 'reference', 'x64', 'VerdanthReference.dll') '"'], ...
+       ['"' fullfile(windows, 'SysWOW64', 'regsvr32.exe') '" /s "' fullfile(root, 'reference', 'x86', 'VerdanthReference.dll') '"']});
+end
+
+function keep_path()
+if savepath() ~= 0
+    fprintf('The path could not be saved, so this holds for the present session only. Use pathtool to save it.\n');
+end
+end
+
+function offer(what, commands)
+answer = input(['Register ' what '? y/n [n]: '], 's');
+if ~strncmpi(answer, 'y', 1)
+    return
+end
+for k = 1:numel(commands)
+    fprintf('  %s\n', commands{k});
+    if system(commands{k}) ~= 0
+        fprintf('That failed. Start MATLAB as administrator and run install again.\n');
+        return
+    end
+end
+fprintf('Done.\n');
+end
