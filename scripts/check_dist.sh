@@ -6,7 +6,8 @@ cd "$(dirname "$0")/.."
 SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
 export SOURCE_DATE_EPOCH
 
-copy=$(mktemp -d)
+mkdir -p build
+copy=$(mktemp -d "$PWD/build/check_dist.XXXXXX")
 trap 'rm -rf "$copy"' EXIT
 scripts/dist.sh "$copy/first" >/dev/null
 mkdir "$copy/sources"
