@@ -27,7 +27,7 @@ registry() {
     for hive in 'HKEY_LOCAL_MACHINE\Software\Classes' 'HKEY_LOCAL_MACHINE\Software\Microsoft\Windows' HKEY_CURRENT_USER; do
         "$wine" regedit /E 'C:\setup_test\export.reg' "$hive"
         iconv -f utf-16 -t utf-8 "$drive/setup_test/export.reg"
-    done | awk '/^\[HKEY_CURRENT_USER\\Software\\Wine\\/ { key = ""; next } { sub(/\r$/, "") } /^\[/ { key = $0; print key; next } NF && key != "" { print key " " $0 }'
+    done | awk '/^\[HKEY_CURRENT_USER\\(Software\\Wine|Control Panel)\\/ { key = ""; next } { sub(/\r$/, "") } /^\[/ { key = $0; print key; next } NF && key != "" { print key " " $0 }'
 }
 same() { diff "$1" "$2" >"$work/difference" || { head -n 40 "$work/difference" >&2; fail "$3"; }; }
 
