@@ -12,6 +12,15 @@ constexpr DWORD patienceMilliseconds = 30'000;
 
 WideString wide(const std::string &ascii) { return WideString(ascii.begin(), ascii.end()); }
 
+WideString ownFolder()
+{
+    WCHAR path[1024] = {};
+    GetModuleFileNameW(nullptr, path, 1024);
+    WideString folder(path);
+    folder.resize(folder.rfind(L'\\'));
+    return folder;
+}
+
 HKEY openKey(REGSAM view, const std::string &path)
 {
     HKEY key = nullptr;
@@ -30,12 +39,11 @@ void register32(LPCWSTR options)
 
 } // namespace
 
+WideString fileHere(LPCWSTR name) { return ownFolder() + L"\\" + name; }
+
 WideString file32(LPCWSTR name)
 {
-    WCHAR path[1024] = {};
-    GetModuleFileNameW(nullptr, path, 1024);
-    WideString folder(path);
-    folder.resize(folder.rfind(L'\\'));     // of this program's build
+    WideString folder = ownFolder();
     folder.resize(folder.rfind(L'\\') + 1); // of all builds
     return folder + L"windows-x86\\" + name;
 }

@@ -9,8 +9,9 @@
 
 namespace installation {
 
-// A file of the 32-bit build, with its full path.
+// A file of the 32-bit or of this program's own build, with its full path.
 WideString file32(LPCWSTR name);
+WideString fileHere(LPCWSTR name);
 
 // Runs a program and waits for its exit code.
 DWORD run(const WideString &program, const WideString &arguments);

@@ -10,6 +10,14 @@ namespace {
 
 class RelayDeath : public ThroughRelay {
 protected:
+    // The session has the registry as it was last written down, maybe from before the tests registered these.
+    static void SetUpTestSuite()
+    {
+        using installation::fileHere;
+        const WideString libraries =
+            L"\"" + fileHere(L"CapeOpen11.tlb") + L"\" \"" + fileHere(L"Verdanth.mexw64") + L"\"";
+        EXPECT_EQ(installation::run(fileHere(L"register_type_libraries.exe"), libraries), 0u);
+    }
     void SetUp() override
     {
         ThroughRelay::SetUp();
