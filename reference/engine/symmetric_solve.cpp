@@ -4,7 +4,7 @@
 
 namespace reference {
 
-void solveDescent(int n, PairArray &matrix, CompoundArray &rightSide)
+void factorDescent(int n, PairArray &matrix)
 {
     constexpr double smallestPivot = 1e-10; // the matrices are scaled: their diagonals are near one
 
@@ -23,14 +23,24 @@ void solveDescent(int n, PairArray &matrix, CompoundArray &rightSide)
         for (int i = j + 1; i < n; ++i)
             column[i] /= pivot;
     }
+}
+
+void solveFactored(int n, const PairArray &factors, CompoundArray &rightSide)
+{
     for (int j = 0; j < n; ++j)
         for (int i = j + 1; i < n; ++i)
-            rightSide[i] -= matrix[i + n * j] * rightSide[j];
+            rightSide[i] -= factors[i + n * j] * rightSide[j];
     for (int j = 0; j < n; ++j)
-        rightSide[j] /= matrix[j + n * j];
+        rightSide[j] /= factors[j + n * j];
     for (int j = n - 1; j >= 0; --j)
         for (int i = j + 1; i < n; ++i)
-            rightSide[j] -= matrix[i + n * j] * rightSide[i];
+            rightSide[j] -= factors[i + n * j] * rightSide[i];
+}
+
+void solveDescent(int n, PairArray &matrix, CompoundArray &rightSide)
+{
+    factorDescent(n, matrix);
+    solveFactored(n, matrix, rightSide);
 }
 
 } // namespace reference

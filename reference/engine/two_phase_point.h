@@ -1,0 +1,61 @@
+// Two phases in equilibrium at any two conditions, by Newton's method in all unknowns at once: Michelsen,
+// Fluid Phase Equilibria 33 (1987) 13.
+#pragma once
+
+#include "reference/engine/equilibrium.h"
+#include "reference/engine/linear_solve.h"
+
+namespace reference {
+
+// What closes the equations: a flash variable has its value, or an unknown has.
+struct Closing {
+    enum class Kind { variable, unknown } kind;
+    FlashSpecification given; // for a variable
+    int unknown;              // otherwise, with the value it has
+    double value;
+
+    static Closing of(const FlashSpecification &given) { return {Kind::variable, given, 0, 0.0}; }
+    static Closing ofUnknown(int unknown, double value) { return {Kind::unknown, {}, unknown, value}; }
+};
+
+struct TwoPhasePoint {
+    // The unknowns: ln(y_i / x_i) of each compound, and after these the moles of vapour in one mole, ln T
+    // and ln P.
+    UnknownArray unknowns;
+
+    // Filled by evaluate.
+    CompoundArray y; // vapour, summing to one when solved
+    CompoundArray x;
+    PhaseProperties vapor;
+    PhaseProperties liquid;
+    Totals totals; // slopes are those of phases that exchange nothing
+    double vaporMassFraction;
+
+    static int amountAt(int size) { return size; }
+    static int temperatureAt(int size) { return size + 1; }
+    static int pressureAt(int size) { return size + 2; }
+
+    // Makes all from the unknowns. False when they are outside of what the model can be asked.
+    bool evaluate(const Feed &feed);
+
+    // The value of a flash variable; the point must have been evaluated.
+    double value(int size, FlashVariable variable) const;
+
+    // The largest |ln K|: how different the phases are.
+    double contrast(int size) const;
+};
+
+// The equations of a point: fugacities, balance and two closings, as residuals and their slopes.
+struct TwoPhaseEquations {
+    UnknownArray residuals;
+    SquareMatrix slopes;
+
+    void build(const Feed &feed, const TwoPhasePoint &point, const Closing &first, const Closing &second);
+    double largest() const; // residual
+};
+
+// Moves the point to where the equations hold. Its unknowns are the start; it has been evaluated when this
+// succeeds. False when it does not get there in a few steps, without going far.
+bool solvePoint(const Feed &feed, TwoPhasePoint &point, const Closing &first, const Closing &second);
+
+} // namespace reference

@@ -1,0 +1,34 @@
+// Judges the answers of flashes by nothing but the phases' own properties.
+#pragma once
+
+#include "reference/engine/flash.h"
+#include "reference/engine/phase_properties.h"
+
+#include <string>
+#include <vector>
+
+namespace reference {
+
+// A flash with all that it is asked of.
+struct FlashCase {
+    const MixtureModel &model;
+    std::vector<double> z;
+    FlashRequest request;
+};
+
+// What is wrong with an answer; empty for nothing. Checked are: fractions that sum to one and balance the feed
+// within 1e-12, fugacities that agree within 1e-9, both specifications within 1e-9 (of the larger of the value
+// and R T or R), and a Gibbs energy that is not above that of the feed as one phase.
+std::string faultOf(const FlashCase &problem, const FlashResult &result);
+
+// The value of a variable that phases have together, worked out from the properties of each.
+double valueOf(const MixtureModel &model, const std::vector<double> &z, const FlashResult &result,
+               FlashVariable variable);
+
+// What differences of a variable's values are measured by.
+double sizeOf(FlashVariable variable, double value, double temperature);
+
+// A case in words.
+std::string describe(const FlashCase &problem);
+
+} // namespace reference

@@ -1,0 +1,30 @@
+// Random flash problems of all kinds, and the verdict on each answer.
+#pragma once
+
+#include "tests/reference/engine/flash_check.h"
+
+#include <cstdint>
+#include <functional>
+
+namespace reference {
+
+struct SweepCount {
+    int problems = 0;
+    int solved = 0;
+    int refused = 0; // with a reason that has been found true
+    int faults = 0;  // answers and reasons that are wrong
+};
+
+struct Sweep {
+    // By the two variables, the lower one first.
+    SweepCount counts[flashVariableCount][flashVariableCount];
+    std::vector<std::string> faults; // in words
+
+    SweepCount total() const;
+};
+
+// Problems over 80 K to 700 K and 1 kPa to 30 MPa, with one to twelve compounds of the table. Most take their values
+// from a state of equilibrium, so that a refusal would be wrong; some take values that no state may have.
+Sweep sweepFlashes(std::uint64_t seed, int count);
+
+} // namespace reference
