@@ -12,7 +12,8 @@ namespace reference {
 
 namespace {
 
-constexpr double absent = 1e-100; // a mole fraction below counts as zero
+constexpr double absent = 1e-100;  // a mole fraction below counts as zero
+constexpr double roundOff = 1e-12; // by which a vapour fraction may be outside of its range
 
 bool isFraction(FlashVariable variable)
 {
@@ -40,7 +41,7 @@ const char *wrongWith(const FlashSpecification &given)
                    : "must be from 0.01 Pa to 1e+09 Pa";
     case FlashVariable::vaporFraction:
     case FlashVariable::vaporMassFraction:
-        return given.value >= 0.0 && given.value <= 1.0 ? nullptr : "must be from 0 to 1";
+        return given.value >= -roundOff && given.value <= 1.0 + roundOff ? nullptr : "must be from 0 to 1";
     case FlashVariable::volume:
         return given.value > 0.0 ? nullptr : "must be above zero";
     default:
@@ -199,6 +200,9 @@ FlashStatus flash(const MixtureModel &model, const FlashRequest &request, std::s
             return FlashStatus::undetermined;
         }
     }
+    for (FlashSpecification *given : {&first, &second})
+        if (isFraction(given->variable))
+            given->value = std::clamp(given->value, 0.0, 1.0);
     if (second.variable < first.variable)
         std::swap(first, second);
 

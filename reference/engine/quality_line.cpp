@@ -48,7 +48,7 @@ public:
     bool make()
     {
         const int n = feed.size();
-        point.unknowns[TwoPhasePoint::amountAt(n)] = amount;
+        point.setAmounts(n, amount, 1.0 - amount);
         double &lnT = point.unknowns[TwoPhasePoint::temperatureAt(n)];
         double &lnP = point.unknowns[TwoPhasePoint::pressureAt(n)];
         lnT = fixedTemperature ? std::log(given.value) : 0.0;
@@ -147,13 +147,16 @@ public:
             started = started || startAt({FlashVariable::pressure, pressure}, start.point);
         for (const double temperature : {300.0, 200.0, 120.0, 450.0, 80.0, 40.0})
             started = started || startAt({FlashVariable::temperature, temperature}, start.point);
-        if (!started)
-            return LineStatus::noLine;
-        for (const double direction : {1.0, -1.0})
-            if (walk(start, direction))
-                return LineStatus::solved;
+        if (started)
+            for (const double direction : {1.0, -1.0})
+                if (walk(start, direction))
+                    return LineStatus::solved;
+        if (!haveSecondChoice && n > 1 && lookAround(started))
+            return LineStatus::solved;
         if (haveSecondChoice)
             return LineStatus::solved;
+        if (!started)
+            return LineStatus::noLine;
         return sawOtherType ? LineStatus::otherType : sawUnstable ? LineStatus::unstable : LineStatus::notOnLine;
     }
 
@@ -169,6 +172,11 @@ private:
     bool haveSecondChoice = false;
     bool sawOtherType = false;
     bool sawUnstable = false;
+    struct Place {
+        double lnT, lnP;
+    };
+    std::array<Place, 2 * mostSteps> trace; // where lines have been followed
+    int traceCount = 0;
     TwoPhaseEquations equations;
     Elimination elimination;
 
@@ -176,6 +184,97 @@ private:
     {
         if (!Estimate(feed, fraction.value, at, point).make())
             return false;
+        return solvePoint(feed, point, Closing::of(fraction), Closing::of(at)) && phasesDiffer(n, point) &&
+               withinLimits(point.totals);
+    }
+
+    // A feed can have several lines of one vapour fraction: those of two liquids do not meet the one of boiling, and
+    // a gas that dissolves can leave a gap in that one. Looks for starts on all of them by flashes at given conditions.
+    bool lookAround(bool &started)
+    {
+        const bool atTemperature = other.variable == FlashVariable::temperature;
+        if (atTemperature || other.variable == FlashVariable::pressure)
+            return lookAlong(other, 150, true, started);
+        for (const int pressures : {16, 40})
+            for (int i = 0; i <= pressures; ++i) {
+                const double pressure = 1e2 * std::pow(1e7, static_cast<double>(i) / pressures);
+                if (lookAlong({FlashVariable::pressure, pressure}, 3 * pressures, false, started))
+                    return true;
+            }
+        return false;
+    }
+
+    // The same at one temperature or pressure. `isAnswer` says that this is the one of the solution.
+    bool lookAlong(const FlashSpecification &at, int intervals, bool isAnswer, bool &started)
+    {
+        const bool atTemperature = at.variable == FlashVariable::temperature;
+        const double low = atTemperature ? 1e2 : lowestFlashTemperature;
+        const double high = atTemperature ? highestFlashPressure : highestFlashTemperature;
+        FlashResult last;
+        bool known = false;
+        for (int i = 0; i <= intervals; ++i) {
+            const double free = low * std::pow(high / low, static_cast<double>(i) / intervals);
+            FlashResult now;
+            const FlashStatus status = flashTP(feed.model, atTemperature ? at.value : free,
+                                               atTemperature ? free : at.value, feed.fractions(), now);
+            if (status != FlashStatus::solved) {
+                known = false;
+                continue;
+            }
+            if (known) {
+                LinePoint start;
+                if (startBetween(last, now, at, start.point)) {
+                    started = true;
+                    if (isAnswer ? offer(start.point) : !isTraced(start.point) && walkBoth(start))
+                        return true;
+                }
+            }
+            last = now;
+            known = true;
+        }
+        return false;
+    }
+
+    bool walkBoth(const LinePoint &start) { return walk(start, 1.0) || walk(start, -1.0); }
+
+    // Whether a start lies on a line that has been followed already; not needed for the answer, only for the time it
+    // takes.
+    bool isTraced(const TwoPhasePoint &point)
+    {
+        constexpr double near = 0.02;
+        for (int i = 0; i < traceCount; ++i)
+            if (std::fabs(trace[i].lnT - point.unknowns[n + 1]) < near &&
+                std::fabs(trace[i].lnP - point.unknowns[n + 2]) < 10.0 * near)
+                return true;
+        return false;
+    }
+
+    double fractionOf(const FlashResult &state) const
+    {
+        return state.vaporPresent && state.liquidPresent ? state.vaporFraction : state.vaporPresent ? 1.0 : 0.0;
+    }
+
+    // A point of the line between two flashes' results, of which at least one has two phases.
+    bool startBetween(const FlashResult &first, const FlashResult &second, const FlashSpecification &at,
+                      TwoPhasePoint &point) const
+    {
+        const bool firstIsTwo = first.vaporPresent && first.liquidPresent;
+        const bool secondIsTwo = second.vaporPresent && second.liquidPresent;
+        if (!firstIsTwo && !secondIsTwo)
+            return false;
+        const double one = fractionOf(first) - fraction.value;
+        const double two = fractionOf(second) - fraction.value;
+        if (firstIsTwo && secondIsTwo && one * two > 0.0)
+            return false;
+        const FlashResult &nearest = !secondIsTwo || (firstIsTwo && std::fabs(one) < std::fabs(two)) ? first : second;
+        for (int i = 0; i < n; ++i)
+            point.unknowns[i] = std::log(nearest.vapor[i] / nearest.liquid[i]);
+        if (fraction.variable == FlashVariable::vaporFraction)
+            point.setAmounts(n, fraction.value, 1.0 - fraction.value);
+        else
+            point.setAmounts(n, nearest.vaporFraction, nearest.liquidFraction);
+        point.unknowns[TwoPhasePoint::temperatureAt(n)] = std::log(nearest.temperature);
+        point.unknowns[TwoPhasePoint::pressureAt(n)] = std::log(nearest.pressure);
         return solvePoint(feed, point, Closing::of(fraction), Closing::of(at)) && phasesDiffer(n, point) &&
                withinLimits(point.totals);
     }
@@ -199,6 +298,10 @@ private:
         if (!wanted && haveSecondChoice)
             return false;
         giveResult(feed, point, result);
+        if (fraction.value == 0.0 || fraction.value == 1.0) { // exactly
+            result.vaporFraction = fraction.value;
+            result.liquidFraction = 1.0 - fraction.value;
+        }
         haveSecondChoice = true;
         return wanted;
     }
@@ -224,7 +327,7 @@ private:
         if (!elimination.factor(equations.slopes))
             return SolutionType::normal;
         elimination.solve(rate);
-        const double amount = rate[TwoPhasePoint::amountAt(n)];
+        const double amount = point.countsLiquid ? -rate[TwoPhasePoint::amountAt(n)] : rate[TwoPhasePoint::amountAt(n)];
         return (atPressure ? amount >= 0.0 : amount <= 0.0) ? SolutionType::normal : SolutionType::retrograde;
     }
 
@@ -280,8 +383,11 @@ private:
                phasesDiffer(n, next.point) && differentiate(next);
     }
 
-    void note(const Totals &totals)
+    void note(const TwoPhasePoint &point)
     {
+        const Totals &totals = point.totals;
+        if (traceCount < static_cast<int>(trace.size()))
+            trace[traceCount++] = {point.unknowns[n + 1], point.unknowns[n + 2]};
         extent.lowestTemperature = std::min(extent.lowestTemperature, totals.temperature);
         extent.highestTemperature = std::max(extent.highestTemperature, totals.temperature);
         extent.lowestPressure = std::min(extent.lowestPressure, totals.pressure);
@@ -299,7 +405,7 @@ private:
         double sign = direction; // along the counter
         double size = 0.5;       // of the longest step
         for (int step = 0; step < mostSteps; ++step) {
-            note(last.point.totals);
+            note(last.point);
             const int chosen = fastest(last.tangent);
             if (chosen != counter) {
                 sign = std::copysign(sign, sign * last.tangent[chosen]);
@@ -324,6 +430,7 @@ private:
         const double before = last.point.contrast(n);
         for (int halving = 0; halving < 12; ++halving, size *= 0.5) {
             const double length = sign * size * longest;
+            next.point.countsLiquid = last.point.countsLiquid;
             for (int j = 0; j < n + 3; ++j)
                 next.point.unknowns[j] = last.point.unknowns[j] + length * last.tangent[j];
             const double foreseen = next.point.contrast(n);
@@ -365,6 +472,7 @@ private:
 
     bool between(const LinePoint &low, const LinePoint &high, double part, LinePoint &middle)
     {
+        middle.point.countsLiquid = low.point.countsLiquid;
         for (int j = 0; j < n + 3; ++j)
             middle.point.unknowns[j] = (1.0 - part) * low.point.unknowns[j] + part * high.point.unknowns[j];
         const double target = middle.point.unknowns[counter];
@@ -379,6 +487,7 @@ private:
         for (int halving = 0; halving < 40; ++halving) {
             const double part = low.gap / (low.gap - high.gap);
             TwoPhasePoint point;
+            point.countsLiquid = low.point.countsLiquid;
             for (int j = 0; j < n + 3; ++j)
                 point.unknowns[j] = (1.0 - part) * low.point.unknowns[j] + part * high.point.unknowns[j];
             if (solvePoint(feed, point, Closing::of(fraction), Closing::of(other)) && isBetween(low, high, point))
@@ -415,8 +524,8 @@ void giveResult(const Feed &feed, const TwoPhasePoint &point, FlashResult &resul
     result.pressure = point.totals.pressure;
     result.vaporPresent = true;
     result.liquidPresent = true;
-    result.vaporFraction = point.unknowns[TwoPhasePoint::amountAt(n)];
-    result.liquidFraction = 1.0 - result.vaporFraction;
+    result.vaporFraction = point.vaporAmount(n);
+    result.liquidFraction = point.liquidAmount(n);
     std::copy_n(point.y.begin(), n, result.vapor.begin());
     std::copy_n(point.x.begin(), n, result.liquid.begin());
 }

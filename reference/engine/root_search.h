@@ -66,6 +66,9 @@ public:
         return SearchStatus::notReached;
     }
 
+    // Whether the function had a value anywhere.
+    bool sawValue() const { return valueSeen; }
+
     // Whether the last search from a start went to an end of the range and would go on there.
     bool atLimit() const { return stoppedAtLimit; }
 
@@ -76,6 +79,7 @@ public:
         Probe last;
         for (int i = 0; i <= intervals; ++i) {
             Probe next = function.probe(low + (high - low) * i / intervals);
+            valueSeen |= next.known;
             if (next.met)
                 return SearchStatus::found;
             if (i > 0 && (last.known || next.known)) {
@@ -102,6 +106,7 @@ private:
     const double low;
     const double high;
     bool stoppedAtLimit = false;
+    bool valueSeen = false;
 
     // The last place with a value between one that has one and one that has not.
     Probe edge(Probe known, double unknown)

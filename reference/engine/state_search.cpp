@@ -135,7 +135,10 @@ private:
         const bool atTemperature = fixed.variable == FlashVariable::temperature;
         point.unknowns[atTemperature ? TwoPhasePoint::pressureAt(n) : TwoPhasePoint::temperatureAt(n)] =
             0.5 * (a.at + b.at);
-        point.unknowns[TwoPhasePoint::amountAt(n)] = secondIsVapor ? 1.0 - part : part;
+        if (secondIsVapor)
+            point.setAmounts(n, 1.0 - part, part);
+        else
+            point.setAmounts(n, part, 1.0 - part);
         const Isotherm isotherm(feed.model, std::exp(point.unknowns[TwoPhasePoint::temperatureAt(n)]));
         const double pressure = std::exp(point.unknowns[TwoPhasePoint::pressureAt(n)]);
         PhaseState vapor;
@@ -146,7 +149,7 @@ private:
             point.unknowns[i] = n == 1 ? 0.0 : liquid.lnPhi[i] - vapor.lnPhi[i];
         if (!solvePoint(feed, point, Closing::of(fixed), Closing::of(wanted)))
             return false;
-        const double amount = point.unknowns[TwoPhasePoint::amountAt(n)];
+        const double amount = point.vaporAmount(n);
         const double at =
             point.unknowns[atTemperature ? TwoPhasePoint::pressureAt(n) : TwoPhasePoint::temperatureAt(n)];
         const double slack = 1e-7;
@@ -236,8 +239,9 @@ SearchStatus solveAtCondition(const Feed &feed, const FlashSpecification &fixed,
 SearchStatus solveWithoutCondition(const Feed &feed, const FlashSpecification &first, const FlashSpecification &second,
                                    FoundState &state, SearchFindings &findings)
 {
-    // One variable is kept at its value by a search of its own, along which it must rise or fall all the way: the
-    // volume and the Helmholtz energy do so with the pressure, the entropy and the enthalpy with the temperature.
+    // One variable is kept at its value by a search of its own along the other of these. The first ways are those
+    // where that search is for a variable that rises or falls all the way; the others are for liquids, where the
+    // first ones can be so steep that nothing is hit.
     constexpr struct {
         FlashVariable kept;
         FlashVariable along;
@@ -245,16 +249,29 @@ SearchStatus solveWithoutCondition(const Feed &feed, const FlashSpecification &f
                 {FlashVariable::entropy, FlashVariable::pressure},
                 {FlashVariable::enthalpy, FlashVariable::pressure},
                 {FlashVariable::helmholtzEnergy, FlashVariable::temperature},
-                {FlashVariable::internalEnergy, FlashVariable::pressure}};
-    for (const auto &way : ways) {
-        const bool keepFirst = way.kept == first.variable;
-        if (!keepFirst && way.kept != second.variable)
-            continue;
-        ValueLine line(feed, way.along, keepFirst ? first : second, keepFirst ? second : first, state, findings);
-        RootSearch search(line, lowestOf(way.along), highestOf(way.along));
-        const bool alongTemperature = way.along == FlashVariable::temperature;
-        const SearchStatus status = search.from(std::log(alongTemperature ? 300.0 : 1e6), alongTemperature ? 0.4 : 3.0);
-        return status == SearchStatus::found ? status : search.scan(24);
+                {FlashVariable::internalEnergy, FlashVariable::pressure},
+                {FlashVariable::gibbsEnergy, FlashVariable::temperature},
+                {FlashVariable::helmholtzEnergy, FlashVariable::pressure},
+                {FlashVariable::volume, FlashVariable::pressure},
+                {FlashVariable::gibbsEnergy, FlashVariable::pressure}};
+    for (const int intervals : {0, 24, 120}) {
+        bool sawValue = false;
+        for (const auto &way : ways) {
+            const bool keepFirst = way.kept == first.variable;
+            if (!keepFirst && way.kept != second.variable)
+                continue;
+            ValueLine line(feed, way.along, keepFirst ? first : second, keepFirst ? second : first, state, findings);
+            RootSearch search(line, lowestOf(way.along), highestOf(way.along));
+            const bool alongTemperature = way.along == FlashVariable::temperature;
+            const SearchStatus status =
+                intervals == 0 ? search.from(std::log(alongTemperature ? 300.0 : 1e6), alongTemperature ? 0.4 : 3.0)
+                               : search.scan(intervals);
+            if (status == SearchStatus::found)
+                return status;
+            sawValue |= search.sawValue();
+        }
+        if (intervals > 0 && !sawValue)
+            break; // neither value alone is within the limits
     }
     return SearchStatus::notReached;
 }

@@ -79,24 +79,30 @@ void closeByVariable(const Feed &feed, const TwoPhasePoint &point, const FlashSp
         slopes.at(row, TwoPhasePoint::pressureAt(n)) = 1.0;
         return;
     case FlashVariable::vaporFraction:
-        residual = point.unknowns[amount] - given.value;
+        residual = point.unknowns[amount] - (point.countsLiquid ? 1.0 - given.value : given.value);
         slopes.at(row, amount) = 1.0;
         return;
     default:
         break;
     }
 
-    const double vaporAmount = point.unknowns[amount];
+    const double vaporAmount = point.vaporAmount(n);
+    const double liquidAmount = point.liquidAmount(n);
+    const double sign = point.countsLiquid ? -1.0 : 1.0; // of what a change of the amount is for the vapour
     const bool mass = given.variable == FlashVariable::vaporMassFraction;
-    const double scale = mass ? 1.0 : 1.0 / scaleOf(given, T);
-    const double weight = mass ? 1.0 / (vaporAmount * molecularWeight(feed, point.y) +
-                                        (1.0 - vaporAmount) * molecularWeight(feed, point.x))
-                               : 0.0;
-    residual = (point.value(n, given.variable) - given.value) * scale;
+    double scale = 0.0;
+    if (mass) {
+        scale = 1.0 / (vaporAmount * molecularWeight(feed, point.y) + liquidAmount * molecularWeight(feed, point.x));
+        residual =
+            point.countsLiquid ? (1.0 - given.value) - point.liquidMassFraction : point.vaporMassFraction - given.value;
+    } else {
+        scale = 1.0 / scaleOf(given, T);
+        residual = (point.value(n, given.variable) - given.value) * scale;
+    }
     for (int i = 0; i < n; ++i) {
         double change = 0.0;
         if (mass) {
-            change = feed.model.compounds[i].molecularWeight * weight;
+            change = scale * feed.model.compounds[i].molecularWeight;
         } else {
             const double enthalpy =
                 -gasConstant * T * T * (point.vapor.slopes.lnPhiByT[i] - point.liquid.slopes.lnPhiByT[i]);
@@ -106,8 +112,8 @@ void closeByVariable(const Feed &feed, const TwoPhasePoint &point, const FlashSp
         }
         // Moles of vapour: z_i amount K_i / (liquid + amount K_i).
         const double ratio = point.x[i] * point.y[i] / feed.z[i];
-        slopes.at(row, i) = change * vaporAmount * (1.0 - vaporAmount) * ratio;
-        slopes.at(row, amount) += change * ratio;
+        slopes.at(row, i) = change * vaporAmount * liquidAmount * ratio;
+        slopes.at(row, amount) += sign * change * ratio;
     }
     if (mass)
         return;
@@ -127,12 +133,19 @@ void close(const Feed &feed, const TwoPhasePoint &point, const Closing &closing,
 
 } // namespace
 
+void TwoPhasePoint::setAmounts(int size, double vapor, double liquid)
+{
+    countsLiquid = liquid < vapor;
+    unknowns[amountAt(size)] = countsLiquid ? liquid : vapor;
+}
+
 bool TwoPhasePoint::evaluate(const Feed &feed)
 {
     const int n = feed.size();
     const double T = std::exp(unknowns[temperatureAt(n)]);
     const double P = std::exp(unknowns[pressureAt(n)]);
-    const double amount = unknowns[amountAt(n)];
+    const double amount = vaporAmount(n);
+    const double rest = liquidAmount(n);
     if (!(T > 0.5 * lowestFlashTemperature && T < 2.0 * highestFlashTemperature))
         return false;
     if (!(P > 0.01 * lowestFlashPressure && P < 100.0 * highestFlashPressure))
@@ -141,7 +154,7 @@ bool TwoPhasePoint::evaluate(const Feed &feed)
         if (!(std::fabs(unknowns[i]) <= widest))
             return false;
         const double K = std::exp(unknowns[i]);
-        x[i] = feed.z[i] / (1.0 - amount + amount * K);
+        x[i] = feed.z[i] / (rest + amount * K);
         y[i] = K * x[i];
         if (!(x[i] > 0.0 && y[i] > 0.0))
             return false;
@@ -153,16 +166,18 @@ bool TwoPhasePoint::evaluate(const Feed &feed)
     totals.temperature = T;
     totals.pressure = P;
     totals.add(amount * sumOf(n, y), Totals::of(vapor));
-    totals.add((1.0 - amount) * sumOf(n, x), Totals::of(liquid));
+    totals.add(rest * sumOf(n, x), Totals::of(liquid));
     const double vaporMass = amount * molecularWeight(feed, y);
-    vaporMassFraction = vaporMass / (vaporMass + (1.0 - amount) * molecularWeight(feed, x));
+    const double liquidMass = rest * molecularWeight(feed, x);
+    vaporMassFraction = vaporMass / (vaporMass + liquidMass);
+    liquidMassFraction = liquidMass / (vaporMass + liquidMass);
     return true;
 }
 
 double TwoPhasePoint::value(int size, FlashVariable variable) const
 {
     if (variable == FlashVariable::vaporFraction)
-        return unknowns[amountAt(size)];
+        return vaporAmount(size);
     return variable == FlashVariable::vaporMassFraction ? vaporMassFraction : totals.value(variable);
 }
 
@@ -178,7 +193,9 @@ void TwoPhaseEquations::build(const Feed &feed, const TwoPhasePoint &point, cons
 {
     const int n = feed.size();
     const int amount = TwoPhasePoint::amountAt(n);
-    const double fraction = point.unknowns[amount];
+    const double vaporAmount = point.vaporAmount(n);
+    const double liquidAmount = point.liquidAmount(n);
+    const double sign = point.countsLiquid ? -1.0 : 1.0;
     const double T = point.totals.temperature;
     const double P = point.totals.pressure;
     slopes.size = n + 3;
@@ -204,10 +221,10 @@ void TwoPhaseEquations::build(const Feed &feed, const TwoPhasePoint &point, cons
     for (int j = 0; j < n; ++j) {
         const double ratio = point.x[j] * point.y[j] / feed.z[j];
         const double difference = (point.y[j] - point.x[j]) / feed.z[j];
-        const double yByK = (1.0 - fraction) * ratio / vaporSum;
-        const double xByK = -fraction * ratio / liquidSum;
-        const double yByAmount = -point.y[j] * difference / vaporSum;
-        const double xByAmount = -point.x[j] * difference / liquidSum;
+        const double yByK = liquidAmount * ratio / vaporSum;
+        const double xByK = -vaporAmount * ratio / liquidSum;
+        const double yByAmount = -sign * point.y[j] * difference / vaporSum;
+        const double xByAmount = -sign * point.x[j] * difference / liquidSum;
         const double *vaporColumn = columnOf(vaporMatrix, n, j);
         const double *liquidColumn = columnOf(liquidMatrix, n, j);
         for (int i = 0; i < n; ++i) {
@@ -216,7 +233,7 @@ void TwoPhaseEquations::build(const Feed &feed, const TwoPhasePoint &point, cons
         }
         slopes.at(j, j) += 1.0;
         slopes.at(n, j) = ratio;
-        slopes.at(n, amount) -= (point.y[j] - point.x[j]) * difference;
+        slopes.at(n, amount) -= sign * (point.y[j] - point.x[j]) * difference;
     }
     close(feed, point, first, n + 1, *this);
     close(feed, point, second, n + 2, *this);

@@ -19,9 +19,10 @@ struct Closing {
 };
 
 struct TwoPhasePoint {
-    // The unknowns: ln(y_i / x_i) of each compound, and after these the moles of vapour in one mole, ln T
-    // and ln P.
+    // The unknowns: ln(y_i / x_i) of each compound, and after these the moles of one phase in one mole of
+    // feed, ln T and ln P. The phase should be the lesser one, so that its amount keeps its digits near zero.
     UnknownArray unknowns;
+    bool countsLiquid = false; // rather than vapour
 
     // Filled by evaluate.
     CompoundArray y; // vapour, summing to one when solved
@@ -30,10 +31,15 @@ struct TwoPhasePoint {
     PhaseProperties liquid;
     Totals totals; // slopes are those of phases that exchange nothing
     double vaporMassFraction;
+    double liquidMassFraction;
 
     static int amountAt(int size) { return size; }
     static int temperatureAt(int size) { return size + 1; }
     static int pressureAt(int size) { return size + 2; }
+
+    void setAmounts(int size, double vapor, double liquid);
+    double vaporAmount(int size) const { return countsLiquid ? 1.0 - unknowns[size] : unknowns[size]; }
+    double liquidAmount(int size) const { return countsLiquid ? unknowns[size] : 1.0 - unknowns[size]; }
 
     // Makes all from the unknowns. False when they are outside of what the model can be asked.
     bool evaluate(const Feed &feed);

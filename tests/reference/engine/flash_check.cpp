@@ -119,8 +119,8 @@ std::string describe(const FlashCase &problem)
         text << flashVariableName(given.variable) << ' ' << given.value << ", ";
     text << "type " << static_cast<int>(problem.request.solution) << ", z";
     for (int i = 0; i < problem.model.size; ++i)
-        text << ' ' << problem.z[static_cast<std::size_t>(i)] << " (Tc " << problem.model.compounds[i].criticalTemperature
-             << ')';
+        text << ' ' << problem.z[static_cast<std::size_t>(i)] << " (Tc "
+             << problem.model.compounds[i].criticalTemperature << ')';
     return text.str();
 }
 

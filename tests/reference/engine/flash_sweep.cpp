@@ -3,6 +3,8 @@
 #include "reference/engine/flash_reason.h"
 #include "tests/reference/engine/mixtures.h"
 
+#include <cmath>
+#include <cstring>
 #include <random>
 
 namespace reference {
@@ -19,25 +21,132 @@ bool isFraction(FlashVariable variable)
     return variable == FlashVariable::vaporFraction || variable == FlashVariable::vaporMassFraction;
 }
 
+bool isCondition(FlashVariable variable)
+{
+    return variable == FlashVariable::temperature || variable == FlashVariable::pressure;
+}
+
+// What a scan by flashes at given temperature and pressure finds along a line of constant temperature or pressure.
+class Scan {
+public:
+    Scan(const FlashCase &of, const FlashSpecification &fixed)
+        : problem(of), atTemperature(fixed.variable == FlashVariable::temperature), value(fixed.value)
+    {
+    }
+
+    // Whether the two-phase region ends somewhere with this vapour fraction, 0 or 1, in a normal or retrograde way.
+    bool endsWith(double fraction, SolutionType type) const
+    {
+        constexpr int steps = 400;
+        FlashResult last;
+        for (int i = 0; i <= steps; ++i) {
+            FlashResult now;
+            if (!at(static_cast<double>(i) / steps, now))
+                return false;
+            if (i > 0 && isTwo(last) != isTwo(now)) {
+                // Vapour disappears with rising pressure or falling temperature, in the normal way.
+                const bool enters = isTwo(now);
+                const SolutionType found = enters == (fraction == (atTemperature ? 1.0 : 0.0))
+                                               ? SolutionType::normal
+                                               : SolutionType::retrograde;
+                const bool wanted = type == SolutionType::unspecified || type == found;
+                if (wanted && std::fabs(fractionAtEdge(i, enters) - fraction) < 0.01)
+                    return true;
+            }
+            last = now;
+        }
+        return false;
+    }
+
+    // Whether a pure compound boils there.
+    bool boils() const
+    {
+        FlashResult first;
+        FlashResult last;
+        const CompoundTerms &compound = problem.model.compounds[static_cast<std::size_t>(
+            std::ranges::find_if(problem.z, [](double z) { return z > 0.0; }) - problem.z.begin())];
+        const bool critical = problem.model.equation != EquationOfState::idealMixture &&
+                              value > (atTemperature ? compound.criticalTemperature : compound.criticalPressure);
+        return !critical && at(0.0, first) && at(1.0, last) && (atTemperature ? first : last).vaporPresent &&
+               (atTemperature ? last : first).liquidPresent;
+    }
+
+    // Whether a variable passes a value.
+    bool passes(const FlashSpecification &wanted) const
+    {
+        constexpr int steps = 300;
+        double before = 0.0;
+        for (int i = 0; i <= steps; ++i) {
+            FlashResult state;
+            if (!at(static_cast<double>(i) / steps, state))
+                return false;
+            const double now = valueOf(problem.model, problem.z, state, wanted.variable) - wanted.value;
+            if (i > 0 && (now < 0.0) != (before < 0.0))
+                return true;
+            before = now;
+        }
+        return false;
+    }
+
+private:
+    const FlashCase &problem;
+    bool atTemperature;
+    double value;
+
+    static bool isTwo(const FlashResult &state) { return state.vaporPresent && state.liquidPresent; }
+
+    // The vapour fraction where the region begins or ends before this step.
+    double fractionAtEdge(int step, bool enters) const
+    {
+        double one = (step - (enters ? 1 : 0)) / 400.0;
+        double two = (step - (enters ? 0 : 1)) / 400.0;
+        double fraction = -1.0;
+        for (int halving = 0; halving < 45; ++halving) {
+            FlashResult state;
+            const double middle = 0.5 * (one + two);
+            if (!at(middle, state))
+                return -1.0;
+            (isTwo(state) ? two : one) = middle;
+            if (isTwo(state))
+                fraction = state.vaporFraction;
+        }
+        return fraction;
+    }
+
+    // `part` of the way from the lowest to the highest of the other condition.
+    bool at(double part, FlashResult &state) const
+    {
+        const double low = atTemperature ? lowestFlashPressure : lowestFlashTemperature;
+        const double high = atTemperature ? highestFlashPressure : highestFlashTemperature;
+        const double free = low * std::pow(high / low, part);
+        return flashTP(problem.model, atTemperature ? value : free, atTemperature ? free : value, problem.z, state) ==
+               FlashStatus::solved;
+    }
+};
+
 class Generator {
 public:
     Generator(std::uint64_t seed, Sweep &into) : random(seed), sweep(into) {}
 
     void run()
     {
+        const auto first = static_cast<FlashVariable>(random() % flashVariableCount);
+        auto second = first;
+        while (second == first)
+            second = static_cast<FlashVariable>(random() % flashVariableCount);
         const MixtureModel model = randomModel();
-        const std::vector<double> z = randomComposition(model.size);
-        const double T = lowestT + (highestT - lowestT) * uniform();
-        const double P = lowestP * std::pow(highestP / lowestP, uniform());
+        FlashCase problem{model, randomFractions(random, model.size), {{first, 0.0}, {second, 0.0}}};
+        ++countOf(problem).problems;
+        if (isFraction(first) && isFraction(second))
+            return judgeTwoFractions(problem);
+        if (uniform() < 0.1 && !isFraction(first) && !isFraction(second))
+            return judgeImpossible(problem);
+        if (isFraction(first) || isFraction(second))
+            return judgeFraction(problem);
         FlashResult state;
-        if (flashTP(model, T, P, z, state) != FlashStatus::solved) {
-            fault({model, z, {{FlashVariable::temperature, T}, {FlashVariable::pressure, P}}}, "TP flash failed");
-            return;
-        }
-        int first = static_cast<int>(random() % flashVariableCount);
-        int second = static_cast<int>(random() % (flashVariableCount - 1));
-        second += second >= first;
-        judge(model, z, state, static_cast<FlashVariable>(first), static_cast<FlashVariable>(second));
+        if (!randomState(problem, state))
+            return fault(problem, "the TP flash failed");
+        judgeSolvable(problem, state);
     }
 
 private:
@@ -45,6 +154,8 @@ private:
     Sweep &sweep;
 
     double uniform() { return std::uniform_real_distribution<double>(0.0, 1.0)(random); }
+    double randomTemperature() { return lowestT + (highestT - lowestT) * uniform(); }
+    double randomPressure() { return lowestP * std::pow(highestP / lowestP, uniform()); }
 
     MixtureModel randomModel()
     {
@@ -56,10 +167,10 @@ private:
             if (std::ranges::find(list, chosen) == list.end())
                 list.push_back(chosen);
         }
-        return MixtureModel::of(list);
+        constexpr EquationOfState equations[] = {EquationOfState::pengRobinson, EquationOfState::soaveRedlichKwong,
+                                                 EquationOfState::idealMixture};
+        return MixtureModel::of(list, equations[random() % 3]);
     }
-
-    std::vector<double> randomComposition(int size) { return randomFractions(random, size); }
 
     SweepCount &countOf(const FlashCase &problem)
     {
@@ -74,27 +185,120 @@ private:
         sweep.faults.push_back(what + " | " + describe(problem));
     }
 
-    void judge(const MixtureModel &model, const std::vector<double> &z, const FlashResult &state, FlashVariable first,
-               FlashVariable second)
+    bool randomState(const FlashCase &problem, FlashResult &state)
     {
-        FlashCase problem{model,
-                          z,
-                          {{first, valueOf(model, z, state, first)}, {second, valueOf(model, z, state, second)}}};
-        ++countOf(problem).problems;
+        return flashTP(problem.model, randomTemperature(), randomPressure(), problem.z, state) == FlashStatus::solved;
+    }
+
+    void accept(const FlashCase &problem, const FlashResult &result)
+    {
+        const std::string what = faultOf(problem, result);
+        if (what.empty())
+            ++countOf(problem).solved;
+        else
+            fault(problem, what);
+    }
+
+    // Takes the values of a state, and expects one that has them, too.
+    void judgeSolvable(FlashCase &problem, const FlashResult &state)
+    {
+        for (FlashSpecification *given : {&problem.request.first, &problem.request.second})
+            given->value = valueOf(problem.model, problem.z, state, given->variable);
         FlashResult result;
         FlashReason reason;
-        const FlashStatus status = flash(model, problem.request, z, result, reason);
+        const FlashStatus status = flash(problem.model, problem.request, problem.z, result, reason);
+        if (status != FlashStatus::solved)
+            return fault(problem, std::string("refused a state that exists: ") + reason.data());
+        accept(problem, result);
+    }
+
+    void judgeTwoFractions(FlashCase &problem)
+    {
+        problem.request.first.value = uniform();
+        problem.request.second.value = uniform();
+        FlashResult result;
+        FlashReason reason;
+        if (flash(problem.model, problem.request, problem.z, result, reason) != FlashStatus::undetermined)
+            return fault(problem, "two vapour fractions were taken to determine a state");
+        ++countOf(problem).refused;
+    }
+
+    // A vapour fraction and something else: of two phases, or at a dew or bubble point.
+    void judgeFraction(FlashCase &problem)
+    {
+        const bool firstIsFraction = isFraction(problem.request.first.variable);
+        FlashSpecification &fraction = firstIsFraction ? problem.request.first : problem.request.second;
+        FlashSpecification &other = firstIsFraction ? problem.request.second : problem.request.first;
+        FlashResult state;
+        if (uniform() < 0.5)
+            for (int attempt = 0; attempt < 100; ++attempt) {
+                if (!randomState(problem, state))
+                    return fault(problem, "the TP flash failed");
+                if (state.vaporPresent && state.liquidPresent)
+                    return judgeSolvable(problem, state);
+            }
+
+        // Anything between for a pure compound, of which a flash at given conditions makes no two phases.
+        const bool pure = std::ranges::count_if(problem.z, [](double z) { return z > 0.0; }) == 1;
+        fraction.value = pure ? uniform() : std::floor(2.0 * uniform());
+        const FlashVariable asked = other.variable;
+        const bool atTemperature = isCondition(asked) ? asked == FlashVariable::temperature : uniform() < 0.5;
+        other = atTemperature ? FlashSpecification{FlashVariable::temperature, randomTemperature()}
+                              : FlashSpecification{FlashVariable::pressure, randomPressure()};
+        if (isCondition(asked))
+            problem.request.solution = static_cast<SolutionType>(random() % 3);
+        FlashResult result;
+        FlashReason reason;
+        const FlashStatus status = flash(problem.model, problem.request, problem.z, result, reason);
         if (status == FlashStatus::solved) {
-            if (const std::string what = faultOf(problem, result); !what.empty())
-                return fault(problem, what);
-            ++countOf(problem).solved;
-            return;
+            if (isCondition(asked))
+                return accept(problem, result);
+            if (const std::string what = faultOf(problem, result); !what.empty()) {
+                other.variable = asked;
+                return fault(problem, "at the point asked for first: " + what);
+            }
+            other.variable = asked;
+            return judgeSolvable(problem, result);
         }
-        if (status == FlashStatus::undetermined && isFraction(first) && isFraction(second)) {
-            ++countOf(problem).refused;
-            return;
-        }
-        fault(problem, std::string("refused: ") + reason.data());
+        const Scan scan(problem, other);
+        const bool exists = pure ? scan.boils() && problem.request.solution != SolutionType::retrograde
+                                 : scan.endsWith(fraction.value, problem.request.solution);
+        const FlashCase judged = problem;
+        other.variable = asked;
+        if (exists)
+            return fault(judged, std::string("there is a solution: ") + reason.data());
+        ++countOf(problem).refused;
+    }
+
+    // Values that no state has, which a scan or a law tells.
+    void judgeImpossible(FlashCase &problem)
+    {
+        FlashResult state;
+        if (!randomState(problem, state))
+            return fault(problem, "the TP flash failed");
+        FlashSpecification &first = problem.request.first;
+        FlashSpecification &second = problem.request.second;
+        for (FlashSpecification *given : {&first, &second})
+            given->value = valueOf(problem.model, problem.z, state, given->variable);
+        // A condition stays as it is; everything else goes where nothing is, by a random sign.
+        FlashSpecification &moved = isCondition(second.variable) ? first : second;
+        if (isCondition(moved.variable))
+            moved.value = uniform() < 0.5 ? -moved.value : 1e12; // beyond what is a temperature or pressure here
+        else if (moved.variable == FlashVariable::volume)
+            moved.value = uniform() < 0.5 ? 1e-7 : 1e9; // denser than any liquid, thinner than any gas
+        else
+            moved.value = (uniform() < 0.5 ? -1.0 : 1.0) * 1e8;
+        FlashResult result;
+        FlashReason reason;
+        const FlashStatus status = flash(problem.model, problem.request, problem.z, result, reason);
+        if (status == FlashStatus::solved)
+            return accept(problem, result);
+        const FlashSpecification &kept = &moved == &first ? second : first;
+        if (isCondition(kept.variable) && !isCondition(moved.variable) && Scan(problem, kept).passes(moved))
+            return fault(problem, std::string("there is a solution: ") + reason.data());
+        if (std::strlen(reason.data()) < 20)
+            return fault(problem, "no reason");
+        ++countOf(problem).refused;
     }
 };
 
