@@ -160,7 +160,12 @@ case ${1-} in
     ;;
 *)
     ensure_up
-    # The shell stays, holding the lock; the program, and what it starts, do not get it.
-    "$wine" "$@" 9>&-
+    # The shell stays, holding the lock; the program, and what it starts, do not get it. How a program ended is noted:
+    # a start that Wine itself spoils says nothing.
+    "$wine" "$@" 9>&- || {
+        status=$?
+        echo "$(date +%T) $*: exit code $status" >>"$build/wine.log"
+        exit $status
+    }
     ;;
 esac
