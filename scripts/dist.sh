@@ -42,7 +42,7 @@ for file in Verdanth.so Verdanth.mex VerdanthReference.so libverdanth_platform.s
     strip --strip-unneeded --remove-section=.note.gnu.build-id -o "$linux/lib/$file" "build/linux/$file"
 done
 cp build/linux/registry.d/VerdanthReference.reg "$linux/lib/registry.d/"
-cp toolbox/*.m "$linux/toolbox/"
+scripts/stage_toolbox.sh "$linux/toolbox"
 cp build/linux/guide/*.html build/linux/guide/style.css "$linux/doc/"
 cp README.md "$linux/"
 find "$linux" -exec chmod u=rwX,go=rX {} +
