@@ -15,50 +15,36 @@ double attractionLogarithm(const CubicConstants &equation, double Z, double B)
 }
 
 // The residual Gibbs energy over R T of one root: what the two roots are compared by.
-double residualGibbs(const CubicConstants &equation, double A, double B, double Z)
+double residualGibbs(const CubicConstants &equation, double A, double B, double free)
 {
-    return Z - 1.0 - std::log(Z - B) - A / B * attractionLogarithm(equation, Z, B);
+    return free + B - 1.0 - std::log(free) - A / B * attractionLogarithm(equation, free + B, B);
 }
 
-// How Z and the attraction logarithm answer to a change of A and B.
+// How Z - B and the attraction logarithm answer to a change of A and B.
 struct Response {
-    double byA; // dZ/dA at constant B
-    double byB; // dZ/dB at constant A
+    double byA; // d(Z - B)/dA at constant B
+    double byB; // d(Z - B)/dB at constant A
     double Z;
     double B;
     double quadratic; // (Z + d1 B) (Z + d2 B)
 
     Response(const CubicConstants &equation, const PhaseState &state) : Z(state.Z), B(state.B)
     {
-        const double sum = equation.sum();
-        const double product = equation.product();
-        double byZ =
-            (3.0 * Z + 2.0 * ((sum - 1.0) * B - 1.0)) * Z + state.A + ((product - sum) * B - sum) * B; // of the cubic
+        const double u = state.freeZ;
+        const CompressibilityCubic cubic(equation, state.A, B);
         // At the critical point Z answers without bound: finite instead.
-        if (std::fabs(byZ) < 1e-14)
-            byZ = std::copysign(1e-14, byZ);
-        byA = (B - Z) / byZ;
-        byB =
-            -(((sum - 1.0) * Z + 2.0 * (product - sum) * B - sum) * Z - state.A - product * (2.0 + 3.0 * B) * B) / byZ;
-        quadratic = (Z + sum * B) * Z + product * B * B;
+        double slope = cubic.slope(u);
+        if (std::fabs(slope) < 1e-14)
+            slope = std::copysign(1e-14, slope);
+        const double two = equation.sum() + 2.0;
+        const double atCovolume = equation.atCovolume();
+        byA = -u / slope;
+        byB = -((two * u + 2.0 * atCovolume * B - two) * u - 2.0 * atCovolume * B) / slope;
+        quadratic = (Z + equation.sum() * B) * Z + equation.product() * B * B;
     }
-    double Zchange(double Achange, double Bchange) const { return byA * Achange + byB * Bchange; }
+    double freeChange(double Achange, double Bchange) const { return byA * Achange + byB * Bchange; }
     double logChange(double Zchange, double Bchange) const { return (Z * Bchange - B * Zchange) / quadratic; }
 };
-
-// For each compound the sum over j of (1 - kij) x_j times the value of j.
-void pairSums(const MixtureModel &model, const double *moleFractions, const CompoundArray &values, CompoundArray &sums)
-{
-    const int n = model.size;
-    for (int i = 0; i < n; ++i)
-        sums[i] = 0.0;
-    for (int j = 0; j < n; ++j) {
-        const double weighted = moleFractions[j] * values[j];
-        const double *factors = columnOf(model.pairFactor, n, j);
-        for (int i = 0; i < n; ++i)
-            sums[i] += factors[i] * weighted;
-    }
-}
 
 // da/dT of the mixture, and below d2a/dT2.
 double attractionSlope(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
@@ -82,6 +68,19 @@ double attractionBending(const MixtureModel &model, const Isotherm &isotherm, co
 }
 
 } // namespace
+
+void pairSums(const MixtureModel &model, const double *moleFractions, const CompoundArray &values, CompoundArray &sums)
+{
+    const int n = model.size;
+    for (int i = 0; i < n; ++i)
+        sums[i] = 0.0;
+    for (int j = 0; j < n; ++j) {
+        const double weighted = moleFractions[j] * values[j];
+        const double *factors = columnOf(model.pairFactor, n, j);
+        for (int i = 0; i < n; ++i)
+            sums[i] += factors[i] * weighted;
+    }
+}
 
 void prepare(const MixtureModel &model, Isotherm &isotherm)
 {
@@ -118,7 +117,8 @@ void evaluatePhase(const MixtureModel &model, const Isotherm &isotherm, double p
         roots.distinct() &&
         (root == Root::liquid || (root == Root::stable && residualGibbs(equation, A, B, roots.liquid) <
                                                               residualGibbs(equation, A, B, roots.vapor)));
-    const double Z = takeLiquid ? roots.liquid : roots.vapor;
+    const double free = takeLiquid ? roots.liquid : roots.vapor;
+    const double Z = free + B;
 
     state.pressure = pressure;
     state.a = a;
@@ -126,12 +126,13 @@ void evaluatePhase(const MixtureModel &model, const Isotherm &isotherm, double p
     state.A = A;
     state.B = B;
     state.Z = Z;
+    state.freeZ = free;
     state.severalRoots = roots.distinct();
     state.vaporRoot = !takeLiquid;
     state.liquidRoot = takeLiquid || !roots.distinct();
     state.attractionLog = attractionLogarithm(equation, Z, B);
 
-    const double repulsion = -std::log(Z - B);
+    const double repulsion = -std::log(free);
     const double attractionScale = 2.0 * pressure / (thermal * thermal);
     const double strength = state.attractionLog / B;
     const double fromBeta = Z - 1.0 + A * strength;
@@ -158,9 +159,10 @@ void lnPhiByMoles(const MixtureModel &model, const Isotherm &isotherm, const Pha
     for (int j = 0; j < n; ++j) {
         const double Achange = state.attraction[j] - 2.0 * A; // of one mole's A, with P and T fixed
         const double Bchange = B * (state.beta[j] - 1.0);
-        const double Zchange = response.Zchange(Achange, Bchange);
+        const double freeChange = response.freeChange(Achange, Bchange);
+        const double Zchange = freeChange + Bchange;
         const double strengthChange = (response.logChange(Zchange, Bchange) - strength * Bchange) / B;
-        const double repulsion = -(Zchange - Bchange) / (state.Z - B);
+        const double repulsion = -freeChange / state.freeZ;
         const double betaFactor = Zchange + Achange * strength + A * strengthChange - (state.beta[j] - 1.0) * fromBeta;
         const double attractionFactor = strength - strengthChange;
         // beta_i changes by -beta_i (beta_j - 1), attraction_i by the pair's own term less itself.
@@ -183,7 +185,6 @@ void evaluateSlopes(const MixtureModel &model, const Isotherm &isotherm, const d
     const Response response(cubicConstants(model.equation), state);
     const double A = state.A;
     const double B = state.B;
-    const double freeZ = state.Z - B;
     const double strength = state.attractionLog / B;
 
     CompoundArray slopeSum;
@@ -191,16 +192,18 @@ void evaluateSlopes(const MixtureModel &model, const Isotherm &isotherm, const d
     const double attractionScale = P / (thermal * thermal);
     const double AbyT = attractionScale * attractionSlope(model, isotherm, moleFractions, state) - 2.0 * A / T;
     const double BbyT = -B / T;
-    slopes.ZbyT = response.Zchange(AbyT, BbyT);
+    const double freeByT = response.freeChange(AbyT, BbyT);
+    slopes.ZbyT = freeByT + BbyT;
     const double strengthByT = (response.logChange(slopes.ZbyT, BbyT) - strength * BbyT) / B;
-    const double repulsionByT = -(slopes.ZbyT - BbyT) / freeZ;
+    const double repulsionByT = -freeByT / state.freeZ;
     const double betaByT = slopes.ZbyT + AbyT * strength + A * strengthByT;
 
     const double AbyP = A / P;
     const double BbyP = B / P;
-    slopes.ZbyP = response.Zchange(AbyP, BbyP);
+    const double freeByP = response.freeChange(AbyP, BbyP);
+    slopes.ZbyP = freeByP + BbyP;
     const double strengthByP = (response.logChange(slopes.ZbyP, BbyP) - strength * BbyP) / B;
-    const double repulsionByP = -(slopes.ZbyP - BbyP) / freeZ;
+    const double repulsionByP = -freeByP / state.freeZ;
     const double betaByP = slopes.ZbyP + AbyP * strength + A * strengthByP;
 
     for (int i = 0; i < n; ++i) {
@@ -227,7 +230,7 @@ double residualEntropy(const MixtureModel &model, const Isotherm &isotherm, cons
                        const PhaseState &state)
 {
     const double aByT = attractionSlope(model, isotherm, moleFractions, state);
-    return gasConstant * std::log(state.Z - state.B) + aByT / state.b * state.attractionLog;
+    return gasConstant * std::log(state.freeZ) + aByT / state.b * state.attractionLog;
 }
 
 double residualHeatCapacity(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,

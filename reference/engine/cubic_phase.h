@@ -5,6 +5,9 @@
 
 namespace reference::cubic {
 
+// For each compound the sum over j of (1 - kij) x_j times the value of j.
+void pairSums(const MixtureModel &model, const double *moleFractions, const CompoundArray &values, CompoundArray &sums);
+
 void prepare(const MixtureModel &model, Isotherm &isotherm);
 
 void evaluatePhase(const MixtureModel &model, const Isotherm &isotherm, double pressure, const double *moleFractions,

@@ -3,15 +3,45 @@
 
 #include "reference/engine/phase_quantity.h"
 #include "reference/engine/phase_state.h"
+#include "reference/engine/residual.h"
 
 #include <span>
 
 namespace reference {
 
-// Whether the model has the quantity for the phase that `root` stands for. The liquid of an ideal
-// mixture does not yield to pressure, and so has no heatCapacityCv and no speedOfSound. True for all
-// other single-phase quantities and their derivatives.
-bool isAvailable(const MixtureModel &model, Root root, PhaseQuantity quantity, Differential differential);
+// Whether the model has a quantity, with all its derivatives, for the phase that `root` stands for.
+// The liquid of an ideal mixture does not yield to pressure, and so has no heatCapacityCv and no
+// speedOfSound; other quantities are missing where a compound lacks a constant that they need.
+bool isAvailable(const MixtureModel &model, Root root, PhaseQuantity quantity);
+bool isAvailable(const MixtureModel &model, PairQuantity quantity);
+
+// A direction in which the conditions change: temperature, pressure, or the moles of one compound, of
+// one mole in all.
+struct Direction {
+    Differential differential = Differential::none; // byFractions is the same as byMoles here
+    int compound = -1;
+
+    double ofTemperature() const { return differential == Differential::byTemperature ? 1.0 : 0.0; }
+    double ofPressure() const { return differential == Differential::byPressure ? 1.0 : 0.0; }
+    // The mean of a property of the compounds, of which one has `own`, in this direction.
+    double ofMean(double own, double mean) const { return compound < 0 ? 0.0 : own - mean; }
+};
+
+// The mixture's molar properties at a phase's conditions, with their derivatives in a direction.
+struct Bulk {
+    Dual T; // K
+    Dual P; // Pa
+    Residual residual;
+    Dual idealEnthalpy;        // J/mol
+    Dual idealEntropy;         // J/mol/K, at P and of the mixture
+    Dual idealHeatCapacity;    // of constant pressure, J/mol/K
+    Dual formationEnthalpy;    // J/mol
+    Dual formationEntropy;     // J/mol/K
+    Dual molecularWeight;      // g/mol
+    Dual pureVolumeDifference; // residuals of the phase less the mean of those of the pure compounds
+    Dual pureEnthalpyDifference;
+    Dual pureEntropyDifference;
+};
 
 class PhasePoint {
 public:
@@ -31,15 +61,32 @@ public:
     double pressure() const { return phase.pressure; }
     const CompoundArray &fractions() const { return x; }
 
+    // The differences from the pure compounds are left out unless asked for.
+    Bulk bulk(const Direction &direction, bool withPure = false) const;
+
+    // Logarithms of the fugacity coefficients: derivatives by temperature and pressure, and by moles.
+    void lnPhiSlopes(PhaseSlopes &slopes) const { evaluateSlopes(mixture, isotherm, x.data(), phase, slopes); }
+    void lnPhiByComposition(PairArray &derivatives) const { lnPhiByMoles(mixture, isotherm, phase, derivatives); }
+
 private:
+    Residual residual(const Direction &direction) const;
+    Residual pureResidual(int compound, const Direction &direction) const;
+    CubicParameters cubicParameters(const Direction &direction) const;
+    RaoultParameters raoultParameters(const Direction &direction) const;
+    void addPure(const Direction &direction, Bulk &result) const;
+    void calculateScalar(PhaseQuantity quantity, Differential differential, double *values) const;
+    void calculateVector(PhaseQuantity quantity, Differential differential, double *values) const;
+    Dual pureLnPhi(int compound, const Direction &direction) const;
+
     const MixtureModel &mixture;
     Isotherm isotherm;
     PhaseState phase;
     CompoundArray x;
+    CompoundArray slopeSum;   // of cubic equations: as PhaseState::pairSum, with ds/dT
+    CompoundArray bendingSum; // with d2s/dT2
 };
 
-// The same for a pair of phases of one model, at temperatures and pressures that are the same.
-// False for the surface tension where a compound has no parachor.
+// The same for two phases of one model at the same temperature and pressure.
 bool calculatePair(const PhasePoint &first, const PhasePoint &second, PairQuantity quantity, Differential differential,
                    std::span<double> values);
 

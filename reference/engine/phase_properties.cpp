@@ -1,5 +1,7 @@
 #include "reference/engine/phase_properties.h"
 
+#include "reference/engine/ideal_gas.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -7,38 +9,16 @@ namespace reference {
 
 namespace {
 
-using Polynomial = std::array<double, 5>;
-
-constexpr double referenceTemperature = 298.15; // K
-constexpr double referencePressure = 101325.0;  // Pa
-
-Polynomial mixtureHeatCapacity(const MixtureModel &model, const CompoundArray &fractions)
+HeatCapacityPolynomial mixtureHeatCapacity(const MixtureModel &model, const CompoundArray &fractions)
 {
-    Polynomial sum{};
+    HeatCapacityPolynomial sum{};
     for (int i = 0; i < model.size; ++i)
         for (std::size_t power = 0; power < sum.size(); ++power)
             sum[power] += fractions[i] * model.compounds[i].idealGasHeatCapacity[power];
     return sum;
 }
 
-// The integral of Cp / R over T, without its constant.
-double enthalpyIntegral(const Polynomial &c, double T)
-{
-    return ((((c[4] / 5.0 * T + c[3] / 4.0) * T + c[2] / 3.0) * T + c[1] / 2.0) * T + c[0]) * T;
-}
-
-// The integral of Cp / (R T) over T, without its constant.
-double entropyIntegral(const Polynomial &c, double T)
-{
-    return (((c[4] / 4.0 * T + c[3] / 3.0) * T + c[2] / 2.0) * T + c[1]) * T + c[0] * std::log(T);
-}
-
 } // namespace
-
-double idealGasHeatCapacity(const Polynomial &c, double T)
-{
-    return gasConstant * ((((c[4] * T + c[3]) * T + c[2]) * T + c[1]) * T + c[0]);
-}
 
 void evaluateProperties(const MixtureModel &model, const Isotherm &isotherm, double pressure, const double *fractions,
                         Root root, PhaseProperties &properties)
@@ -58,11 +38,9 @@ void evaluateProperties(const MixtureModel &model, const Isotherm &isotherm, dou
     properties.molecularWeight = molecularWeight;
     properties.volume = properties.state.Z * gasConstant * T / pressure;
 
-    const Polynomial ideal = mixtureHeatCapacity(model, properties.fractions);
-    properties.enthalpy = gasConstant * (enthalpyIntegral(ideal, T) - enthalpyIntegral(ideal, referenceTemperature)) +
-                          residualEnthalpy(model, isotherm, fractions, properties.state);
-    properties.entropy = gasConstant * (entropyIntegral(ideal, T) - entropyIntegral(ideal, referenceTemperature) -
-                                        std::log(pressure / referencePressure) + mixing) +
+    const HeatCapacityPolynomial ideal = mixtureHeatCapacity(model, properties.fractions);
+    properties.enthalpy = idealGasEnthalpy(ideal, T) + residualEnthalpy(model, isotherm, fractions, properties.state);
+    properties.entropy = idealGasEntropy(ideal, T) + gasConstant * (mixing - std::log(pressure / referencePressure)) +
                          residualEntropy(model, isotherm, fractions, properties.state);
 }
 

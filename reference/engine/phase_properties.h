@@ -4,12 +4,10 @@
 // as an ideal gas at 298.15 K, and for the entropy at 101325 Pa.
 #pragma once
 
+#include "reference/engine/ideal_gas.h"
 #include "reference/engine/phase_state.h"
 
 namespace reference {
-
-// Ideal-gas heat capacity at constant pressure of a pure compound, J/mol/K.
-double idealGasHeatCapacity(const std::array<double, 5> &coefficients, double kelvin);
 
 struct PhaseProperties {
     PhaseState state;

@@ -49,6 +49,7 @@ struct PhaseState {
     double b;                 // m3/mol
     double A;                 // a P / (R T)^2
     double B;                 // b P / (R T)
+    double freeZ;             // Z - B, with all its digits
     double attractionLog;     // ln((Z + d1 B) / (Z + d2 B)) / (d1 - d2)
     CompoundArray pairSum;    // sum over j of (1 - kij) x_j s_j
     CompoundArray attraction; // 2 s_i pairSum_i P / (R T)^2: the slope of n^2 A with the moles of i
