@@ -30,8 +30,11 @@ VIAddVersionKey "FileVersion" "${VERSION}"
 VIAddVersionKey "FileDescription" "Setup of Verdanth"
 VIAddVersionKey "LegalCopyright" ""
 
+; The library's own type library, a resource of it, and the interface that it describes.
+!define SYSTEM_LIBRARY "{5C1B7C0E-2D6F-4B9A-935E-7A40D16E2B58}"
+!define PRIVATE_INTERFACE "{E2484BD9-413A-4855-95BF-CC72E1AFC4D2}"
+
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Verdanth"
-!define TYPE_LIBRARY "{4A5E2E81-C093-11D4-9F1B-0010A4D198C2}\1.1"
 
 ; The categories of CAPE-OPEN components, which every vendor's setup enters when it finds them missing.
 !define OBJECT_CATEGORY "{678C09A1-7D66-11D2-A67D-00105A42887F}"
@@ -80,6 +83,13 @@ Section "Library, functions, user guide and relay" mainSection
     WriteRegStr HKLM "${UNINSTALL_KEY}" "QuietUninstallString" '"$INSTDIR\uninstall.exe" /S'
     WriteRegDWORD HKLM "${UNINSTALL_KEY}" "NoModify" 1
     WriteRegDWORD HKLM "${UNINSTALL_KEY}" "NoRepair" 1
+    DetailPrint "Registering the library's type library"
+    TypeLib::Register "$INSTDIR\toolbox\Verdanth.mexw64"
+    EnumRegKey $0 HKCR "TypeLib\${SYSTEM_LIBRARY}" 0
+    ${If} $0 == ""
+        SetErrorLevel 3
+        Abort "Registering the library's type library failed."
+    ${EndIf}
     !insertmacro Register "the relay" '"$INSTDIR\Verdanth6432Relay.exe" /RegServer'
 SectionEnd
 
@@ -96,20 +106,7 @@ Section /o "Reference package" referenceSection
 SectionEnd
 
 Section /o "CAPE-OPEN 1.1 type library, if there is none" typeLibrarySection
-    SetRegView 64
-    EnumRegKey $0 HKCR "TypeLib\${TYPE_LIBRARY}" 0
-    ${If} $0 == ""
-        DetailPrint "Registering the type library"
-        TypeLib::Register "$INSTDIR\CapeOpen11.tlb"
-        EnumRegKey $0 HKCR "TypeLib\${TYPE_LIBRARY}" 0
-        ${If} $0 == ""
-            SetErrorLevel 3
-            Abort "Registering the type library failed."
-        ${EndIf}
-        WriteRegDWORD HKLM "${UNINSTALL_KEY}" "TypeLibrary" 1
-    ${Else}
-        DetailPrint "The machine has the type library."
-    ${EndIf}
+    !insertmacro Register "the type library" '"$INSTDIR\Verdanth6432Relay.exe" /RegTypeLib'
 SectionEnd
 
 !macro SelectBySwitch switch section
@@ -176,7 +173,13 @@ Section "Uninstall"
         SetErrorLevel 2
         Abort "MATLAB is using Verdanth."
     ${EndIf}
+    DeleteRegKey HKCR "TypeLib\${SYSTEM_LIBRARY}"
+    DeleteRegKey HKCR "Interface\${PRIVATE_INTERFACE}"
+    SetRegView 32
+    DeleteRegKey HKCR "Interface\${PRIVATE_INTERFACE}"
+    SetRegView 64
     ExecWait '"$INSTDIR\Verdanth6432Relay.exe" /UnregServer'
+    ExecWait '"$INSTDIR\Verdanth6432Relay.exe" /UnregTypeLib'
     ReadRegDWORD $0 HKLM "${UNINSTALL_KEY}" "Reference"
     ${If} $0 == 1
         ExecWait '"$WINDIR\SysWOW64\regsvr32.exe" /s /u "$INSTDIR\reference\x86\VerdanthReference.dll"'
@@ -184,10 +187,6 @@ Section "Uninstall"
         !insertmacro RemoveCategory "${OBJECT_CATEGORY}"
         !insertmacro RemoveCategory "${MANAGER_CATEGORY}"
         !insertmacro RemoveCategory "${PACKAGE_CATEGORY}"
-    ${EndIf}
-    ReadRegDWORD $0 HKLM "${UNINSTALL_KEY}" "TypeLibrary"
-    ${If} $0 == 1
-        TypeLib::UnRegister "$INSTDIR\CapeOpen11.tlb"
     ${EndIf}
     !include "${LISTS}/remove_files.nsh"
     Delete "$INSTDIR\uninstall.exe"

@@ -6,9 +6,10 @@ function install(action)
 %
 %   Adds the folder with the functions of Verdanth to MATLAB's path and saves
 %   the path. If Verdanth came as a zip file, it then asks whether to register
-%   the relay, which 32-bit property packages need, and the reference package;
-%   both need a MATLAB that was started as administrator. With 'remove' the
-%   folder is taken from the path again. Nothing else is changed.
+%   the relay, which 32-bit property packages need, the CAPE-OPEN type library,
+%   which they need, too, and the reference package; all of it needs a MATLAB
+%   that was started as administrator. With 'remove' the folder is taken from
+%   the path again. Nothing else is changed.
 root = fileparts(mfilename('fullpath'));
 functions = fullfile(root, 'toolbox');
 
@@ -39,8 +40,9 @@ if exist(fullfile(root, 'uninstall.exe'), 'file') ~= 0
 end
 fprintf('\nWhat follows changes the registry of Windows for all users of this machine, and needs a MATLAB\n');
 fprintf('that was started as administrator. Without it, 64-bit packages of other vendors work all the same.\n\n');
-offer('the relay, which 32-bit packages need', ...
-      {['"' fullfile(root, 'Verdanth6432Relay.exe') '" /RegServer']});
+relay = ['"' fullfile(root, 'Verdanth6432Relay.exe') '"'];
+offer('the relay, which 32-bit packages need', {[relay ' /RegServer']});
+offer('the CAPE-OPEN type library, which they need, too, if this machine has none', {[relay ' /RegTypeLib']});
 windows = getenv('SystemRoot');
 offer('the reference package, for trying Verdanth out', ...
       {['"' fullfile(windows, 'System32', 'regsvr32.exe') '" /s "' fullfile(root, 'reference', 'x64', 'VerdanthReference.dll') '"'], ...

@@ -17,7 +17,9 @@ RelayFactory mainFactory;
 void noteCaller()
 {
     unsigned long processId = 0;
-    if (I_RpcBindingInqLocalClientPID(nullptr, &processId) == RPC_S_OK && processId != GetCurrentProcessId())
+    if (I_RpcBindingInqLocalClientPID(nullptr, &processId) != RPC_S_OK)
+        processId = unknownClient;
+    if (processId != GetCurrentProcessId())
         NoteClient(processId);
 }
 

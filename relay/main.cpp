@@ -2,12 +2,15 @@
 //
 //   /RegServer      registers it, which takes an administrator
 //   /UnregServer    takes the registration back
+//   /RegTypeLib     registers the CAPE-OPEN type library beside it where there is none, which takes one, too
+//   /UnregTypeLib   takes that back
 //   -Embedding      serves; COM starts it so
 //
-// It shows no window. The exit code of the first two is 0, or the failure's result.
+// It shows no window. The exit code of the registrations is 0, or the failure's result.
 #include "relay/class_object.h"
 #include "relay/process_life.h"
 #include "relay/registration.h"
+#include "relay/standard_library.h"
 
 #include <string_view>
 
@@ -53,6 +56,10 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR commandLine, int)
         hr = RegisterServer();
     else if (word == L"unregserver")
         hr = UnregisterServer();
+    else if (word == L"regtypelib")
+        hr = RegisterStandardLibrary();
+    else if (word == L"unregtypelib")
+        hr = UnregisterStandardLibrary();
     else if (word == L"embedding")
         hr = serve();
     else

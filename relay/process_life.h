@@ -13,6 +13,7 @@ void LetGoOfProcess();
 // A client by its process. A client that dies lets go of nothing, and not every system notices that for it: when all
 // clients are dead the process ends, whatever they held.
 void NoteClient(DWORD processId);
+inline constexpr DWORD unknownClient = 0; // nobody can tell when it dies, so it counts as living
 
 // Handles the messages of the main thread until nobody holds the process any more, or all clients are dead; or nobody
 // ever came.

@@ -23,9 +23,9 @@ function folder = unpack(name)
     machine = 'PCWIN64';
     saved = 0;
     questions = {};
-    answers = {'', '', ''};
+    answers = {'', '', '', ''};
     commands = {};
-    commands_that_work = 3;
+    commands_that_work = 4;
     folder = fullfile(work_folder, name);
     if exist(folder, 'dir') == 0
         mkdir(folder);
@@ -72,20 +72,21 @@ function check_nothing_is_registered_unasked()
     folder = unpack('unasked');
     shown = run_install();
     check(is_on_path(folder) && saved == 1, 'the path is not changed and saved');
-    check(numel(questions) == 2 && isempty(commands), '%d questions, %d commands', numel(questions), numel(commands));
+    check(numel(questions) == 3 && isempty(commands), '%d questions, %d commands', numel(questions), numel(commands));
     check(~isempty(strfind(shown, 'changes the registry')), 'it does not say what it does: %s', shown);
 end
 
 function check_what_is_answered_with_yes_is_registered()
     global answers commands
     folder = unpack('yes');
-    answers = {'y', 'Yes'};
+    answers = {'y', 'YES', 'Yes'};
     shown = run_install();
     expected = {['"' fullfile(folder, 'Verdanth6432Relay.exe') '" /RegServer'], ...
+                ['"' fullfile(folder, 'Verdanth6432Relay.exe') '" /RegTypeLib'], ...
                 ['"W/System32/regsvr32.exe" /s "' fullfile(folder, 'reference/x64/VerdanthReference.dll') '"'], ...
                 ['"W/SysWOW64/regsvr32.exe" /s "' fullfile(folder, 'reference/x86/VerdanthReference.dll') '"']};
     check(isequal(commands, expected), 'ran: %s', strjoin(commands, ' | '));
-    for k = 1:3
+    for k = 1:4
         check(~isempty(strfind(shown, expected{k})), 'it does not show what it runs: %s', shown);
     end
 end
@@ -93,7 +94,7 @@ end
 function check_a_failure_is_told_and_ends_what_belongs_together()
     global answers commands commands_that_work
     unpack('failure');
-    answers = {'n', 'y'};
+    answers = {'n', 'n', 'y'};
     commands_that_work = 0;
     shown = run_install();
     check(numel(commands) == 1 && ~isempty(strfind(shown, 'as administrator')), 'shown: %s', shown);

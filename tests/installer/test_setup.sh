@@ -42,28 +42,33 @@ uninstall() {
     done
 }
 
-# A machine without the CAPE-OPEN type library, whatever the test prefix has; it gets back what it had.
+# A machine without the CAPE-OPEN type library and the library's own, whatever the test prefix has; it gets back what it
+# had.
 type_library='{4A5E2E81-C093-11D4-9F1B-0010A4D198C2}'
+own_library='{5C1B7C0E-2D6F-4B9A-935E-7A40D16E2B58}'
 restore() {
-    "$wine" reg delete "HKLM\\Software\\Classes\\TypeLib\\$type_library" /f >/dev/null 2>&1 || true
+    for library in "$type_library" "$own_library"; do
+        "$wine" reg delete "HKLM\\Software\\Classes\\TypeLib\\$library" /f >/dev/null 2>&1 || true
+    done
     "$wine" regedit /S 'C:\setup_test\removed.reg' || echo "test_setup.sh: the registry could not be restored" >&2
     rm -rf "$drive/setup_test"
 }
-remove_type_library() {
+remove_type_libraries() {
     "$wine" regedit /E 'C:\setup_test\classes.reg' 'HKEY_LOCAL_MACHINE\Software\Classes'
-    # The keys of the library and of its interfaces: once whole, to be put back, and once to be taken away.
-    iconv -f utf-16 -t utf-8 "$drive/setup_test/classes.reg" | awk -v id="$type_library" -v removed="$work/removed" -v removal="$work/removal" '
+    # The keys of the libraries and of their interfaces: once whole, to be put back, and once to be taken away.
+    iconv -f utf-16 -t utf-8 "$drive/setup_test/classes.reg" | awk -v ids="$type_library $own_library" -v removed="$work/removed" -v removal="$work/removal" '
+        function is_of_them(text) { return length(text) == 38 && index(ids, text) != 0 }
         { sub(/\r$/, "") }
         /^\[/ { key = substr($0, 2, length($0) - 2); texts[key] = $0; keys[++count] = key; next }
         key != "" { texts[key] = texts[key] "\n" $0 }
-        index($0, "@=\"" id) == 1 && key ~ /\\Interface\\.*\\TypeLib$/ { ours[substr(key, 1, length(key) - 8)] }
+        is_of_them(substr($0, 4, 38)) && key ~ /\\Interface\\.*\\TypeLib$/ { ours[substr(key, 1, length(key) - 8)] }
         END {
             print "Windows Registry Editor Version 5.00\n" >removed
             print "Windows Registry Editor Version 5.00\n" >removal
             for (i = 1; i <= count; ++i) {
                 key = keys[i]; top = key
                 if (match(key, /\\(Interface|TypeLib)\\\{[^}]*\}/)) top = substr(key, 1, RSTART + RLENGTH - 1)
-                if (!(top in ours) && index(top, "\\TypeLib\\" id) == 0) continue
+                if (!(top in ours) && !(top ~ /\\TypeLib\\\{[^}]*\}$/ && is_of_them(substr(top, length(top) - 37)))) continue
                 print texts[key] >removed
                 if (key == top) print "[-" key "]\n" >removal
             }
@@ -74,15 +79,19 @@ remove_type_library() {
     "$wine" regedit /S 'C:\setup_test\removal.reg'
 }
 [ ! -e "$installed" ] || uninstall "$installed" # an earlier run has failed
-remove_type_library
+remove_type_libraries
 
 scripts/stage_windows.sh "$work/Verdanth"
+(cd toolbox && find . -name '*.m' | sort) >"$work/functions"
+(cd "$work/Verdanth/toolbox" && find . -name '*.m' | sort) >"$work/found"
+same "$work/functions" "$work/found" "other functions are shipped than there are"
 scripts/make_setup.sh "$work/Verdanth" "$work/Verdanth-setup.exe"
 scripts/make_setup.sh "$work/Verdanth" "$work/Verdanth-again.exe"
 cmp "$work/Verdanth-setup.exe" "$work/Verdanth-again.exe" || fail "the same files give another setup program"
 registry >"$work/before"
 lacks "$work/before" "Verdanth Reference Packages"
 lacks "$work/before" "$type_library"
+lacks "$work/before" "$own_library"
 
 echo "== everything =="
 "$wine" "$work/Verdanth-setup.exe" /S /REFERENCE /TYPELIB || fail "the setup program gave $?"
@@ -95,6 +104,7 @@ registry >"$work/installed"
 holds "$work/installed" '@="C:\\Program Files\\Verdanth\\reference\\x64\\VerdanthReference.dll"'
 holds "$work/installed" '@="C:\\Program Files\\Verdanth\\reference\\x86\\VerdanthReference.dll"'
 holds "$work/installed" 'C:\\Program Files\\Verdanth\\CapeOpen11.tlb'
+holds "$work/installed" "TypeLib\\$own_library\\1.1"
 holds "$work/installed" 'C:\\Program Files\\Verdanth\\Verdanth6432Relay.exe'
 holds "$work/installed" "\"DisplayVersion\"=\"$(scripts/version.sh)\""
 
@@ -140,7 +150,8 @@ registry >"$work/after"
 same "$work/before" "$work/after" "the uninstaller leaves something in the registry"
 
 echo "== the least, with a file of the user's, and with somebody else's type library =="
-"$wine" reg add "HKLM\\Software\\Classes\\TypeLib\\$type_library\\1.1\\0\\win32" /ve /d 'C:\other.tlb' /f >/dev/null
+cp "$work/Verdanth/CapeOpen11.tlb" "$drive/setup_test/other.tlb"
+"$wine" reg add "HKLM\\Software\\Classes\\TypeLib\\$type_library\\1.1\\0\\win32" /ve /d 'C:\setup_test\other.tlb' /f >/dev/null
 registry >"$work/before"
 "$wine" "$work/Verdanth-setup.exe" /S /TYPELIB /D=C:\\setup_test\\a folder || fail "the setup program gave $?"
 registry >"$work/installed"

@@ -69,6 +69,48 @@ public:
     const std::string classId;
 };
 
+// A machine without the CAPE-OPEN type library while the object lives.
+class StandardLibraryRegistration : public testing::Test {
+protected:
+    StandardLibraryRegistration()
+    {
+        const std::string path = registeredText(KEY_WOW64_64KEY, libraryPathKey);
+        if (path != "(none)")
+            before.assign(path.begin(), path.end());
+        UnRegisterTypeLib(LIBID_CAPEOPEN110, 1, 1, 0, SYS_WIN32);
+        EXPECT_FALSE(keyExists(KEY_WOW64_64KEY, "TypeLib\\" + standardLibrary));
+    }
+    ~StandardLibraryRegistration() override
+    {
+        UnRegisterTypeLib(LIBID_CAPEOPEN110, 1, 1, 0, SYS_WIN32);
+        if (!before.empty())
+            registerLibrary(before);
+    }
+
+    // Wine enters some paths with a prefix.
+    bool isRegistered(const WideString &path) const
+    {
+        return registeredText(KEY_WOW64_64KEY, libraryPathKey).ends_with(narrow(path));
+    }
+    static void registerLibrary(const WideString &path)
+    {
+        ComPointer<ITypeLib> library;
+        EXPECT_EQ(LoadTypeLibEx(path.c_str(), REGKIND_REGISTER, library.out()), S_OK);
+    }
+
+    const std::string standardLibrary = "{4A5E2E81-C093-11D4-9F1B-0010A4D198C2}";
+    const std::string libraryPathKey = "TypeLib\\" + standardLibrary + "\\1.1\\0\\win32";
+    const std::vector<std::pair<std::string, std::string>> someInterfaces = {
+        {"{678C0A9B-7D66-11D2-A67D-00105A42887F}", "ICapeThermoMaterial"},
+        {"{678C0B11-7D66-11D2-A67D-00105A42887F}", "ECapeUser"},
+        {"{678C0AA2-7D66-11D2-A67D-00105A42887F}", "ICapeThermoPropertyPackageManager"},
+    };
+    const WideString relay = file32(L"Verdanth6432Relay.exe");
+
+private:
+    WideString before;
+};
+
 // Whether the relay works: it makes the reference package.
 bool makesThePackage(IVerdanth6432Relay *relay)
 {
@@ -131,10 +173,65 @@ TEST(RelayRegistration, TakesItsSwitchesInEitherSignAndCase)
 
 TEST(RelayRegistration, NoOtherSwitchDoesAnything)
 {
-    for (const WCHAR *arguments : {L"", L"/help", L"RegServer", L"/RegServers"})
+    for (const WCHAR *arguments : {L"", L"/help", L"RegServer", L"/RegServers", L"/RegTypeLibs"})
         EXPECT_EQ(run(file32(L"Verdanth6432Relay.exe"), arguments), static_cast<DWORD>(E_INVALIDARG));
     EXPECT_FALSE(keyExists(KEY_WOW64_64KEY, "CLSID\\" + relayClass));
     EXPECT_FALSE(keyExists(KEY_WOW64_32KEY, "CLSID\\" + relayClass));
+}
+
+TEST_F(StandardLibraryRegistration, IsForMachinesThatHaveNone)
+{
+    EXPECT_EQ(run(relay, L"/RegTypeLib"), 0u);
+    EXPECT_TRUE(isRegistered(file32(L"CapeOpen11.tlb")));
+    for (const REGSAM view : views)
+        for (const auto &[id, name] : someInterfaces) {
+            EXPECT_EQ(registeredText(view, "Interface\\" + id), name);
+            EXPECT_EQ(registeredText(view, "Interface\\" + id + "\\ProxyStubClsid32"),
+                      "{00020424-0000-0000-C000-000000000046}");
+            EXPECT_EQ(registeredText(view, "Interface\\" + id + "\\TypeLib"), standardLibrary);
+            EXPECT_EQ(registeredText(view, "Interface\\" + id + "\\TypeLib", "Version"), "1.1");
+        }
+    EXPECT_EQ(run(relay, L"/RegTypeLib"), 0u) << "again is no failure";
+}
+
+TEST_F(StandardLibraryRegistration, IsTakenBackWhole)
+{
+    EXPECT_EQ(run(relay, L"/RegTypeLib"), 0u);
+    EXPECT_EQ(run(relay, L"/UnregTypeLib"), 0u);
+    for (const REGSAM view : views) {
+        EXPECT_FALSE(keyExists(view, "TypeLib\\" + standardLibrary));
+        for (const auto &[id, name] : someInterfaces)
+            EXPECT_FALSE(keyExists(view, "Interface\\" + id)) << name;
+    }
+    EXPECT_EQ(run(relay, L"/UnregTypeLib"), 0u) << "nothing is left to do";
+}
+
+TEST_F(StandardLibraryRegistration, LeavesAnotherProgramsAlone)
+{
+    const WideString theirs = fileHere(L"somebody_elses.tlb");
+    ASSERT_TRUE(CopyFileW(file32(L"CapeOpen11.tlb").c_str(), theirs.c_str(), FALSE));
+    registerLibrary(theirs);
+    for (const WCHAR *change : {L"/RegTypeLib", L"/UnregTypeLib"}) {
+        EXPECT_EQ(run(relay, change), 0u);
+        EXPECT_TRUE(isRegistered(theirs));
+        for (const REGSAM view : views)
+            EXPECT_EQ(registeredText(view, "Interface\\" + someInterfaces[0].first), someInterfaces[0].second);
+    }
+    EXPECT_TRUE(DeleteFileW(theirs.c_str()));
+    EXPECT_EQ(run(relay, L"/RegTypeLib"), 0u);
+    EXPECT_TRUE(isRegistered(file32(L"CapeOpen11.tlb"))) << "theirs can't be loaded";
+}
+
+TEST_F(StandardLibraryRegistration, FailsWithoutTheLibrary)
+{
+    const WideString folder = fileHere(L"relay_alone");
+    const WideString alone = folder + L"\\Verdanth6432Relay.exe";
+    CreateDirectoryW(folder.c_str(), nullptr);
+    ASSERT_TRUE(CopyFileW(relay.c_str(), alone.c_str(), FALSE));
+    EXPECT_NE(run(alone, L"/RegTypeLib"), 0u);
+    EXPECT_FALSE(keyExists(KEY_WOW64_64KEY, "TypeLib\\" + standardLibrary));
+    EXPECT_TRUE(DeleteFileW(alone.c_str()));
+    EXPECT_TRUE(RemoveDirectoryW(folder.c_str()));
 }
 
 TEST(PackageRegistration32, StaysInTheViewOfItsOwnBitness)

@@ -1,0 +1,7 @@
+// Where this program lies, and what comes with it.
+#pragma once
+
+#include "platform/platform.h"
+
+WideString ProgramFile();                   // its full path; empty when that is too long
+WideString FileBesideProgram(LPCWSTR name); // in the same folder; empty when ProgramFile is

@@ -1,0 +1,92 @@
+#include "relay/registry_entries.h"
+
+namespace {
+
+constexpr LPCWSTR automationMarshaller = L"{00020424-0000-0000-C000-000000000046}";
+
+HRESULT resultOf(LSTATUS status)
+{
+    return status == ERROR_SUCCESS ? S_OK : static_cast<HRESULT>(0x80070000u | static_cast<unsigned>(status));
+}
+
+WideString interfaceKey(REFIID iid) { return L"Interface\\" + IdentifierText(iid); }
+
+} // namespace
+
+WideString IdentifierText(REFGUID id)
+{
+    OLECHAR text[39];
+    StringFromGUID2(id, text, 39);
+    return text;
+}
+
+WideString ReadText(REGSAM view, const WideString &path, LPCWSTR name)
+{
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, path.c_str(), 0, KEY_READ | view, &key) != ERROR_SUCCESS)
+        return {};
+    WCHAR text[1024] = {};
+    DWORD size = sizeof text - sizeof(WCHAR);
+    DWORD type = REG_NONE;
+    const LSTATUS status = RegQueryValueExW(key, name, nullptr, &type, reinterpret_cast<BYTE *>(text), &size);
+    RegCloseKey(key);
+    return status == ERROR_SUCCESS && type == REG_SZ ? text : WideString();
+}
+
+HRESULT WriteText(REGSAM view, const WideString &path, LPCWSTR name, const WideString &value)
+{
+    HKEY key = nullptr;
+    LSTATUS status =
+        RegCreateKeyExW(HKEY_CLASSES_ROOT, path.c_str(), 0, nullptr, 0, KEY_WRITE | view, nullptr, &key, nullptr);
+    if (status != ERROR_SUCCESS)
+        return resultOf(status);
+    status = RegSetValueExW(key, name, 0, REG_SZ, reinterpret_cast<const BYTE *>(value.c_str()),
+                            static_cast<DWORD>((value.size() + 1) * sizeof(WCHAR)));
+    RegCloseKey(key);
+    return resultOf(status);
+}
+
+HRESULT RemoveKey(REGSAM view, const WideString &path)
+{
+    const std::size_t last = path.rfind(L'\\');
+    HKEY parent = nullptr;
+    LSTATUS status = RegOpenKeyExW(HKEY_CLASSES_ROOT, path.substr(0, last).c_str(), 0,
+                                   KEY_READ | KEY_WRITE | DELETE | view, &parent);
+    if (status == ERROR_SUCCESS) {
+        status = RegDeleteTreeW(parent, path.substr(last + 1).c_str());
+        RegCloseKey(parent);
+    }
+    return resultOf(status == ERROR_FILE_NOT_FOUND ? ERROR_SUCCESS : status);
+}
+
+HRESULT EnterInterface(REFIID iid, const WideString &name, REFGUID libraryId, const WideString &libraryVersion)
+{
+    const WideString key = interfaceKey(iid);
+    HRESULT hr = S_OK;
+    for (const REGSAM view : registryViews) {
+        if (SUCCEEDED(hr))
+            hr = WriteText(view, key, nullptr, name);
+        if (SUCCEEDED(hr))
+            hr = WriteText(view, key + L"\\ProxyStubClsid32", nullptr, automationMarshaller);
+        if (SUCCEEDED(hr))
+            hr = WriteText(view, key + L"\\TypeLib", nullptr, IdentifierText(libraryId));
+        if (SUCCEEDED(hr))
+            hr = WriteText(view, key + L"\\TypeLib", L"Version", libraryVersion);
+    }
+    return hr;
+}
+
+HRESULT RemoveInterface(REFIID iid, REFGUID libraryId, const WideString &libraryVersion)
+{
+    const WideString key = interfaceKey(iid);
+    HRESULT result = S_OK;
+    for (const REGSAM view : registryViews) {
+        const bool isOurs =
+            lstrcmpiW(ReadText(view, key + L"\\TypeLib", nullptr).c_str(), IdentifierText(libraryId).c_str()) == 0 &&
+            ReadText(view, key + L"\\TypeLib", L"Version") == libraryVersion;
+        const HRESULT hr = isOurs ? RemoveKey(view, key) : S_OK;
+        if (SUCCEEDED(result))
+            result = hr;
+    }
+    return result;
+}
