@@ -4,6 +4,9 @@ function install(action)
 %   install
 %   install('remove')
 %
+%   For 64-bit MATLAB R2016b or later on 64-bit Windows; README.txt tells what
+%   was run where.
+%
 %   Adds the folder with the functions of Verdanth to MATLAB's path and saves
 %   the path. If Verdanth came as a zip file, it then asks whether to register
 %   the relay, which 32-bit property packages need, the CAPE-OPEN type library,

@@ -38,6 +38,7 @@ need python3 program python3
 need fp-utils program chmcmd
 need libchm-bin program extract_chmLib
 need strace program strace
+need procps program pgrep
 need nsis program makensis
 need zip program zip
 need unzip program unzip

@@ -118,6 +118,15 @@ TEST_F(PackageOf32Bits, CanBeClosedAndOpenedAgainAndTheRelayGoesWithTheLibrary)
     EXPECT_EQ(openAlone(standAloneName).warnings, RelayWarning(standAloneName));
 }
 
+TEST_F(PackageOf32Bits, LeavesNoRelayBehindAProcessThatDies)
+{
+    const WideString packageClass = L"{8337DA1D-2C46-4715-9C96-CFCE8AE51506}";
+    for (const WCHAR *end : {L"exit ", L"die "}) {
+        EXPECT_EQ(installation::run(installation::fileHere(L"relay_deserter.exe"), end + packageClass), 7u);
+        EXPECT_TRUE(installation::relaysEnd());
+    }
+}
+
 TEST_F(PackageOf32Bits, TellsOfItsFailuresInItsOwnWords)
 {
     mustReturn(0, {Scalar(17), Scalar(0)});
