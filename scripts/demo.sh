@@ -1,13 +1,18 @@
 #!/bin/sh
-# Builds the demo with the library and the reference packages, and runs it.
+# Builds the library with the reference packages. Runs the demo program, then the quick start of the toolbox in Octave,
+# and saves the figure that this makes.
 set -eu
 cd "$(dirname "$0")/.."
 mkdir -p build
 {
     cmake --preset linux
-    cmake --build --preset linux --target natural_gas_demo
+    cmake --build --preset linux --target natural_gas_demo verdanth_mex
 } >build/demo.log 2>&1 || {
     cat build/demo.log
     exit 1
 }
-exec build/linux/natural_gas_demo
+build/linux/natural_gas_demo
+
+printf '\nThe same from Octave: toolbox/examples/quickStart.m\n\n'
+octave-cli --quiet --norc --no-history demo/run_example.m toolbox build/linux quickStart build/quickStart.png
+printf '\nIts figure is in build/quickStart.png.\n'
