@@ -8,7 +8,7 @@ help:
 	@echo "make dist     what ships, packed into dist/"
 	@echo "make check-dist  whether what ships has the same bytes when it is made again"
 	@echo "make format   lays out the sources with clang-format"
-	@echo "make lint     layout, clang++, clang-tidy, shellcheck, the rules of the house"
+	@echo "make lint     layout, clang++, clang-tidy, shellcheck, .m files, the rules of the house"
 	@echo "make clean    removes build/ and dist/"
 	@echo
 	@echo "demo and test first install what this machine lacks (Debian, Ubuntu)."

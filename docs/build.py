@@ -134,6 +134,17 @@ def sitemap(entries, nested):
     return ('<!DOCTYPE HTML PUBLIC "-//IETF//DTD HTML//EN">\n<HTML><HEAD></HEAD><BODY>\n' + "\n".join(lines) + "\n</BODY></HTML>\n")
 
 
+def matlab_contents(entries):
+    """The contents as MATLAB's help wants them; the first page stands above all others."""
+    lines, depth = ["<?xml version=\"1.0\" encoding=\"utf-8\"?>", '<toc version="2.0">'], -1
+    for entry in entries:
+        level = 0 if entry is entries[0] else entry.depth + 1
+        lines += ["</tocitem>"] * (depth - level + 1)
+        lines.append(f'<tocitem target="{entry.file}">{html.escape(entry.title, quote=False)}')
+        depth = level
+    return "\n".join(lines + ["</tocitem>"] * (depth + 1) + ["</toc>"]) + "\n"
+
+
 def project(version, entries):
     options = {
         "Compatibility": "1.1 or later", "Compiled file": "Verdanth.chm", "Contents file": "Verdanth.hhc",
@@ -158,6 +169,7 @@ def main(version, folder):
         write_ascii(folder / entry.file, PAGE.format(title=entry.title, where=where, body=entry.body))
     write_ascii(folder / "Verdanth.hhc", sitemap(entries, nested=True))
     write_ascii(folder / "Verdanth.hhk", sitemap(sorted(entries, key=lambda entry: entry.title.lower()), nested=False))
+    write_ascii(folder / "helptoc.xml", matlab_contents(entries))
     write_ascii(folder / "Verdanth.hhp", project(version, entries))
 
 

@@ -1,5 +1,6 @@
 #!/bin/sh
-# Everything that is kept at zero: layout, clang++'s warnings, clang-tidy, shellcheck and the rules of the house.
+# Everything that is kept at zero: layout, clang++'s warnings, clang-tidy, shellcheck, what MATLAB or Octave would refuse,
+# and the rules of the house.
 set -u
 cd "$(dirname "$0")/.." || exit 1
 failures=
@@ -13,12 +14,14 @@ check() {
 layout() { git ls-files -z '*.h' '*.cpp' | xargs -0 clang-format --dry-run -Werror; }
 clang_build() { cmake --preset linux-clang -DVERDANTH_BENCH=ON >/dev/null && cmake --build --preset linux-clang; }
 tidy() { run-clang-tidy -quiet -p build/linux-clang "$PWD/(platform|cape|properties|packages|material|commands|gateway|reference|tests|bench|demo)/"; }
+functions_of_toolbox() { python3 -B tests/toolbox/lint/lint.py octave-cli; }
 shell_scripts() { git ls-files -z '*.sh' .ci/run | xargs -0 shellcheck; }
 
 check "Layout" layout
 check "clang++" clang_build
 check "clang-tidy" tidy
 check "Shell scripts" shell_scripts
+check "MATLAB and Octave functions" functions_of_toolbox
 check "Rules of the house" scripts/check_includes.sh
 
 [ -z "$failures" ] || {

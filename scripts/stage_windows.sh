@@ -17,7 +17,7 @@ strip64 VerdanthReference.dll reference/x64/VerdanthReference.dll
 strip32 VerdanthReference.dll reference/x86/VerdanthReference.dll
 strip32 Verdanth6432Relay.exe Verdanth6432Relay.exe
 
-scripts/stage_toolbox.sh "$folder/toolbox"
+scripts/stage_toolbox.sh "$folder/toolbox" build/windows-x64/guide
 cp installer/install.m "$folder/"
 cp build/windows-x64/CapeOpen11.tlb build/windows-x64/guide/Verdanth.chm "$folder/"
 

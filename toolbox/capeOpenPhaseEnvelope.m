@@ -75,8 +75,8 @@ critical = criticalPoint(V, heavy, n);
 drawEnvelope(T, P, vaporFraction, critical);
 end
 
-% Rows: the logarithms of new phase to mixture of the compounds that are present, then those of temperature and pressure.
-% The new phase is a liquid as long as the compound of number HEAVY is enriched in it.
+% Rows: for each compound that is present the logarithm of its ratio in new phase and mixture, then the logarithms of
+% temperature and pressure. The new phase is a liquid as long as the compound of number HEAVY is enriched in it.
 function [V, heavy] = envelopePoints(handle, Z, present, Pmin)
 [vapor, liquid] = vaporAndLiquid(handle);
 constants = criticalConstants(handle, present);

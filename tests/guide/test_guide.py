@@ -10,6 +10,7 @@ import subprocess
 import sys
 import tempfile
 import unittest
+import xml.etree.ElementTree
 
 
 class Page(html.parser.HTMLParser):
@@ -88,6 +89,16 @@ class Guide(unittest.TestCase):
         for file in ("Verdanth.hhc", "Verdanth.hhk"):
             named = re.findall(r'name="Local" value="([^"]+)"', (GUIDE / file).read_text(encoding="ascii"))
             self.assertEqual(sorted(named), sorted(self.pages), file)
+
+    def test_the_contents_for_matlab_name_every_page_below_the_first(self):
+        root = xml.etree.ElementTree.parse(GUIDE / "helptoc.xml").getroot()
+        self.assertEqual((root.tag, root.get("version"), len(root)), ("toc", "2.0", 1))
+        self.assertEqual(root[0].get("target"), "index.html")
+        self.assertEqual(sorted(item.get("target") for item in root.iter("tocitem")), sorted(self.pages))
+        functions = next(item for item in root[0] if item.get("target") == "functions.html")
+        self.assertEqual({item.get("target") for item in functions}, {name + ".html" for name in self.functions})
+        info = xml.etree.ElementTree.parse(SOURCE / "toolbox/info.xml").getroot()
+        self.assertEqual((info.tag, info.findtext("name"), info.findtext("help_location")), ("productinfo", "Verdanth", "html"))
 
     def test_the_help_file_holds_every_page_as_it_is(self):
         with tempfile.TemporaryDirectory() as folder:

@@ -3,8 +3,8 @@ function P = boilingPressures(model, kij, data)
 %
 %   P = boilingPressures(model, kij, data)
 %
-%   MODEL has the fields Tc (K), Pc (Pa) and acentric with two values each, and the temperature T (K). Rows of DATA are a
-%   pressure (Pa) and the mole fractions of the first compound in liquid and vapor; pressure and vapor are where the
+%   MODEL has the fields Tc (K), Pc (Pa) and acentric with two values each, and the temperature T (K). Rows of DATA are
+%   a pressure (Pa) and the mole fractions of the first compound in liquid and vapor; pressure and vapor are where the
 %   search begins. Successive substitution.
 R = 8.31446261815324; % J/(mol K)
 m = 0.37464 + 1.54226 * model.acentric - 0.26992 * model.acentric .^ 2;

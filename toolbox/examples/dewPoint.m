@@ -1,4 +1,4 @@
-% Dew points of a natural gas: how little of a heavy compound raises them, and what condenses on the way down in pressure.
+% Dew points of a natural gas: how little of a heavy compound raises them, and what condenses as the pressure falls.
 %
 %   The highest temperature at which a gas still has liquid, its cricondentherm, is what pipelines limit. It is found on
 %   the phase envelope. At a temperature between that and the critical one, a gas gives liquid when the pressure falls.

@@ -35,7 +35,8 @@ fprintf('%.1f kW go over; the gas leaves at %.1f K, the cold stream at %.1f K\n'
 fprintf('the least difference, %.1f K, is at %.1f and %.1f K\n', a(pinch) - b(pinch), a(pinch), b(pinch));
 
 figure();
-plot(part * low / 1e3, a, 'r-', part * low / 1e3, b, 'b-', part(pinch) * low / 1e3 * [1 1], [a(pinch), b(pinch)], 'ko-');
+heat = part * low / 1e3; % kW
+plot(heat, a, 'r-', heat, b, 'b-', heat([pinch, pinch]), [a(pinch), b(pinch)], 'ko-');
 xlabel('heat / kW');
 ylabel('temperature / K');
 title('Heat exchanger');

@@ -1,8 +1,8 @@
 % Derivatives in a Newton solver: the temperature behind a throttle valve.
 %
-%   A valve keeps the enthalpy. The package tells the derivative of the enthalpy with respect to temperature together with
-%   the enthalpy itself, and Newton's method doubles the number of correct digits with each call. The secant method, which
-%   has only the values, needs more calls.
+%   A valve keeps the enthalpy. The package tells the derivative of the enthalpy with respect to temperature together
+%   with the enthalpy itself, and Newton's method doubles the number of correct digits with each call. The secant
+%   method, which has only the values, needs more calls.
 addpath(fileparts(fileparts(mfilename('fullpath'))));
 p = capeopen.Package('Verdanth Reference Packages', 'Natural gas');
 Z = [0.9 0.06 0.02 0 0 0 0 0 0.01 0.01 0];

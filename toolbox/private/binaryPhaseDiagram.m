@@ -3,9 +3,9 @@ function [x, level, y] = binaryPhaseDiagram(handle, compounds, quantity, value)
 %
 %   [x, level, y] = binaryPhaseDiagram(handle, compounds, quantity, value)
 %
-%   QUANTITY is the one that is held at VALUE, 'Temperature' or 'Pressure'; LEVEL holds the other. Begins where compound 1
-%   is missing; if that compound 2 does not boil under the condition, from the other end. Ends at the other pure
-%   compound, or at the critical point of the mixture.
+%   QUANTITY is the one that is held at VALUE, 'Temperature' or 'Pressure'; LEVEL holds the other. Begins at pure
+%   compound 2 or, if that does not boil under the condition, at pure compound 1. Ends at the other pure compound, or at
+%   the critical point of the mixture.
 pair = pairOf(handle, compounds);
 if ~isnumeric(value) || ~isscalar(value) || ~(value > 0)
     error('Verdanth:error', 'Expected a positive %s', lower(quantity));
@@ -46,7 +46,7 @@ if mass
     y = massFraction(y, weights(pair));
 end
 
-    % The variables: logarithms of vapor to liquid fractions of both compounds, that of the level, fraction 1 in the liquid.
+    % The variables: logarithms of the ratios of vapor to liquid fractions, that of the level, fraction 1 in the liquid.
     function v = startAt(first)
         c = struct('T', constants.T(first), 'P', constants.P(first), 'acentric', constants.acentric(first));
         if isotherm

@@ -4,9 +4,9 @@ function F = saturationEquations(handle, labels, Z, lnK, T, P)
 %   F = saturationEquations(handle, labels, Z, lnK, T, P)
 %
 %   Rows are conditions: mole fractions Z of the mixture, N-by-n, logarithms of the ratios of mole fractions in the new
-%   phase to those in the mixture, temperatures in K and pressures in Pa. LABELS are the phases of mixture and new phase.
-%   F is N-by-(n+1): for each compound the difference in the logarithm of fugacity, then that of the new fractions' sum
-%   to 1.
+%   phase to those in the mixture, temperatures in K and pressures in Pa. LABELS are the phases of mixture and new
+%   phase. F is N-by-(n+1): for each compound the difference in the logarithm of fugacity, then that of the new
+%   fractions' sum to 1.
 K = exp(lnK);
 W = Z .* K;
 total = sum(W, 2);

@@ -1,10 +1,10 @@
 function outcome = flashBlock(job)
 %capeopen.internal.flashBlock  One block of capeOpenMultiFlashParallel, in the process of a worker.
 %
-%   JOB has the fields manager and package, mass for the basis, outputs, given (the arguments of capeOpenMultiFlash but the
-%   first) and number. OUTCOME has the NUMBER of the block, its VALUES (rows by outputs), and CLEAN: false if anything
-%   failed or was warned of. Then VALUES count for nothing, and whoever reads this calculates the block once more to hear
-%   of it.
+%   JOB has the fields manager and package, mass for the basis, outputs, given (the arguments of capeOpenMultiFlash but
+%   the first) and number. OUTCOME has the NUMBER of the block, its VALUES (rows by outputs), and CLEAN: false if
+%   anything failed or was warned of. Then VALUES count for nothing, and whoever reads this calculates the block once
+%   more to hear of it.
 persistent held name
 if isempty(held) || ~isequal(name, {job.manager, job.package})
     held = capeopen.Package(job.manager, job.package);

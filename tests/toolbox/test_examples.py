@@ -1,0 +1,70 @@
+"""The examples of the toolbox as they stand:  test_examples.py EXAMPLE OCTAVE SOURCE BUILD
+
+EXAMPLE is a script of toolbox/examples/, SOURCE the root of the project, BUILD the folder of Verdanth.mex.
+"""
+
+import pathlib
+import re
+import struct
+import subprocess
+import sys
+import tempfile
+import unittest
+
+
+def numbers_in(pattern, text):
+    return [float(number) for number in re.search(pattern, text).groups()]
+
+
+class Examples(unittest.TestCase):
+    """What an example prints is compared with what is known from elsewhere."""
+
+    def setUp(self):
+        with tempfile.TemporaryDirectory() as folder:
+            picture = pathlib.Path(folder) / "figure.png"
+            command = [OCTAVE, "--quiet", "--norc", "--no-history", SOURCE / "demo/run_example.m", SOURCE / "toolbox", BUILD,
+                       NAME, picture]
+            # Another folder and no display: nothing may depend on where it is started.
+            done = subprocess.run(command, cwd=folder, text=True, check=False, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+            self.assertEqual((done.returncode, done.stderr), (0, ""))
+            self.text = done.stdout
+            start = picture.read_bytes()[:24]
+        self.assertEqual(start[:8], b"\x89PNG\r\n\x1a\n")
+        self.assertGreater(min(struct.unpack(">II", start[16:])), 400)
+
+    def test_quickStart(self):
+        # The table of the README, which the demo program prints.
+        self.assertIn("fraction             0.785483   0.214517", self.text)
+        self.assertIn("density of the vapor: 3033.8 mol / m3", self.text)
+
+    def test_dewPoint(self):
+        hottest = [float(number) for number in re.findall(r"liquid up to ([\d.]+) K", self.text)]
+        self.assertEqual(len(hottest), 3)
+        self.assertEqual(hottest, sorted(hottest))
+        self.assertGreater(hottest[2] - hottest[0], 20)
+
+    def test_heatExchanger(self):
+        duty, gas, cold = numbers_in(r"([\d.]+) kW go over; the gas leaves at ([\d.]+) K, the cold stream at ([\d.]+) K", self.text)
+        self.assertAlmostEqual(numbers_in(r"difference, ([\d.]+) K", self.text)[0], 5.0, places=2)
+        # Methane from 200 K on at 20 bar: cp of the ideal gas, 33.5 to 35.6 J/(mol K), and some 10 % for the pressure.
+        capacity = 1000 * duty / 160 / (cold - 200)
+        self.assertTrue(35 < capacity < 41, capacity)
+        self.assertTrue(200 < gas < 300)
+
+    def test_newtonSolver(self):
+        before, behind, newton = numbers_in(r"([\d.]+) K before the valve, ([\d.]+) K behind it, found in (\d+) calls", self.text)
+        secant, = numbers_in(r"secant method took (\d+) calls", self.text)
+        self.assertLess(newton, secant)
+        # Joule-Thomson coefficients of methane there are 0.3 to 0.5 K/bar; the heavier compounds add to that.
+        self.assertTrue(0.3 < (before - behind) / 130 < 0.6)
+
+    def test_fitInteraction(self):
+        # The equation is the package's own, so its parameter comes back.
+        self.assertEqual(numbers_in(r"at 263.15 K: ([\d.]+), from", self.text)[0], 0.13)
+
+
+if __name__ == "__main__":
+    NAME, OCTAVE = sys.argv[1:3]
+    SOURCE, BUILD = (pathlib.Path(argument) for argument in sys.argv[3:5])
+    outcome = unittest.TextTestRunner().run(Examples("test_" + NAME))
+    sys.exit(not outcome.wasSuccessful())
