@@ -12,6 +12,7 @@ struct mxArray {
     std::size_t elementCount = 0;
     void *real = nullptr;      // null without elements; for a cell the pointers to its elements
     void *imaginary = nullptr; // null unless complex
+    bool borrowed = false;     // the elements are the host's
 
     unsigned callDepth = 0; // of the call that owns it; 0 is the host
     bool inCell = false;    // a cell owns it

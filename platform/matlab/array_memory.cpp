@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <utility>
 
 namespace {
 
@@ -87,12 +88,15 @@ bool countElements(const std::vector<mwSize> &dimensions, std::size_t size, std:
 
 void freeBlocks(mxArray *array)
 {
-    std::free(array->real);
+    if (!array->borrowed)
+        std::free(array->real);
     std::free(array->imaginary);
     delete array;
 }
 
-mxArray *allocate(const std::vector<mwSize> &dimensions, mxClassID classId, mxComplexity complexity)
+// Over `borrowed` elements unless that is null.
+mxArray *allocate(std::vector<mwSize> dimensions, mxClassID classId, mxComplexity complexity,
+                  const void *borrowed = nullptr)
 {
     const std::size_t size = elementSize(classId);
     std::size_t count = 0;
@@ -102,9 +106,12 @@ mxArray *allocate(const std::vector<mwSize> &dimensions, mxClassID classId, mxCo
     if (!array)
         return nullptr;
     array->classId = classId;
-    array->dimensions = dimensions;
+    array->dimensions = std::move(dimensions);
     array->elementCount = count;
-    if (count > 0) {
+    if (count > 0 && borrowed) {
+        array->real = const_cast<void *>(borrowed); // it is the elements of an argument, which are not written to
+        array->borrowed = true;
+    } else if (count > 0) {
         array->real = std::calloc(count, size);
         if (complexity == mxCOMPLEX)
             array->imaginary = std::calloc(count, size);
@@ -215,6 +222,13 @@ void mxDestroyArray(mxArray *array)
         array->next->previous = array->previous;
     --liveArrays;
     freeBlocks(array);
+}
+
+mxArray *mxStandInArrayOver(mwSize dimensionCount, const mwSize *dimensions, mxClassID classId, const void *elements)
+{
+    if (classId == mxCELL_CLASS)
+        misuse("a cell array over elements of the host");
+    return allocate(normalised(dimensionCount, dimensions), classId, mxREAL, elements);
 }
 
 mxArray *mxDuplicateArray(const mxArray *array) { return copyOf(array); }

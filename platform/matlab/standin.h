@@ -19,6 +19,10 @@ double *mxGetPi(const mxArray *array);           // imaginary parts, null for a 
 mxArray *mxDuplicateArray(const mxArray *array); // elements of cells too
 void mxDestroyArray(mxArray *array);             // a cell's elements too; null is ignored
 
+// A real array over elements that are there already, column after column, and stay the host's: they have to outlive the
+// array. Of no class with elements that are arrays themselves. Null when there is no memory.
+mxArray *mxStandInArrayOver(mwSize dimensionCount, const mwSize *dimensions, mxClassID classId, const void *elements);
+
 // Number of arrays alive in the process, elements of cells counted too.
 std::size_t mxStandInLiveArrays();
 

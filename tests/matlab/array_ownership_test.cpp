@@ -78,6 +78,31 @@ TEST(ArrayOwnership, ADuplicateSharesNothing)
     EXPECT_EQ(mxGetN(duplicate.get()), 2u);
 }
 
+TEST(ArrayOwnership, ElementsOfTheHostAreUsedWhereTheyAreAndLeftToIt)
+{
+    double values[] = {1, 2, 3, 4, 5, 6};
+    const mwSize dimensions[] = {3, 2, 1};
+    Array array(mxStandInArrayOver(3, dimensions, mxDOUBLE_CLASS, values), mxDestroyArray);
+    EXPECT_EQ(mxGetPr(array.get()), values);
+    EXPECT_EQ(mxGetNumberOfDimensions(array.get()), 2u);
+    EXPECT_EQ(mxGetNumberOfElements(array.get()), 6u);
+    const Array copy(mxDuplicateArray(array.get()), mxDestroyArray);
+    array.reset();
+    EXPECT_EQ(values[5], 6);
+    EXPECT_NE(mxGetPr(copy.get()), values);
+    EXPECT_EQ(mxGetPr(copy.get())[5], 6);
+    values[5] = 7;
+    EXPECT_EQ(mxGetPr(copy.get())[5], 6);
+}
+
+TEST(ArrayOwnership, AnEmptyArrayTakesNoElementsOfTheHost)
+{
+    const double value = 1;
+    const mwSize dimensions[] = {0, 5};
+    const Array array(mxStandInArrayOver(2, dimensions, mxDOUBLE_CLASS, &value), mxDestroyArray);
+    EXPECT_EQ(mxGetPr(array.get()), nullptr);
+}
+
 TEST(ArrayOwnership, AnElementThatIsReplacedIsNotDestroyed)
 {
     Array cell(makeCell(1, 1), mxDestroyArray);
@@ -133,6 +158,13 @@ TEST(ArrayOwnership, AFailureAskedForCanBeCalledOff)
     mxStandInFailCreation(0);
     Array array(mxCreateLogicalScalar(true), mxDestroyArray);
     EXPECT_NE(array, nullptr);
+}
+
+TEST(ArrayOwnershipDeath, ACellHasItsOwnElements)
+{
+    const mwSize dimensions[] = {1, 1};
+    const double value = 1;
+    EXPECT_DEATH(mxStandInArrayOver(2, dimensions, mxCELL_CLASS, &value), "a cell array over elements of the host");
 }
 
 TEST(ArrayOwnershipDeath, OneArrayCannotStandInTwoCells)

@@ -29,8 +29,11 @@ struct BridgeValue {
     };
 
     Kind kind = Missing;
-    std::vector<std::size_t> dimensions;
-    const void *real = nullptr;        // the elements, column after column; they stay where they are
+    // What belongs to an array stays where it is: its dimensions, and its elements column after column. A text has only
+    // `text`.
+    std::size_t dimensionCount = 0;
+    const std::size_t *dimensions = nullptr;
+    const void *real = nullptr;
     const void *imaginary = nullptr;   // null for a real array
     std::string text;                  // of `Text`: UTF-8, column after column
     std::vector<BridgeValue> elements; // of `Cell`

@@ -69,7 +69,9 @@ mxArray *arrayOf(const BridgeValue &value)
     if (value.kind == BridgeValue::Text)
         return textArray(value.text);
     const ClassOfKind &type = classOf(value.kind);
-    mxArray *array = mxCreateNumericArray_730(value.dimensions.size(), value.dimensions.data(), type.classId,
+    if (value.real && !value.imaginary)
+        return mxStandInArrayOver(value.dimensionCount, value.dimensions, type.classId, value.real);
+    mxArray *array = mxCreateNumericArray_730(value.dimensionCount, value.dimensions, type.classId,
                                               value.imaginary ? mxCOMPLEX : mxREAL);
     if (!array)
         return nullptr;
@@ -89,7 +91,8 @@ BridgeValue valueOf(const mxArray *array)
     if (!array)
         return value;
     value.kind = kindOf(mxGetClassID(array));
-    value.dimensions.assign(mxGetDimensions(array), mxGetDimensions(array) + mxGetNumberOfDimensions(array));
+    value.dimensionCount = mxGetNumberOfDimensions(array);
+    value.dimensions = mxGetDimensions(array);
     if (value.kind == BridgeValue::Text)
         value.text = textOf(array);
     else if (value.kind == BridgeValue::Cell)
@@ -108,7 +111,7 @@ public:
         warned.clear();
         if (!load())
             return false;
-        given.clear();
+        given.reserve(arguments.size());
         for (const BridgeValue &argument : arguments)
             given.push_back(arrayOf(argument));
         returned.assign(static_cast<std::size_t>(std::max(outputs, 1)), nullptr);

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -64,16 +65,26 @@ constexpr KindOfClass kinds[] = {
     {mxUINT64_CLASS, BridgeValue::UInt64},
 };
 
+static_assert(sizeof(mwSize) == sizeof(std::size_t)); // the one has a sign, the other not
+constexpr std::size_t scalarDimensions[] = {1, 1};
+
 BridgeValue valueOf(const mxArray *array)
 {
     BridgeValue value;
     if (!array)
         return value;
-    value.dimensions.assign(mxGetDimensions(array), mxGetDimensions(array) + mxGetNumberOfDimensions(array));
-    const auto *found = std::find_if(std::begin(kinds), std::end(kinds),
-                                     [&](const KindOfClass &k) { return k.classId == mxGetClassID(array); });
+    const mxClassID classId = mxGetClassID(array); // Octave looks it up by name each time
+    const auto *found =
+        std::find_if(std::begin(kinds), std::end(kinds), [&](const KindOfClass &k) { return k.classId == classId; });
     value.kind = found == std::end(kinds) || mxIsSparse(array) ? BridgeValue::Opaque : found->kind;
     const std::size_t count = mxGetNumberOfElements(array);
+    if (count == 1) { // most arguments; for others Octave has to make a list of dimensions
+        value.dimensionCount = std::size(scalarDimensions);
+        value.dimensions = scalarDimensions;
+    } else if (value.kind != BridgeValue::Text) {
+        value.dimensionCount = static_cast<std::size_t>(mxGetNumberOfDimensions(array));
+        value.dimensions = reinterpret_cast<const std::size_t *>(mxGetDimensions(array));
+    }
     if (value.kind == BridgeValue::Text) {
         // An element is a byte of UTF-8.
         value.text.assign(static_cast<const char *>(mxGetData(array)), count);
@@ -89,8 +100,8 @@ BridgeValue valueOf(const mxArray *array)
 
 mxArray *arrayOf(const BridgeValue &value)
 {
-    const std::vector<mwSize> dimensions(value.dimensions.begin(), value.dimensions.end());
-    const auto dimensionCount = static_cast<mwSize>(dimensions.size());
+    const auto *dimensions = reinterpret_cast<const mwSize *>(value.dimensions);
+    const auto dimensionCount = static_cast<mwSize>(value.dimensionCount);
     switch (value.kind) {
     case BridgeValue::Text: {
         const mwSize row[] = {1, static_cast<mwSize>(value.text.size())};
@@ -99,7 +110,7 @@ mxArray *arrayOf(const BridgeValue &value)
         return array;
     }
     case BridgeValue::Cell: {
-        mxArray *array = mxCreateCellArray(dimensionCount, dimensions.data());
+        mxArray *array = mxCreateCellArray(dimensionCount, dimensions);
         for (std::size_t i = 0; i < value.elements.size(); ++i)
             if (value.elements[i].kind != BridgeValue::Missing)
                 mxSetCell(array, static_cast<mwIndex>(i), arrayOf(value.elements[i]));
@@ -108,7 +119,7 @@ mxArray *arrayOf(const BridgeValue &value)
     case BridgeValue::Double:
     case BridgeValue::Int32: {
         const mxClassID classId = value.kind == BridgeValue::Double ? mxDOUBLE_CLASS : mxINT32_CLASS;
-        mxArray *array = mxCreateNumericArray(dimensionCount, dimensions.data(), classId, mxREAL);
+        mxArray *array = mxCreateNumericArray(dimensionCount, dimensions, classId, mxREAL);
         const std::size_t bytes = mxGetNumberOfElements(array) * mxGetElementSize(array);
         if (bytes > 0)
             std::memcpy(mxGetData(array), value.real, bytes);
@@ -125,6 +136,7 @@ bool call(int nlhs, mxArray *plhs[], int nrhs, const mxArray *prhs[])
     if (!loadLibrarySide())
         return false;
     std::vector<BridgeValue> arguments;
+    arguments.reserve(static_cast<std::size_t>(nrhs));
     for (int i = 0; i < nrhs; ++i)
         arguments.push_back(valueOf(prhs[i]));
     const bool worked = library->call(nlhs, arguments);
@@ -141,7 +153,8 @@ bool call(int nlhs, mxArray *plhs[], int nrhs, const mxArray *prhs[])
 
 extern "C" void mexFunction(int nlhs, mxArray *plhs[], int nrhs, const mxArray *prhs[])
 {
-    mexAtExit(unload);
+    if (!library)
+        mexAtExit(unload);
     const bool worked = call(nlhs, plhs, nrhs, prhs);
     if (library)
         for (std::size_t i = 0; i < library->warnings().size(); ++i)
