@@ -54,6 +54,8 @@ void *PropertyPackage::findInterface(REFIID iid)
         return static_cast<ICapeThermoPropertyRoutine *>(this);
     if (iid == InterfaceId<ICapeThermoEquilibriumRoutine>)
         return static_cast<ICapeThermoEquilibriumRoutine *>(this);
+    if (iid == InterfaceId<ICapeThermoUniversalConstant>)
+        return static_cast<ICapeThermoUniversalConstant *>(this);
     return nullptr;
 }
 

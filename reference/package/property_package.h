@@ -18,7 +18,8 @@ class PropertyPackage final : public Component,
                               public WithoutDispatch<ICapeThermoCompounds>,
                               public WithoutDispatch<ICapeThermoPhases>,
                               public WithoutDispatch<ICapeThermoPropertyRoutine>,
-                              public WithoutDispatch<ICapeThermoEquilibriumRoutine> {
+                              public WithoutDispatch<ICapeThermoEquilibriumRoutine>,
+                              public WithoutDispatch<ICapeThermoUniversalConstant> {
 public:
     PropertyPackage(const ComponentDescription &description, const PackageDefinition &definition);
 
@@ -67,6 +68,9 @@ public:
                                               BSTR solutionType) override;
     HRESULT STDMETHODCALLTYPE CheckEquilibriumSpec(VARIANT specification1, VARIANT specification2, BSTR solutionType,
                                                    VARIANT_BOOL *supported) override;
+
+    HRESULT STDMETHODCALLTYPE GetUniversalConstant(BSTR id, VARIANT *value) override;
+    HRESULT STDMETHODCALLTYPE GetUniversalConstantList(VARIANT *ids) override;
 
 private:
     ~PropertyPackage() override = default;
