@@ -63,11 +63,10 @@ HRESULT PropertyPackage::readCompounds(const Call &call, const VARIANT &argument
     if (!ids.open(argument))
         return call.refuse(errors::invalidArgument, OLESTR("The compounds must be an array of ids, or empty for all"));
     for (const BSTR id : ids) {
-        const auto found =
-            std::ranges::find_if(compounds, [&](const CompoundData *each) { return sameWord(id, each->id); });
-        if (found == compounds.end())
+        const CompoundData *compound = findCompound(id, &CompoundData::id);
+        if (!compound)
             return call.refuse(errors::invalidArgument, OLESTR("There is no compound ") + quoted(id));
-        chosen.push_back(*found);
+        chosen.push_back(compound);
     }
     return S_OK;
 }

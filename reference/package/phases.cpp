@@ -7,7 +7,7 @@ namespace {
 
 constexpr PhaseRow phases[phaseCount] = {
     {"Vapor", "Vapor", "Vapour", Root::vapor},
-    {"Liquid", "Liquid", "Hydrocarbon liquid", Root::liquid},
+    {"Liquid", "Liquid", "Liquid", Root::liquid},
 };
 
 // What a phase answers to each attribute; an empty text is undefined.

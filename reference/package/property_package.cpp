@@ -34,7 +34,7 @@ bool normalise(const NumberView &amounts, CompoundArray &fractions)
 PropertyPackage::PropertyPackage(const ComponentDescription &description, const PackageDefinition &definition)
     : Component(description)
 {
-    std::ranges::transform(definition.compounds, std::back_inserter(compounds), findCompound);
+    std::ranges::transform(definition.compounds, std::back_inserter(compounds), reference::findCompound);
 }
 
 HRESULT STDMETHODCALLTYPE PropertyPackage::QueryInterface(REFIID iid, void **object)
@@ -69,27 +69,50 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::SetMaterial(IDispatch *object)
     if (FAILED(newMaterial.queryFrom(object)) || FAILED(list.queryFrom(object)))
         return call.refuse(errors::invalidArgument, OLESTR("The object is no material with a list of compounds"));
 
-    Value ids;
-    Value others[5];
-    const HRESULT result = list->GetCompoundList(ids.out(), others[0].out(), others[1].out(), others[2].out(),
-                                                 others[3].out(), others[4].out());
-    if (FAILED(result))
-        return call.refuseFor(errors::failedInitialisation, OLESTR("The material does not tell its compounds: "),
-                              list.get(), result);
-    TextView names;
-    if (!names.open(ids.get()) || names.size() == 0)
-        return call.refuse(errors::failedInitialisation, OLESTR("The material has no compounds"));
     std::vector<const CompoundData *> chosen;
-    if (FAILED(readCompounds(call, ids.get(), chosen)))
-        return call.refuse(errors::failedInitialisation,
-                           OLESTR("The material has a compound that the package does not know"));
-    for (const CompoundData *compound : chosen)
-        if (std::ranges::count(chosen, compound) > 1)
-            return call.refuse(errors::failedInitialisation, OLESTR("The material has a compound twice"));
-
+    if (const HRESULT result = readMaterialCompounds(call, *list.get(), chosen); FAILED(result))
+        return result;
     model = MixtureModel::of(chosen);
     material = std::move(newMaterial);
     return S_OK;
+}
+
+HRESULT PropertyPackage::readMaterialCompounds(const Call &call, ICapeThermoCompounds &list,
+                                               std::vector<const CompoundData *> &chosen) const
+{
+    Value ids;
+    Value casNumbers;
+    Value others[4];
+    const HRESULT result = list.GetCompoundList(ids.out(), others[0].out(), others[1].out(), others[2].out(),
+                                                others[3].out(), casNumbers.out());
+    if (FAILED(result))
+        return call.refuseFor(errors::failedInitialisation, OLESTR("The material does not tell its compounds: "), &list,
+                              result);
+    TextView names;
+    if (!names.open(ids.get()) || names.size() == 0)
+        return call.refuse(errors::failedInitialisation, OLESTR("The material has no compounds"));
+    TextView numbers;
+    const bool numbered = numbers.open(casNumbers.get()) && numbers.size() == names.size();
+    for (int i = 0; i < names.size(); ++i) {
+        const CompoundData *compound = findCompound(names[i], &CompoundData::id);
+        if (!compound && numbered)
+            compound = findCompound(numbers[i], &CompoundData::casNumber);
+        if (!compound)
+            return call.refuse(errors::failedInitialisation, OLESTR("The package has no compound ") + quoted(names[i]) +
+                                                                 OLESTR(", which the material has"));
+        if (std::ranges::count(chosen, compound) > 0)
+            return call.refuse(errors::failedInitialisation,
+                               OLESTR("The material has the compound ") + quoted(names[i]) + OLESTR(" twice"));
+        chosen.push_back(compound);
+    }
+    return S_OK;
+}
+
+const CompoundData *PropertyPackage::findCompound(BSTR text, std::string_view CompoundData::*column) const
+{
+    const auto found =
+        std::ranges::find_if(compounds, [&](const CompoundData *each) { return sameWord(text, each->*column); });
+    return found == compounds.end() ? nullptr : *found;
 }
 
 HRESULT STDMETHODCALLTYPE PropertyPackage::UnsetMaterial()

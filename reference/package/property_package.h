@@ -29,9 +29,9 @@ public:
 
     HRESULT STDMETHODCALLTYPE Terminate() override; // lets go of the material
 
-    // The material's compounds are found among the package's by their ids: any part of them, in any
-    // order, each once. A second material takes the place of the first; one that is refused leaves
-    // the first in place.
+    // The material's compounds are found among the package's by their ids, those with other ids by
+    // their CAS numbers: any part of the package's, in any order, each once. A second material takes
+    // the place of the first; one that is refused leaves the first in place.
     HRESULT STDMETHODCALLTYPE SetMaterial(IDispatch *material) override;
     HRESULT STDMETHODCALLTYPE UnsetMaterial() override;
 
@@ -75,6 +75,13 @@ public:
 private:
     ~PropertyPackage() override = default;
     void *findInterface(REFIID iid) override;
+
+    // The package's compound with this text in a column of the data, in any case; null for none.
+    const CompoundData *findCompound(BSTR text, std::string_view CompoundData::*column) const;
+
+    // The compounds that a material has, in its order.
+    HRESULT readMaterialCompounds(const Call &call, ICapeThermoCompounds &list,
+                                  std::vector<const CompoundData *> &chosen) const;
 
     // The compounds that an argument names: all of the package for an empty one.
     HRESULT readCompounds(const Call &call, const VARIANT &argument, std::vector<const CompoundData *> &chosen) const;

@@ -79,11 +79,35 @@ TEST_F(PackageMaterialContext, RefusesAMaterialWithoutKnownCompounds)
     material.compoundIds = {};
     expectRefusal(errors::failedInitialisation, "The material has no compounds");
     material.compoundIds = {"methane", "water"};
-    expectRefusal(errors::failedInitialisation, "The material has a compound that the package does not know");
+    expectRefusal(errors::failedInitialisation, "The package has no compound \"water\", which the material has");
     material.compoundIds = {"methane", "ethane", "Methane"};
-    expectRefusal(errors::failedInitialisation, "The material has a compound twice");
+    expectRefusal(errors::failedInitialisation, "The material has the compound \"Methane\" twice");
     material.refused = "GetCompoundList";
     expectRefusal(errors::failedInitialisation, "The material does not tell its compounds: GetCompoundList is refused");
+}
+
+// The ids are the host's own; the numbers are those of propane, methane and nitrogen.
+TEST_F(PackageMaterialContext, KnowsCompoundsWithOtherIdsByTheirCasNumbers)
+{
+    ASSERT_EQ(context->SetMaterial(dispatch()), S_OK);
+    ASSERT_EQ(calculate(), S_OK);
+    const double expected = material.written["Vapor/volume"].values[0];
+    material.written.clear();
+    material.compoundIds = {"C3", "C1", "nitrogen"};
+    material.casNumbers = {"74-98-6", "74-82-8", ""};
+    ASSERT_EQ(context->SetMaterial(dispatch()), S_OK);
+    ASSERT_EQ(calculate(), S_OK);
+    EXPECT_EQ(material.written["Vapor/volume"].values[0], expected);
+    context->UnsetMaterial();
+    material.compoundIds = {"methane", "C1"};
+    material.casNumbers = {"74-82-8", "74-82-8"};
+    expectRefusal(errors::failedInitialisation, "The material has the compound \"C1\" twice");
+    material.compoundIds = {"methane", "C2"};
+    expectRefusal(errors::failedInitialisation, "The material has the compound \"C2\" twice");
+    material.casNumbers = {"74-82-8", "7732-18-5"};
+    expectRefusal(errors::failedInitialisation, "The package has no compound \"C2\", which the material has");
+    material.casNumbers = {"74-84-0"}; // not one for each
+    expectRefusal(errors::failedInitialisation, "The package has no compound \"C2\", which the material has");
 }
 
 TEST_F(PackageMaterialContext, KeepsTheFirstMaterialWhenTheSecondIsRefused)

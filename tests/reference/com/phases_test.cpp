@@ -41,7 +41,7 @@ TEST_F(PackagePhases, TellTheirAttributes)
     };
     EXPECT_EQ(attribute("Vapor", "StateOfAggregation"), "Vapor");
     EXPECT_EQ(attribute("LIQUID", "stateofaggregation"), "Liquid");
-    EXPECT_EQ(attribute("Liquid", "UserDescription"), "Hydrocarbon liquid");
+    EXPECT_EQ(attribute("Liquid", "UserDescription"), "Liquid");
     for (const char *undefined : {"KeyCompoundId", "ExcludedCompoundId", "DensityDescription", "TypeOfSolid"})
         EXPECT_EQ(attribute("Vapor", undefined), "");
 }

@@ -86,12 +86,13 @@ HRESULT STDMETHODCALLTYPE TestMaterial::SetSinglePhaseProp(BSTR property, BSTR p
 
 HRESULT STDMETHODCALLTYPE TestMaterial::GetCompoundList(VARIANT *ids, VARIANT *formulae, VARIANT *names,
                                                         VARIANT *boilingTemperatures, VARIANT *molecularWeights,
-                                                        VARIANT *casNumbers)
+                                                        VARIANT *casTexts)
 {
     if (refuses("GetCompoundList"))
         return unknown.result;
     *ids = compoundIds.empty() ? VARIANT{} : texts(compoundIds).detach();
-    for (VARIANT *other : {formulae, names, boilingTemperatures, molecularWeights, casNumbers})
+    *casTexts = casNumbers.empty() ? VARIANT{} : texts(casNumbers).detach();
+    for (VARIANT *other : {formulae, names, boilingTemperatures, molecularWeights})
         VariantInit(other);
     return S_OK;
 }

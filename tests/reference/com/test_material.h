@@ -24,6 +24,7 @@ public:
 
     // What a package reads.
     std::vector<std::string> compoundIds;
+    std::vector<std::string> casNumbers; // none if it is empty
     double temperature = std::numeric_limits<double>::quiet_NaN();
     double pressure = std::numeric_limits<double>::quiet_NaN();
     std::vector<double> composition; // of the feed and of both phases
@@ -58,7 +59,7 @@ public:
     HRESULT STDMETHODCALLTYPE GetCompoundConstant(VARIANT properties, VARIANT ids, VARIANT *values) override;
     HRESULT STDMETHODCALLTYPE GetCompoundList(VARIANT *ids, VARIANT *formulae, VARIANT *names,
                                               VARIANT *boilingTemperatures, VARIANT *molecularWeights,
-                                              VARIANT *casNumbers) override;
+                                              VARIANT *casTexts) override;
     HRESULT STDMETHODCALLTYPE GetConstPropList(VARIANT *properties) override;
     HRESULT STDMETHODCALLTYPE GetNumCompounds(LONG *count) override;
     HRESULT STDMETHODCALLTYPE GetPDependentProperty(VARIANT properties, double p, VARIANT ids,
