@@ -53,6 +53,14 @@ void Value::setNumber(double number)
     variant.dblVal = number;
 }
 
+bool Value::setNumbers(const double *values, int count)
+{
+    double *elements = makeNumbers(count);
+    if (elements)
+        std::copy_n(values, count, elements);
+    return elements != nullptr;
+}
+
 HRESULT Value::give(VARIANT *result)
 {
     *result = variant;
@@ -74,6 +82,8 @@ bool sameWord(const OLECHAR *text, std::size_t length, std::string_view word)
 }
 
 bool sameWord(BSTR text, std::string_view word) { return sameWord(text, SysStringLen(text), word); }
+
+WideString wide(std::string_view ascii) { return WideString(ascii.begin(), ascii.end()); }
 
 WideString quoted(BSTR text)
 {

@@ -49,6 +49,7 @@ public:
     // A new value in place of what is held.
     void setText(std::string_view ascii);
     void setNumber(double number);
+    bool setNumbers(const double *values, int count); // false when there is no memory
 
     // A new array with one text, which `text` gives, for each row of a table. False when there is no
     // memory.
@@ -116,6 +117,9 @@ using NumberView = ArrayView<double, VT_R8>;
 // Whether a text is the ASCII word, without regard to case; a null text is the empty word.
 bool sameWord(const OLECHAR *text, std::size_t length, std::string_view word);
 bool sameWord(BSTR text, std::string_view word);
+
+// ASCII text as the platform has it.
+WideString wide(std::string_view ascii);
 
 // The text for a message; a null one is empty.
 WideString quoted(BSTR text);

@@ -1,7 +1,9 @@
+#include "reference/package/flash_input.h"
 #include "reference/package/phase_table.h"
 #include "reference/package/property_package.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace reference {
@@ -12,57 +14,15 @@ constexpr auto interfaceName = OLESTR("ICapeThermoEquilibriumRoutine");
 constexpr double notSet = std::numeric_limits<double>::quiet_NaN();
 constexpr LONG atEquilibrium = 1; // CAPE_ATEQUILIBRIUM
 
-enum class FlashVariable { temperature, pressure };
-
-// The kinds of flash that are solved at present are those with both of these given.
-constexpr std::string_view flashVariableNames[] = {"temperature", "pressure"};
-
-// What is wrong with a flash, in words; null for nothing.
-struct FlashVerdict {
-    const ErrorKind *kind = nullptr;
-    LPCWSTR description = nullptr;
-};
-
-// Reads a specification: property, basis, phase label, and for some properties a compound.
-FlashVerdict readSpecification(const VARIANT &argument, FlashVariable &variable)
+// What kind of error a failed flash is.
+const ErrorKind &kindOf(FlashStatus status)
 {
-    TextView parts;
-    if (!parts.open(argument) || parts.size() < 3 || parts.size() > 4)
-        return {&errors::invalidArgument,
-                OLESTR("A flash specification must be an array of property, basis, phase and perhaps compound")};
-    for (const FlashVariable each : {FlashVariable::temperature, FlashVariable::pressure}) {
-        if (!sameWord(parts[0], flashVariableNames[static_cast<int>(each)]))
-            continue;
-        if (!sameWord(parts[2], "Overall"))
-            break;
-        variable = each;
-        return {};
-    }
-    return {&errors::limitedImplementation,
-            OLESTR("Only flashes at given overall temperature and pressure can be calculated")};
+    return status == FlashStatus::badValue ? errors::outOfBounds : errors::solvingError;
 }
 
-FlashVerdict readSpecifications(const VARIANT &first, const VARIANT &second, BSTR solutionType)
+bool isGiven(const FlashInput (&inputs)[2], FlashVariable variable)
 {
-    FlashVariable variables[2];
-    if (const FlashVerdict verdict = readSpecification(first, variables[0]); verdict.kind)
-        return verdict;
-    if (const FlashVerdict verdict = readSpecification(second, variables[1]); verdict.kind)
-        return verdict;
-    if (variables[0] == variables[1])
-        return {&errors::invalidArgument, OLESTR("The two flash specifications are the same")};
-    // At given temperature and pressure there is one solution, whatever its type.
-    for (const std::string_view known : {"Unspecified", "Normal", "Retrograde", ""})
-        if (sameWord(solutionType, known))
-            return {};
-    return {&errors::invalidArgument, OLESTR("The solution type must be Unspecified, Normal or Retrograde")};
-}
-
-void giveWholeFeed(const CompoundArray &feed, FlashResult &result)
-{
-    result.vaporFraction = result.vaporPresent ? 1.0 : 0.0;
-    result.liquidFraction = result.liquidPresent ? 1.0 : 0.0;
-    (result.vaporPresent ? result.vapor : result.liquid) = feed;
+    return inputs[0].variable == variable || inputs[1].variable == variable;
 }
 
 } // namespace
@@ -72,8 +32,11 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CheckEquilibriumSpec(VARIANT specific
 {
     if (!supported)
         return E_POINTER;
-    const bool refused = readSpecifications(specification1, specification2, solutionType).kind != nullptr;
-    *supported = refused ? VARIANT_FALSE : VARIANT_TRUE;
+    FlashInput inputs[2];
+    SolutionType type;
+    const bool good = readFlashInputs(specification1, specification2, inputs).isGood() &&
+                      readSolutionType(solutionType, type).isGood();
+    *supported = good ? VARIANT_TRUE : VARIANT_FALSE;
     return S_OK;
 }
 
@@ -83,38 +46,96 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcEquilibrium(VARIANT specification
     const Call call{*this, interfaceName, OLESTR("CalcEquilibrium")};
     if (const HRESULT result = needMaterial(call); FAILED(result))
         return result;
-    if (const FlashVerdict verdict = readSpecifications(specification1, specification2, solutionType); verdict.kind)
-        return call.refuse(*verdict.kind, verdict.description);
-
-    bool allowed[phaseCount] = {};
-    if (const HRESULT result = readAllowedPhases(call, allowed); FAILED(result))
+    FlashInput inputs[2];
+    FlashRequest request{};
+    if (FlashVerdict verdict = readFlashInputs(specification1, specification2, inputs); !verdict.isGood())
+        return call.refuse(*verdict.kind, std::move(verdict.description));
+    if (FlashVerdict verdict = readSolutionType(solutionType, request.solution); !verdict.isGood())
+        return call.refuse(*verdict.kind, std::move(verdict.description));
+    if (const HRESULT result = readAllowedPhases(call, request.phases); FAILED(result))
         return result;
-    double temperature = notSet;
-    double pressure = notSet;
-    Value composition;
-    const HRESULT read = material->GetOverallTPFraction(&temperature, &pressure, composition.out());
-    if (FAILED(read))
-        return call.refuseFor(errors::failedInitialisation,
-                              OLESTR("The material does not give the overall conditions: "), material.get(), read);
+    if (request.phases != FlashPhases::vaporAndLiquid && (inputs[0].isPhaseFraction || inputs[1].isPhaseFraction))
+        return call.refuse(errors::invalidArgument,
+                           OLESTR("A flash can be given the fraction of a phase where it may use both phases only"));
     CompoundArray feed;
-    if (const HRESULT result = readMixture(call, temperature, pressure, composition.get(), feed); FAILED(result))
+    if (const HRESULT result = readFlashConditions(call, inputs, request, feed); FAILED(result))
         return result;
 
     FlashResult result;
-    if (allowed[vaporPhase] && allowed[liquidPhase]) {
-        const std::span<const double> fractions(feed.data(), static_cast<std::size_t>(model.size));
-        if (flashTP(model, temperature, pressure, fractions, result) != FlashStatus::solved)
-            return call.refuse(errors::solvingError, OLESTR("The flash did not converge"));
-    } else {
-        result.vaporPresent = allowed[vaporPhase];
-        result.liquidPresent = allowed[liquidPhase];
-        giveWholeFeed(feed, result);
-    }
-    return writeEquilibrium(call, result, temperature, pressure);
+    FlashReason reason;
+    const std::span<const double> fractions(feed.data(), static_cast<std::size_t>(model.size));
+    const FlashStatus status = flash(model, request, fractions, result, reason);
+    if (status != FlashStatus::solved)
+        return call.refuse(kindOf(status), wide(reason.data()));
+    return writeEquilibrium(call, result,
+                            {isGiven(inputs, FlashVariable::temperature), isGiven(inputs, FlashVariable::pressure)});
 }
 
-HRESULT PropertyPackage::readAllowedPhases(const Call &call, bool (&allowed)[2]) const
+HRESULT PropertyPackage::readFlashConditions(const Call &call, const FlashInput (&inputs)[2], FlashRequest &request,
+                                             CompoundArray &feed) const
 {
+    const auto refuse = [&](HRESULT read) {
+        return call.refuseFor(errors::failedInitialisation,
+                              OLESTR("The material does not give the overall conditions: "), material.get(), read);
+    };
+    FlashSpecification *const targets[] = {&request.first, &request.second};
+    Value composition;
+    if (isGiven(inputs, FlashVariable::temperature) && isGiven(inputs, FlashVariable::pressure)) {
+        double temperature = notSet;
+        double pressure = notSet;
+        const HRESULT read = material->GetOverallTPFraction(&temperature, &pressure, composition.out());
+        if (FAILED(read))
+            return refuse(read);
+        for (int i = 0; i < 2; ++i)
+            *targets[i] = {inputs[i].variable,
+                           inputs[i].variable == FlashVariable::temperature ? temperature : pressure};
+    } else {
+        const HRESULT read = material->GetOverallProp(words.fraction.get(), words.mole.get(), composition.out());
+        if (FAILED(read))
+            return refuse(read);
+        for (int i = 0; i < 2; ++i)
+            if (const HRESULT result = readFlashValue(call, inputs[i], *targets[i]); FAILED(result))
+                return result;
+    }
+    for (const FlashSpecification *target : targets) {
+        if (target->variable == FlashVariable::temperature)
+            if (const HRESULT result = checkTemperature(call, target->value); FAILED(result))
+                return result;
+        if (target->variable == FlashVariable::pressure)
+            if (const HRESULT result = checkPressure(call, target->value); FAILED(result))
+                return result;
+    }
+    return readComposition(call, composition.get(), feed);
+}
+
+HRESULT PropertyPackage::readFlashValue(const Call &call, const FlashInput &input, FlashSpecification &target) const
+{
+    const Text name(input.property->name);
+    const bool byMass = input.variable == FlashVariable::vaporMassFraction;
+    Value value;
+    const HRESULT read =
+        input.isPhaseFraction
+            ? material->GetSinglePhaseProp(name.get(),
+                                           Text(phaseTable()[input.ofLiquid ? liquidPhase : vaporPhase].label).get(),
+                                           byMass ? words.mass.get() : words.mole.get(), value.out())
+            : material->GetOverallProp(name.get(), input.property->molar ? words.mole.get() : nullptr, value.out());
+    if (FAILED(read))
+        return call.refuseFor(errors::failedInitialisation,
+                              (OLESTR("The material does not give the ") + wide(input.property->name) +
+                               OLESTR(" that the flash is given: "))
+                                  .c_str(),
+                              material.get(), read);
+    NumberView numbers;
+    if (!numbers.open(value.get()) || numbers.size() != 1 || std::isnan(numbers[0]))
+        return call.refuse(errors::invalidArgument, OLESTR("The ") + wide(input.property->name) +
+                                                        OLESTR(" that the flash is given is not a number"));
+    target = {input.variable, input.ofLiquid ? 1.0 - numbers[0] : numbers[0]};
+    return S_OK;
+}
+
+HRESULT PropertyPackage::readAllowedPhases(const Call &call, FlashPhases &phases) const
+{
+    bool allowed[phaseCount] = {};
     Value labels;
     Value statuses;
     const HRESULT read = material->GetPresentPhases(labels.out(), statuses.out());
@@ -130,15 +151,19 @@ HRESULT PropertyPackage::readAllowedPhases(const Call &call, bool (&allowed)[2])
             return call.refuse(errors::invalidArgument, OLESTR("There is no phase ") + quoted(name));
         allowed[phase - phaseTable().data()] = true;
     }
+    if (allowed[vaporPhase] && allowed[liquidPhase])
+        phases = FlashPhases::vaporAndLiquid;
+    else
+        phases = allowed[vaporPhase] ? FlashPhases::vaporOnly : FlashPhases::liquidOnly;
     return S_OK;
 }
 
-HRESULT PropertyPackage::writeEquilibrium(const Call &call, const FlashResult &result, double temperature,
-                                          double pressure) const
+HRESULT PropertyPackage::writeEquilibrium(const Call &call, const FlashResult &result,
+                                          const GivenConditions &given) const
 {
     const struct {
         bool present;
-        double amount;
+        const double &amount;
         const CompoundArray &fractions;
     } phases[phaseCount] = {{result.vaporPresent, result.vaporFraction, result.vapor},
                             {result.liquidPresent, result.liquidFraction, result.liquid}};
@@ -174,16 +199,14 @@ HRESULT PropertyPackage::writeEquilibrium(const Call &call, const FlashResult &r
             const Text *basis;
             const double *values;
             int count;
-        } settings[] = {{words.temperature, nullptr, &temperature, 1},
-                        {words.pressure, nullptr, &pressure, 1},
+        } settings[] = {{words.temperature, nullptr, &result.temperature, 1},
+                        {words.pressure, nullptr, &result.pressure, 1},
                         {words.fraction, &words.mole, phase.fractions.data(), model.size},
                         {words.phaseFraction, &words.mole, &phase.amount, 1}};
         for (const auto &setting : settings) {
             Value list;
-            double *values = list.makeNumbers(setting.count);
-            if (!values)
+            if (!list.setNumbers(setting.values, setting.count))
                 return E_OUTOFMEMORY;
-            std::copy_n(setting.values, setting.count, values);
             const HRESULT written =
                 material->SetSinglePhaseProp(setting.property.get(), presentLabels[present],
                                              setting.basis ? setting.basis->get() : nullptr, list.get());
@@ -191,6 +214,23 @@ HRESULT PropertyPackage::writeEquilibrium(const Call &call, const FlashResult &r
                 return refuse(written);
         }
         ++present;
+    }
+
+    const struct {
+        bool given;
+        const Text &property;
+        const double &value;
+    } found[] = {{given.temperature, words.temperature, result.temperature},
+                 {given.pressure, words.pressure, result.pressure}};
+    for (const auto &condition : found) {
+        Value list;
+        if (condition.given)
+            continue;
+        if (!list.setNumbers(&condition.value, 1))
+            return E_OUTOFMEMORY;
+        const HRESULT written = material->SetOverallProp(condition.property.get(), nullptr, list.get());
+        if (FAILED(written))
+            return refuse(written);
     }
     return S_OK;
 }

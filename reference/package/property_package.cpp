@@ -8,11 +8,11 @@ namespace reference {
 
 namespace {
 
-// The range of the heat capacities, and pressures that the equation takes without trouble.
-constexpr double lowestTemperature = 50.0;    // K
-constexpr double highestTemperature = 1000.0; // K
-constexpr double lowestPressure = 1e-3;       // Pa
-constexpr double highestPressure = 1e9;       // Pa
+// Properties can be had wherever a flash may end.
+constexpr double lowestTemperature = lowestFlashTemperature;
+constexpr double highestTemperature = highestFlashTemperature;
+constexpr double lowestPressure = lowestFlashPressure;
+constexpr double highestPressure = highestFlashPressure;
 
 // Scales amounts, which may not be below zero, to sum to one.
 bool normalise(const NumberView &amounts, CompoundArray &fractions)
@@ -131,19 +131,21 @@ HRESULT PropertyPackage::checkTemperature(const Call &call, double temperature) 
     if (std::isnan(temperature))
         return call.refuse(errors::invalidArgument, OLESTR("The temperature is not a number"));
     if (temperature < lowestTemperature || temperature > highestTemperature)
-        return call.refuse(errors::outOfBounds, OLESTR("The temperature must be from 50 to 1000 K"));
+        return call.refuse(errors::outOfBounds, OLESTR("The temperature must be from 20 to 1500 K"));
     return S_OK;
 }
 
-HRESULT PropertyPackage::readMixture(const Call &call, double temperature, double pressure, const VARIANT &amounts,
-                                     CompoundArray &fractions) const
+HRESULT PropertyPackage::checkPressure(const Call &call, double pressure) const
 {
-    if (const HRESULT result = checkTemperature(call, temperature); FAILED(result))
-        return result;
     if (std::isnan(pressure))
         return call.refuse(errors::invalidArgument, OLESTR("The pressure is not a number"));
     if (pressure < lowestPressure || pressure > highestPressure)
-        return call.refuse(errors::outOfBounds, OLESTR("The pressure must be from 0.001 to 1e9 Pa"));
+        return call.refuse(errors::outOfBounds, OLESTR("The pressure must be from 0.01 to 1e9 Pa"));
+    return S_OK;
+}
+
+HRESULT PropertyPackage::readComposition(const Call &call, const VARIANT &amounts, CompoundArray &fractions) const
+{
     NumberView values;
     if (!values.open(amounts) || values.size() != model.size)
         return call.refuse(errors::invalidArgument,
@@ -152,6 +154,15 @@ HRESULT PropertyPackage::readMixture(const Call &call, double temperature, doubl
         return call.refuse(errors::invalidArgument,
                            OLESTR("The composition must be numbers that are not negative and not all zero"));
     return S_OK;
+}
+
+HRESULT PropertyPackage::readMixture(const Call &call, double temperature, double pressure, const VARIANT &amounts,
+                                     CompoundArray &fractions) const
+{
+    HRESULT result = checkTemperature(call, temperature);
+    if (SUCCEEDED(result))
+        result = checkPressure(call, pressure);
+    return FAILED(result) ? result : readComposition(call, amounts, fractions);
 }
 
 } // namespace reference

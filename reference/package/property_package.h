@@ -11,6 +11,7 @@
 
 namespace reference {
 
+struct FlashInput;
 struct PhaseProperties;
 
 class PropertyPackage final : public Component,
@@ -89,19 +90,34 @@ private:
     // Refuses when no material is set.
     HRESULT needMaterial(const Call &call) const;
 
+    // Refuse conditions that are out of the range of the models.
     HRESULT checkTemperature(const Call &call, double temperature) const;
+    HRESULT checkPressure(const Call &call, double pressure) const;
 
-    // One mixture of the material's compounds: the amounts, scaled to sum to one, and conditions
-    // within the range of the model.
+    // Amounts of the material's compounds, scaled to sum to one.
+    HRESULT readComposition(const Call &call, const VARIANT &amounts, CompoundArray &fractions) const;
+
+    // The three together.
     HRESULT readMixture(const Call &call, double temperature, double pressure, const VARIANT &amounts,
                         CompoundArray &fractions) const;
 
     HRESULT writeProperties(const Call &call, const TextView &names, BSTR phaseLabel,
                             const PhaseProperties &phase) const;
 
-    // The phases, by their index, that the material lets a flash use.
-    HRESULT readAllowedPhases(const Call &call, bool (&allowed)[2]) const;
-    HRESULT writeEquilibrium(const Call &call, const FlashResult &result, double temperature, double pressure) const;
+    // The phases that the material lets a flash use.
+    HRESULT readAllowedPhases(const Call &call, FlashPhases &phases) const;
+
+    // The feed and the values of both inputs.
+    HRESULT readFlashConditions(const Call &call, const FlashInput (&inputs)[2], FlashRequest &request,
+                                CompoundArray &feed) const;
+    HRESULT readFlashValue(const Call &call, const FlashInput &input, FlashSpecification &target) const;
+
+    // The overall conditions are written when they were not given.
+    struct GivenConditions {
+        bool temperature;
+        bool pressure;
+    };
+    HRESULT writeEquilibrium(const Call &call, const FlashResult &result, const GivenConditions &given) const;
 
     std::vector<const CompoundData *> compounds;
     ComPointer<ICapeThermoMaterial> material;
@@ -110,6 +126,7 @@ private:
     // What materials are asked and told by, made once.
     struct {
         Text mole{"mole"};
+        Text mass{"mass"};
         Text temperature{"temperature"};
         Text pressure{"pressure"};
         Text fraction{"fraction"};

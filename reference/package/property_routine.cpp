@@ -23,11 +23,7 @@ HRESULT refusePhase(const Component::Call &call, BSTR label)
 HRESULT giveNumbers(const double *values, int count, VARIANT *argument)
 {
     Value list;
-    double *elements = list.makeNumbers(count);
-    if (!elements)
-        return E_OUTOFMEMORY;
-    std::copy_n(values, count, elements);
-    return list.replace(argument);
+    return list.setNumbers(values, count) ? list.replace(argument) : E_OUTOFMEMORY;
 }
 
 } // namespace

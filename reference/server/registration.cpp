@@ -17,8 +17,6 @@ constexpr NamedText commonDescription[] = {
     {"About", "Reference property packages of Verdanth"},
 };
 
-WideString wide(std::string_view ascii) { return WideString(ascii.begin(), ascii.end()); }
-
 WideString identifierText(const CLSID &id)
 {
     OLECHAR text[39];

@@ -166,9 +166,9 @@ TEST_F(PackageCompounds, RefuseTemperaturesOutOfRange)
     Argument values;
     const Argument names = texts({"idealGasHeatCapacity"});
     const auto *interfaceName = "ICapeThermoCompounds";
-    for (const double temperature : {0.0, -300.0, 49.9, 1000.1, HUGE_VAL})
+    for (const double temperature : {0.0, -300.0, 19.9, 1500.1, HUGE_VAL})
         expectFailure(compounds->GetTDependentProperty(names.get(), temperature, {}, values.out()), errors::outOfBounds,
-                      interfaceName, "GetTDependentProperty", "The temperature must be from 50 to 1000 K");
+                      interfaceName, "GetTDependentProperty", "The temperature must be from 20 to 1500 K");
     expectFailure(compounds->GetTDependentProperty(names.get(), NAN, {}, values.out()), errors::invalidArgument,
                   interfaceName, "GetTDependentProperty", "The temperature is not a number");
     expectFailure(compounds->GetTDependentProperty(texts({"vaporPressure"}).get(), 300.0, {}, values.out()),

@@ -36,8 +36,6 @@ protected:
     }
 };
 
-const char *const onlyTP = "Only flashes at given overall temperature and pressure can be calculated";
-
 } // namespace
 
 TEST_F(PackageFlash, WritesTwoPhasesInTheOrderThatKeepsThem)
@@ -156,12 +154,21 @@ TEST_F(PackageFlash, RefusesPhasesItCannotUse)
 TEST_F(PackageFlash, RefusesOtherKindsOfFlash)
 {
     setMaterial();
-    expectRefusal(calculate({"enthalpy", "", "Overall"}), errors::limitedImplementation, onlyTP);
-    expectRefusal(calculate(givenTemperature, {"phaseFraction", "mole", "Vapor"}), errors::limitedImplementation,
-                  onlyTP);
-    expectRefusal(calculate({"temperature", "", "Vapor"}), errors::limitedImplementation, onlyTP);
+    expectRefusal(calculate({"viscosity", "", "Overall"}), errors::limitedImplementation,
+                  "A flash can't be given the property \"viscosity\"");
+    expectRefusal(calculate({"temperature", "", "Vapor"}), errors::limitedImplementation,
+                  "A flash can be given the temperature of the phase \"Overall\", and not of \"Vapor\"");
+    expectRefusal(calculate({"phaseFraction", "mole", "Overall"}), errors::invalidArgument,
+                  "A flash can be given the fraction of a phase of the package, and not of \"Overall\"");
+    expectRefusal(calculate({"phaseFraction", "volume", "Vapor"}), errors::invalidArgument,
+                  "The basis of a phase fraction must be mole or mass, and not \"volume\"");
     expectRefusal(calculate(givenPressure, givenPressure), errors::invalidArgument,
                   "The two flash specifications are the same");
+    expectRefusal(calculate({"phaseFraction", "mole", "Liquid"}, {"phaseFraction", "", "vapor"}),
+                  errors::invalidArgument, "The two flash specifications are the same");
+    expectRefusal(calculate({"phaseFraction", "mass", "Vapor"}, {"phaseFraction", "mole", "Vapor"}),
+                  errors::limitedImplementation,
+                  "A vapor fraction and a vapor mass fraction do not determine a temperature");
     expectRefusal(calculate(givenTemperature, givenPressure, "Any"), errors::invalidArgument,
                   "The solution type must be Unspecified, Normal or Retrograde");
     const char *shape = "A flash specification must be an array of property, basis, phase and perhaps compound";
@@ -176,8 +183,12 @@ TEST_F(PackageFlash, TellsBeforehandWhatItRefuses)
 {
     EXPECT_TRUE(isSupported(givenTemperature, givenPressure));
     EXPECT_TRUE(isSupported(givenPressure, givenTemperature, "Normal"));
+    EXPECT_TRUE(isSupported(givenPressure, {"ENTHALPY", "", "overall"}));
+    EXPECT_TRUE(isSupported({"phaseFraction", "Mass", "vapor"}, givenPressure, "Retrograde"));
     EXPECT_FALSE(isSupported(givenPressure, givenPressure));
-    EXPECT_FALSE(isSupported(givenPressure, {"enthalpy", "", "Overall"}));
+    EXPECT_FALSE(isSupported(givenPressure, {"enthalpy", "", "Liquid"}));
+    EXPECT_FALSE(isSupported(givenPressure, {"viscosity", "", "Overall"}));
+    EXPECT_FALSE(isSupported(givenPressure, {"phaseFraction", "", "Solid"}));
     EXPECT_FALSE(isSupported(givenTemperature, givenPressure, "Any"));
     EXPECT_FALSE(isSupported({"temperature"}, givenPressure));
     EXPECT_EQ(equilibrium->CheckEquilibriumSpec({}, {}, nullptr, nullptr), E_POINTER);
@@ -192,7 +203,7 @@ TEST_F(PackageFlash, RefusesConditionsThatMakeNoSense)
                   "The composition must be numbers that are not negative and not all zero");
     material.composition = {0.25, 0.625, 0.125};
     material.pressure = -1.0;
-    expectRefusal(calculate(), errors::outOfBounds, "The pressure must be from 0.001 to 1e9 Pa");
+    expectRefusal(calculate(), errors::outOfBounds, "The pressure must be from 0.01 to 1e9 Pa");
 }
 
 TEST_F(PackageFlash, PassesOnWhatTheMaterialHasToSay)
@@ -211,4 +222,200 @@ TEST_F(PackageFlash, PassesOnWhatTheMaterialHasToSay)
                 "The material does not take the equilibrium: SetPresentPhases is refused");
     expectWords("SetSinglePhaseProp", errors::unknown,
                 "The material does not take the equilibrium: SetSinglePhaseProp is refused");
+}
+
+namespace {
+
+const char *const molarNames[] = {"enthalpy", "entropy", "volume", "internalEnergy", "gibbsEnergy", "helmholtzEnergy"};
+
+Specification overallOf(const std::string &name) { return {name, "", "Overall"}; }
+
+class PackageFlashPairs : public PackageFlash {
+protected:
+    void SetUp() override
+    {
+        PackageFlash::SetUp();
+        setMaterial();
+    }
+
+    // What the state that the last flash wrote has of a property, by the package's own calculation for
+    // each of its phases.
+    double valueOf(const std::string &name)
+    {
+        const auto phases = material.presentPhases;
+        const auto written = [&](const std::string &key) { return material.written.at(key).values; };
+        if (name == "temperature" || name == "pressure")
+            return written(phases[0] + "/" + name)[0];
+        if (name == "phaseFraction")
+            return material.written.count("Vapor/phaseFraction") ? written("Vapor/phaseFraction")[0] : 0.0;
+        double sum = 0.0;
+        for (const std::string &phase : phases) {
+            material.temperature = written(phase + "/temperature")[0];
+            material.pressure = written(phase + "/pressure")[0];
+            material.ownCompositions[phase] = written(phase + "/fraction");
+            EXPECT_EQ(properties->CalcSinglePhaseProp(texts({name}).get(), Text(phase).get()), S_OK) << name;
+            sum += written(phase + "/phaseFraction")[0] * written(phase + "/" + name)[0];
+        }
+        return sum;
+    }
+    void giveOverall(const std::string &name, double value)
+    {
+        if (name == "phaseFraction")
+            material.given["Vapor/phaseFraction/mole"] = value;
+        else if (name == "temperature")
+            material.given["Overall/temperature/"] = material.temperature = value;
+        else if (name == "pressure")
+            material.given["Overall/pressure/"] = material.pressure = value;
+        else
+            material.given["Overall/" + name + "/mole"] = value;
+    }
+    static Specification specificationOf(const std::string &name)
+    {
+        return name == "phaseFraction" ? Specification{name, "mole", "Vapor"} : overallOf(name);
+    }
+    void forgetResults()
+    {
+        material.written.clear();
+        material.presentPhases = {"Vapor", "Liquid"};
+        material.temperature = material.pressure = NAN;
+        material.given.clear();
+    }
+};
+
+} // namespace
+
+// A gas that is partly condensed: what it has of everything, found at its temperature and pressure,
+// determines it again, two by two.
+TEST_F(PackageFlashPairs, LeadToAStateWithTheGivenValues)
+{
+    std::vector<std::string> names = {"temperature", "pressure", "phaseFraction"};
+    names.insert(names.end(), std::begin(molarNames), std::end(molarNames));
+    ASSERT_EQ(calculate(), S_OK);
+    std::vector<double> values;
+    for (const std::string &name : names)
+        values.push_back(valueOf(name));
+    ASSERT_GT(values[2], 0.1);
+    ASSERT_LT(values[2], 0.9);
+    for (std::size_t i = 0; i < names.size(); ++i)
+        for (std::size_t j = 0; j < i; ++j) {
+            SCOPED_TRACE(names[i] + " and " + names[j]);
+            forgetResults();
+            giveOverall(names[i], values[i]);
+            giveOverall(names[j], values[j]);
+            EXPECT_TRUE(isSupported(specificationOf(names[i]), specificationOf(names[j])));
+            ASSERT_EQ(calculate(specificationOf(names[i]), specificationOf(names[j])), S_OK)
+                << lastFailure(equilibrium.get()).description;
+            for (const std::size_t k : {i, j}) {
+                const double naturalSize = names[k] == "volume" || k < 3 ? 0.0 : names[k] == "entropy" ? 8.3 : 2000.0;
+                EXPECT_NEAR(valueOf(names[k]), values[k], 2e-9 * (std::fabs(values[k]) + naturalSize)) << names[k];
+            }
+            for (const char *condition : {"temperature", "pressure"}) {
+                const bool given = names[i] == condition || names[j] == condition;
+                ASSERT_EQ(material.written.count(std::string("Overall/") + condition), given ? 0u : 1u) << condition;
+                if (!given)
+                    EXPECT_EQ(material.written.at(std::string("Overall/") + condition).values[0], valueOf(condition));
+            }
+        }
+}
+
+TEST_F(PackageFlashPairs, TakeTheFractionOfTheLiquidAndFractionsByMass)
+{
+    ASSERT_EQ(calculate(), S_OK);
+    const double pressure = 3e6;
+    const double liquid = material.written.at("Liquid/phaseFraction").values[0];
+    const std::vector<double> weights = {44.09562, 16.04246, 28.0134}; // propane, methane, nitrogen
+    double liquidMass = 0.0;
+    double mass = 0.0;
+    for (std::size_t i = 0; i < weights.size(); ++i) {
+        liquidMass += liquid * material.written.at("Liquid/fraction").values[i] * weights[i];
+        mass += material.composition[i] * weights[i];
+    }
+    const struct {
+        const char *basis;
+        const char *phase;
+        double value;
+    } cases[] = {{"", "Liquid", liquid},
+                 {"Mole", "liquid", liquid},
+                 {"mass", "Liquid", liquidMass / mass},
+                 {"MASS", "Vapor", 1.0 - liquidMass / mass}};
+    for (const auto &each : cases) {
+        SCOPED_TRACE(std::string(each.basis) + " " + each.phase);
+        forgetResults();
+        giveOverall("pressure", pressure);
+        const std::string phase = std::string_view(each.phase) == "liquid" ? "Liquid" : each.phase;
+        const bool byMass = std::string_view(each.basis).size() == 4 && std::tolower(each.basis[1]) == 'a';
+        material.given[phase + "/phaseFraction/" + (byMass ? "mass" : "mole")] = each.value;
+        ASSERT_EQ(calculate({"phaseFraction", each.basis, each.phase}, givenPressure), S_OK)
+            << lastFailure(equilibrium.get()).description;
+        EXPECT_NEAR(valueOf("temperature"), 250.0, 1e-5);
+    }
+}
+
+// At its dew point a gas is in equilibrium with a liquid of which there is nothing.
+TEST_F(PackageFlashPairs, WriteThePhaseThatIsJustAboutToForm)
+{
+    giveOverall("pressure", 1e6);
+    giveOverall("phaseFraction", 1.0);
+    ASSERT_EQ(calculate(givenPressure, {"phaseFraction", "mole", "Vapor"}), S_OK);
+    EXPECT_EQ(material.presentPhases, (std::vector<std::string>{"Vapor", "Liquid"}));
+    EXPECT_EQ(material.written.at("Liquid/phaseFraction").values[0], 0.0);
+    EXPECT_EQ(material.written.at("Vapor/phaseFraction").values[0], 1.0);
+    EXPECT_GT(material.written.at("Liquid/fraction").values[0], 0.9); // propane
+}
+
+// A gas at 250 K that holds as much propane as possible condenses at two pressures.
+TEST_F(PackageFlashPairs, FollowTheSolutionType)
+{
+    material.composition = {0.2, 0.8, 0.0};
+    const Specification dew = {"phaseFraction", "mole", "Vapor"};
+    const auto pressureOf = [&](const char *type) {
+        forgetResults();
+        giveOverall("temperature", 275.0);
+        giveOverall("phaseFraction", 1.0);
+        EXPECT_EQ(calculate(givenTemperature, dew, type), S_OK) << lastFailure(equilibrium.get()).description;
+        return valueOf("pressure");
+    };
+    const double normal = pressureOf("Normal");
+    const double retrograde = pressureOf("Retrograde");
+    EXPECT_GT(retrograde, 1.5 * normal);
+    EXPECT_EQ(pressureOf("Unspecified"), normal);
+}
+
+TEST_F(PackageFlashPairs, SayWhichSpecificationFailsAndLeaveTheMaterial)
+{
+    const auto expectReason = [&](const Specification &first, const Specification &second, const ErrorKind &kind,
+                                  const std::vector<std::string> &words) {
+        EXPECT_EQ(calculate(first, second), kind.result);
+        const std::string description = lastFailure(equilibrium.get()).description;
+        for (const std::string &word : words)
+            EXPECT_NE(description.find(word), std::string::npos) << word << " in: " << description;
+        EXPECT_TRUE(material.written.empty());
+        EXPECT_TRUE(material.statuses.empty());
+        EXPECT_EQ(material.presentPhases, (std::vector<std::string>{"Vapor", "Liquid"}));
+    };
+    giveOverall("pressure", 1e5);
+    giveOverall("enthalpy", 1e9);
+    expectReason(givenPressure, overallOf("enthalpy"), errors::solvingError, {"pressure", "enthalpy", "1e+09"});
+    giveOverall("phaseFraction", 1.5);
+    expectReason(givenPressure, {"phaseFraction", "mole", "Vapor"}, errors::outOfBounds, {"fraction", "1.5"});
+    giveOverall("temperature", 600.0); // above the cricondentherm
+    giveOverall("phaseFraction", 0.5);
+    expectReason({"phaseFraction", "mole", "Vapor"}, givenTemperature, errors::solvingError,
+                 {"fraction", "0.5", "temperature", "600"});
+    giveOverall("volume", -1.0);
+    expectReason(givenPressure, overallOf("volume"), errors::outOfBounds, {"volume", "-1"});
+}
+
+TEST_F(PackageFlashPairs, RefuseValuesThatTheMaterialDoesNotGive)
+{
+    giveOverall("pressure", 1e5);
+    expectRefusal(calculate(givenPressure, overallOf("entropy")), errors::failedInitialisation,
+                  "The material does not give the entropy that the flash is given: The value is not set");
+    giveOverall("entropy", NAN);
+    expectRefusal(calculate(givenPressure, overallOf("entropy")), errors::invalidArgument,
+                  "The entropy that the flash is given is not a number");
+    material.presentPhases = {"Vapor"};
+    giveOverall("phaseFraction", 0.5);
+    expectRefusal(calculate(givenPressure, {"phaseFraction", "mole", "Vapor"}), errors::invalidArgument,
+                  "A flash can be given the fraction of a phase where it may use both phases only");
 }

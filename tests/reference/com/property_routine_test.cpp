@@ -191,12 +191,12 @@ TEST_F(PackageProperties, RefuseConditionsThatMakeNoSense)
     material.temperature = NAN;
     expectRefusal(calculate({"volume"}), errors::invalidArgument, "The temperature is not a number");
     material.temperature = -5.0;
-    expectRefusal(calculate({"volume"}), errors::outOfBounds, "The temperature must be from 50 to 1000 K");
+    expectRefusal(calculate({"volume"}), errors::outOfBounds, "The temperature must be from 20 to 1500 K");
     material.temperature = 300.0;
     material.pressure = NAN;
     expectRefusal(calculate({"volume"}), errors::invalidArgument, "The pressure is not a number");
     material.pressure = 0.0;
-    expectRefusal(calculate({"volume"}), errors::outOfBounds, "The pressure must be from 0.001 to 1e9 Pa");
+    expectRefusal(calculate({"volume"}), errors::outOfBounds, "The pressure must be from 0.01 to 1e9 Pa");
 }
 
 TEST_F(PackageProperties, PassOnWhatTheMaterialHasToSay)

@@ -37,22 +37,70 @@ HRESULT STDMETHODCALLTYPE TestMaterial::QueryInterface(REFIID iid, void **object
     return S_OK;
 }
 
-HRESULT TestMaterial::giveConditions(double *t, double *p, VARIANT *fractions) const
+HRESULT TestMaterial::giveConditions(const std::vector<double> &fractions, double *t, double *p, VARIANT *list) const
 {
     *t = temperature;
     *p = pressure;
-    *fractions = numbers(composition).detach();
+    *list = numbers(fractions).detach();
+    return S_OK;
+}
+
+HRESULT TestMaterial::giveValue(const std::string &phase, BSTR property, BSTR basis, VARIANT *results) const
+{
+    const auto found = given.find(phase + "/" + narrow(property) + "/" + narrow(basis));
+    if (found == given.end())
+        return unknown.result;
+    *results = numbers({found->second}).detach();
     return S_OK;
 }
 
 HRESULT STDMETHODCALLTYPE TestMaterial::GetOverallTPFraction(double *t, double *p, VARIANT *fractions)
 {
-    return refuses("GetOverallTPFraction") ? unknown.result : giveConditions(t, p, fractions);
+    return refuses("GetOverallTPFraction") ? unknown.result : giveConditions(composition, t, p, fractions);
 }
 
 HRESULT STDMETHODCALLTYPE TestMaterial::GetTPFraction(BSTR phaseLabel, double *t, double *p, VARIANT *fractions)
 {
-    return refuses("GetTPFraction", narrow(phaseLabel)) ? unknown.result : giveConditions(t, p, fractions);
+    const auto own = ownCompositions.find(narrow(phaseLabel));
+    return refuses("GetTPFraction", narrow(phaseLabel))
+               ? unknown.result
+               : giveConditions(own == ownCompositions.end() ? composition : own->second, t, p, fractions);
+}
+
+HRESULT STDMETHODCALLTYPE TestMaterial::GetOverallProp(BSTR property, BSTR basis, VARIANT *results)
+{
+    if (refuses("GetOverallProp", narrow(property)))
+        return unknown.result;
+    if (narrow(property) != "fraction")
+        return giveValue("Overall", property, basis, results);
+    EXPECT_EQ(narrow(basis), "mole");
+    *results = numbers(composition).detach();
+    return S_OK;
+}
+
+HRESULT STDMETHODCALLTYPE TestMaterial::GetSinglePhaseProp(BSTR property, BSTR phaseLabel, BSTR basis, VARIANT *results)
+{
+    return refuses("GetSinglePhaseProp", narrow(phaseLabel) + "/" + narrow(property))
+               ? unknown.result
+               : giveValue(narrow(phaseLabel), property, basis, results);
+}
+
+HRESULT STDMETHODCALLTYPE TestMaterial::SetOverallProp(BSTR property, BSTR basis, VARIANT values)
+{
+    if (refuses("SetOverallProp", narrow(property)))
+        return unknown.result;
+    written["Overall/" + narrow(property)] = {narrow(basis), numbersOf(values)};
+    return S_OK;
+}
+
+HRESULT STDMETHODCALLTYPE TestMaterial::SetTwoPhaseProp(BSTR property, VARIANT phaseLabels, BSTR basis, VARIANT values)
+{
+    const std::vector<std::string> labels = textsOf(phaseLabels);
+    const std::string key = labels.at(0) + "," + labels.at(1) + "/" + narrow(property);
+    if (refuses("SetTwoPhaseProp", key))
+        return unknown.result;
+    written[key] = {narrow(basis), numbersOf(values)};
+    return S_OK;
 }
 
 HRESULT STDMETHODCALLTYPE TestMaterial::GetPresentPhases(VARIANT *phaseLabels, VARIANT *phaseStatus)
@@ -99,26 +147,16 @@ HRESULT STDMETHODCALLTYPE TestMaterial::GetCompoundList(VARIANT *ids, VARIANT *f
 
 HRESULT STDMETHODCALLTYPE TestMaterial::get_description(BSTR *description)
 {
-    *description = reference::Text(refused + " is refused").detach();
+    *description = reference::Text(refused.empty() ? "The value is not set" : refused + " is refused").detach();
     return S_OK;
 }
 
 HRESULT STDMETHODCALLTYPE TestMaterial::ClearAllProps() { return unexpected("ClearAllProps"); }
 HRESULT STDMETHODCALLTYPE TestMaterial::CopyFromMaterial(IDispatch **) { return unexpected("CopyFromMaterial"); }
 HRESULT STDMETHODCALLTYPE TestMaterial::CreateMaterial(IDispatch **) { return unexpected("CreateMaterial"); }
-HRESULT STDMETHODCALLTYPE TestMaterial::GetOverallProp(BSTR, BSTR, VARIANT *) { return unexpected("GetOverallProp"); }
-HRESULT STDMETHODCALLTYPE TestMaterial::GetSinglePhaseProp(BSTR, BSTR, BSTR, VARIANT *)
-{
-    return unexpected("GetSinglePhaseProp");
-}
 HRESULT STDMETHODCALLTYPE TestMaterial::GetTwoPhaseProp(BSTR, VARIANT, BSTR, VARIANT *)
 {
     return unexpected("GetTwoPhaseProp");
-}
-HRESULT STDMETHODCALLTYPE TestMaterial::SetOverallProp(BSTR, BSTR, VARIANT) { return unexpected("SetOverallProp"); }
-HRESULT STDMETHODCALLTYPE TestMaterial::SetTwoPhaseProp(BSTR, VARIANT, BSTR, VARIANT)
-{
-    return unexpected("SetTwoPhaseProp");
 }
 HRESULT STDMETHODCALLTYPE TestMaterial::GetCompoundConstant(VARIANT, VARIANT, VARIANT *)
 {

@@ -27,7 +27,9 @@ public:
     std::vector<std::string> casNumbers; // none if it is empty
     double temperature = std::numeric_limits<double>::quiet_NaN();
     double pressure = std::numeric_limits<double>::quiet_NaN();
-    std::vector<double> composition; // of the feed and of both phases
+    std::vector<double> composition;                            // of the feed, and of phases without one of their own
+    std::map<std::string, std::vector<double>> ownCompositions; // by phase
+    std::map<std::string, double> given;                        // by phase or "Overall", slash, property, slash, basis
     std::vector<std::string> presentPhases = {"Vapor", "Liquid"};
     std::string refused; // the method that fails, with "<method> is refused" as its words
 
@@ -78,5 +80,6 @@ public:
 
 private:
     bool refuses(const char *method, const std::string &details = {});
-    HRESULT giveConditions(double *t, double *p, VARIANT *fractions) const;
+    HRESULT giveConditions(const std::vector<double> &fractions, double *t, double *p, VARIANT *list) const;
+    HRESULT giveValue(const std::string &phase, BSTR property, BSTR basis, VARIANT *results) const;
 };

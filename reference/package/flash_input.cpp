@@ -1,0 +1,101 @@
+#include "reference/package/flash_input.h"
+
+#include "reference/package/phase_table.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace reference {
+
+namespace {
+
+constexpr FlashProperty properties[] = {
+    {"temperature", FlashVariable::temperature, false},
+    {"pressure", FlashVariable::pressure, false},
+    {"phaseFraction", FlashVariable::vaporFraction, false},
+    {"enthalpy", FlashVariable::enthalpy, true},
+    {"enthalpyNF", FlashVariable::enthalpy, true},
+    {"entropy", FlashVariable::entropy, true},
+    {"entropyNF", FlashVariable::entropy, true},
+    {"volume", FlashVariable::volume, true},
+    {"internalEnergy", FlashVariable::internalEnergy, true},
+    {"gibbsEnergy", FlashVariable::gibbsEnergy, true},
+    {"helmholtzEnergy", FlashVariable::helmholtzEnergy, true},
+};
+
+FlashVerdict readPhaseFraction(BSTR basis, BSTR label, FlashInput &input)
+{
+    const PhaseRow *phase = findPhase(label);
+    if (!phase)
+        return {&errors::invalidArgument,
+                OLESTR("A flash can be given the fraction of a phase of the package, and not of ") + quoted(label)};
+    const bool byMass = sameWord(basis, "mass");
+    if (!byMass && !sameWord(basis, "mole") && !sameWord(basis, ""))
+        return {&errors::invalidArgument,
+                OLESTR("The basis of a phase fraction must be mole or mass, and not ") + quoted(basis)};
+    input.isPhaseFraction = true;
+    input.ofLiquid = phase == &phaseTable()[liquidPhase];
+    if (byMass)
+        input.variable = FlashVariable::vaporMassFraction;
+    return {};
+}
+
+bool isVaporFraction(FlashVariable variable)
+{
+    return variable == FlashVariable::vaporFraction || variable == FlashVariable::vaporMassFraction;
+}
+
+} // namespace
+
+FlashVerdict readFlashInput(const VARIANT &argument, FlashInput &input)
+{
+    TextView parts;
+    if (!parts.open(argument) || parts.size() < 3 || parts.size() > 4)
+        return {&errors::invalidArgument,
+                OLESTR("A flash specification must be an array of property, basis, phase and perhaps compound")};
+    const auto found =
+        std::ranges::find_if(properties, [&](const FlashProperty &each) { return sameWord(parts[0], each.name); });
+    if (found == std::end(properties))
+        return {&errors::limitedImplementation, OLESTR("A flash can't be given the property ") + quoted(parts[0])};
+    input = {found, found->variable};
+    if (isVaporFraction(input.variable))
+        return readPhaseFraction(parts[1], parts[2], input);
+    if (!sameWord(parts[2], "Overall"))
+        return {&errors::limitedImplementation, OLESTR("A flash can be given the ") + wide(found->name) +
+                                                    OLESTR(" of the phase \"Overall\", and not of ") +
+                                                    quoted(parts[2])};
+    return {};
+}
+
+FlashVerdict readFlashInputs(const VARIANT &first, const VARIANT &second, FlashInput (&inputs)[2])
+{
+    FlashVerdict verdict = readFlashInput(first, inputs[0]);
+    if (verdict.isGood())
+        verdict = readFlashInput(second, inputs[1]);
+    if (!verdict.isGood())
+        return verdict;
+    const bool same = inputs[0].variable == inputs[1].variable;
+    if (const char *reason = refusalOf(inputs[0].variable, inputs[1].variable))
+        return {same ? &errors::invalidArgument : &errors::limitedImplementation, wide(reason)};
+    return {};
+}
+
+FlashVerdict readSolutionType(BSTR text, SolutionType &type)
+{
+    constexpr struct {
+        std::string_view name;
+        SolutionType type;
+    } types[] = {{"", SolutionType::unspecified},
+                 {"Unspecified", SolutionType::unspecified},
+                 {"Normal", SolutionType::normal},
+                 {"Retrograde", SolutionType::retrograde}};
+    for (const auto &each : types) {
+        if (!sameWord(text, each.name))
+            continue;
+        type = each.type;
+        return {};
+    }
+    return {&errors::invalidArgument, OLESTR("The solution type must be Unspecified, Normal or Retrograde")};
+}
+
+} // namespace reference

@@ -1,0 +1,43 @@
+// What a flash is given, as the arguments of a call and the material tell it.
+#pragma once
+
+#include "reference/com/component.h"
+#include "reference/engine/flash.h"
+
+#include <string_view>
+
+namespace reference {
+
+// A property that a flash can be given.
+struct FlashProperty {
+    std::string_view name;
+    FlashVariable variable;
+    bool molar; // read per mole; the others without basis, but for phaseFraction
+};
+
+// One of the two.
+struct FlashInput {
+    const FlashProperty *property = nullptr;
+    FlashVariable variable = FlashVariable::temperature;
+    bool isPhaseFraction = false;
+    bool ofLiquid = false; // a phase fraction that is the liquid's; `variable` is the vapour's
+};
+
+// What is wrong with a flash. Without a kind nothing is.
+struct FlashVerdict {
+    const ErrorKind *kind = nullptr;
+    WideString description;
+
+    bool isGood() const { return kind == nullptr; }
+};
+
+// Reads an array of property, basis, phase, and perhaps a compound, which no property here needs.
+FlashVerdict readFlashInput(const VARIANT &argument, FlashInput &input);
+
+// Reads both, and judges whether they can determine a state.
+FlashVerdict readFlashInputs(const VARIANT &first, const VARIANT &second, FlashInput (&inputs)[2]);
+
+// An empty text is "Unspecified".
+FlashVerdict readSolutionType(BSTR text, SolutionType &type);
+
+} // namespace reference
