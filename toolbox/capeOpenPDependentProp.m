@@ -30,10 +30,7 @@ function varargout = capeOpenPDependentProp(varargin)
 %
 %   Example:
 %     handle = capeOpenCreate('Verdanth Reference Packages', 'Natural gas');
-%     names = capeOpenPDependentPropList(handle);
-%     if ~isempty(names) % the reference package has none
-%         T = capeOpenPDependentProp(handle, names{1}, [1e5; 2e5])
-%     end
+%     T = capeOpenPDependentProp(handle, 'boilingPointTemperature', [1e6; 2e6])
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenPDependentPropList, capeOpenPropUnit, capeOpenTDependentProp.

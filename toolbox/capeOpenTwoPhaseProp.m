@@ -46,13 +46,10 @@ function varargout = capeOpenTwoPhaseProp(varargin)
 %   Example:
 %     handle = capeOpenCreate('Verdanth Reference Packages', 'Natural gas');
 %     X = [0.8 0.08 0.05 0.02 0 0.01 0 0 0.02 0.02 0];
-%     names = capeOpenTwoPhasePropList(handle);
-%     if ~isempty(names) % not all packages have such properties
-%         [phases, fractions, Y] = capeOpenFlash(handle, X, ...
-%             'Temperature', 220, 'Pressure', 40e5, 'Unspecified');
-%         v = capeOpenTwoPhaseProp(handle, names{1}, 220, 40e5, ...
-%             Y(1, :), Y(2, :), phases{1}, phases{2})
-%     end
+%     [phases, fractions, Y] = capeOpenFlash(handle, X, ...
+%         'Temperature', 220, 'Pressure', 40e5, 'Unspecified');
+%     K = capeOpenTwoPhaseProp(handle, 'kvalue', 220, 40e5, ...
+%         Y(1, :), Y(2, :), phases{1}, phases{2})
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenTwoPhasePropList, capeOpenSinglePhaseProp, capeOpenPhaseList.

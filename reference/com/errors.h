@@ -22,6 +22,7 @@ inline constexpr ErrorKind limitedImplementation{capeResult(0x0A), OLESTR("ECape
 inline constexpr ErrorKind failedInitialisation{capeResult(0x0F), OLESTR("ECapeFailedInitialisation")};
 inline constexpr ErrorKind solvingError{capeResult(0x10), OLESTR("ECapeSolvingError")};
 inline constexpr ErrorKind badInvocationOrder{capeResult(0x11), OLESTR("ECapeBadInvOrder")};
+inline constexpr ErrorKind propertyNotAvailable{capeResult(0x1A), OLESTR("ECapeThrmPropertyNotAvailable")};
 
 } // namespace errors
 

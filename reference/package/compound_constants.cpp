@@ -1,6 +1,12 @@
 #include "reference/package/compound_constants.h"
 
+#include "reference/engine/flash.h"
 #include "reference/engine/phase_properties.h"
+#include "reference/engine/saturation.h"
+
+#include <cmath>
+#include <limits>
+#include <utility>
 
 namespace reference {
 
@@ -8,25 +14,108 @@ namespace {
 
 using Compound = const CompoundData &;
 
+constexpr double roomTemperature = 298.15; // K
+constexpr double notKnown = std::numeric_limits<double>::quiet_NaN();
+
+double liquidDensityAt25C(Compound compound) { return saturatedLiquidDensity(compound, roomTemperature); }
+
 constexpr CompoundConstant constants[] = {
     {"molecularWeight", [](Compound compound) { return compound.molecularWeight; }, nullptr},
     {"criticalTemperature", [](Compound compound) { return compound.criticalTemperature; }, nullptr},
     {"criticalPressure", [](Compound compound) { return compound.criticalPressure; }, nullptr},
+    {"criticalVolume", [](Compound compound) { return compound.criticalVolume; }, nullptr},
+    {"criticalDensity", [](Compound compound) { return 1.0 / compound.criticalVolume; }, nullptr},
+    {"criticalCompressibilityFactor", [](Compound compound) { return compound.criticalCompressibility; }, nullptr},
     {"acentricFactor", [](Compound compound) { return compound.acentricFactor; }, nullptr},
     {"normalBoilingPoint", [](Compound compound) { return compound.normalBoilingPoint; }, nullptr},
+    {"triplePointTemperature", [](Compound compound) { return compound.triplePointTemperature; }, nullptr},
+    {"triplePointPressure", [](Compound compound) { return compound.triplePointPressure; }, nullptr},
+    {"standardFormationEnthalpyGas", [](Compound compound) { return compound.formationEnthalpy; }, nullptr},
+    {"standardFormationGibbsEnergyGas", [](Compound compound) { return compound.formationGibbsEnergy; }, nullptr},
+    {"standardEntropyGas", [](Compound compound) { return compound.standardEntropy; }, nullptr},
+    {"idealGasEnthalpyOfFormationAt25C", [](Compound compound) { return compound.formationEnthalpy; }, nullptr},
+    {"idealGasGibbsFreeEnergyOfFormationAt25C", [](Compound compound) { return compound.formationGibbsEnergy; },
+     nullptr},
+    {"dipoleMoment", [](Compound compound) { return compound.dipoleMoment; }, nullptr},
+    {"parachor", [](Compound compound) { return compound.parachor; }, nullptr},
+    {"diffusionVolume", [](Compound compound) { return compound.diffusionVolume; }, nullptr},
+    {"liquidDensityAt25C", liquidDensityAt25C, nullptr},
+    {"liquidVolumeAt25C", [](Compound compound) { return 1.0 / liquidDensityAt25C(compound); }, nullptr},
     {"casRegistryNumber", nullptr, [](Compound compound) { return compound.casNumber; }},
     {"chemicalFormula", nullptr, [](Compound compound) { return compound.formula; }},
     {"iupacName", nullptr, [](Compound compound) { return compound.iupacName; }},
+    {"SMILESformula", nullptr, [](Compound compound) { return compound.smiles; }},
 };
 
-constexpr TemperatureDependentProperty byTemperature[] = {
+KnownRange rangeOf(const Correlation &correlation)
+{
+    if (correlation.form == CorrelationForm::none)
+        return {notKnown, notKnown};
+    return {correlation.lowest, correlation.temperature};
+}
+
+KnownRange vaporPressureRange(Compound compound) { return rangeOf(compound.vaporPressure); }
+KnownRange liquidDensityRange(Compound compound) { return rangeOf(compound.liquidDensity); }
+KnownRange everyTemperature(Compound) { return {lowestFlashTemperature, highestFlashTemperature}; }
+
+KnownRange boilingRange(Compound compound)
+{
+    const auto [lowest, highest] = vaporPressureRange(compound);
+    return {vaporPressure(compound, lowest), vaporPressure(compound, highest)};
+}
+
+// The temperature at which the vapour pressure is the one given. Its logarithm rises nearly straight
+// over 1/T: regula falsi in these, with the Illinois rule for an end that stays.
+double boilingTemperature(Compound compound, double pressure)
+{
+    struct End {
+        double inverse; // 1/K
+        double excess;  // of the logarithm of the vapour pressure
+    };
+    const auto endAt = [&](double inverse) {
+        return End{inverse, std::log(vaporPressure(compound, 1.0 / inverse) / pressure)};
+    };
+    const auto [lowest, highest] = vaporPressureRange(compound);
+    End ends[] = {{1.0 / lowest, std::log(vaporPressure(compound, lowest) / pressure)},
+                  {1.0 / highest, std::log(vaporPressure(compound, highest) / pressure)}};
+    for (const auto &[end, kelvin] : {std::pair{ends[0], lowest}, std::pair{ends[1], highest}})
+        if (end.excess == 0.0)
+            return kelvin;
+    int moved = -1;
+    for (int step = 0; step < 100; ++step) {
+        const End middle = endAt(ends[0].inverse - ends[0].excess * (ends[1].inverse - ends[0].inverse) /
+                                                       (ends[1].excess - ends[0].excess));
+        if (std::fabs(middle.excess) < 1e-13)
+            return 1.0 / middle.inverse;
+        const int side = middle.excess < 0.0 ? 0 : 1;
+        if (side == moved)
+            ends[1 - side].excess *= 0.5;
+        ends[side] = middle;
+        moved = side;
+    }
+    return 1.0 / ends[moved].inverse;
+}
+
+constexpr ConditionedProperty byTemperature[] = {
     {"idealGasHeatCapacity",
-     [](Compound compound, double kelvin) { return idealGasHeatCapacity(compound.idealGasHeatCapacity, kelvin); }},
+     [](Compound compound, double kelvin) { return idealGasHeatCapacity(compound.idealGasHeatCapacity, kelvin); },
+     everyTemperature},
+    {"vaporPressure", vaporPressure, vaporPressureRange},
+    {"volumeOfLiquid", [](Compound compound, double kelvin) { return 1.0 / saturatedLiquidDensity(compound, kelvin); },
+     liquidDensityRange},
 };
+
+constexpr ConditionedProperty byPressure[] = {
+    {"boilingPointTemperature", boilingTemperature, boilingRange},
+};
+
+constexpr ConditionedProperties ofTemperature = {"temperature", "K", byTemperature};
+constexpr ConditionedProperties ofPressure = {"pressure", "Pa", byPressure};
 
 } // namespace
 
 std::span<const CompoundConstant> compoundConstants() { return constants; }
-std::span<const TemperatureDependentProperty> temperatureDependentProperties() { return byTemperature; }
+const ConditionedProperties &temperatureDependentProperties() { return ofTemperature; }
+const ConditionedProperties &pressureDependentProperties() { return ofPressure; }
 
 } // namespace reference

@@ -8,8 +8,8 @@
 
 namespace reference {
 
-// A constant is a number or a text; the other function is null. A number that a compound doesn't
-// have is NaN.
+// A constant is a number or a text; the other function is null. A number that is not known is NaN, a
+// text that is not known is empty.
 struct CompoundConstant {
     std::string_view name;
     double (*number)(const CompoundData &compound);
@@ -17,10 +17,25 @@ struct CompoundConstant {
 };
 std::span<const CompoundConstant> compoundConstants();
 
-struct TemperatureDependentProperty {
-    std::string_view name;
-    double (*value)(const CompoundData &compound, double kelvin);
+// A range in which a property of a compound is known; both ends are NaN where there is none.
+struct KnownRange {
+    double lowest;
+    double highest;
 };
-std::span<const TemperatureDependentProperty> temperatureDependentProperties();
+
+// A property of the compound alone that changes with one condition: its temperature (K), or its
+// pressure (Pa). Not to be asked for outside of the range.
+struct ConditionedProperty {
+    std::string_view name;
+    double (*value)(const CompoundData &compound, double condition);
+    KnownRange (*range)(const CompoundData &compound);
+};
+struct ConditionedProperties {
+    std::string_view condition; // its name
+    std::string_view unit;
+    std::span<const ConditionedProperty> rows;
+};
+const ConditionedProperties &temperatureDependentProperties();
+const ConditionedProperties &pressureDependentProperties();
 
 } // namespace reference

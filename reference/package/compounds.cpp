@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <limits>
 
 namespace reference {
@@ -10,6 +11,7 @@ namespace reference {
 namespace {
 
 constexpr auto interfaceName = OLESTR("ICapeThermoCompounds");
+constexpr double notKnown = std::numeric_limits<double>::quiet_NaN();
 
 // The rows of a table that an argument names.
 template <class Row> HRESULT readRows(const Component::Call &call, std::span<const Row> table, const VARIANT &argument,
@@ -32,10 +34,12 @@ template <class Row> HRESULT readRows(const Component::Call &call, std::span<con
 void putConstant(const CompoundConstant &constant, const CompoundData &compound, VARIANT &element)
 {
     Value value;
-    if (constant.text)
-        value.setText(constant.text(compound));
-    else if (const double number = constant.number(compound); !std::isnan(number))
+    if (constant.text) {
+        if (const std::string_view text = constant.text(compound); !text.empty())
+            value.setText(text);
+    } else if (const double number = constant.number(compound); !std::isnan(number)) {
         value.setNumber(number);
+    }
     value.give(&element);
 }
 
@@ -50,6 +54,20 @@ HRESULT giveNames(const auto &table, VARIANT *properties)
     return names.give(properties);
 }
 
+// For a call none of whose values is known, of which this is the first.
+HRESULT refuseUnknown(const Component::Call &call, const ConditionedProperties &table,
+                      const ConditionedProperty &property, const CompoundData &compound)
+{
+    const WideString what = wide(property.name) + OLESTR(" of ") + wide(compound.id);
+    const KnownRange range = property.range(compound);
+    if (std::isnan(range.lowest))
+        return call.refuse(errors::propertyNotAvailable, OLESTR("There is no ") + what);
+    char ends[64];
+    std::snprintf(ends, sizeof ends, " from %.6g to %.6g ", range.lowest, range.highest);
+    return call.refuse(errors::outOfBounds, OLESTR("The ") + wide(table.condition) + OLESTR(" must be") + wide(ends) +
+                                                wide(table.unit) + OLESTR(" for ") + what);
+}
+
 } // namespace
 
 HRESULT PropertyPackage::readCompounds(const Call &call, const VARIANT &argument,
@@ -60,7 +78,7 @@ HRESULT PropertyPackage::readCompounds(const Call &call, const VARIANT &argument
         return S_OK;
     }
     TextView ids;
-    if (!ids.open(argument))
+    if (!ids.open(argument) || ids.size() == 0)
         return call.refuse(errors::invalidArgument, OLESTR("The compounds must be an array of ids, or empty for all"));
     for (const BSTR id : ids) {
         const CompoundData *compound = findCompound(id, &CompoundData::id);
@@ -138,50 +156,62 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::GetNumCompounds(LONG *count)
     return S_OK;
 }
 
-HRESULT STDMETHODCALLTYPE PropertyPackage::GetPDependentProperty(VARIANT, double, VARIANT, VARIANT *values)
+HRESULT PropertyPackage::giveConditioned(const Call &call, const ConditionedProperties &table, double condition,
+                                         const VARIANT &properties, const VARIANT &compoundIds, VARIANT *values) const
+{
+    std::vector<const ConditionedProperty *> rows;
+    std::vector<const CompoundData *> chosen;
+    if (const HRESULT result = readRows(call, table.rows, properties, rows); FAILED(result))
+        return result;
+    if (const HRESULT result = readCompounds(call, compoundIds, chosen); FAILED(result))
+        return result;
+    if (std::isnan(condition))
+        return call.refuse(errors::invalidArgument,
+                           OLESTR("The ") + wide(table.condition) + OLESTR(" is not a number"));
+    if (!(condition > 0.0) || std::isinf(condition))
+        return call.refuse(errors::outOfBounds,
+                           OLESTR("The ") + wide(table.condition) + OLESTR(" must be a finite number above zero"));
+
+    Value list;
+    double *number = list.makeNumbers(static_cast<int>(rows.size() * chosen.size()));
+    if (!number)
+        return E_OUTOFMEMORY;
+    bool anyKnown = false;
+    for (const ConditionedProperty *row : rows)
+        for (const CompoundData *compound : chosen) {
+            const KnownRange range = row->range(*compound);
+            const bool inRange = condition >= range.lowest && condition <= range.highest;
+            *number = inRange ? row->value(*compound, condition) : notKnown;
+            anyKnown |= !std::isnan(*number++);
+        }
+    return anyKnown ? list.replace(values) : refuseUnknown(call, table, *rows[0], *chosen[0]);
+}
+
+HRESULT STDMETHODCALLTYPE PropertyPackage::GetPDependentProperty(VARIANT properties, double pressure,
+                                                                 VARIANT compoundIds, VARIANT *values)
 {
     const Call call{*this, interfaceName, OLESTR("GetPDependentProperty")};
-    if (!values)
-        return E_POINTER;
-    return call.refuse(errors::noImplementation, OLESTR("There are no pressure-dependent properties"));
+    return values ? giveConditioned(call, pressureDependentProperties(), pressure, properties, compoundIds, values)
+                  : E_POINTER;
 }
 
 HRESULT STDMETHODCALLTYPE PropertyPackage::GetPDependentPropList(VARIANT *properties)
 {
-    if (!properties)
-        return E_POINTER;
-    VariantInit(properties);
-    return S_OK;
+    return giveNames(pressureDependentProperties().rows, properties);
 }
 
 HRESULT STDMETHODCALLTYPE PropertyPackage::GetTDependentProperty(VARIANT properties, double temperature,
                                                                  VARIANT compoundIds, VARIANT *values)
 {
     const Call call{*this, interfaceName, OLESTR("GetTDependentProperty")};
-    if (!values)
-        return E_POINTER;
-    std::vector<const TemperatureDependentProperty *> rows;
-    std::vector<const CompoundData *> chosen;
-    if (const HRESULT result = readRows(call, temperatureDependentProperties(), properties, rows); FAILED(result))
-        return result;
-    if (const HRESULT result = readCompounds(call, compoundIds, chosen); FAILED(result))
-        return result;
-    if (const HRESULT result = checkTemperature(call, temperature); FAILED(result))
-        return result;
-
-    Value list;
-    double *number = list.makeNumbers(static_cast<int>(rows.size() * chosen.size()));
-    if (!number)
-        return E_OUTOFMEMORY;
-    for (const TemperatureDependentProperty *row : rows)
-        for (const CompoundData *compound : chosen)
-            *number++ = row->value(*compound, temperature);
-    return list.replace(values);
+    return values
+               ? giveConditioned(call, temperatureDependentProperties(), temperature, properties, compoundIds, values)
+               : E_POINTER;
 }
 
 HRESULT STDMETHODCALLTYPE PropertyPackage::GetTDependentPropList(VARIANT *properties)
 {
-    return giveNames(temperatureDependentProperties(), properties);
+    return giveNames(temperatureDependentProperties().rows, properties);
 }
 
 } // namespace reference

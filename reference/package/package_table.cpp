@@ -4,6 +4,8 @@ namespace reference {
 
 namespace {
 
+using enum EquationOfState;
+
 constexpr std::string_view naturalGasCompounds[] = {
     "methane",    "ethane",   "propane",  "n-butane",       "isobutane",        "n-pentane",
     "isopentane", "n-hexane", "nitrogen", "carbon dioxide", "hydrogen sulfide",
@@ -13,7 +15,7 @@ constexpr PackageDefinition packages[] = {
     {"Natural gas",
      "Methane to n-hexane with nitrogen, carbon dioxide and hydrogen sulfide, without water, by the Peng-Robinson "
      "equation",
-     naturalGasCompounds},
+     pengRobinson, naturalGasCompounds},
 };
 
 } // namespace

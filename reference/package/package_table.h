@@ -1,6 +1,8 @@
 // The packages that the library has.
 #pragma once
 
+#include "reference/engine/equation_of_state.h"
+
 #include <span>
 #include <string_view>
 
@@ -9,11 +11,13 @@ namespace reference {
 struct PackageDefinition {
     std::string_view name;
     std::string_view description;
-    std::span<const std::string_view> compounds; // ids of the compound table, at most maximumCompounds
+    EquationOfState equation;
+    std::span<const std::string_view> compounds; // ids of the compound table; all of it where there are none
 };
 
 std::span<const PackageDefinition> packageTable();
 
+// The package that can be had without a manager.
 const PackageDefinition &naturalGas();
 
 } // namespace reference

@@ -32,9 +32,12 @@ bool normalise(const NumberView &amounts, CompoundArray &fractions)
 } // namespace
 
 PropertyPackage::PropertyPackage(const ComponentDescription &description, const PackageDefinition &definition)
-    : Component(description)
+    : Component(description), equation(definition.equation)
 {
     std::ranges::transform(definition.compounds, std::back_inserter(compounds), reference::findCompound);
+    if (compounds.empty())
+        for (const CompoundData &compound : compoundTable())
+            compounds.push_back(&compound);
 }
 
 HRESULT STDMETHODCALLTYPE PropertyPackage::QueryInterface(REFIID iid, void **object)
@@ -72,7 +75,7 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::SetMaterial(IDispatch *object)
     std::vector<const CompoundData *> chosen;
     if (const HRESULT result = readMaterialCompounds(call, *list.get(), chosen); FAILED(result))
         return result;
-    model = MixtureModel::of(chosen);
+    model = MixtureModel::of(chosen, equation);
     material = std::move(newMaterial);
     return S_OK;
 }

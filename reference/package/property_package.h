@@ -4,15 +4,15 @@
 #include "cape/com_pointer.h"
 #include "reference/com/component.h"
 #include "reference/engine/flash.h"
-#include "reference/engine/phase_state.h"
+#include "reference/engine/phase_point.h"
 #include "reference/package/package_table.h"
 
 #include <vector>
 
 namespace reference {
 
+struct ConditionedProperties;
 struct FlashInput;
-struct PhaseProperties;
 
 class PropertyPackage final : public Component,
                               public WithoutDispatch<ICapeThermoMaterialContext>,
@@ -87,6 +87,11 @@ private:
     // The compounds that an argument names: all of the package for an empty one.
     HRESULT readCompounds(const Call &call, const VARIANT &argument, std::vector<const CompoundData *> &chosen) const;
 
+    // Gives what compounds have of properties that change with a condition. Where only a part is known
+    // the rest is NaN; it refuses when nothing is.
+    HRESULT giveConditioned(const Call &call, const ConditionedProperties &table, double condition,
+                            const VARIANT &properties, const VARIANT &compoundIds, VARIANT *values) const;
+
     // Refuses when no material is set.
     HRESULT needMaterial(const Call &call) const;
 
@@ -101,8 +106,20 @@ private:
     HRESULT readMixture(const Call &call, double temperature, double pressure, const VARIANT &amounts,
                         CompoundArray &fractions) const;
 
-    HRESULT writeProperties(const Call &call, const TextView &names, BSTR phaseLabel,
-                            const PhaseProperties &phase) const;
+    // The same of a phase of the material.
+    struct PhaseConditions {
+        double temperature;
+        double pressure;
+        CompoundArray fractions;
+
+        PhasePoint point(const MixtureModel &model, Root root) const;
+    };
+    HRESULT readPhase(const Call &call, BSTR phaseLabel, PhaseConditions &conditions) const;
+
+    bool offers(auto... asked) const;
+
+    // What a write of a property to the material came to.
+    HRESULT refuseWrite(const Call &call, HRESULT written) const;
 
     // The phases that the material lets a flash use.
     HRESULT readAllowedPhases(const Call &call, FlashPhases &phases) const;
@@ -119,6 +136,7 @@ private:
     };
     HRESULT writeEquilibrium(const Call &call, const FlashResult &result, const GivenConditions &given) const;
 
+    const EquationOfState equation;
     std::vector<const CompoundData *> compounds;
     ComPointer<ICapeThermoMaterial> material;
     MixtureModel model; // of the material's compounds, in the material's order

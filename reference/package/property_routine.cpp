@@ -1,5 +1,6 @@
-#include "reference/package/phase_property_table.h"
+#include "reference/engine/phase_point.h"
 #include "reference/package/phase_table.h"
+#include "reference/package/property_name.h"
 #include "reference/package/property_package.h"
 
 #include <algorithm>
@@ -25,6 +26,59 @@ HRESULT giveNumbers(const double *values, int count, VARIANT *argument)
     Value list;
     return list.setNumbers(values, count) ? list.replace(argument) : E_OUTOFMEMORY;
 }
+
+HRESULT giveNames(const std::vector<std::string> &list, VARIANT *properties)
+{
+    Value names;
+    VariantInit(properties);
+    if (!names.setTexts(list, [](const std::string &name) { return std::string_view(name); }))
+        return E_OUTOFMEMORY;
+    return names.give(properties);
+}
+
+// The properties that a call asks for; the names are those of the argument.
+template <class Quantity> struct Requests {
+    TextView names;
+    std::vector<PropertyRequest<Quantity>> list;
+
+    // `owner` is what has the properties, as the message has it.
+    HRESULT read(const Component::Call &call, std::span<const QuantityShape> quantities, LPCWSTR owner,
+                 const VARIANT &properties)
+    {
+        if (!names.open(properties) || names.size() == 0)
+            return call.refuse(errors::invalidArgument, OLESTR("The properties must be an array of one name or more"));
+        for (const BSTR name : names) {
+            const auto request = readPropertyName<Quantity>(quantities, name);
+            if (!request)
+                return call.refuse(errors::limitedImplementation,
+                                   owner + (OLESTR(" have no property ") + quoted(name) + OLESTR(" here")));
+            list.push_back(*request);
+        }
+        return S_OK;
+    }
+
+    // Makes the values of all, and only then gives them to `write`, so that the material is left as it
+    // is when one of them can't be had. `calculate` fills the values of a request, or refuses.
+    template <class Calculate, class Write>
+    HRESULT answer(const Component::Call &call, int compounds, Calculate calculate, Write write) const
+    {
+        std::vector<Value> values(list.size());
+        for (std::size_t i = 0; i < list.size(); ++i) {
+            const int count = valueCount(list[i].quantity, list[i].differential, compounds);
+            double *elements = values[i].makeNumbers(count);
+            if (!elements)
+                return E_OUTOFMEMORY;
+            if (!calculate(list[i], std::span<double>(elements, static_cast<std::size_t>(count))))
+                return call.refuse(errors::propertyNotAvailable,
+                                   OLESTR("The property ") + quoted(names[static_cast<int>(i)]) +
+                                       OLESTR(" is not available for this phase and these compounds"));
+        }
+        for (std::size_t i = 0; i < list.size(); ++i)
+            if (const HRESULT written = write(list[i], names[static_cast<int>(i)], values[i].get()); FAILED(written))
+                return written;
+        return S_OK;
+    }
+};
 
 } // namespace
 
@@ -74,6 +128,31 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcAndGetLnPhi(BSTR phaseLabel, doub
     return S_OK;
 }
 
+PhasePoint PropertyPackage::PhaseConditions::point(const MixtureModel &model, Root root) const
+{
+    return {model, temperature, pressure, {fractions.data(), static_cast<std::size_t>(model.size)}, root};
+}
+
+HRESULT PropertyPackage::readPhase(const Call &call, BSTR phaseLabel, PhaseConditions &conditions) const
+{
+    conditions.temperature = notSet;
+    conditions.pressure = notSet;
+    Value composition;
+    const HRESULT read =
+        material->GetTPFraction(phaseLabel, &conditions.temperature, &conditions.pressure, composition.out());
+    if (FAILED(read))
+        return call.refuseFor(errors::failedInitialisation,
+                              OLESTR("The material does not give the conditions of the phase: "), material.get(), read);
+    return readMixture(call, conditions.temperature, conditions.pressure, composition.get(), conditions.fractions);
+}
+
+HRESULT PropertyPackage::refuseWrite(const Call &call, HRESULT written) const
+{
+    return FAILED(written) ? call.refuseFor(errors::unknown, OLESTR("The material does not take a property: "),
+                                            material.get(), written)
+                           : S_OK;
+}
+
 HRESULT STDMETHODCALLTYPE PropertyPackage::CalcSinglePhaseProp(VARIANT properties, BSTR phaseLabel)
 {
     const Call call{*this, interfaceName, OLESTR("CalcSinglePhaseProp")};
@@ -82,76 +161,90 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcSinglePhaseProp(VARIANT propertie
     const PhaseRow *phaseRow = findPhase(phaseLabel);
     if (!phaseRow)
         return refusePhase(call, phaseLabel);
-    TextView names;
-    if (!names.open(properties) || names.size() == 0)
-        return call.refuse(errors::invalidArgument, OLESTR("The properties must be an array of one name or more"));
-    bool derivatives = false;
-    for (const BSTR name : names) {
-        const PropertyRequest request = parsePropertyName(name);
-        if (!request.property)
-            return call.refuse(errors::limitedImplementation,
-                               OLESTR("Phases have no property ") + quoted(name) + OLESTR(" here"));
-        derivatives |= request.variation != Variation::value;
-    }
-
-    double temperature = notSet;
-    double pressure = notSet;
-    Value composition;
-    const HRESULT read = material->GetTPFraction(phaseLabel, &temperature, &pressure, composition.out());
-    if (FAILED(read))
-        return call.refuseFor(errors::failedInitialisation,
-                              OLESTR("The material does not give the conditions of the phase: "), material.get(), read);
-    CompoundArray fractions;
-    if (const HRESULT result = readMixture(call, temperature, pressure, composition.get(), fractions); FAILED(result))
+    Requests<PhaseQuantity> requests;
+    if (const HRESULT result = requests.read(call, phaseQuantities(), OLESTR("Phases"), properties); FAILED(result))
+        return result;
+    PhaseConditions conditions;
+    if (const HRESULT result = readPhase(call, phaseLabel, conditions); FAILED(result))
         return result;
 
-    const Isotherm isotherm(model, temperature);
-    PhaseProperties phase;
-    evaluateProperties(model, isotherm, pressure, fractions.data(), phaseRow->root, phase);
-    if (derivatives)
-        addDerivatives(model, isotherm, phase);
-    return writeProperties(call, names, phaseLabel, phase);
+    const PhasePoint phase = conditions.point(model, phaseRow->root);
+    return requests.answer(
+        call, model.size,
+        [&](const auto &request, std::span<double> values) {
+            return phase.calculate(request.quantity, request.differential, values);
+        },
+        [&](const auto &request, BSTR name, const VARIANT &values) {
+            const BSTR basis = shapeOf(request.quantity).molarBasis ? words.mole.get() : nullptr;
+            return refuseWrite(call, material->SetSinglePhaseProp(name, phaseLabel, basis, values));
+        });
 }
 
-HRESULT PropertyPackage::writeProperties(const Call &call, const TextView &names, BSTR phaseLabel,
-                                         const PhaseProperties &phase) const
-{
-    for (const BSTR name : names) {
-        const PropertyRequest request = parsePropertyName(name);
-        const PhaseProperty &property = *request.property;
-        Value list;
-        double *values = list.makeNumbers(property.perCompound ? model.size : 1);
-        if (!values)
-            return E_OUTOFMEMORY;
-        property.calculations[static_cast<int>(request.variation)](phase, model.size, values);
-        const HRESULT written =
-            material->SetSinglePhaseProp(name, phaseLabel, property.molar ? words.mole.get() : nullptr, list.get());
-        if (FAILED(written))
-            return call.refuseFor(errors::unknown, OLESTR("The material does not take a property: "), material.get(),
-                                  written);
-    }
-    return S_OK;
-}
-
-HRESULT STDMETHODCALLTYPE PropertyPackage::CalcTwoPhaseProp(VARIANT, VARIANT)
+HRESULT STDMETHODCALLTYPE PropertyPackage::CalcTwoPhaseProp(VARIANT properties, VARIANT phaseLabels)
 {
     const Call call{*this, interfaceName, OLESTR("CalcTwoPhaseProp")};
-    return call.refuse(errors::limitedImplementation, OLESTR("There are no two-phase properties"));
+    if (const HRESULT result = needMaterial(call); FAILED(result))
+        return result;
+    TextView labels;
+    if (!labels.open(phaseLabels) || labels.size() != 2)
+        return call.refuse(errors::invalidArgument, OLESTR("The phases must be an array of two labels"));
+    const PhaseRow *const rows[] = {findPhase(labels[0]), findPhase(labels[1])};
+    for (int k = 0; k < 2; ++k)
+        if (!rows[k])
+            return refusePhase(call, labels[k]);
+    if (rows[0] == rows[1])
+        return call.refuse(errors::invalidArgument, OLESTR("The two phases are the same"));
+    Requests<PairQuantity> requests;
+    if (const HRESULT result = requests.read(call, pairQuantities(), OLESTR("Pairs of phases"), properties);
+        FAILED(result))
+        return result;
+    PhaseConditions conditions[2];
+    for (int k = 0; k < 2; ++k)
+        if (const HRESULT result = readPhase(call, labels[k], conditions[k]); FAILED(result))
+            return result;
+    if (conditions[0].temperature != conditions[1].temperature || conditions[0].pressure != conditions[1].pressure)
+        return call.refuse(errors::invalidArgument, OLESTR("The two phases differ in temperature or pressure"));
+
+    const PhasePoint first = conditions[0].point(model, rows[0]->root);
+    const PhasePoint second = conditions[1].point(model, rows[1]->root);
+    return requests.answer(
+        call, model.size,
+        [&](const auto &request, std::span<double> values) {
+            return calculatePair(first, second, request.quantity, request.differential, values);
+        },
+        [&](const auto &, BSTR name, const VARIANT &values) {
+            return refuseWrite(call, material->SetTwoPhaseProp(name, phaseLabels, nullptr, values));
+        });
+}
+
+// Whether a property can be had of one compound of the package at least.
+bool PropertyPackage::offers(auto... asked) const
+{
+    return std::ranges::any_of(compounds, [&](const CompoundData *compound) {
+        return isAvailable(MixtureModel::of({&compound, 1}, equation), asked...);
+    });
 }
 
 HRESULT STDMETHODCALLTYPE PropertyPackage::CheckSinglePhasePropSpec(BSTR property, BSTR phaseLabel, VARIANT_BOOL *valid)
 {
     if (!valid)
         return E_POINTER;
-    *valid = findPhase(phaseLabel) && parsePropertyName(property).property ? VARIANT_TRUE : VARIANT_FALSE;
+    const PhaseRow *phase = findPhase(phaseLabel);
+    const auto request = readPropertyName<PhaseQuantity>(phaseQuantities(), property);
+    *valid = phase && request && offers(phase->root, request->quantity) ? VARIANT_TRUE : VARIANT_FALSE;
     return S_OK;
 }
 
-HRESULT STDMETHODCALLTYPE PropertyPackage::CheckTwoPhasePropSpec(BSTR, VARIANT, VARIANT_BOOL *valid)
+HRESULT STDMETHODCALLTYPE PropertyPackage::CheckTwoPhasePropSpec(BSTR property, VARIANT phaseLabels,
+                                                                 VARIANT_BOOL *valid)
 {
     if (!valid)
         return E_POINTER;
-    *valid = VARIANT_FALSE;
+    TextView labels;
+    const bool twoPhases = labels.open(phaseLabels) && labels.size() == 2 && findPhase(labels[0]) &&
+                           findPhase(labels[1]) && findPhase(labels[0]) != findPhase(labels[1]);
+    const auto request = readPropertyName<PairQuantity>(pairQuantities(), property);
+    *valid = twoPhases && request && offers(request->quantity) ? VARIANT_TRUE : VARIANT_FALSE;
     return S_OK;
 }
 
@@ -159,23 +252,24 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::GetSinglePhasePropList(VARIANT *prope
 {
     if (!properties)
         return E_POINTER;
-    std::vector<std::string> list;
-    for (const PhaseProperty &property : phaseProperties())
-        for (const std::string_view suffix : variationSuffixes)
-            list.push_back(std::string(property.name).append(suffix));
-    Value names;
-    VariantInit(properties);
-    if (!names.setTexts(list, [](const std::string &name) { return std::string_view(name); }))
-        return E_OUTOFMEMORY;
-    return names.give(properties);
+    std::vector<std::string> names;
+    for (int i = 0; i < phaseQuantityCount; ++i) {
+        const auto quantity = static_cast<PhaseQuantity>(i);
+        if (std::ranges::any_of(phaseTable(), [&](const PhaseRow &phase) { return offers(phase.root, quantity); }))
+            addNames(shapeOf(quantity), names);
+    }
+    return giveNames(names, properties);
 }
 
 HRESULT STDMETHODCALLTYPE PropertyPackage::GetTwoPhasePropList(VARIANT *properties)
 {
     if (!properties)
         return E_POINTER;
-    VariantInit(properties);
-    return S_OK;
+    std::vector<std::string> names;
+    for (int i = 0; i < pairQuantityCount; ++i)
+        if (const auto quantity = static_cast<PairQuantity>(i); offers(quantity))
+            addNames(shapeOf(quantity), names);
+    return giveNames(names, properties);
 }
 
 } // namespace reference

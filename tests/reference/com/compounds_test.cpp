@@ -104,34 +104,69 @@ TEST_F(PackageCompounds, LeaveAnUndefinedConstantEmpty)
         EXPECT_EQ(list[i].vt, i == 9 ? VT_EMPTY : VT_R8) << i; // carbon dioxide
 }
 
+// Hydrogen sulfide. Critical point: Lemmon, Span, J. Chem. Eng. Data 51 (2006) 785. Formation:
+// CODATA Key Values for Thermodynamics (1989), -20.6(5) kJ/mol and 205.81(5) J/mol/K. Dipole moment:
+// NIST Computational Chemistry Comparison and Benchmark Database, 0.97 D.
 TEST_F(PackageCompounds, GiveEveryConstantThatIsListed)
 {
+    const struct {
+        std::string name;
+        double value;
+        double tolerance;
+    } numbersExpected[] = {{"molecularWeight", 34.08, 0.01},
+                           {"criticalTemperature", 373.1, 0.0},
+                           {"criticalPressure", 9e6, 0.0},
+                           {"criticalVolume", 1.0 / 10.19e3, 1e-12},
+                           {"criticalDensity", 10.19e3, 1e-6},
+                           {"criticalCompressibilityFactor", 0.2847, 1e-4},
+                           {"acentricFactor", 0.1005, 0.0},
+                           {"normalBoilingPoint", 212.85, 0.01},
+                           {"triplePointTemperature", 187.7, 0.1},
+                           {"triplePointPressure", 23250.0, 100.0},
+                           {"standardFormationEnthalpyGas", -20.6e3, 500.0},
+                           {"standardFormationGibbsEnergyGas", -33.4e3, 500.0},
+                           {"standardEntropyGas", 205.81, 0.3},
+                           {"idealGasEnthalpyOfFormationAt25C", -20.6e3, 500.0},
+                           {"idealGasGibbsFreeEnergyOfFormationAt25C", -33.4e3, 500.0},
+                           {"dipoleMoment", 0.97 * 3.33564e-30, 1e-32},
+                           {"parachor", 80.1 * 1e-6 * std::pow(1e-3, 0.25), 1e-9},
+                           {"diffusionVolume", 27.52e-6, 1e-12},
+                           {"liquidDensityAt25C", 22.8e3, 300.0},
+                           {"liquidVolumeAt25C", 1.0 / 22.8e3, 1e-6}};
+    const std::pair<std::string, std::string> textsExpected[] = {{"casRegistryNumber", "7783-06-4"},
+                                                                 {"chemicalFormula", "H2S"},
+                                                                 {"iupacName", "hydrogen sulfide"},
+                                                                 {"SMILESformula", "S"}};
+    std::vector<std::string> names;
+    for (const auto &each : numbersExpected)
+        names.push_back(each.name);
+    for (const auto &each : textsExpected)
+        names.push_back(each.first);
     Argument list;
     ASSERT_EQ(compounds->GetConstPropList(list.out()), S_OK);
-    const std::vector<std::string> names = textsOf(list.get());
-    EXPECT_EQ(names,
-              (std::vector<std::string>{"molecularWeight", "criticalTemperature", "criticalPressure", "acentricFactor",
-                                        "normalBoilingPoint", "casRegistryNumber", "chemicalFormula", "iupacName"}));
+    EXPECT_EQ(textsOf(list.get()), names);
     Argument values;
     ASSERT_EQ(getConstant(names, {"hydrogen sulfide"}, values), S_OK);
     ArrayView<VARIANT, VT_VARIANT> elements;
     ASSERT_TRUE(elements.open(values.get()));
-    ASSERT_EQ(elements.size(), 8);
-    EXPECT_EQ(elements[1].dblVal, 373.1);
-    EXPECT_EQ(elements[2].dblVal, 9e6);
-    EXPECT_EQ(elements[3].dblVal, 0.1005);
-    EXPECT_EQ(elements[4].dblVal, 212.85);
-    EXPECT_EQ(narrow(elements[5].bstrVal), "7783-06-4");
-    EXPECT_EQ(narrow(elements[6].bstrVal), "H2S");
-    EXPECT_EQ(narrow(elements[7].bstrVal), "hydrogen sulfide");
+    ASSERT_EQ(elements.size(), static_cast<int>(names.size()));
+    int next = 0;
+    for (const auto &each : numbersExpected) {
+        ASSERT_EQ(elements[next].vt, VT_R8) << each.name;
+        EXPECT_NEAR(elements[next++].dblVal, each.value, each.tolerance) << each.name;
+    }
+    for (const auto &each : textsExpected) {
+        ASSERT_EQ(elements[next].vt, VT_BSTR) << each.first;
+        EXPECT_EQ(narrow(elements[next++].bstrVal), each.second) << each.first;
+    }
 }
 
 TEST_F(PackageCompounds, RefuseUnknownNames)
 {
     const auto *interfaceName = "ICapeThermoCompounds";
     Argument values;
-    expectFailure(getConstant({"criticalVolume"}, {}, values), errors::limitedImplementation, interfaceName,
-                  "GetCompoundConstant", "Compounds have no property \"criticalVolume\" here");
+    expectFailure(getConstant({"charge"}, {}, values), errors::limitedImplementation, interfaceName,
+                  "GetCompoundConstant", "Compounds have no property \"charge\" here");
     expectFailure(getConstant({"molecularWeight"}, {"water"}, values), errors::invalidArgument, interfaceName,
                   "GetCompoundConstant", "There is no compound \"water\"");
     expectFailure(getConstant({}, {}, values), errors::invalidArgument, interfaceName, "GetCompoundConstant",
@@ -145,9 +180,6 @@ TEST_F(PackageCompounds, RefuseUnknownNames)
 // NIST WebBook: methane 35.7, nitrogen 29.12 J/mol/K at 298.15 K.
 TEST_F(PackageCompounds, GiveTheIdealGasHeatCapacity)
 {
-    Argument list;
-    ASSERT_EQ(compounds->GetTDependentPropList(list.out()), S_OK);
-    EXPECT_EQ(textsOf(list.get()), std::vector<std::string>{"idealGasHeatCapacity"});
     Argument values;
     ASSERT_EQ(compounds->GetTDependentProperty(texts({"idealGasHeatCapacity"}).get(), 298.15,
                                                texts({"nitrogen", "methane"}).get(), values.out()),
@@ -161,30 +193,122 @@ TEST_F(PackageCompounds, GiveTheIdealGasHeatCapacity)
     EXPECT_EQ(numbersOf(all.get()).size(), 11u);
 }
 
-TEST_F(PackageCompounds, RefuseTemperaturesOutOfRange)
+TEST_F(PackageCompounds, ListWhatDependsOnTemperatureAndOnPressure)
 {
-    Argument values;
-    const Argument names = texts({"idealGasHeatCapacity"});
-    const auto *interfaceName = "ICapeThermoCompounds";
-    for (const double temperature : {0.0, -300.0, 19.9, 1500.1, HUGE_VAL})
-        expectFailure(compounds->GetTDependentProperty(names.get(), temperature, {}, values.out()), errors::outOfBounds,
-                      interfaceName, "GetTDependentProperty", "The temperature must be from 20 to 1500 K");
-    expectFailure(compounds->GetTDependentProperty(names.get(), NAN, {}, values.out()), errors::invalidArgument,
-                  interfaceName, "GetTDependentProperty", "The temperature is not a number");
-    expectFailure(compounds->GetTDependentProperty(texts({"vaporPressure"}).get(), 300.0, {}, values.out()),
-                  errors::limitedImplementation, interfaceName, "GetTDependentProperty",
-                  "Compounds have no property \"vaporPressure\" here");
-    expectFailure(compounds->GetTDependentProperty(names.get(), 300.0, texts({"air"}).get(), values.out()),
-                  errors::invalidArgument, interfaceName, "GetTDependentProperty", "There is no compound \"air\"");
+    Argument byTemperature;
+    ASSERT_EQ(compounds->GetTDependentPropList(byTemperature.out()), S_OK);
+    EXPECT_EQ(textsOf(byTemperature.get()),
+              (std::vector<std::string>{"idealGasHeatCapacity", "vaporPressure", "volumeOfLiquid"}));
+    Argument byPressure;
+    ASSERT_EQ(compounds->GetPDependentPropList(byPressure.out()), S_OK);
+    EXPECT_EQ(textsOf(byPressure.get()), std::vector<std::string>{"boilingPointTemperature"});
 }
 
-TEST_F(PackageCompounds, HaveNoPressureDependentProperties)
+// Propane at 300 K: 0.9978 MPa, 489.5 kg/m3 of liquid; methane at 120 K: 0.1914 MPa, 410.0 kg/m3.
+// NIST Chemistry WebBook, thermophysical properties of fluid systems.
+TEST_F(PackageCompounds, GiveVaporPressureAndLiquidVolume)
 {
-    Argument list;
-    EXPECT_EQ(compounds->GetPDependentPropList(list.out()), S_OK);
-    EXPECT_EQ(list.get().vt, VT_EMPTY);
+    const Argument names = texts({"vaporPressure", "volumeOfLiquid"});
+    Argument propane;
+    ASSERT_EQ(compounds->GetTDependentProperty(names.get(), 300.0, texts({"propane"}).get(), propane.out()), S_OK);
+    ASSERT_EQ(numbersOf(propane.get()).size(), 2u);
+    EXPECT_NEAR(numbersOf(propane.get())[0], 0.9978e6, 0.001e6);
+    EXPECT_NEAR(numbersOf(propane.get())[1], 44.09562e-3 / 489.5, 3e-7);
+    Argument methane;
+    ASSERT_EQ(compounds->GetTDependentProperty(names.get(), 120.0, texts({"methane"}).get(), methane.out()), S_OK);
+    EXPECT_NEAR(numbersOf(methane.get())[0], 0.1914e6, 0.0003e6);
+    EXPECT_NEAR(numbersOf(methane.get())[1], 16.04246e-3 / 410.0, 3e-7);
+}
+
+// Property by property. Where a compound is out of the range of a correlation there is no number.
+TEST_F(PackageCompounds, LeaveOutValuesOutOfRange)
+{
     Argument values;
-    expectFailure(compounds->GetPDependentProperty(texts({"boilingPointTemperature"}).get(), 1e5, {}, values.out()),
-                  errors::noImplementation, "ICapeThermoCompounds", "GetPDependentProperty",
-                  "There are no pressure-dependent properties");
+    ASSERT_EQ(compounds->GetTDependentProperty(texts({"vaporPressure", "idealGasHeatCapacity"}).get(), 300.0,
+                                               texts({"methane", "propane"}).get(), values.out()),
+              S_OK);
+    const std::vector<double> list = numbersOf(values.get());
+    ASSERT_EQ(list.size(), 4u);
+    EXPECT_TRUE(std::isnan(list[0])); // methane is above its critical temperature
+    EXPECT_NEAR(list[1], 0.9978e6, 0.001e6);
+    EXPECT_NEAR(list[2], 35.76, 0.2);
+    EXPECT_GT(list[3], 70.0);
+    Argument all;
+    ASSERT_EQ(compounds->GetTDependentProperty(texts({"vaporPressure"}).get(), 300.0, {}, all.out()), S_OK);
+    ASSERT_EQ(numbersOf(all.get()).size(), 11u);
+    EXPECT_TRUE(std::isnan(numbersOf(all.get())[0]));
+    EXPECT_EQ(numbersOf(all.get())[2], list[1]);
+}
+
+TEST_F(PackageCompounds, RefuseConditionsAtWhichNothingIsKnown)
+{
+    const auto *interfaceName = "ICapeThermoCompounds";
+    Argument values;
+    const auto ask = [&](const char *name, double temperature) {
+        return compounds->GetTDependentProperty(texts({name}).get(), temperature, texts({"methane"}).get(),
+                                                values.out());
+    };
+    expectFailure(ask("vaporPressure", 200.0), errors::outOfBounds, interfaceName, "GetTDependentProperty",
+                  "The temperature must be from 90.6941 to 190.564 K for vaporPressure of methane");
+    expectFailure(ask("idealGasHeatCapacity", 10.0), errors::outOfBounds, interfaceName, "GetTDependentProperty",
+                  "The temperature must be from 20 to 1500 K for idealGasHeatCapacity of methane");
+    for (const double impossible : {0.0, -300.0, HUGE_VAL, -HUGE_VAL})
+        expectFailure(ask("vaporPressure", impossible), errors::outOfBounds, interfaceName, "GetTDependentProperty",
+                      "The temperature must be a finite number above zero");
+    expectFailure(ask("vaporPressure", NAN), errors::invalidArgument, interfaceName, "GetTDependentProperty",
+                  "The temperature is not a number");
+    expectFailure(ask("heatOfFusion", 150.0), errors::limitedImplementation, interfaceName, "GetTDependentProperty",
+                  "Compounds have no property \"heatOfFusion\" here");
+    expectFailure(
+        compounds->GetTDependentProperty(texts({"vaporPressure"}).get(), 150.0, texts({"air"}).get(), values.out()),
+        errors::invalidArgument, interfaceName, "GetTDependentProperty", "There is no compound \"air\"");
+    EXPECT_EQ(values.get().vt, VT_EMPTY);
+}
+
+TEST_F(PackageCompounds, BoilAtOneAtmosphereAtTheirNormalBoilingPoints)
+{
+    Argument constants;
+    ASSERT_EQ(getConstant({"normalBoilingPoint"}, {}, constants), S_OK);
+    ArrayView<VARIANT, VT_VARIANT> boilingPoints;
+    ASSERT_TRUE(boilingPoints.open(constants.get()));
+    Argument values;
+    ASSERT_EQ(compounds->GetPDependentProperty(texts({"BoilingPointTemperature"}).get(), 101325.0, {}, values.out()),
+              S_OK);
+    const std::vector<double> temperatures = numbersOf(values.get());
+    ASSERT_EQ(temperatures.size(), 11u);
+    for (int i = 0; i < 11; ++i) {
+        if (i == 9)
+            EXPECT_TRUE(std::isnan(temperatures[9])); // carbon dioxide sublimes
+        else
+            EXPECT_NEAR(temperatures[i], boilingPoints[i].dblVal, 0.1) << i;
+    }
+}
+
+TEST_F(PackageCompounds, BoilWhereTheirVaporPressureIsTheGivenOne)
+{
+    for (const double pressure : {2e4, 3e5, 4.2512e6 * (1.0 - 1e-9)}) {
+        Argument temperature;
+        ASSERT_EQ(compounds->GetPDependentProperty(texts({"boilingPointTemperature"}).get(), pressure,
+                                                   texts({"propane"}).get(), temperature.out()),
+                  S_OK);
+        Argument back;
+        ASSERT_EQ(compounds->GetTDependentProperty(texts({"vaporPressure"}).get(), numbersOf(temperature.get())[0],
+                                                   texts({"propane"}).get(), back.out()),
+                  S_OK);
+        EXPECT_NEAR(numbersOf(back.get())[0], pressure, 1e-10 * pressure);
+    }
+}
+
+TEST_F(PackageCompounds, DoNotBoilAboveTheirCriticalPressure)
+{
+    Argument values;
+    const auto ask = [&](double pressure) {
+        return compounds->GetPDependentProperty(texts({"boilingPointTemperature"}).get(), pressure,
+                                                texts({"methane"}).get(), values.out());
+    };
+    expectFailure(ask(6e6), errors::outOfBounds, "ICapeThermoCompounds", "GetPDependentProperty",
+                  "The pressure must be from 11696 to 4.5992e+06 Pa for boilingPointTemperature of methane");
+    expectFailure(ask(0.0), errors::outOfBounds, "ICapeThermoCompounds", "GetPDependentProperty",
+                  "The pressure must be a finite number above zero");
+    EXPECT_EQ(values.get().vt, VT_EMPTY);
 }

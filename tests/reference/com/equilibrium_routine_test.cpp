@@ -312,8 +312,9 @@ TEST_F(PackageFlashPairs, LeadToAStateWithTheGivenValues)
             for (const char *condition : {"temperature", "pressure"}) {
                 const bool given = names[i] == condition || names[j] == condition;
                 ASSERT_EQ(material.written.count(std::string("Overall/") + condition), given ? 0u : 1u) << condition;
-                if (!given)
+                if (!given) {
                     EXPECT_EQ(material.written.at(std::string("Overall/") + condition).values[0], valueOf(condition));
+                }
             }
         }
 }
