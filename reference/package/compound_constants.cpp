@@ -1,7 +1,7 @@
 #include "reference/package/compound_constants.h"
 
 #include "reference/engine/flash.h"
-#include "reference/engine/phase_properties.h"
+#include "reference/engine/ideal_gas.h"
 #include "reference/engine/saturation.h"
 
 #include <cmath>
@@ -99,6 +99,12 @@ double boilingTemperature(Compound compound, double pressure)
 constexpr ConditionedProperty byTemperature[] = {
     {"idealGasHeatCapacity",
      [](Compound compound, double kelvin) { return idealGasHeatCapacity(compound.idealGasHeatCapacity, kelvin); },
+     everyTemperature},
+    {"idealGasEnthalpy",
+     [](Compound compound, double kelvin) { return idealGasEnthalpy(compound.idealGasHeatCapacity, kelvin); },
+     everyTemperature},
+    {"idealGasEntropy",
+     [](Compound compound, double kelvin) { return idealGasEntropy(compound.idealGasHeatCapacity, kelvin); },
      everyTemperature},
     {"vaporPressure", vaporPressure, vaporPressureRange},
     {"volumeOfLiquid", [](Compound compound, double kelvin) { return 1.0 / saturatedLiquidDensity(compound, kelvin); },

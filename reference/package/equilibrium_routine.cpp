@@ -105,7 +105,33 @@ HRESULT PropertyPackage::readFlashConditions(const Call &call, const FlashInput 
             if (const HRESULT result = checkPressure(call, target->value); FAILED(result))
                 return result;
     }
-    return readComposition(call, composition.get(), feed);
+    if (const HRESULT result = readComposition(call, composition.get(), feed); FAILED(result))
+        return result;
+    for (int i = 0; i < 2; ++i)
+        if (const HRESULT result = leaveOutFormation(call, inputs[i], feed, targets[i]->value); FAILED(result))
+            return result;
+    return S_OK;
+}
+
+HRESULT PropertyPackage::leaveOutFormation(const Call &call, const FlashInput &input, const CompoundArray &feed,
+                                           double &value) const
+{
+    if (!input.property->formation)
+        return S_OK;
+    const bool isEnthalpy = input.variable == FlashVariable::enthalpy;
+    const PhaseQuantity with = isEnthalpy ? PhaseQuantity::enthalpyF : PhaseQuantity::entropyF;
+    const PhaseQuantity without = isEnthalpy ? PhaseQuantity::enthalpyNF : PhaseQuantity::entropyNF;
+    // The difference is the same at all conditions.
+    const PhasePoint point(model, 298.15, 1e5, {feed.data(), static_cast<std::size_t>(model.size)}, Root::vapor);
+    double withFormation = 0.0;
+    double withoutFormation = 0.0;
+    if (!point.calculate(with, Differential::none, {&withFormation, 1}) ||
+        !point.calculate(without, Differential::none, {&withoutFormation, 1}))
+        return call.refuse(errors::propertyNotAvailable, OLESTR("A flash can't be given the ") +
+                                                             wide(input.property->name) +
+                                                             OLESTR(" where the formation of a compound is not known"));
+    value -= withFormation - withoutFormation;
+    return S_OK;
 }
 
 HRESULT PropertyPackage::readFlashValue(const Call &call, const FlashInput &input, FlashSpecification &target) const

@@ -10,17 +10,19 @@ namespace reference {
 namespace {
 
 constexpr FlashProperty properties[] = {
-    {"temperature", FlashVariable::temperature, false},
-    {"pressure", FlashVariable::pressure, false},
-    {"phaseFraction", FlashVariable::vaporFraction, false},
-    {"enthalpy", FlashVariable::enthalpy, true},
-    {"enthalpyNF", FlashVariable::enthalpy, true},
-    {"entropy", FlashVariable::entropy, true},
-    {"entropyNF", FlashVariable::entropy, true},
-    {"volume", FlashVariable::volume, true},
-    {"internalEnergy", FlashVariable::internalEnergy, true},
-    {"gibbsEnergy", FlashVariable::gibbsEnergy, true},
-    {"helmholtzEnergy", FlashVariable::helmholtzEnergy, true},
+    {"temperature", FlashVariable::temperature, false, false},
+    {"pressure", FlashVariable::pressure, false, false},
+    {"phaseFraction", FlashVariable::vaporFraction, false, false},
+    {"enthalpy", FlashVariable::enthalpy, true, false},
+    {"enthalpyF", FlashVariable::enthalpy, true, true},
+    {"enthalpyNF", FlashVariable::enthalpy, true, false},
+    {"entropy", FlashVariable::entropy, true, false},
+    {"entropyF", FlashVariable::entropy, true, true},
+    {"entropyNF", FlashVariable::entropy, true, false},
+    {"volume", FlashVariable::volume, true, false},
+    {"internalEnergy", FlashVariable::internalEnergy, true, false},
+    {"gibbsEnergy", FlashVariable::gibbsEnergy, true, false},
+    {"helmholtzEnergy", FlashVariable::helmholtzEnergy, true, false},
 };
 
 FlashVerdict readPhaseFraction(BSTR basis, BSTR label, FlashInput &input)

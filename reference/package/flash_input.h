@@ -12,7 +12,8 @@ namespace reference {
 struct FlashProperty {
     std::string_view name;
     FlashVariable variable;
-    bool molar; // read per mole; the others without basis, but for phaseFraction
+    bool molar;     // read per mole; the others without basis, but for phaseFraction
+    bool formation; // includes the formation from the elements, which the flash leaves out
 };
 
 // One of the two.

@@ -129,6 +129,10 @@ private:
                                 CompoundArray &feed) const;
     HRESULT readFlashValue(const Call &call, const FlashInput &input, FlashSpecification &target) const;
 
+    // What the flash takes for a value that includes the formation of the feed.
+    HRESULT leaveOutFormation(const Call &call, const FlashInput &input, const CompoundArray &feed,
+                              double &value) const;
+
     // The overall conditions are written when they were not given.
     struct GivenConditions {
         bool temperature;

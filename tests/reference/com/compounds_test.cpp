@@ -198,10 +198,26 @@ TEST_F(PackageCompounds, ListWhatDependsOnTemperatureAndOnPressure)
     Argument byTemperature;
     ASSERT_EQ(compounds->GetTDependentPropList(byTemperature.out()), S_OK);
     EXPECT_EQ(textsOf(byTemperature.get()),
-              (std::vector<std::string>{"idealGasHeatCapacity", "vaporPressure", "volumeOfLiquid"}));
+              (std::vector<std::string>{"idealGasHeatCapacity", "idealGasEnthalpy", "idealGasEntropy", "vaporPressure",
+                                        "volumeOfLiquid"}));
     Argument byPressure;
     ASSERT_EQ(compounds->GetPDependentPropList(byPressure.out()), S_OK);
     EXPECT_EQ(textsOf(byPressure.get()), std::vector<std::string>{"boilingPointTemperature"});
+}
+
+// Nitrogen from 298.15 K to 500 K: 5.911 kJ/mol and 206.739 - 191.609 J/mol/K. Chase, NIST-JANAF
+// Thermochemical Tables, 4th ed. (1998). Both are zero at 298.15 K.
+TEST_F(PackageCompounds, GiveIdealGasEnthalpyAndEntropyOverThoseAtRoomTemperature)
+{
+    const Argument names = texts({"idealGasEnthalpy", "idealGasEntropy"});
+    Argument warm;
+    ASSERT_EQ(compounds->GetTDependentProperty(names.get(), 500.0, texts({"nitrogen"}).get(), warm.out()), S_OK);
+    EXPECT_NEAR(numbersOf(warm.get())[0], 5911.0, 10.0);
+    EXPECT_NEAR(numbersOf(warm.get())[1], 206.739 - 191.609, 0.03);
+    Argument room;
+    ASSERT_EQ(compounds->GetTDependentProperty(names.get(), 298.15, texts({"nitrogen"}).get(), room.out()), S_OK);
+    EXPECT_NEAR(numbersOf(room.get())[0], 0.0, 1e-9);
+    EXPECT_NEAR(numbersOf(room.get())[1], 0.0, 1e-12);
 }
 
 // Propane at 300 K: 0.9978 MPa, 489.5 kg/m3 of liquid; methane at 120 K: 0.1914 MPa, 410.0 kg/m3.

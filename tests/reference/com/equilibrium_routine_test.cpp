@@ -319,6 +319,24 @@ TEST_F(PackageFlashPairs, LeadToAStateWithTheGivenValues)
         }
 }
 
+TEST_F(PackageFlashPairs, TakeEnthalpyAndEntropyWithAndWithoutFormation)
+{
+    ASSERT_EQ(calculate(), S_OK);
+    for (const char *name : {"enthalpyF", "enthalpyNF", "entropyF", "entropyNF"}) {
+        SCOPED_TRACE(name);
+        forgetResults();
+        giveOverall("pressure", 3e6);
+        giveOverall("temperature", 250.0);
+        ASSERT_EQ(calculate(), S_OK);
+        const double value = valueOf(name);
+        forgetResults();
+        giveOverall("pressure", 3e6);
+        giveOverall(name, value);
+        ASSERT_EQ(calculate(givenPressure, overallOf(name)), S_OK) << lastFailure(equilibrium.get()).description;
+        EXPECT_NEAR(valueOf("temperature"), 250.0, 1e-5);
+    }
+}
+
 TEST_F(PackageFlashPairs, TakeTheFractionOfTheLiquidAndFractionsByMass)
 {
     ASSERT_EQ(calculate(), S_OK);
