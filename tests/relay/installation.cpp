@@ -1,5 +1,8 @@
 #include "tests/relay/installation.h"
 
+#include "cape/cape_open_common.h"
+#include "cape/com_pointer.h"
+
 #include <gtest/gtest.h>
 
 #include <tlhelp32.h>
@@ -79,6 +82,28 @@ RegisteredRelay::~RegisteredRelay() { EXPECT_EQ(run(file32(L"Verdanth6432Relay.e
 RegisteredPackage32::RegisteredPackage32() { register32(L"/s"); }
 
 RegisteredPackage32::~RegisteredPackage32() { register32(L"/s /u"); }
+
+void registerTypeLibrary(const WideString &path)
+{
+    ComPointer<ITypeLib> library;
+    EXPECT_EQ(LoadTypeLibEx(path.c_str(), REGKIND_REGISTER, library.out()), S_OK);
+}
+
+WithoutStandardLibrary::WithoutStandardLibrary()
+{
+    const std::string path = registeredText(KEY_WOW64_64KEY, standardLibraryPathKey);
+    if (path != "(none)")
+        before = wide(path);
+    UnRegisterTypeLib(LIBID_CAPEOPEN110, 1, 1, 0, SYS_WIN32);
+    EXPECT_FALSE(keyExists(KEY_WOW64_64KEY, "TypeLib\\" + standardLibrary));
+}
+
+WithoutStandardLibrary::~WithoutStandardLibrary()
+{
+    UnRegisterTypeLib(LIBID_CAPEOPEN110, 1, 1, 0, SYS_WIN32);
+    if (!before.empty())
+        registerTypeLibrary(before);
+}
 
 std::vector<DWORD> relays()
 {

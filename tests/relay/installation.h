@@ -34,6 +34,24 @@ public:
     RegisteredPackage32 &operator=(const RegisteredPackage32 &) = delete;
 };
 
+// The CAPE-OPEN type library, and where its file is registered.
+inline const std::string standardLibrary = "{4A5E2E81-C093-11D4-9F1B-0010A4D198C2}";
+inline const std::string standardLibraryPathKey = "TypeLib\\" + standardLibrary + "\\1.1\\0\\win32";
+
+void registerTypeLibrary(const WideString &path);
+
+// A machine without that library while the object lives.
+class WithoutStandardLibrary {
+public:
+    WithoutStandardLibrary();
+    ~WithoutStandardLibrary();
+    WithoutStandardLibrary(const WithoutStandardLibrary &) = delete;
+    WithoutStandardLibrary &operator=(const WithoutStandardLibrary &) = delete;
+
+private:
+    WideString before; // the file
+};
+
 // The relays that are running, by process id.
 std::vector<DWORD> relays();
 

@@ -69,46 +69,21 @@ public:
     const std::string classId;
 };
 
-// A machine without the CAPE-OPEN type library while the object lives.
 class StandardLibraryRegistration : public testing::Test {
 protected:
-    StandardLibraryRegistration()
-    {
-        const std::string path = registeredText(KEY_WOW64_64KEY, libraryPathKey);
-        if (path != "(none)")
-            before.assign(path.begin(), path.end());
-        UnRegisterTypeLib(LIBID_CAPEOPEN110, 1, 1, 0, SYS_WIN32);
-        EXPECT_FALSE(keyExists(KEY_WOW64_64KEY, "TypeLib\\" + standardLibrary));
-    }
-    ~StandardLibraryRegistration() override
-    {
-        UnRegisterTypeLib(LIBID_CAPEOPEN110, 1, 1, 0, SYS_WIN32);
-        if (!before.empty())
-            registerLibrary(before);
-    }
-
     // Wine enters some paths with a prefix.
-    bool isRegistered(const WideString &path) const
+    static bool isRegistered(const WideString &path)
     {
-        return registeredText(KEY_WOW64_64KEY, libraryPathKey).ends_with(narrow(path));
-    }
-    static void registerLibrary(const WideString &path)
-    {
-        ComPointer<ITypeLib> library;
-        EXPECT_EQ(LoadTypeLibEx(path.c_str(), REGKIND_REGISTER, library.out()), S_OK);
+        return registeredText(KEY_WOW64_64KEY, standardLibraryPathKey).ends_with(narrow(path));
     }
 
-    const std::string standardLibrary = "{4A5E2E81-C093-11D4-9F1B-0010A4D198C2}";
-    const std::string libraryPathKey = "TypeLib\\" + standardLibrary + "\\1.1\\0\\win32";
     const std::vector<std::pair<std::string, std::string>> someInterfaces = {
         {"{678C0A9B-7D66-11D2-A67D-00105A42887F}", "ICapeThermoMaterial"},
         {"{678C0B11-7D66-11D2-A67D-00105A42887F}", "ECapeUser"},
         {"{678C0AA2-7D66-11D2-A67D-00105A42887F}", "ICapeThermoPropertyPackageManager"},
     };
     const WideString relay = file32(L"Verdanth6432Relay.exe");
-
-private:
-    WideString before;
+    const WithoutStandardLibrary machine;
 };
 
 // Whether the relay works: it makes the reference package.
@@ -210,7 +185,7 @@ TEST_F(StandardLibraryRegistration, LeavesAnotherProgramsAlone)
 {
     const WideString theirs = fileHere(L"somebody_elses.tlb");
     ASSERT_TRUE(CopyFileW(file32(L"CapeOpen11.tlb").c_str(), theirs.c_str(), FALSE));
-    registerLibrary(theirs);
+    registerTypeLibrary(theirs);
     for (const WCHAR *change : {L"/RegTypeLib", L"/UnregTypeLib"}) {
         EXPECT_EQ(run(relay, change), 0u);
         EXPECT_TRUE(isRegistered(theirs));

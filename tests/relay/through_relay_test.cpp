@@ -255,6 +255,23 @@ TEST_F(OddPackageOf32Bits, ThatIsMissingIsAnError)
     EXPECT_EQ(result.warnings, std::vector<std::string>());
 }
 
+TEST_F(PackageOf32Bits, IsReachedByTheTypeLibraryThatTheRelayRegisters)
+{
+    const installation::WithoutStandardLibrary machine;
+    mustReturn(0, {Scalar(17), Scalar(0)});
+    EXPECT_EQ(refusal({Scalar(2), Text(managerName)}),
+              "creation of package manager failed: " + SystemText(E_NOINTERFACE));
+    const WideString program = installation::file32(L"Verdanth6432Relay.exe");
+    EXPECT_EQ(installation::run(program, L"/RegTypeLib"), 0u);
+    EXPECT_EQ(mustReturn(1, {Scalar(2), Text(managerName)})[0].texts(), Names({packageName}));
+    handle = mustReturn(1, {Scalar(3), Text(managerName), Text(packageName)})[0];
+    EXPECT_GT(vaporFractions(handle, {220}, {40e5})[0].element(0).numbers().at(0), 0.7);
+    mustReturn(0, {Scalar(4), handle});
+    handle = Array();
+    matlab.clear();
+    EXPECT_EQ(installation::run(program, L"/UnregTypeLib"), 0u);
+}
+
 TEST_F(WithoutRelay, A32BitPackageIsAnErrorAfterAWarningThatSaysWhatToDo)
 {
     const CallResult result = call(1, {Scalar(3), Text(standAloneName), Text("")});
