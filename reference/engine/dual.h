@@ -33,6 +33,7 @@ inline Dual exp(Dual a)
     const double value = std::exp(a.value);
     return {value, value * a.slope};
 }
+inline Dual expm1(Dual a) { return {std::expm1(a.value), std::exp(a.value) * a.slope}; }
 inline Dual log(Dual a) { return {std::log(a.value), a.slope / a.value}; }
 inline Dual log1p(Dual a) { return {std::log1p(a.value), a.slope / (1.0 + a.value)}; }
 inline Dual sqrt(Dual a)

@@ -1,28 +1,49 @@
 #include "reference/engine/mixture_model.h"
 
+#include "reference/engine/cubic.h"
+
 #include <cmath>
 
 namespace reference {
 
 namespace {
 
+// By what a cubic equation misses the volume of the saturated liquid at 0.7 Tc; zero where that volume
+// isn't known.
+double volumeShift(const CompoundTerms &compound, const CubicConstants &equation)
+{
+    constexpr double reduced = 0.7;
+    const double T = reduced * compound.criticalTemperature;
+    const double P = std::exp(compound.saturationPressure.logarithm(T).value);
+    const double thermal = gasConstant * T;
+    const double s = compound.attractionRoot * (1.0 + compound.attractionSlope * (1.0 - std::sqrt(reduced)));
+    const double B = compound.covolume * P / thermal;
+    const CompressibilityRoots roots = solveCompressibility(equation, s * s * P / (thermal * thermal), B);
+    const double shift = (roots.liquid + B) * thermal / P - compound.liquidVolume.volume(T).value;
+    return std::isfinite(shift) ? shift : 0.0;
+}
+
 CompoundTerms termsOf(const CompoundData &compound, EquationOfState equation)
 {
     const CubicConstants &constants = cubicConstants(equation);
     const double thermal = gasConstant * compound.criticalTemperature;
     const double omega = compound.acentricFactor;
-    return {.data = &compound,
-            .molecularWeight = compound.molecularWeight,
-            .criticalTemperature = compound.criticalTemperature,
-            .criticalPressure = compound.criticalPressure,
-            .acentricFactor = omega,
-            .attractionRoot = thermal * std::sqrt(constants.omegaA / compound.criticalPressure),
-            .attractionSlope = alphaSlope(equation, omega),
-            .inverseRootCriticalT = 1.0 / std::sqrt(compound.criticalTemperature),
-            .covolume = constants.omegaB * thermal / compound.criticalPressure,
-            .idealGasHeatCapacity = compound.idealGasHeatCapacity,
-            .saturationPressure = SaturationPressure(compound),
-            .liquidVolume = LiquidVolume(compound)};
+    CompoundTerms terms{.data = &compound,
+                        .molecularWeight = compound.molecularWeight,
+                        .criticalTemperature = compound.criticalTemperature,
+                        .criticalPressure = compound.criticalPressure,
+                        .acentricFactor = omega,
+                        .attractionRoot = thermal * std::sqrt(constants.omegaA / compound.criticalPressure),
+                        .attractionSlope = alphaSlope(equation, omega),
+                        .inverseRootCriticalT = 1.0 / std::sqrt(compound.criticalTemperature),
+                        .covolume = constants.omegaB * thermal / compound.criticalPressure,
+                        .idealGasHeatCapacity = compound.idealGasHeatCapacity,
+                        .volumeShift = 0.0,
+                        .saturationPressure = SaturationPressure(compound),
+                        .liquidVolume = LiquidVolume(compound)};
+    if (equation != EquationOfState::idealMixture)
+        terms.volumeShift = volumeShift(terms, constants);
+    return terms;
 }
 
 } // namespace

@@ -40,6 +40,7 @@ struct CompoundTerms {
     double inverseRootCriticalT;                // 1 / sqrt(Tc), K^-0.5
     double covolume;                            // b, m3/mol
     std::array<double, 5> idealGasHeatCapacity; // of Cp/R, by power of T
+    double volumeShift;                         // of a cubic equation's volumes over the true ones, m3/mol
     SaturationPressure saturationPressure;
     LiquidVolume liquidVolume;
 };

@@ -1,6 +1,7 @@
 // The table of single-phase quantities as functions of a phase's bulk properties and fugacity
 // coefficients.
 #include "reference/engine/phase_point.h"
+#include "reference/engine/transport.h"
 
 #include <cmath>
 #include <limits>
@@ -186,12 +187,34 @@ void PhasePoint::calculateVector(PhaseQuantity quantity, Differential differenti
     }
 }
 
+void PhasePoint::calculateTransport(PhaseQuantity quantity, Differential differential, double *values) const
+{
+    const ChungMixture chung(*this);
+    const int n = mixture.size;
+    const int block = valueCount(quantity, Differential::none, n);
+    std::array<Dual, std::size_t{maximumCompounds} * maximumCompounds> results;
+    for (int j = 0; j < (byComposition(differential) ? n : 1); ++j) {
+        const Direction direction{differential, byComposition(differential) ? j : -1};
+        if (quantity == PhaseQuantity::diffusionCoefficient)
+            diffusionCoefficients(*this, chung, direction, results.data());
+        else
+            results[0] = quantity == PhaseQuantity::viscosity ? chung.viscosity(direction)
+                                                              : chung.thermalConductivity(direction);
+        for (int k = 0; k < block; ++k)
+            values[block * j + k] = differential == Differential::none ? results[k].value : results[k].slope;
+    }
+}
+
 bool PhasePoint::calculate(PhaseQuantity quantity, Differential differential, std::span<double> values) const
 {
     if (!isAvailable(mixture, phase.vaporRoot ? Root::vapor : Root::liquid, quantity))
         return false;
-    findBulkFunction(quantity) ? calculateScalar(quantity, differential, values.data())
-                               : calculateVector(quantity, differential, values.data());
+    if (findBulkFunction(quantity))
+        calculateScalar(quantity, differential, values.data());
+    else if (findFugacityFunction(quantity))
+        calculateVector(quantity, differential, values.data());
+    else
+        calculateTransport(quantity, differential, values.data());
     return true;
 }
 
@@ -214,8 +237,9 @@ bool isAvailable(const MixtureModel &model, Root root, PhaseQuantity quantity)
         return allHave(&CompoundData::formationEnthalpy) && allHave(&CompoundData::formationGibbsEnergy);
     case PhaseQuantity::viscosity:
     case PhaseQuantity::thermalConductivity:
+        return allHave(&CompoundData::criticalVolume);
     case PhaseQuantity::diffusionCoefficient:
-        return false;
+        return allHave(&CompoundData::criticalVolume) && allHave(&CompoundData::diffusionVolume);
     default:
         return true;
     }

@@ -30,6 +30,7 @@ PhasePoint::PhasePoint(const MixtureModel &model, double temperature, double pre
 {
     std::ranges::copy(fractions.first(static_cast<std::size_t>(model.size)), x.begin());
     evaluatePhase(mixture, isotherm, pressure, x.data(), root, phase);
+    liquid = root == Root::liquid || (root == Root::stable && !phase.vaporRoot);
     if (!isIdeal(mixture)) {
         cubic::pairSums(mixture, x.data(), isotherm.slope, slopeSum);
         cubic::pairSums(mixture, x.data(), isotherm.bending, bendingSum);

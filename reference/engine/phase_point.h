@@ -60,6 +60,7 @@ public:
     double temperature() const { return isotherm.temperature; }
     double pressure() const { return phase.pressure; }
     const CompoundArray &fractions() const { return x; }
+    bool isLiquid() const { return liquid; } // or stands for one
 
     // The differences from the pure compounds are left out unless asked for.
     Bulk bulk(const Direction &direction, bool withPure = false) const;
@@ -76,9 +77,11 @@ private:
     void addPure(const Direction &direction, Bulk &result) const;
     void calculateScalar(PhaseQuantity quantity, Differential differential, double *values) const;
     void calculateVector(PhaseQuantity quantity, Differential differential, double *values) const;
+    void calculateTransport(PhaseQuantity quantity, Differential differential, double *values) const;
     Dual pureLnPhi(int compound, const Direction &direction) const;
 
     const MixtureModel &mixture;
+    bool liquid;
     Isotherm isotherm;
     PhaseState phase;
     CompoundArray x;

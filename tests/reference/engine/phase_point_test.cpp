@@ -1,3 +1,4 @@
+#include "tests/reference/engine/differences.h"
 #include "tests/reference/engine/random_points.h"
 
 #include <gtest/gtest.h>
@@ -28,34 +29,6 @@ std::vector<double> all(const PhasePoint &point, const std::vector<PhaseQuantity
         list.insert(list.end(), begin, begin + block);
     }
     return list;
-}
-
-// Central differences of a list of functions with steps h, h/2 and h/4, extrapolated to zero after
-// Richardson. The error is what the last extrapolation changed.
-struct Slopes {
-    std::vector<double> value;
-    std::vector<double> error;
-};
-Slopes extrapolate(const std::function<std::vector<double>(double)> &functions, double h)
-{
-    std::vector<std::vector<double>> columns;
-    for (const double step : {h, 0.5 * h, 0.25 * h}) {
-        const std::vector<double> above = functions(step);
-        const std::vector<double> below = functions(-step);
-        std::vector<double> difference;
-        for (std::size_t k = 0; k < above.size(); ++k)
-            difference.push_back((above[k] - below[k]) / (2.0 * step));
-        columns.push_back(difference);
-    }
-    Slopes slopes;
-    for (std::size_t k = 0; k < columns[0].size(); ++k) {
-        const double coarse = (4.0 * columns[1][k] - columns[0][k]) / 3.0;
-        const double fine = (4.0 * columns[2][k] - columns[1][k]) / 3.0;
-        const double best = (16.0 * fine - coarse) / 15.0;
-        slopes.value.push_back(best);
-        slopes.error.push_back(std::fabs(best - fine));
-    }
-    return slopes;
 }
 
 // What a quantity is rounded against where it is a small difference of large ones.
@@ -147,4 +120,113 @@ TEST(PhasePoint, HasDerivativesThatAgreeWithDifferences)
     });
     EXPECT_LT(skipped, phases / 10);
     EXPECT_GT(compare.sharp, compare.made * 7 / 10) << compare.sharp << " of " << compare.made;
+}
+
+// Nothing is NaN where a compound is absent, and what is finite there is the limit of small amounts.
+TEST(PhasePoint, TakesFractionsOfZero)
+{
+    int compared = 0;
+    forRandomPhases(50, 2, [&](const RandomPhase &phase) {
+        if (phase.x.size() < 2)
+            return;
+        RandomPhase without = phase;
+        without.x[1] += without.x[0];
+        without.x[0] = 0.0;
+        RandomPhase trace = without;
+        trace.x[0] = 1e-13;
+        for (const PhaseQuantity quantity : availableQuantities(phase))
+            for (const Differential differential :
+                 {Differential::none, Differential::byTemperature, Differential::byPressure, Differential::byMoles,
+                  Differential::byFractions}) {
+                const std::vector<double> none = valuesOf(without.point(), quantity, differential);
+                const std::vector<double> little = valuesOf(trace.point(), quantity, differential);
+                const double rounding = 1e-9 * naturalSize(quantity, phase.temperature) +
+                                        (quantity == PhaseQuantity::fugacity ? 1e-12 * phase.pressure : 1e-11);
+                double size = 0.0;
+                for (const double value : little)
+                    if (std::isfinite(value) && std::fabs(value) < 1e12)
+                        size = std::max(size, std::fabs(value));
+                for (std::size_t k = 0; k < none.size(); ++k) {
+                    ASSERT_FALSE(std::isnan(none[k])) << shapeOf(quantity).name;
+                    if (!std::isfinite(none[k]))
+                        continue;
+                    ++compared;
+                    ASSERT_NEAR(none[k], little[k], 1e-8 * size + rounding)
+                        << shapeOf(quantity).name << " by " << static_cast<int>(differential);
+                }
+            }
+    });
+    EXPECT_GT(compared, 50000);
+}
+
+// 0 times the logarithm of 0 is taken as 0; the logarithm itself and what one more mole would mix are infinite.
+TEST(PhasePoint, HasInfiniteLogarithmsOfNothing)
+{
+    const MixtureModel model = modelOf({"methane", "ethane"});
+    const PhasePoint point(model, 300.0, 1e6, std::array{1.0, 0.0}, Root::vapor);
+    EXPECT_EQ(valuesOf(point, PhaseQuantity::logFugacity)[1], -INFINITY);
+    EXPECT_EQ(valuesOf(point, PhaseQuantity::fugacity)[1], 0.0);
+    EXPECT_EQ(valuesOf(point, PhaseQuantity::entropy, Differential::byMoles)[1], INFINITY);
+    EXPECT_EQ(valuesOf(point, PhaseQuantity::gibbsEnergy, Differential::byMoles)[1], -INFINITY);
+    EXPECT_TRUE(std::isfinite(valueOf(point, PhaseQuantity::entropy)));
+}
+
+// Up to the critical point of a pure fluid, where volume and heat capacity answer without bound.
+TEST(PhasePoint, StaysANumberAtCriticalPoints)
+{
+    for (const EquationOfState equation : equations)
+        for (const CompoundData &compound : compoundTable())
+            for (const double T : {1.0, 1.0 - 1e-12, 1.0 + 1e-9})
+                for (const Root root : {Root::vapor, Root::liquid, Root::stable}) {
+                    RandomPhase phase{.model = std::make_shared<MixtureModel>(modelOf({compound.id}, equation)),
+                                      .temperature = T * compound.criticalTemperature,
+                                      .pressure = compound.criticalPressure,
+                                      .x = {1.0},
+                                      .root = root};
+                    const PhasePoint point = phase.point();
+                    for (int k = 0; k < phaseQuantityCount; ++k)
+                        for (int d = 0; d < differentialCount; ++d)
+                            for (const double value :
+                                 valuesOf(point, static_cast<PhaseQuantity>(k), static_cast<Differential>(d)))
+                                ASSERT_FALSE(std::isnan(value)) << compound.id << " " << k << " by " << d;
+                }
+}
+
+TEST(PhasePoint, StaysANumberInExtremeConditions)
+{
+    for (const EquationOfState equation : equations) {
+        std::vector<const CompoundData *> list;
+        for (const CompoundData &compound : compoundTable())
+            list.push_back(&compound);
+        const MixtureModel model = MixtureModel::of(list, equation);
+        const std::vector<double> x(list.size(), 1.0 / static_cast<double>(list.size()));
+        for (const double T : {20.0, 100.0, 300.0, 1500.0})
+            for (const double P : {1e-2, 1e2, 1e5, 1e7, 1e9})
+                for (const Root root : {Root::vapor, Root::liquid}) {
+                    const PhasePoint point(model, T, P, x, root);
+                    for (int k = 0; k < phaseQuantityCount; ++k)
+                        for (int d = 0; d < differentialCount; ++d)
+                            for (const double value :
+                                 valuesOf(point, static_cast<PhaseQuantity>(k), static_cast<Differential>(d)))
+                                ASSERT_FALSE(std::isnan(value))
+                                    << phaseQuantities()[k].name << " by " << d << " at " << T << " K " << P
+                                    << " Pa, equation " << static_cast<int>(equation) << " root "
+                                    << static_cast<int>(root);
+                }
+    }
+}
+
+TEST(PhasePoint, DoesNotHaveWhatTheLiquidOfAnIdealMixtureLacks)
+{
+    const MixtureModel model = modelOf({"propane"}, EquationOfState::idealMixture);
+    const PhasePoint liquid(model, 280.0, 1e6, std::array{1.0}, Root::liquid);
+    const PhasePoint vapor(model, 280.0, 1e5, std::array{1.0}, Root::vapor);
+    for (const PhaseQuantity quantity : {PhaseQuantity::heatCapacityCv, PhaseQuantity::speedOfSound}) {
+        std::array values{17.0};
+        EXPECT_FALSE(liquid.calculate(quantity, Differential::none, values));
+        EXPECT_EQ(values[0], 17.0);
+        EXPECT_TRUE(vapor.calculate(quantity, Differential::none, values));
+        EXPECT_FALSE(isAvailable(model, Root::liquid, quantity));
+        EXPECT_TRUE(isAvailable(model, Root::vapor, quantity));
+    }
 }
