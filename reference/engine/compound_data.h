@@ -41,6 +41,7 @@ struct CompoundData {
     double criticalCompressibility; // Pc Vc / (R Tc)
     double acentricFactor;          //
     double normalBoilingPoint;      // K at 101325 Pa; NaN for a compound that only sublimes there
+    double normalFreezingPoint;     // K at 101325 Pa
     double triplePointTemperature;  // K
     double triplePointPressure;     // Pa
 
@@ -51,7 +52,6 @@ struct CompoundData {
 
     double dipoleMoment;      // C m
     double parachor;          // kg^0.25 m3 / (s^0.5 mol)
-    double rackettFactor;     // Z_RA of the Rackett equation as Spencer and Danner have it
     double associationFactor; // kappa of Chung et al.
     double diffusionVolume;   // of Fuller et al., m3/mol
 

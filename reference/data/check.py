@@ -1,0 +1,270 @@
+#!/usr/bin/env python3
+"""Compares the columns of the tables with each other and with known_values.csv. Says what does not agree, and ends with 1
+if anything does not.
+
+    check.py [--report] [FOLDER]     --report: how well each kind agrees, too; FOLDER: other tables than those beside it
+"""
+import math
+import sys
+
+from molecule import atoms_of_formula, hill_order, read_smiles
+from tables import FOLDER, by_id, number, rows
+
+R = 8.31446261815324  # J/mol/K, CODATA 2018 (exact)
+
+# Standard atomic weights, abridged (IUPAC, CIAAW 2021).
+WEIGHTS = {"H": 1.008, "He": 4.0026, "C": 12.011, "N": 14.007, "O": 15.999, "F": 18.998, "Ne": 20.180, "S": 32.06,
+           "Cl": 35.45, "Ar": 39.95, "Kr": 83.798, "Xe": 131.29}
+
+# Entropies of the elements at 298.15 K and 1e5 Pa for one atom, J/mol/K: CODATA Key Values for Thermodynamics (1989).
+ELEMENT_ENTROPIES = {"H": 130.680 / 2, "He": 126.153, "C": 5.740, "N": 191.609 / 2, "O": 205.152 / 2, "F": 202.791 / 2,
+                     "Ne": 146.328, "S": 32.054, "Cl": 223.081 / 2, "Ar": 154.846, "Kr": 164.085, "Xe": 169.685}
+
+# Fuller, Ensley, Giddings (1969), cm3/mol: molecules that have a volume of their own, atoms, and what a ring takes off.
+MOLECULE_VOLUMES = {"He": 2.67, "Ne": 5.98, "Ar": 16.2, "Kr": 24.5, "Xe": 32.7, "H2": 6.12, "N2": 18.5, "O2": 16.3,
+                    "CO": 18.0, "CO2": 26.9, "N2O": 35.9, "H3N": 20.7, "H2O": 13.1, "O2S": 41.8}
+ATOM_VOLUMES = {"C": 15.9, "H": 2.31, "O": 6.11, "N": 4.54, "F": 14.7, "Cl": 21.0, "S": 22.9}
+RING_VOLUME = -18.3
+
+# Heat capacities that no independent value is known for here: tables made from the equation of state itself.
+WITHOUT_KNOWN_HEAT_CAPACITY = {"R-125", "R-134a", "R-143a", "R-152a", "R-1234yf"}
+
+
+class Comparison:
+    """Collects deviations by kind, and complaints about those that are too large."""
+
+    def __init__(self):
+        self.deviations = {}
+        self.complaints = []
+
+    def complain(self, compound, text):
+        self.complaints.append(f"{compound}: {text}")
+
+    def near(self, kind, compound, value, expected, absolute=None, relative=None, where=""):
+        deviation = value - expected if absolute is not None else value / expected - 1.0
+        limit = absolute if absolute is not None else relative
+        self.deviations.setdefault(kind, []).append((abs(deviation), compound, limit))
+        if not abs(deviation) <= limit:
+            self.complain(compound, f"{kind}{where} is {value:.6g}, not {expected:.6g}")
+
+
+def powers(row, q, first):
+    return sum(number(row[f"n{k}"]) * q**number(row[f"t{k}"]) for k in range(first, 7) if row[f"n{k}"])
+
+
+def vapor_pressure(row, T):
+    """Pa"""
+    T0 = number(row["T0_K"])
+    return number(row["p0_Pa"]) * math.exp(T0 / T * powers(row, max(1.0 - T / T0, 0.0), 1))
+
+
+def liquid_density(row, T):
+    """mol/m3"""
+    q = max(1.0 - T / number(row["T0_K"]), 0.0)
+    first, factor, exponent = (number(row[name]) for name in ("A_or_r0", "B_or_n1", "D_or_t1"))
+    if row["form"] == "rackett":
+        return 1e3 * first / factor ** (1.0 + q**exponent)
+    return 1e3 * first * (1.0 + factor * q**exponent + powers(row, q, 2))
+
+
+def heat_capacity(row, T):
+    """J/mol/K"""
+    return R * sum(number(row[f"a{k}"]) * T**k for k in range(5))
+
+
+class Tables:
+    def __init__(self, folder):
+        self.identities = by_id("identities", folder)
+        self.constants = by_id("constants", folder)
+        self.heat = by_id("ideal_gas_heat_capacity", folder)
+        self.formation = by_id("formation", folder)
+        self.pressure = by_id("vapor_pressure", folder)
+        self.density = by_id("liquid_density", folder)
+        self.transport = by_id("transport", folder)
+        self.interactions = rows("interaction_parameters", folder)
+        self.known = rows("known_values", folder)
+
+    def constant(self, compound, column):
+        return number(self.constants[compound][column])
+
+
+def check_completeness(tables, result):
+    for name in ("constants", "heat", "formation", "pressure", "density", "transport"):
+        ids = getattr(tables, name)
+        for compound in tables.identities:
+            if compound not in ids:
+                result.complain(compound, f"is missing from the table of {name}")
+        for compound in ids:
+            if compound not in tables.identities:
+                result.complain(compound, f"stands in the table of {name} only")
+
+
+def check_identities(tables, result):
+    seen = {}
+    for compound, row in tables.identities.items():
+        digits = row["cas"].replace("-", "")
+        total = sum((k + 1) * int(digit) for k, digit in enumerate(reversed(digits[:-1])))
+        if total % 10 != int(digits[-1]):
+            result.complain(compound, f"CAS number {row['cas']} has a wrong check digit")
+        for column in ("iupac_name", "cas", "smiles"):
+            other = seen.setdefault((column, row[column]), compound)
+            if other != compound:
+                result.complain(compound, f"has the {column} of {other}")
+        atoms = atoms_of_formula(row["formula"])
+        if hill_order(atoms) != row["formula"]:
+            result.complain(compound, f"formula {row['formula']} is not in Hill order")
+        from_smiles, rings = read_smiles(row["smiles"])
+        if from_smiles != atoms:
+            result.complain(compound, f"SMILES {row['smiles']} is {hill_order(from_smiles)}, not {row['formula']}")
+        result.near("molecular weight", compound, tables.constant(compound, "molecular_weight"),
+                    sum(WEIGHTS[element] * count for element, count in atoms.items()), relative=2e-4)
+        volume = MOLECULE_VOLUMES.get(row["formula"])
+        if volume is None:
+            volume = sum(ATOM_VOLUMES[element] * count for element, count in atoms.items()) + rings * RING_VOLUME
+        result.near("diffusion volume", compound, number(tables.transport[compound]["diffusion_volume_cm3/mol"]),
+                    volume, absolute=1e-6)
+
+
+def check_constants(tables, result):
+    for compound in tables.identities:
+        Tc, Tb, Tf, Tt = (tables.constant(compound, name) for name in (
+            "critical_temperature_K", "boiling_point_K", "freezing_point_K", "triple_temperature_K"))
+        pc, density = (tables.constant(compound, name) for name in ("critical_pressure_Pa",
+                                                                   "critical_density_mol/dm3"))
+        known = [value["value"] for value in tables.known
+                 if value["id"] == compound and value["property"] == "critical_compressibility"]
+        for value in known:
+            result.near("critical compressibility", compound, pc / (R * Tc * density * 1e3), number(value),
+                        absolute=0.008)
+        rising = [T for T in (Tt or Tf, Tb, Tc) if T]
+        if rising != sorted(rising):
+            result.complain(compound, f"freezing, boiling and critical temperature do not rise: {rising}")
+        if Tf and Tt:
+            result.near("freezing point", compound, Tf, Tt, absolute=1.0)
+
+
+def check_vapor_pressure(tables, result):
+    for compound, row in tables.pressure.items():
+        Tc, pc, omega, Tb, Tt, pt = (tables.constant(compound, name) for name in (
+            "critical_temperature_K", "critical_pressure_Pa", "acentric_factor", "boiling_point_K",
+            "triple_temperature_K", "triple_pressure_Pa"))
+        if Tb:
+            result.near("vapour pressure at the boiling point", compound, vapor_pressure(row, Tb), 101325.0,
+                        relative=0.003)
+        end = min(Tc, number(row["T0_K"]))
+        result.near("vapour pressure at the critical point", compound, vapor_pressure(row, end), pc, relative=0.01)
+        result.near("acentric factor", compound, -math.log10(vapor_pressure(row, 0.7 * Tc) / pc) - 1.0, omega,
+                    absolute=0.003)
+        if pt and Tt >= number(row["lowest_K"]):
+            result.near("vapour pressure at the triple point", compound, vapor_pressure(row, Tt), pt,
+                        relative=0.02 if pt > 100.0 else 0.10)
+        lowest = number(row["lowest_K"])
+        values = [vapor_pressure(row, lowest + (end - lowest) * k / 50.0) for k in range(51)]
+        if values != sorted(values):
+            result.complain(compound, "vapour pressure does not rise with temperature")
+
+
+def check_liquid_density(tables, result):
+    for compound, row in tables.density.items():
+        lowest, T0 = number(row["lowest_K"]), number(row["T0_K"])
+        values = [liquid_density(row, lowest + (T0 - lowest) * k / 50.0) for k in range(51)]
+        if compound != "water" and values != sorted(values, reverse=True):
+            result.complain(compound, "density of the liquid does not fall with temperature")
+        result.near("end of the liquid density", compound, values[-1],
+                    1e3 * tables.constant(compound, "critical_density_mol/dm3"), relative=0.06)
+        result.near("end of the range of the liquid density", compound, T0,
+                    tables.constant(compound, "critical_temperature_K"), relative=0.003)
+
+
+def check_heat_capacity(tables, result):
+    for compound, row in tables.heat.items():
+        for T in range(50, 1201, 50):
+            if heat_capacity(row, T) < 2.4 * R:
+                result.complain(compound, f"heat capacity at {T} K is {heat_capacity(row, T):.4g}, below that of atoms")
+
+
+def check_formation(tables, result):
+    for compound, row in tables.formation.items():
+        H, G, S = (number(row[name]) for name in ("enthalpy_kJ/mol", "gibbs_energy_kJ/mol", "entropy_J/mol/K"))
+        if None in (H, G, S):
+            continue
+        atoms = atoms_of_formula(tables.identities[compound]["formula"])
+        elements = sum(ELEMENT_ENTROPIES[element] * count for element, count in atoms.items())
+        result.near("Gibbs energy of formation", compound, G, H - 0.29815 * (S - elements), absolute=0.45)
+
+
+def check_known_values(tables, result):
+    limits = {"heat_capacity": 0.016, "liquid_density": 0.01, "vapor_pressure": 0.02, "surface_tension": 0.05}
+    with_heat_capacity = set()
+    for row in tables.known:
+        compound, kind = row["id"], row["property"]
+        if compound not in tables.identities:
+            result.complain(compound, "stands in the table of known values only")
+            continue
+        if kind == "critical_compressibility":
+            continue
+        T = number(row["temperature_K"])
+        if kind == "heat_capacity":
+            value = heat_capacity(tables.heat[compound], T)
+            with_heat_capacity.add(compound)
+        elif kind == "vapor_pressure":
+            value = vapor_pressure(tables.pressure[compound], T)
+        else:
+            value = liquid_density(tables.density[compound], T)
+            if kind == "surface_tension":
+                value = (number(tables.transport[compound]["parachor"]) * 1e-6 * value) ** 4
+            else:
+                value *= 1e-3 * tables.constant(compound, "molecular_weight")
+        result.near(kind.replace("_", " "), compound, value, number(row["value"]), relative=limits[kind],
+                    where=f" at {T:g} K ({row['source']})")
+    for compound in tables.identities:
+        if (compound in with_heat_capacity) == (compound in WITHOUT_KNOWN_HEAT_CAPACITY):
+            result.complain(compound, "has no known heat capacity to compare with, or should not have one")
+
+
+def check_interactions(tables, result):
+    seen = set()
+    for row in tables.interactions:
+        pair = frozenset((row["first"], row["second"]))
+        name = f"{row['first']} and {row['second']}"
+        if pair in seen:
+            result.complain(name, "stand in the table of interaction parameters twice")
+        seen.add(pair)
+        if len(pair) != 2 or not pair <= set(tables.identities):
+            result.complain(name, "are no two compounds")
+        for column in ("peng_robinson", "soave_redlich_kwong"):
+            if abs(number(row[column]) or 0.0) > 0.5:
+                result.complain(name, f"have the interaction parameter {row[column]}")
+        values = [number(row[column]) for column in ("peng_robinson", "soave_redlich_kwong")]
+        if None not in values:
+            result.near("interaction parameter of one equation", name, values[0], values[1], absolute=0.05)
+
+
+def compare(folder=FOLDER):
+    """The outcome of all checks of the tables in a folder."""
+    tables = Tables(folder)
+    result = Comparison()
+    check_completeness(tables, result)
+    if not result.complaints:
+        for check in (check_identities, check_constants, check_vapor_pressure, check_liquid_density,
+                      check_heat_capacity, check_formation, check_known_values, check_interactions):
+            check(tables, result)
+    return result
+
+
+def main():
+    arguments = [argument for argument in sys.argv[1:] if argument != "--report"]
+    result = compare(*arguments)
+    if "--report" in sys.argv:
+        for kind, deviations in result.deviations.items():
+            largest = max(deviations)
+            mean = sum(deviation for deviation, _, _ in deviations) / len(deviations)
+            print(f"{kind:40} {len(deviations):4} values, mean {mean:.2g}, largest {largest[0]:.2g} ({largest[1]})")
+    for complaint in result.complaints:
+        print(complaint)
+    print(f"{sum(map(len, result.deviations.values()))} values compared, {len(result.complaints)} do not agree")
+    return 1 if result.complaints else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
