@@ -93,7 +93,7 @@ TEST(FindCompound, KnowsNoOtherNames)
 
 TEST(InteractionParameter, IsTheSameInBothDirections)
 {
-    for (const CubicEquation equation : {CubicEquation::pengRobinson, CubicEquation::soaveRedlichKwong})
+    for (const EquationOfState equation : {EquationOfState::pengRobinson, EquationOfState::soaveRedlichKwong})
         for (const CompoundData &first : compoundTable())
             for (const CompoundData &second : compoundTable())
                 EXPECT_EQ(interactionParameter(first.id, second.id, equation),
@@ -111,6 +111,6 @@ TEST(InteractionParameter, IsThePublishedOne)
 
 TEST(InteractionParameter, IsThatOfTheEquation)
 {
-    EXPECT_EQ(interactionParameter("carbon dioxide", "methane", CubicEquation::pengRobinson), 0.105);
-    EXPECT_EQ(interactionParameter("carbon dioxide", "methane", CubicEquation::soaveRedlichKwong), 0.093);
+    EXPECT_EQ(interactionParameter("carbon dioxide", "methane", EquationOfState::pengRobinson), 0.105);
+    EXPECT_EQ(interactionParameter("carbon dioxide", "methane", EquationOfState::soaveRedlichKwong), 0.093);
 }

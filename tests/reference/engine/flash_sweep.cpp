@@ -160,10 +160,10 @@ private:
     MixtureModel randomModel()
     {
         std::vector<const CompoundData *> list;
-        const std::span<const CompoundData> table = compoundTable();
+        const std::vector<const CompoundData *> table = naturalGasList();
         const std::size_t wanted = 1 + random() % std::min<std::size_t>(12, table.size());
         while (list.size() < wanted) {
-            const CompoundData *chosen = &table[random() % table.size()];
+            const CompoundData *chosen = table[random() % table.size()];
             if (std::ranges::find(list, chosen) == list.end())
                 list.push_back(chosen);
         }

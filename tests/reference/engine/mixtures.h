@@ -22,12 +22,16 @@ inline MixtureModel modelOf(const std::vector<std::string_view> &ids,
     return MixtureModel::of(list, equation);
 }
 
-inline MixtureModel modelOfAll()
+// What the package of natural gas has.
+inline const std::vector<std::string_view> naturalGasCompounds = {
+    "methane",    "ethane",   "propane",  "n-butane",       "isobutane",        "n-pentane",
+    "isopentane", "n-hexane", "nitrogen", "carbon dioxide", "hydrogen sulfide",
+};
+inline std::vector<const CompoundData *> naturalGasList()
 {
     std::vector<const CompoundData *> list;
-    for (const CompoundData &compound : compoundTable())
-        list.push_back(&compound);
-    return MixtureModel::of(list);
+    std::ranges::transform(naturalGasCompounds, std::back_inserter(list), findCompound);
+    return list;
 }
 
 // A pipeline gas in the demo's composition: its compounds, and their mole fractions.
