@@ -1,6 +1,6 @@
 #!/bin/sh
-# Builds what ships and packs it into dist/: a zip and a setup program for Windows, a tar for Linux. The same sources
-# and tools give the same bytes; scripts/check_dist.sh makes sure of it.
+# Builds what ships and packs it into dist/: a zip and a setup program for Windows, a tar for Linux, and a package for
+# Octave. The same sources and tools give the same bytes; scripts/check_dist.sh makes sure of it.
 #
 #   scripts/dist.sh [FOLDER]        FOLDER is dist unless it says otherwise
 set -eu
@@ -36,18 +36,10 @@ rm -f "$output/Verdanth-$version-win64.zip"
 scripts/make_setup.sh "$stage/windows/Verdanth" "$output/Verdanth-$version-setup.exe"
 
 linux=$stage/linux/verdanth
-mkdir -p "$linux/lib/registry.d" "$linux/toolbox" "$linux/doc"
-for file in Verdanth.so Verdanth.mex VerdanthReference.so libverdanth_platform.so libverdanth_matlab.so libverdanth_octave.so; do
-    # The build id would tell of folders and of debug information that is not there.
-    strip --strip-unneeded --remove-section=.note.gnu.build-id -o "$linux/lib/$file" "build/linux/$file"
-done
-cp build/linux/registry.d/VerdanthReference.reg "$linux/lib/registry.d/"
-scripts/stage_toolbox.sh "$linux/toolbox"
-cp build/linux/guide/*.html build/linux/guide/style.css "$linux/doc/"
-cp README.md "$linux/"
-find "$linux" -exec chmod u=rwX,go=rX {} +
+scripts/stage_linux.sh "$linux"
 same_time "$linux"
 tar -C "$stage/linux" --sort=name --owner=0 --group=0 --numeric-owner --format=ustar -cf - verdanth |
     gzip -9 -n >"$output/verdanth-linux-x64.tar.gz"
+scripts/dist_octave.sh "$linux" "$output"
 
 ls -l "$output"
