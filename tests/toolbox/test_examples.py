@@ -3,6 +3,7 @@
 EXAMPLE is a script of toolbox/examples/, SOURCE the root of the project, BUILD the folder of Verdanth.mex.
 """
 
+import math
 import pathlib
 import re
 import struct
@@ -50,6 +51,30 @@ class Examples(unittest.TestCase):
         capacity = 1000 * duty / 160 / (cold - 200)
         self.assertTrue(35 < capacity < 41, capacity)
         self.assertTrue(200 < gas < 300)
+
+    def test_compressor(self):
+        least, work, efficiency = numbers_in(r"bar: (\d+) J/mol without losses, (\d+) J/mol with an efficiency of ([\d.]+)", self.text)
+        # An isentrope's enthalpy rises by the integral of the volume over the pressure.
+        integral, = numbers_in(r"integral of the volume over the pressure: (\d+) J/mol", self.text)
+        self.assertAlmostEqual(least / integral, 1, delta=1e-3)
+        self.assertAlmostEqual(least / work, efficiency, delta=1e-3)
+        isentropic, real = numbers_in(r"outlet at ([\d.]+) K without losses, at ([\d.]+) K", self.text)
+        # The ideal gas with the heat capacity of methane, 36 to 40 J/(mol K): 300 K * 5 ^ (R / cp).
+        self.assertTrue(300 * 5 ** (8.314 / 42) < isentropic < 300 * 5 ** (8.314 / 36))
+        self.assertGreater(real, isentropic + 10)
+
+    def test_distillationColumn(self):
+        self.assertLess(numbers_in(r"error of a balance: ([\d.e+-]+)", self.text)[0], 1e-4)
+        rows = {name: [float(number) for number in rest.split()[:3]]
+                for name, rest in re.findall(r"(?m)^(propane|n-\w+) +(.*) %$", self.text)}
+        self.assertEqual(len(rows), 4)
+        for column in range(3):
+            self.assertAlmostEqual(sum(row[column] for row in rows.values()), 1, delta=2e-4)
+        # Fenske's least number of stages for what is reached, at a relative volatility of butane to pentane of 2.2 to 3:
+        # below the twelve of the column, and not by much.
+        (_, butane, butane_left), (_, pentane, pentane_left) = rows["n-butane"], rows["n-pentane"]
+        separation = math.log(butane / butane_left * pentane_left / pentane)
+        self.assertTrue(5 < separation / math.log(3) < separation / math.log(2.2) < 10)
 
     def test_newtonSolver(self):
         before, behind, newton = numbers_in(r"([\d.]+) K before the valve, ([\d.]+) K behind it, found in (\d+) calls", self.text)

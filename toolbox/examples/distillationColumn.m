@@ -1,9 +1,9 @@
 % A distillation column by the bubble-point method: propane and butanes from pentanes in a few stages.
 %
 %   Each stage is an equilibrium of boiling liquid and its vapor. The flows are taken as the same from stage to stage in
-%   each section. In turns, the balances of all stages are solved for the liquids, which is a tridiagonal system for each
-%   compound, and the liquids are brought to their boiling points by flashes at pressure and vapor fraction 0, which give
-%   new ratios K of vapor to liquid fractions. (Wang and Henke 1966.)
+%   each section. In turns, the balances of all stages are solved for the liquids, which is a tridiagonal system for
+%   each compound, and the liquids are brought to their boiling points by flashes at pressure and vapor fraction 0,
+%   which give new ratios K of vapor to liquid fractions. (Wang and Henke 1966.)
 addpath(fileparts(fileparts(mfilename('fullpath'))));
 p = capeopen.Package('Verdanth Reference Packages', 'Natural gas');
 names = p.Compounds;
@@ -30,7 +30,7 @@ drawn(1) = D;
 x = repmat(feed, stages, 1);
 T = zeros(stages, 1);
 K = zeros(stages, numel(names));
-for turn = 1:100
+for turn = 1:500
     before = T;
     for j = 1:stages
         r = p.flash(x(j, :), 'Pressure', P, 'vaporFraction', 0);
