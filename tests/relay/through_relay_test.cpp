@@ -74,6 +74,18 @@ struct Content {
 
 } // namespace
 
+TEST(PackageRegistration64, StaysInTheViewOfItsOwnBitness)
+{
+    const std::string key = "CLSID\\" + standAloneClass;
+    {
+        const PackageOf64Bits package;
+        EXPECT_EQ(installation::registeredText(KEY_WOW64_64KEY, key + "\\InprocServer32"),
+                  Narrow(installation::fileHere(L"VerdanthReference.dll")));
+        EXPECT_FALSE(installation::keyExists(KEY_WOW64_32KEY, key));
+    }
+    EXPECT_FALSE(installation::keyExists(KEY_WOW64_64KEY, key));
+}
+
 TEST_F(PackageOf32Bits, IsListed)
 {
     EXPECT_EQ(mustReturn(1, {Scalar(1)})[0].texts(), Names({standAloneName, managerName}));
@@ -120,9 +132,8 @@ TEST_F(PackageOf32Bits, CanBeClosedAndOpenedAgainAndTheRelayGoesWithTheLibrary)
 
 TEST_F(PackageOf32Bits, LeavesNoRelayBehindAProcessThatDies)
 {
-    const WideString packageClass = L"{8337DA1D-2C46-4715-9C96-CFCE8AE51506}";
     for (const WCHAR *end : {L"exit ", L"die "}) {
-        EXPECT_EQ(installation::run(installation::fileHere(L"relay_deserter.exe"), end + packageClass), 7u);
+        EXPECT_EQ(installation::run(installation::fileHere(L"relay_deserter.exe"), end + Wide(standAloneClass)), 7u);
         EXPECT_TRUE(installation::relaysEnd());
     }
 }

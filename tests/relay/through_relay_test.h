@@ -13,6 +13,7 @@ inline const std::string relayTail =
 inline std::vector<std::string> RelayWarning(const std::string &name) { return {"CAPE-OPEN: " + name + relayTail}; }
 
 inline constexpr const char *standAloneName = "Verdanth Natural Gas (stand-alone)";
+inline const std::string standAloneClass = "{8337DA1D-2C46-4715-9C96-CFCE8AE51506}";
 inline constexpr const char *managerName = "Verdanth Reference Packages";
 inline constexpr const char *packageName = "Natural gas";
 
