@@ -237,7 +237,12 @@ def check_interactions(tables, result):
                 result.complain(name, f"have the interaction parameter {row[column]}")
         values = [number(row[column]) for column in ("peng_robinson", "soave_redlich_kwong")]
         if None not in values:
-            result.near("interaction parameter of one equation", name, values[0], values[1], absolute=0.05)
+            # With hydrogen they make good for what the equations assume far above the critical point, each its own way.
+            limit = 0.2 if "hydrogen" in pair else 0.05
+            result.near("interaction parameter (Peng-Robinson against Soave)", name, values[0], values[1], absolute=limit)
+        for column in ("peng_robinson", "soave_redlich_kwong"):
+            if (row[column] == "") != (row[column + "_source"] == ""):
+                result.complain(name, f"have a value of {column} without a source, or the other way round")
 
 
 def compare(folder=FOLDER):
@@ -259,7 +264,7 @@ def main():
         for kind, deviations in result.deviations.items():
             largest = max(deviations)
             mean = sum(deviation for deviation, _, _ in deviations) / len(deviations)
-            print(f"{kind:40} {len(deviations):4} values, mean {mean:.2g}, largest {largest[0]:.2g} ({largest[1]})")
+            print(f"{kind:52} {len(deviations):4} values, mean {mean:.2g}, largest {largest[0]:.2g} ({largest[1]})")
     for complaint in result.complaints:
         print(complaint)
     print(f"{sum(map(len, result.deviations.values()))} values compared, {len(result.complaints)} do not agree")

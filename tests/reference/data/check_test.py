@@ -119,8 +119,12 @@ class WrongValues(unittest.TestCase):
         self.expect("nitrogen and nitrogen: are no two compounds", "interaction_parameters", "nitrogen", "methane", "nitrogen")
 
     def test_interaction_parameters_that_differ(self):
-        self.expect("carbon dioxide and ethane: interaction parameter of one equation is 0.31, not 0.136",
+        self.expect("carbon dioxide and ethane: interaction parameter (Peng-Robinson against Soave) is 0.31, not 0.136",
                     "interaction_parameters", "carbon dioxide,ethane", "0.130", "0.310")
+
+    def test_value_without_source(self):
+        self.expect("oxygen and argon: have a value of peng_robinson without a source", "interaction_parameters",
+                    "oxygen,argon", "Knapp", "")
 
 
 if __name__ == "__main__":

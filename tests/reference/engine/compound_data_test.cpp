@@ -114,3 +114,8 @@ TEST(InteractionParameter, IsThatOfTheEquation)
     EXPECT_EQ(interactionParameter("carbon dioxide", "methane", EquationOfState::pengRobinson), 0.105);
     EXPECT_EQ(interactionParameter("carbon dioxide", "methane", EquationOfState::soaveRedlichKwong), 0.093);
 }
+
+TEST(InteractionParameter, IsZeroForIdealMixtures)
+{
+    EXPECT_EQ(interactionParameter("carbon dioxide", "methane", EquationOfState::idealMixture), 0.0);
+}
