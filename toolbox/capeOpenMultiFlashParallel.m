@@ -36,6 +36,8 @@ function varargout = capeOpenMultiFlashParallel(manager, package, varargin)
 %   time by capeOpenMultiFlash, whose warnings are then seen.
 %
 %   Errors:
+%     'Invalid number of arguments for capeOpenMultiFlashParallel'
+%             There are fewer than have to be given.
 %     'no such package manager: "..."'
 %             This and the other errors of capeOpenCreate are possible.
 %     'Inconsistent number of rows for compositions and constraint values'
@@ -52,6 +54,9 @@ function varargout = capeOpenMultiFlashParallel(manager, package, varargin)
 %     fraction([1 end])
 %
 %   See also capeOpenMultiFlash, capeOpenCreate, capeOpenBasis.
+if nargin < 2
+    error('Verdanth:error', 'Invalid number of arguments for capeOpenMultiFlashParallel');
+end
 p = capeopen.Package(manager, package); % its errors come before any worker starts
 outputs = max(nargout, 1);
 varargout = cell(1, outputs);

@@ -25,6 +25,8 @@ function [T, P, vaporFraction, critical] = capeOpenPhaseEnvelope(handle, Z, Pmin
 %             NaN if the curve did not come to one
 %
 %   Errors:
+%     'Invalid number of arguments for capeOpenPhaseEnvelope'
+%             There are fewer than have to be given.
 %     'Invalid property package handle'
 %             The package is not open: it was released, MATLAB cleared
 %             Verdanth, or the value is not an int32 scalar.
@@ -45,6 +47,9 @@ function [T, P, vaporFraction, critical] = capeOpenPhaseEnvelope(handle, Z, Pmin
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenPxy, capeOpenTxy, capeOpenMultiFlash.
+if nargin < 2
+    error('Verdanth:error', 'Invalid number of arguments for capeOpenPhaseEnvelope');
+end
 if nargin < 3
     Pmin = 1e5;
 end

@@ -21,6 +21,8 @@ function [x, P, y] = capeOpenPxy(handle, compounds, T)
 %     y       the same fraction in the vapor, double N-by-1
 %
 %   Errors:
+%     'Invalid number of arguments for capeOpenPxy'
+%             There are fewer than have to be given.
 %     'Invalid property package handle'
 %             The package is not open: it was released, MATLAB cleared
 %             Verdanth, or the value is not an int32 scalar.
@@ -42,6 +44,9 @@ function [x, P, y] = capeOpenPxy(handle, compounds, T)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenTxy, capeOpenPhaseEnvelope, capeOpenFlash.
+if nargin < 3
+    error('Verdanth:error', 'Invalid number of arguments for capeOpenPxy');
+end
 [x, P, y] = binaryPhaseDiagram(handle, compounds, 'Temperature', T);
 drawBinaryDiagram(x, P / 1e5, y, compounds, 'pressure / bar', ...
                   sprintf('%s and %s at %g K', compounds{:}, T), 'northwest');

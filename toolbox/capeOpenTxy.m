@@ -21,6 +21,8 @@ function [x, T, y] = capeOpenTxy(handle, compounds, P)
 %     y       the same fraction in the vapor, double N-by-1
 %
 %   Errors:
+%     'Invalid number of arguments for capeOpenTxy'
+%             There are fewer than have to be given.
 %     'Invalid property package handle'
 %             The package is not open: it was released, MATLAB cleared
 %             Verdanth, or the value is not an int32 scalar.
@@ -42,6 +44,9 @@ function [x, T, y] = capeOpenTxy(handle, compounds, P)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenPxy, capeOpenPhaseEnvelope, capeOpenFlash.
+if nargin < 3
+    error('Verdanth:error', 'Invalid number of arguments for capeOpenTxy');
+end
 [x, T, y] = binaryPhaseDiagram(handle, compounds, 'Pressure', P);
 drawBinaryDiagram(x, T, y, compounds, 'temperature / K', ...
                   sprintf('%s and %s at %g bar', compounds{:}, P / 1e5), 'northeast');

@@ -151,6 +151,9 @@ function wrong_arguments_are_named(toolbox)
     [h, Z] = opened();
     two = {'propane', 'n-pentane'};
     cases = {
+        'PhaseEnvelope', 'Invalid number of arguments for capeOpenPhaseEnvelope', @() capeOpenPhaseEnvelope(h)
+        'Pxy', 'Invalid number of arguments for capeOpenPxy', @() capeOpenPxy(h, two)
+        'Txy', 'Invalid number of arguments for capeOpenTxy', @() capeOpenTxy()
         'PhaseEnvelope', 'Invalid property package handle', @() capeOpenPhaseEnvelope(7, Z)
         'PhaseEnvelope', 'Invalid number of values for compositions: must match number of compounds', @() capeOpenPhaseEnvelope(h, Z(1:4))
         'PhaseEnvelope', 'A phase envelope needs two or more compounds', @() capeOpenPhaseEnvelope(h, double(1:11 == 3))

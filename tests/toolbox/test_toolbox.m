@@ -214,6 +214,33 @@ function the_words_of_errors_arrive_unchanged_and_stand_in_the_help(toolbox)
     capeOpenRelease(h);
 end
 
+% The arguments as the help has them: one fewer, one more, and a handle of no package.
+function every_function_refuses_a_wrong_number_of_arguments_and_a_wrong_handle(toolbox)
+    table = command_table();
+    names = [table.plain(:, 2); table.silent(:, 2); table.counted(:, 2); {'Flash'; 'MultiFlash'}];
+    check(numel(names) == 27, '%d functions', numel(names));
+    with_handle = 0;
+    for k = 1:numel(names)
+        name = ['capeOpen' names{k}];
+        lines = strsplit(fileread(fullfile(toolbox, [name '.m'])), '\n');
+        listed = regexp(lines{4}, [name '\((.*)\)$'], 'tokens', 'once');
+        arguments_of_help = strsplit(listed{1}, ', ');
+        count = numel(arguments_of_help) - isempty(listed{1});
+        for wrong = setdiff([count - 1, count + 1], -1)
+            given = [{int32(-1)}, repmat({'x'}, 1, count)](1:wrong);
+            message = message_of(@() feval(name, given{:}));
+            check(strcmp(message, 'Invalid number of arguments for Verdanth'), '%s with %d arguments: %s', name, wrong, message);
+        end
+        if strcmp(arguments_of_help{1}, 'handle')
+            given = [{int32(-1)}, repmat({'x'}, 1, count - 1)];
+            message = message_of(@() feval(name, given{:}));
+            check(strcmp(message, 'Invalid property package handle'), '%s: %s', name, message);
+            with_handle = with_handle + 1;
+        end
+    end
+    check(with_handle == 18, '%d functions take a handle', with_handle);
+end
+
 function text_of_any_alphabet_passes(toolbox)
     check(strcmp(message_of(@() capeOpenPackageList('Gärung 水')), 'no such package manager: "Gärung 水"'), 'changed');
 end
