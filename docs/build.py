@@ -91,10 +91,22 @@ def function_table(helps):
     return "<table>\n" + "\n".join(rows) + "\n</table>"
 
 
+def example_table():
+    """The scripts in toolbox/examples/, each with the first line of its comment."""
+    rows = []
+    for path in sorted((TOOLBOX / "examples").glob("*.m")):
+        first = path.read_text(encoding="ascii").splitlines()[0]
+        if first.startswith("% "):
+            rows.append(f"<tr><td><code>{path.stem}</code></td><td>{html.escape(first[2:], quote=False)}</td></tr>")
+    return "<table>\n" + "\n".join(rows) + "\n</table>"
+
+
 def page_body(name, version, helps):
     body = source_of(name).replace("{{version}}", version)
     if "{{functions}}" in body:
         body = body.replace("{{functions}}", function_table(helps))
+    if "{{examples}}" in body:
+        body = body.replace("{{examples}}", example_table())
     if "{{properties}}" in body:
         body = body.replace("{{properties}}", property_tables())
     return resolve_links(body, helps)

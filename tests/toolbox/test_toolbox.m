@@ -124,7 +124,7 @@ end
 % The scripts in the pages of the guide, one after the other.
 function the_scripts_of_the_guide_run(toolbox)
     addpath(fullfile(fileparts(mfilename('fullpath')), 'no_plots'));
-    for page = {'index', 'arrays', 'basis'}
+    for page = {'index', 'arrays', 'basis', 'examples'}
         text = fileread(fullfile(toolbox, '..', 'docs', 'pages', [page{1} '.html']));
         blocks = regexp(text, '<pre>(.*?)</pre>', 'tokens');
         check(~isempty(blocks), '%s has no script', page{1});
