@@ -5,6 +5,7 @@ help:
 	@echo "make test     all tests: native with sanitizers, native, and the Windows build under Wine"
 	@echo "make bench    the measurements in bench/"
 	@echo "make coverage the lines of the library that the native tests reach, into build/linux-coverage/coverage"
+	@echo "make plots    draws the plots of the user guide anew"
 	@echo "make dist     what ships, packed into dist/"
 	@echo "make check-dist  whether what ships has the same bytes when it is made again"
 	@echo "make format   lays out the sources with clang-format"
@@ -29,6 +30,10 @@ coverage:
 	@scripts/bootstrap.sh coverage
 	@scripts/coverage.sh
 
+plots:
+	@scripts/bootstrap.sh plots
+	@scripts/plots.sh
+
 dist:
 	@scripts/bootstrap.sh
 	@scripts/dist.sh
@@ -49,4 +54,4 @@ clean:
 	@[ ! -d build/wine ] || scripts/wine.sh --kill
 	@rm -rf build dist
 
-.PHONY: help demo test bench coverage dist check-dist format lint clean
+.PHONY: help demo test bench coverage plots dist check-dist format lint clean

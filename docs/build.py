@@ -157,7 +157,7 @@ def matlab_contents(entries):
     return "\n".join(lines + ["</tocitem>"] * (depth + 1) + ["</toc>"]) + "\n"
 
 
-def project(version, entries):
+def project(version, entries, images):
     options = {
         "Compatibility": "1.1 or later", "Compiled file": "Verdanth.chm", "Contents file": "Verdanth.hhc",
         "Index file": "Verdanth.hhk", "Default topic": entries[0].file, "Default Window": "main", "Full-text search": "Yes",
@@ -166,7 +166,7 @@ def project(version, entries):
     first = entries[0].file
     window = f'main="Verdanth {version}","Verdanth.hhc","Verdanth.hhk","{first}","{first}",,,,,0x63520,,0x387e,,,,,,,,0'
     lines = ["[OPTIONS]", *(f"{key}={value}" for key, value in options.items()), "", "[WINDOWS]", window, "", "[FILES]"]
-    return "\n".join(lines + [entry.file for entry in entries] + ["style.css", "", "[INFOTYPES]", ""])
+    return "\n".join(lines + [entry.file for entry in entries] + ["style.css", *images, "", "[INFOTYPES]", ""])
 
 
 def main(version, folder):
@@ -176,13 +176,16 @@ def main(version, folder):
         old.unlink()
     entries = read_contents(version)
     shutil.copyfile(DOCS / "style.css", folder / "style.css")
+    images = sorted(path.name for path in (DOCS / "images").glob("*.png"))
+    for image in images:
+        shutil.copyfile(DOCS / "images" / image, folder / image)
     for entry in entries:
         where = "Verdanth " + version if entry is entries[0] else f'<a href="{entries[0].file}">Verdanth {version}</a>'
         write_ascii(folder / entry.file, PAGE.format(title=entry.title, where=where, body=entry.body))
     write_ascii(folder / "Verdanth.hhc", sitemap(entries, nested=True))
     write_ascii(folder / "Verdanth.hhk", sitemap(sorted(entries, key=lambda entry: entry.title.lower()), nested=False))
     write_ascii(folder / "helptoc.xml", matlab_contents(entries))
-    write_ascii(folder / "Verdanth.hhp", project(version, entries))
+    write_ascii(folder / "Verdanth.hhp", project(version, entries, images))
 
 
 if __name__ == "__main__":

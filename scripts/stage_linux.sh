@@ -11,6 +11,6 @@ for file in Verdanth.so Verdanth.mex VerdanthReference.so libverdanth_platform.s
 done
 cp build/linux/registry.d/VerdanthReference.reg "$1/lib/registry.d/"
 scripts/stage_toolbox.sh "$1/toolbox"
-cp build/linux/guide/*.html build/linux/guide/style.css "$1/doc/"
+cp build/linux/guide/*.html build/linux/guide/*.png build/linux/guide/style.css "$1/doc/"
 cp README.md "$1/"
 find "$1" -exec chmod u=rwX,go=rX {} +

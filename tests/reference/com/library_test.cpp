@@ -74,7 +74,10 @@ TEST(PackageManager, ListsItsPackages)
     ASSERT_TRUE(manager);
     Argument names;
     ASSERT_EQ(manager->GetPropertyPackageList(names.out()), S_OK);
-    EXPECT_EQ(textsOf(names.get()), std::vector<std::string>{"Natural gas"});
+    EXPECT_EQ(textsOf(names.get()),
+              (std::vector<std::string>{"Natural gas", "Air", "Refinery gas", "Aromatics", "Refrigerants",
+                                        "Water and light alcohols", "All compounds (Peng-Robinson)",
+                                        "All compounds (Soave-Redlich-Kwong)"}));
     EXPECT_EQ(manager->GetPropertyPackageList(nullptr), E_POINTER);
 }
 

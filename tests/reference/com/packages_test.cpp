@@ -1,0 +1,193 @@
+// The packages of the manager: what is in them, by which model, and that they leave each other alone.
+#include "reference/engine/mixture_model.h"
+#include "reference/package/package_table.h"
+#include "reference/server/class_table.h"
+#include "tests/reference/com/host.h"
+#include "tests/reference/com/test_material.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <memory>
+#include <set>
+
+using namespace reference;
+
+namespace {
+
+// A package of the manager with a material.
+struct OpenedPackage {
+    OpenedPackage(const Library &library, std::string_view name)
+    {
+        const auto manager = library.create<ICapeThermoPropertyPackageManager>(managerClass);
+        ComPointer<IDispatch> package;
+        EXPECT_EQ(manager->GetPropertyPackage(Text(name).get(), package.out()), S_OK) << name;
+        compounds = as<ICapeThermoCompounds>(package.get());
+        context = as<ICapeThermoMaterialContext>(package.get());
+        properties = as<ICapeThermoPropertyRoutine>(package.get());
+        equilibrium = as<ICapeThermoEquilibriumRoutine>(package.get());
+    }
+
+    void setMaterial(std::vector<std::string> ids, double temperature, double pressure, std::vector<double> composition)
+    {
+        material.compoundIds = std::move(ids);
+        material.composition = std::move(composition);
+        material.temperature = temperature;
+        material.pressure = pressure;
+        ASSERT_EQ(context->SetMaterial(static_cast<ICapeThermoMaterial *>(&material)), S_OK)
+            << lastFailure(context.get()).description;
+    }
+    std::vector<double> valuesOf(const std::string &name, const std::string &phase)
+    {
+        EXPECT_EQ(properties->CalcSinglePhaseProp(texts({name}).get(), Text(phase).get()), S_OK)
+            << name << ": " << lastFailure(properties.get()).description;
+        return material.written[phase + "/" + name].values;
+    }
+    std::map<std::string, WrittenProperty> flash()
+    {
+        material.written.clear();
+        material.presentPhases = {"Vapor", "Liquid"};
+        EXPECT_EQ(equilibrium->CalcEquilibrium(texts({"temperature", "", "Overall"}).get(),
+                                               texts({"pressure", "", "Overall"}).get(), nullptr),
+                  S_OK)
+            << lastFailure(equilibrium.get()).description;
+        return material.written;
+    }
+    std::vector<std::string> ids() const
+    {
+        Argument columns[6];
+        EXPECT_EQ(compounds->GetCompoundList(columns[0].out(), columns[1].out(), columns[2].out(), columns[3].out(),
+                                             columns[4].out(), columns[5].out()),
+                  S_OK);
+        return textsOf(columns[0].get());
+    }
+
+    TestMaterial material{{}};
+    ComPointer<ICapeThermoCompounds> compounds;
+    ComPointer<ICapeThermoMaterialContext> context;
+    ComPointer<ICapeThermoPropertyRoutine> properties;
+    ComPointer<ICapeThermoEquilibriumRoutine> equilibrium;
+};
+
+// For each package a mixture of its own that has two phases.
+const struct {
+    std::string name;
+    std::vector<std::string> compounds;
+    std::vector<double> composition;
+    double temperature;
+    double pressure;
+} mixtures[] = {
+    {"Natural gas", {"methane", "propane", "nitrogen"}, {0.6, 0.35, 0.05}, 240.0, 3e6},
+    {"Air", {"oxygen", "nitrogen", "argon"}, {0.2095, 0.7812, 0.0093}, 81.0, 101325.0},
+    {"Refinery gas", {"hydrogen", "propylene", "n-butane"}, {0.2, 0.4, 0.4}, 300.0, 1e6},
+    {"Aromatics", {"benzene", "toluene"}, {0.5, 0.5}, 368.0, 101325.0},
+    {"Refrigerants", {"R-32", "R-134a"}, {0.5, 0.5}, 260.0, 3.3e5},
+    {"Water and light alcohols", {"methanol", "water"}, {0.5, 0.5}, 350.0, 85e3},
+    {"All compounds (Peng-Robinson)", {"methane", "benzene", "ammonia"}, {0.4, 0.4, 0.2}, 300.0, 1e6},
+    {"All compounds (Soave-Redlich-Kwong)", {"methane", "benzene", "ammonia"}, {0.4, 0.4, 0.2}, 300.0, 1e6},
+};
+
+} // namespace
+
+TEST(Packages, AreAllOfThese)
+{
+    std::vector<std::string_view> names;
+    for (const PackageDefinition &definition : packageTable())
+        names.push_back(definition.name);
+    std::vector<std::string_view> expected;
+    for (const auto &mixture : mixtures)
+        expected.push_back(mixture.name);
+    EXPECT_EQ(names, expected);
+    EXPECT_EQ(naturalGas().name, "Natural gas");
+}
+
+TEST(Packages, HaveCompoundsOfTheTableEachOnce)
+{
+    Library library;
+    for (const PackageDefinition &definition : packageTable()) {
+        for (const std::string_view id : definition.compounds)
+            EXPECT_NE(findCompound(id), nullptr) << id << " of " << definition.name;
+        const std::vector<std::string> ids = OpenedPackage(library, definition.name).ids();
+        EXPECT_EQ(std::set<std::string>(ids.begin(), ids.end()).size(), ids.size()) << definition.name;
+        EXPECT_LE(ids.size(), static_cast<std::size_t>(maximumCompounds)) << definition.name;
+    }
+    for (const char *all : {"All compounds (Peng-Robinson)", "All compounds (Soave-Redlich-Kwong)"})
+        EXPECT_GE(OpenedPackage(library, all).ids().size(), 40u) << all;
+}
+
+TEST(Packages, SplitMixturesOfTheirsIntoTwoPhasesInEquilibrium)
+{
+    Library library;
+    for (const auto &mixture : mixtures) {
+        SCOPED_TRACE(mixture.name);
+        OpenedPackage package(library, mixture.name);
+        package.setMaterial(mixture.compounds, mixture.temperature, mixture.pressure, mixture.composition);
+        const auto written = package.flash();
+        ASSERT_EQ(written.size(), 8u);
+        for (const std::string phase : {"Vapor", "Liquid"})
+            package.material.ownCompositions[phase] = written.at(phase + "/fraction").values;
+        const std::vector<double> vapor = package.valuesOf("fugacity", "Vapor");
+        const std::vector<double> liquid = package.valuesOf("fugacity", "Liquid");
+        for (std::size_t i = 0; i < vapor.size(); ++i)
+            EXPECT_NEAR(vapor[i], liquid[i], 1e-9 * vapor[i]);
+    }
+}
+
+// At the critical point of a pure compound the compressibility factor is that of its equation: 0.3074
+// by Peng and Robinson, 1/3 by Soave, Redlich and Kwong. It changes steeply there.
+TEST(Packages, UseTheEquationOfTheirName)
+{
+    Library library;
+    const struct {
+        const char *name;
+        double factor;
+    } equations[] = {{"All compounds (Peng-Robinson)", 0.30740}, {"All compounds (Soave-Redlich-Kwong)", 1.0 / 3.0}};
+    for (const auto &equation : equations) {
+        OpenedPackage package(library, equation.name);
+        package.setMaterial({"propane"}, 369.89, 4.2512e6, {1.0});
+        EXPECT_NEAR(package.valuesOf("compressibilityFactor", "Vapor")[0], equation.factor, 2e-4) << equation.name;
+    }
+}
+
+// Methanol over water by Raoult's law: with the vapour pressures of 181.3 and 47.4 kPa at 353.15 K
+// (Poling, Prausnitz, O'Connell, 5th ed. 2001; IAPWS) the ratios of mole fractions at 1 bar are 1.81
+// and 0.474.
+TEST(Packages, LetAlcoholsAndWaterMixIdeally)
+{
+    Library library;
+    OpenedPackage package(library, "Water and light alcohols");
+    package.setMaterial({"methanol", "water"}, 353.15, 1e5, {0.4, 0.6});
+    const auto written = package.flash();
+    ASSERT_EQ(written.size(), 8u);
+    const std::vector<double> vapor = written.at("Vapor/fraction").values;
+    const std::vector<double> liquid = written.at("Liquid/fraction").values;
+    EXPECT_NEAR(vapor[0] / liquid[0], 1.81, 0.02);
+    EXPECT_NEAR(vapor[1] / liquid[1], 0.474, 0.003);
+    for (const double gamma : package.valuesOf("activityCoefficient", "Liquid"))
+        EXPECT_NEAR(gamma, 1.0, 1e-12);
+}
+
+TEST(Packages, DoNotDisturbEachOtherWhileSeveralAreOpen)
+{
+    Library library;
+    std::vector<std::map<std::string, WrittenProperty>> alone;
+    for (const auto &mixture : mixtures) {
+        OpenedPackage package(library, mixture.name);
+        package.setMaterial(mixture.compounds, mixture.temperature, mixture.pressure, mixture.composition);
+        alone.push_back(package.flash());
+    }
+    std::vector<std::unique_ptr<OpenedPackage>> opened;
+    for (int copy = 0; copy < 2; ++copy)
+        for (const auto &mixture : mixtures) {
+            opened.push_back(std::make_unique<OpenedPackage>(library, mixture.name));
+            opened.back()->setMaterial(mixture.compounds, mixture.temperature, mixture.pressure, mixture.composition);
+        }
+    for (int round = 0; round < 2; ++round)
+        for (std::size_t i = 0; i < opened.size(); ++i) {
+            const auto together = opened[i]->flash();
+            const auto &expected = alone[i % std::size(mixtures)];
+            ASSERT_EQ(together.size(), expected.size());
+            for (const auto &[key, property] : expected)
+                EXPECT_EQ(together.at(key).values, property.values) << mixtures[i % std::size(mixtures)].name << key;
+        }
+}
