@@ -18,12 +18,17 @@ function envelope(folder)
     h = capeOpenCreate('Verdanth Reference Packages', 'Natural gas');
     X = [0.8 0.08 0.05 0.02 0 0.01 0 0 0.02 0.02 0];
     [T, P, vapor, critical] = capeOpenPhaseEnvelope(h, X);
-    blocks = {[T(vapor == 1), P(vapor == 1)], [T(vapor == 0), P(vapor == 0)], critical};
+    blocks = {[T(vapor == 1), P(vapor == 1); critical], [critical; T(vapor == 0), P(vapor == 0)], critical};
+    temperatures = (130:1:300)';
     for fraction = [0.95 0.8 0.5]
-        temperatures = (140:1:270)';
-        pressures = capeOpenMultiFlash(h, X, 'Temperature', temperatures, 'vaporFraction', fraction, 'Unspecified', 'Pressure');
-        there = ~isnan(pressures) & pressures > 1e5;
-        blocks{end + 1} = [temperatures(there), pressures(there)];
+        line = zeros(0, 2);
+        for type = {'Normal', 'Retrograde'} % up along one and back along the other
+            pressures = capeOpenMultiFlash(h, X, 'Temperature', temperatures, 'vaporFraction', fraction, type{1}, 'Pressure');
+            there = ~isnan(pressures) & pressures > 1e5 & (strcmp(type{1}, 'Normal') | temperatures > critical(1));
+            line = [line; temperatures(there), pressures(there)];
+            temperatures = flipud(temperatures);
+        end
+        blocks{end + 1} = line;
     end
     write_table(folder, 'envelope', blocks);
     capeOpenRelease(h);

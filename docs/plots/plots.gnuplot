@@ -10,7 +10,7 @@ set output images."/envelope.png"
 set xlabel "temperature / K"
 set ylabel "pressure / bar"
 table = curves."/envelope.dat"
-plot [130:280] [0:] \
+plot [130:310] [0:] \
     table index 0 using 1:($2/1e5) with lines linecolor rgb "#b03030" title "dew points", \
     table index 1 using 1:($2/1e5) with lines linecolor rgb "#2050a0" title "bubble points", \
     table index 3 using 1:($2/1e5) with lines linecolor rgb "#909090" dashtype 2 title "95, 80 and 50 % vapor", \

@@ -58,6 +58,10 @@ class Guide(unittest.TestCase):
                 if anchor:
                     self.assertIn(anchor, self.pages[file or name].anchors, f"{name}: {link}")
 
+    def test_every_image_is_shown(self):
+        shown = {link for page in self.pages.values() for link in page.links if link.endswith(".png")}
+        self.assertEqual(shown, {path.name for path in (SOURCE / "docs/images").glob("*.png")})
+
     def test_every_element_is_closed(self):
         for name, page in self.pages.items():
             self.assertEqual(page.open_tags, [], name)
@@ -104,7 +108,8 @@ class Guide(unittest.TestCase):
     def test_the_help_file_holds_every_page_as_it_is(self):
         with tempfile.TemporaryDirectory() as folder:
             subprocess.run(["extract_chmLib", GUIDE / "Verdanth.chm", folder], check=True, stdout=subprocess.DEVNULL)
-            for name in [*self.pages, "style.css", "Verdanth.hhc", "Verdanth.hhk"]:
+            images = [path.name for path in GUIDE.glob("*.png")]
+            for name in [*self.pages, *images, "style.css", "Verdanth.hhc", "Verdanth.hhk"]:
                 self.assertEqual((pathlib.Path(folder) / name).read_bytes(), (GUIDE / name).read_bytes(), name)
             # The viewer takes the first topic from here.
             self.assertIn(b"index.html\0", (pathlib.Path(folder) / "#SYSTEM").read_bytes())
