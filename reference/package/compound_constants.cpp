@@ -58,6 +58,11 @@ KnownRange vaporPressureRange(Compound compound) { return rangeOf(compound.vapor
 KnownRange liquidDensityRange(Compound compound) { return rangeOf(compound.liquidDensity); }
 KnownRange everyTemperature(Compound) { return {lowestFlashTemperature, highestFlashTemperature}; }
 
+KnownRange boilingTemperatures(Compound compound)
+{
+    return {compound.triplePointTemperature, compound.criticalTemperature};
+}
+
 KnownRange boilingRange(Compound compound)
 {
     const auto [lowest, highest] = vaporPressureRange(compound);
@@ -66,8 +71,9 @@ KnownRange boilingRange(Compound compound)
 
 // The temperature at which the vapour pressure is the one given. Its logarithm rises nearly straight
 // over 1/T: regula falsi in these, with the Illinois rule for an end that stays.
-double boilingTemperature(Compound compound, double pressure)
+double boilingTemperature(const PureCompound &pure, double pressure)
 {
+    Compound compound = pure.data;
     struct End {
         double inverse; // 1/K
         double excess;  // of the logarithm of the vapour pressure
@@ -96,19 +102,56 @@ double boilingTemperature(Compound compound, double pressure)
     return 1.0 / ends[moved].inverse;
 }
 
+// What a boiling compound has of a quantity of its vapour, its liquid, the change between them, or both.
+template <PhaseQuantity quantity> double ofLiquid(const PureCompound &compound, double kelvin)
+{
+    return SaturatedCompound(compound, kelvin).ofLiquid(quantity);
+}
+template <PhaseQuantity quantity> double ofVapor(const PureCompound &compound, double kelvin)
+{
+    return SaturatedCompound(compound, kelvin).ofVapor(quantity);
+}
+template <PhaseQuantity quantity> double vaporization(const PureCompound &compound, double kelvin)
+{
+    return SaturatedCompound(compound, kelvin).change(quantity);
+}
+double surfaceTension(const PureCompound &compound, double kelvin)
+{
+    return SaturatedCompound(compound, kelvin).ofBoth(PairQuantity::surfaceTension);
+}
+template <PhaseQuantity quantity> double thinGas(const PureCompound &compound, double kelvin)
+{
+    return ofThinGas(compound, quantity, kelvin);
+}
+
+// A function of the ideal gas's heat capacity.
+template <double (*function)(const HeatCapacityPolynomial &, double)>
+double idealGas(const PureCompound &compound, double kelvin)
+{
+    return function(compound.data.idealGasHeatCapacity, kelvin);
+}
+
+using enum PhaseQuantity;
+
 constexpr ConditionedProperty byTemperature[] = {
-    {"idealGasHeatCapacity",
-     [](Compound compound, double kelvin) { return idealGasHeatCapacity(compound.idealGasHeatCapacity, kelvin); },
-     everyTemperature},
-    {"idealGasEnthalpy",
-     [](Compound compound, double kelvin) { return idealGasEnthalpy(compound.idealGasHeatCapacity, kelvin); },
-     everyTemperature},
-    {"idealGasEntropy",
-     [](Compound compound, double kelvin) { return idealGasEntropy(compound.idealGasHeatCapacity, kelvin); },
-     everyTemperature},
-    {"vaporPressure", vaporPressure, vaporPressureRange},
-    {"volumeOfLiquid", [](Compound compound, double kelvin) { return 1.0 / saturatedLiquidDensity(compound, kelvin); },
+    {"idealGasHeatCapacity", idealGas<idealGasHeatCapacity>, everyTemperature},
+    {"idealGasEnthalpy", idealGas<idealGasEnthalpy>, everyTemperature},
+    {"idealGasEntropy", idealGas<idealGasEntropy>, everyTemperature},
+    {"vaporPressure", [](const PureCompound &compound, double kelvin) { return vaporPressure(compound.data, kelvin); },
+     vaporPressureRange},
+    {"volumeOfLiquid",
+     [](const PureCompound &compound, double kelvin) { return 1.0 / saturatedLiquidDensity(compound.data, kelvin); },
      liquidDensityRange},
+    {"heatOfVaporization", vaporization<enthalpy>, boilingTemperatures},
+    {"volumeChangeUponVaporization", vaporization<volume>, boilingTemperatures},
+    {"heatCapacityOfLiquid", ofLiquid<heatCapacityCp>, boilingTemperatures},
+    {"fugacityCoefficientOfVapor", ofVapor<fugacityCoefficient>, boilingTemperatures},
+    {"surfaceTensionSatLiquid", surfaceTension, boilingTemperatures},
+    {"viscosityOfLiquid", ofLiquid<viscosity>, boilingTemperatures},
+    {"viscosityOfVapor", thinGas<viscosity>, everyTemperature},
+    {"thermalConductivityOfLiquid", ofLiquid<thermalConductivity>, boilingTemperatures},
+    {"thermalConductivityOfVapor", thinGas<thermalConductivity>, everyTemperature},
+    {"virialCoefficient", secondVirialCoefficient, everyTemperature},
 };
 
 constexpr ConditionedProperty byPressure[] = {

@@ -1,7 +1,7 @@
 // The properties of pure compounds that a package knows.
 #pragma once
 
-#include "reference/engine/compound_data.h"
+#include "reference/package/saturated_compound.h"
 
 #include <span>
 #include <string_view>
@@ -24,10 +24,10 @@ struct KnownRange {
 };
 
 // A property of the compound alone that changes with one condition: its temperature (K), or its
-// pressure (Pa). Not to be asked for outside of the range.
+// pressure (Pa). Not to be asked for outside of the range; NaN if it can't be had in it.
 struct ConditionedProperty {
     std::string_view name;
-    double (*value)(const CompoundData &compound, double condition);
+    double (*value)(const PureCompound &compound, double condition);
     KnownRange (*range)(const CompoundData &compound);
 };
 struct ConditionedProperties {

@@ -181,7 +181,7 @@ HRESULT PropertyPackage::giveConditioned(const Call &call, const ConditionedProp
         for (const CompoundData *compound : chosen) {
             const KnownRange range = row->range(*compound);
             const bool inRange = condition >= range.lowest && condition <= range.highest;
-            *number = inRange ? row->value(*compound, condition) : notKnown;
+            *number = inRange ? row->value({*compound, equation}, condition) : notKnown;
             anyKnown |= !std::isnan(*number++);
         }
     return anyKnown ? list.replace(values) : refuseUnknown(call, table, *rows[0], *chosen[0]);
