@@ -28,9 +28,11 @@ constexpr Dual &operator-=(Dual &a, Dual b) { return a = a - b; }
 constexpr Dual &operator*=(Dual &a, Dual b) { return a = a * b; }
 constexpr Dual &operator/=(Dual &a, Dual b) { return a = a / b; }
 
+// Exponents of states that no substance has are held where their exponential is still a number.
+inline double heldExponent(double exponent) { return std::fmin(exponent, 650.0); }
 inline Dual exp(Dual a)
 {
-    const double value = std::exp(a.value);
+    const double value = std::exp(heldExponent(a.value));
     return {value, value * a.slope};
 }
 inline Dual expm1(Dual a) { return {std::expm1(a.value), std::exp(a.value) * a.slope}; }

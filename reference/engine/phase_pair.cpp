@@ -107,7 +107,7 @@ bool calculatePair(const PhasePoint &first, const PhasePoint &second, PairQuanti
     logRatios(first, second, Differential::none, ratios.data());
     const int count = valueCount(quantity, differential, n);
     for (int k = 0; k < count; ++k) {
-        const double ratio = std::exp(ratios[k % n]);
+        const double ratio = std::exp(heldExponent(ratios[k % n]));
         values[k] = differential == Differential::none ? ratio : ratio * values[k];
     }
     return true;

@@ -127,18 +127,13 @@ TEST(PhasePair, HasTheSurfaceTensionOfPublishedTables)
                 {"benzene", 28.22e-3},
                 {"toluene", 27.93e-3},
                 {"cyclohexane", 24.65e-3}};
-    int compared = 0;
     for (const EquationOfState equation : equations)
         for (const auto &row : rows) {
-            if (!findCompound(row.id))
-                continue;
             const MixtureModel model = modelOf({row.id}, equation);
             const PhasePoint vapor(model, 298.15, 1e4, std::array{1.0}, Root::vapor);
             const PhasePoint liquid(model, 298.15, 1e5, std::array{1.0}, Root::liquid);
             const double tension = valuesOf(liquid, vapor, PairQuantity::surfaceTension).at(0);
             EXPECT_NEAR(tension, row.tension, 0.12 * row.tension) << row.id << " " << static_cast<int>(equation);
             EXPECT_EQ(tension, valuesOf(vapor, liquid, PairQuantity::surfaceTension).at(0));
-            ++compared;
         }
-    EXPECT_GE(compared, 6);
 }
