@@ -27,7 +27,7 @@ ATOM_VOLUMES = {"C": 15.9, "H": 2.31, "O": 6.11, "N": 4.54, "F": 14.7, "Cl": 21.
 RING_VOLUME = -18.3
 
 # Heat capacities that no independent value is known for here: tables made from the equation of state itself.
-WITHOUT_KNOWN_HEAT_CAPACITY = {"R-125", "R-134a", "R-143a", "R-152a", "R-1234yf"}
+WITHOUT_KNOWN_HEAT_CAPACITY = {"R-125", "R-134a", "R-143a", "R-152a", "R-1234yf", "R-1234ze(E)"}
 
 
 class Comparison:

@@ -18,6 +18,10 @@ def cpp(value):
     return NONE if value is None else repr(float(value))
 
 
+def quoted(text):
+    return '"' + text.replace("\\", "\\\\") + '"'
+
+
 def scaled(text, factor):
     value = number(text)
     return None if value is None else value * factor
@@ -74,11 +78,11 @@ def compounds():
         Tc, pc = number(c["critical_temperature_K"]), number(c["critical_pressure_Pa"])
         Vc = 1e-3 / number(c["critical_density_mol/dm3"])
         fields = {
-            "id": f'"{key}"',
-            "iupacName": f'"{row["iupac_name"]}"',
-            "formula": f'"{row["formula"]}"',
-            "casNumber": f'"{row["cas"]}"',
-            "smiles": f'"{row["smiles"]}"',
+            "id": quoted(key),
+            "iupacName": quoted(row["iupac_name"]),
+            "formula": quoted(row["formula"]),
+            "casNumber": quoted(row["cas"]),
+            "smiles": quoted(row["smiles"]),
             "molecularWeight": cpp(number(c["molecular_weight"])),
             "criticalTemperature": cpp(Tc),
             "criticalPressure": cpp(pc),

@@ -2,7 +2,7 @@
 import re
 from collections import Counter
 
-BONDS = {"-": 1, "=": 2, "#": 3}
+BONDS = {"-": 1, "/": 1, "\\": 1, "=": 2, "#": 3}
 VALENCES = {"C": 4, "N": 3, "O": 2, "F": 1, "S": 2, "Cl": 1}
 
 
@@ -24,8 +24,8 @@ def hill_order(atoms):
 
 
 def read_smiles(smiles):
-    """The atoms of a SMILES with the hydrogen that it leaves out, and the number of its rings. Knows single, double and
-    triple bonds, branches, rings of one digit, aromatic carbon, and atoms in brackets with hydrogen and charge."""
+    """The atoms of a SMILES with the hydrogen that it leaves out, and the number of its rings. Knows single bonds
+    (with their direction, too), double and triple ones, branches, rings of one digit, aromatic carbon, and atoms in brackets with hydrogen and charge."""
     atoms = []  # element, aromatic, valence used, hydrogen stated or None
     branches = []
     open_rings = {}
@@ -37,7 +37,7 @@ def read_smiles(smiles):
         atoms[a][2] += order
         atoms[b][2] += order
 
-    for token in re.findall(r"\[[^]]*\]|Cl|[CNOFSc()=#-]|\d|.", smiles):
+    for token in re.findall(r"\[[^]]*\]|Cl|[CNOFSc()=#/\\-]|\d|.", smiles):
         if token in BONDS:
             bond = BONDS[token]
         elif token == "(":

@@ -45,6 +45,7 @@ TEST(CompoundTable, SaysWhatCompoundsAreCalled)
     EXPECT_EQ(toluene.casNumber, "108-88-3");
     EXPECT_EQ(toluene.smiles, "Cc1ccccc1");
     EXPECT_EQ(named("neopentane").iupacName, "2,2-dimethylpropane");
+    EXPECT_EQ(named("cis-2-butene").smiles, "C/C=C\\C");
 }
 
 // The critical volume is the molar mass over the critical density of 322 kg/m3, the dipole moment 1.85 debye.
