@@ -50,14 +50,14 @@ def correlation(form, temperature, scale, terms, lowest):
 
 def vapor_pressure(row):
     if row is None:
-        return "noCorrelation"
+        return "{}"
     return correlation("exponential", number(row["T0_K"]), number(row["p0_Pa"]), powers(row, 1, MOST_TERMS),
                        number(row["lowest_K"]))
 
 
 def liquid_density(row):
     if row is None:
-        return "noCorrelation"
+        return "{}"
     T0, lowest, scale = number(row["T0_K"]), number(row["lowest_K"]), number(row["A_or_r0"]) * 1e3
     factor, exponent = number(row["B_or_n1"]), number(row["D_or_t1"])
     if row["form"] == "rackett":

@@ -9,7 +9,6 @@ namespace reference {
 namespace {
 
 constexpr double notDefined = std::numeric_limits<double>::quiet_NaN();
-constexpr Correlation noCorrelation{};
 
 struct InteractionParameter {
     std::string_view first; // the smaller of the two names
