@@ -38,7 +38,7 @@ const char *wrongWith(const FlashSpecification &given)
     case FlashVariable::pressure:
         return given.value >= lowestFlashPressure && given.value <= highestFlashPressure
                    ? nullptr
-                   : "must be from 0.01 Pa to 1e+09 Pa";
+                   : "must be from 0.01 Pa to 1e+08 Pa";
     case FlashVariable::vaporFraction:
     case FlashVariable::vaporMassFraction:
         return given.value >= -roundOff && given.value <= 1.0 + roundOff ? nullptr : "must be from 0 to 1";
@@ -71,11 +71,12 @@ FlashStatus explainLine(LineStatus status, const LineExtent &extent, const Flash
                    text.second.text.data());
         return FlashStatus::noSolution;
     case LineStatus::notOnLine:
-        giveReason(reason,
-                   "No state with %s has %s: its temperatures are from %.4g to %.4g K, its pressures from %.4g to "
-                   "%.4g Pa",
-                   text.first.text.data(), text.second.text.data(), extent.lowestTemperature, extent.highestTemperature,
-                   extent.lowestPressure, extent.highestPressure);
+        giveReason(
+            reason,
+            "No state with %s and %s was found: the fraction has temperatures from %.4g to %.4g K and pressures from "
+            "%.4g to %.4g Pa",
+            text.first.text.data(), text.second.text.data(), extent.lowestTemperature, extent.highestTemperature,
+            extent.lowestPressure, extent.highestPressure);
         return FlashStatus::noSolution;
     default:
         giveReason(reason, "No two phases with %s were found for %s", text.first.text.data(), text.second.text.data());
@@ -101,7 +102,7 @@ FlashStatus explainSearch(const SearchFindings &findings, const FlashSpecificati
                    text.first.text.data(), text.second.text.data());
         return FlashStatus::notConverged;
     }
-    giveReason(reason, "No state from 20 K to 1500 K and from 0.01 Pa to 1e+09 Pa has %s and %s",
+    giveReason(reason, "No state with %s and %s was found from 20 K to 1500 K and from 0.01 Pa to 1e+08 Pa",
                text.first.text.data(), text.second.text.data());
     return FlashStatus::noSolution;
 }
@@ -144,7 +145,7 @@ FlashStatus flashPresent(const Feed &feed, const FlashSpecification &first, cons
     }
     if (isCondition(first.variable)) {
         const double start = first.variable == FlashVariable::temperature ? 1e5 : 300.0;
-        if (solveAtCondition(feed, first, second, start, state, findings) != SearchStatus::found)
+        if (solveAtCondition(feed, first, second, start, true, state, findings) != SearchStatus::found)
             return explainSearch(findings, first, second, reason);
         result = state.equilibrium.phases;
         if (second.variable == FlashVariable::gibbsEnergy && boils(feed, result)) {

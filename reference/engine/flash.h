@@ -64,7 +64,7 @@ enum class FlashStatus {
 inline constexpr double lowestFlashTemperature = 20.0;    // K
 inline constexpr double highestFlashTemperature = 1500.0; // K
 inline constexpr double lowestFlashPressure = 1e-2;       // Pa
-inline constexpr double highestFlashPressure = 1e9;       // Pa
+inline constexpr double highestFlashPressure = 1e8;       // Pa
 
 // What a feed becomes. At most one vapour and one liquid: where the model has two liquids at once,
 // they are treated as far as one of them can stand for the vapour, as the less dense one.

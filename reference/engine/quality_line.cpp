@@ -151,7 +151,7 @@ public:
             for (const double direction : {1.0, -1.0})
                 if (walk(start, direction))
                     return LineStatus::solved;
-        if (!haveSecondChoice && n > 1 && lookAround(started))
+        if (!haveSecondChoice && lookAround(started))
             return LineStatus::solved;
         if (haveSecondChoice)
             return LineStatus::solved;
@@ -184,7 +184,7 @@ private:
     {
         if (!Estimate(feed, fraction.value, at, point).make())
             return false;
-        return solvePoint(feed, point, Closing::of(fraction), Closing::of(at)) && phasesDiffer(n, point) &&
+        return solvePoint(feed, point, Closing::of(fraction), Closing::of(at)) && areVaporAndLiquid(feed, point) &&
                withinLimits(point.totals);
     }
 
@@ -197,7 +197,7 @@ private:
             return lookAlong(other, 150, true, started);
         for (const int pressures : {16, 40})
             for (int i = 0; i <= pressures; ++i) {
-                const double pressure = 1e2 * std::pow(1e7, static_cast<double>(i) / pressures);
+                const double pressure = 1e2 * std::pow(highestFlashPressure / 1e2, static_cast<double>(i) / pressures);
                 if (lookAlong({FlashVariable::pressure, pressure}, 3 * pressures, false, started))
                     return true;
             }
@@ -210,30 +210,37 @@ private:
         const bool atTemperature = at.variable == FlashVariable::temperature;
         const double low = atTemperature ? 1e2 : lowestFlashTemperature;
         const double high = atTemperature ? highestFlashPressure : highestFlashTemperature;
-        FlashResult last;
-        bool known = false;
+        Sample last;
         for (int i = 0; i <= intervals; ++i) {
-            const double free = low * std::pow(high / low, static_cast<double>(i) / intervals);
-            FlashResult now;
-            const FlashStatus status = flashTP(feed.model, atTemperature ? at.value : free,
-                                               atTemperature ? free : at.value, feed.fractions(), now);
-            if (status != FlashStatus::solved) {
-                known = false;
-                continue;
-            }
-            if (known) {
-                LinePoint start;
-                if (startBetween(last, now, at, start.point)) {
-                    started = true;
-                    if (isAnswer ? offer(start.point) : !isTraced(start.point) && walkBoth(start))
-                        return true;
-                }
+            Sample now;
+            now.take(feed, at, low * std::pow(high / low, static_cast<double>(i) / intervals));
+            LinePoint start;
+            if (i > 0 && startBetween(last, now, at, start.point)) {
+                started = true;
+                if (isAnswer ? offer(start.point) : !isTraced(start.point) && walkBoth(start))
+                    return true;
             }
             last = now;
-            known = true;
         }
         return false;
     }
+
+    // What a flash at a temperature or pressure and another condition tells.
+    struct Sample {
+        bool known = false;
+        bool isNamed = false; // one phase, which another name is given on the other side
+        double free = 0.0;    // the other condition
+        FlashResult state;
+
+        void take(const Feed &feed, const FlashSpecification &at, double other)
+        {
+            free = other;
+            const bool atTemperature = at.variable == FlashVariable::temperature;
+            known = flashTP(feed.model, atTemperature ? at.value : other, atTemperature ? other : at.value,
+                            feed.fractions(), state) == FlashStatus::solved;
+        }
+        bool isTwo() const { return state.vaporPresent && state.liquidPresent; }
+    };
 
     bool walkBoth(const LinePoint &start) { return walk(start, 1.0) || walk(start, -1.0); }
 
@@ -249,41 +256,85 @@ private:
         return false;
     }
 
+    // The fraction that is given, of two phases.
     double fractionOf(const FlashResult &state) const
     {
-        return state.vaporPresent && state.liquidPresent ? state.vaporFraction : state.vaporPresent ? 1.0 : 0.0;
+        if (fraction.variable == FlashVariable::vaporFraction)
+            return state.vaporFraction;
+        double vapor = 0.0;
+        double liquid = 0.0;
+        for (int i = 0; i < n; ++i) {
+            vapor += state.vaporFraction * state.vapor[i] * feed.model.compounds[i].molecularWeight;
+            liquid += state.liquidFraction * state.liquid[i] * feed.model.compounds[i].molecularWeight;
+        }
+        return vapor / (vapor + liquid);
     }
 
-    // A point of the line between two flashes' results, of which at least one has two phases.
-    bool startBetween(const FlashResult &first, const FlashResult &second, const FlashSpecification &at,
+    // How much more vapour a sample has than wanted. One phase counts as the one that its neighbour of two phases
+    // is about to be, and is on the other side of a fraction of 0 or 1.
+    double surplus(const Sample &sample, const Sample &neighbour) const
+    {
+        if (sample.isTwo())
+            return fractionOf(sample.state) - fraction.value;
+        const bool nearVapor =
+            neighbour.isTwo() && !sample.isNamed ? neighbour.state.vaporFraction > 0.5 : sample.state.vaporPresent;
+        const double difference = (nearVapor ? 1.0 : 0.0) - fraction.value;
+        return difference != 0.0 ? difference : nearVapor ? 1.0 : -1.0;
+    }
+
+    // A point of the line between two samples.
+    bool startBetween(Sample first, Sample second, const FlashSpecification &at, TwoPhasePoint &point) const
+    {
+        if (!first.known || !second.known)
+            return false;
+        if (!first.isTwo() && !second.isTwo())
+            first.isNamed = second.isNamed = true;
+        for (int halving = 0; halving < 30; ++halving) {
+            const bool two = first.isTwo() || second.isTwo();
+            if (two ? surplus(first, second) * surplus(second, first) > 0.0
+                    : first.state.vaporPresent == second.state.vaporPresent)
+                return false;
+            if ((two || (n == 1 && halving > 10)) && halving % 3 == 0 && solveBetween(first, second, at, point))
+                return true;
+            Sample middle;
+            middle.take(feed, at, std::sqrt(first.free * second.free));
+            if (!middle.known)
+                return false;
+            const bool before = two || middle.isTwo() ? surplus(first, middle) * surplus(middle, first) < 0.0
+                                                      : middle.state.vaporPresent != first.state.vaporPresent;
+            middle.isNamed = first.isNamed && second.isNamed;
+            (before ? second : first) = middle;
+        }
+        return false;
+    }
+
+    bool solveBetween(const Sample &first, const Sample &second, const FlashSpecification &at,
                       TwoPhasePoint &point) const
     {
-        const bool firstIsTwo = first.vaporPresent && first.liquidPresent;
-        const bool secondIsTwo = second.vaporPresent && second.liquidPresent;
-        if (!firstIsTwo && !secondIsTwo)
-            return false;
-        const double one = fractionOf(first) - fraction.value;
-        const double two = fractionOf(second) - fraction.value;
-        if (firstIsTwo && secondIsTwo && one * two > 0.0)
-            return false;
-        const FlashResult &nearest = !secondIsTwo || (firstIsTwo && std::fabs(one) < std::fabs(two)) ? first : second;
+        const bool takeFirst =
+            !second.isTwo() || (first.isTwo() && std::fabs(surplus(first, second)) < std::fabs(surplus(second, first)));
+        const FlashResult &nearest = takeFirst ? first.state : second.state;
         for (int i = 0; i < n; ++i)
-            point.unknowns[i] = std::log(nearest.vapor[i] / nearest.liquid[i]);
-        if (fraction.variable == FlashVariable::vaporFraction)
+            point.unknowns[i] = n == 1 ? 0.0 : std::log(nearest.vapor[i] / nearest.liquid[i]);
+        if (n == 1 || fraction.variable == FlashVariable::vaporFraction)
             point.setAmounts(n, fraction.value, 1.0 - fraction.value);
         else
             point.setAmounts(n, nearest.vaporFraction, nearest.liquidFraction);
         point.unknowns[TwoPhasePoint::temperatureAt(n)] = std::log(nearest.temperature);
         point.unknowns[TwoPhasePoint::pressureAt(n)] = std::log(nearest.pressure);
-        return solvePoint(feed, point, Closing::of(fraction), Closing::of(at)) && phasesDiffer(n, point) &&
-               withinLimits(point.totals);
+        if (!solvePoint(feed, point, Closing::of(fraction), Closing::of(at)) || !areVaporAndLiquid(feed, point))
+            return false;
+        const double free =
+            at.variable == FlashVariable::temperature ? point.totals.pressure : point.totals.temperature;
+        return free > std::min(first.free, second.free) * (1.0 - 1e-9) &&
+               free < std::max(first.free, second.free) * (1.0 + 1e-9) && isStable(point);
     }
 
     // Whether a solution is of the type that is wanted, and no phase of it would split off another. True when the
     // search is over.
     bool offer(const TwoPhasePoint &point)
     {
-        if (!withinLimits(point.totals) || !phasesDiffer(n, point))
+        if (!withinLimits(point.totals) || !areVaporAndLiquid(feed, point))
             return false;
         if (!isStable(point)) {
             sawUnstable = true;
@@ -380,7 +431,7 @@ private:
     bool solveAt(double counterValue, LinePoint &next)
     {
         return solvePoint(feed, next.point, Closing::of(fraction), Closing::ofUnknown(counter, counterValue)) &&
-               phasesDiffer(n, next.point) && differentiate(next);
+               areVaporAndLiquid(feed, next.point) && differentiate(next);
     }
 
     void note(const TwoPhasePoint &point)
@@ -511,10 +562,26 @@ private:
 
 } // namespace
 
-bool phasesDiffer(int size, const TwoPhasePoint &point)
+bool areVaporAndLiquid(const Feed &feed, const TwoPhasePoint &point)
 {
-    const double ratio = point.vapor.state.Z / point.liquid.state.Z;
-    return std::fabs(ratio - 1.0) > 1e-4 || (size > 1 && point.contrast(size) > 1e-4);
+    if (feed.model.equation == EquationOfState::idealMixture)
+        return true; // its phases never become one
+    const PhaseState &vapor = point.vapor.state;
+    const PhaseState &liquid = point.liquid.state;
+    const double ratio = vapor.Z / liquid.Z;
+    if (std::fabs(ratio - 1.0) < 1e-4 && (feed.size() == 1 || point.contrast(feed.size()) < 1e-4))
+        return false;
+    // Beyond a critical point the equations hold with the phases in each other's place, unless one of them stands at
+    // one of several roots. A molecule's own volume is the measure of density, as for flashTP.
+    if (vapor.severalRoots || liquid.severalRoots)
+        return true;
+    double vaporCovolume = 0.0;
+    double liquidCovolume = 0.0;
+    for (int i = 0; i < feed.size(); ++i) {
+        vaporCovolume += point.y[i] * feed.model.compounds[i].covolume;
+        liquidCovolume += point.x[i] * feed.model.compounds[i].covolume;
+    }
+    return ratio > vaporCovolume / liquidCovolume;
 }
 
 void giveResult(const Feed &feed, const TwoPhasePoint &point, FlashResult &result)

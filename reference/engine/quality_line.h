@@ -27,7 +27,7 @@ LineStatus findOnQualityLine(const Feed &feed, const FlashSpecification &fractio
 // What a solved point says as a result.
 void giveResult(const Feed &feed, const TwoPhasePoint &point, FlashResult &result);
 
-// Whether the phases of a point are two.
-bool phasesDiffer(int size, const TwoPhasePoint &point);
+// Whether the phases of a point are two, the first the vapour.
+bool areVaporAndLiquid(const Feed &feed, const TwoPhasePoint &point);
 
 } // namespace reference

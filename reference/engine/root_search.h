@@ -50,7 +50,7 @@ public:
             for (int halving = 0; halving < 4 && !next.known; ++halving, length *= 0.5) {
                 const double target = std::clamp(last.at + length, low, high);
                 if (target == last.at) {
-                    stoppedAtLimit = true;
+                    stoppedAt = std::fabs(last.residual);
                     return SearchStatus::notReached;
                 }
                 next = function.probe(target);
@@ -66,20 +66,26 @@ public:
         return SearchStatus::notReached;
     }
 
-    // Whether the function had a value anywhere.
-    bool sawValue() const { return valueSeen; }
+    // Whether the last scan leaves no hope for a finer one: no values at all, or all so far from zero that they would
+    // have to change much faster than they do.
+    bool isHopeless() const { return closest > 3.0 * widestStep; }
 
-    // Whether the last search from a start went to an end of the range and would go on there.
-    bool atLimit() const { return stoppedAtLimit; }
+    // Whether the last search from a start went to an end of the range, and ended there far from zero.
+    bool endedFarOff() const { return stoppedAt > 0.05; }
 
     // Looks everywhere, from the low end on.
     SearchStatus scan(int intervals)
     {
         bool jumped = false;
+        closest = std::numeric_limits<double>::infinity();
+        widestStep = 0.0;
         Probe last;
         for (int i = 0; i <= intervals; ++i) {
             Probe next = function.probe(low + (high - low) * i / intervals);
-            valueSeen |= next.known;
+            if (next.known)
+                closest = std::min(closest, std::fabs(next.residual));
+            if (next.known && last.known)
+                widestStep = std::max(widestStep, std::fabs(next.residual - last.residual));
             if (next.met)
                 return SearchStatus::found;
             if (i > 0 && (last.known || next.known)) {
@@ -105,8 +111,9 @@ private:
     Function &function;
     const double low;
     const double high;
-    bool stoppedAtLimit = false;
-    bool valueSeen = false;
+    double stoppedAt = 0.0;                                   // residual at the end of the range
+    double closest = std::numeric_limits<double>::infinity(); // residual of the last scan
+    double widestStep = 0.0;                                  // between neighbours of it
 
     // The last place with a value between one that has one and one that has not.
     Probe edge(Probe known, double unknown)

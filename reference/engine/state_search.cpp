@@ -23,8 +23,9 @@ double highestOf(FlashVariable variable)
     return std::log(variable == FlashVariable::temperature ? highestFlashTemperature : highestFlashPressure);
 }
 
-// Whether a variable rises or falls all the way along a line of constant temperature or pressure, as stability asks:
-// the heat capacity is positive, the volume falls with the pressure.
+// Whether a variable rises or falls all the way (but for small jumps where the model has two liquids) along a line of
+// constant temperature or pressure, as stability asks: the heat capacity is positive, the volume falls with the
+// pressure.
 bool isMonotone(FlashVariable fixed, FlashVariable wanted)
 {
     if (fixed == FlashVariable::pressure)
@@ -153,7 +154,7 @@ private:
         const double at =
             point.unknowns[atTemperature ? TwoPhasePoint::pressureAt(n) : TwoPhasePoint::temperatureAt(n)];
         const double slack = 1e-7;
-        if (!(amount >= 0.0 && amount <= 1.0) || !phasesDiffer(n, point) || at < std::min(a.at, b.at) - slack ||
+        if (!(amount >= 0.0 && amount <= 1.0) || !areVaporAndLiquid(feed, point) || at < std::min(a.at, b.at) - slack ||
             at > std::max(a.at, b.at) + slack)
             return false;
         if (!now.find(feed, point.totals.temperature, point.totals.pressure))
@@ -185,7 +186,7 @@ public:
         Probe result;
         result.at = at;
         const FlashSpecification fixed = conditionOf(condition, at);
-        if (solveAtCondition(feed, fixed, kept, start, state, findings) != SearchStatus::found)
+        if (solveAtCondition(feed, fixed, kept, start, false, state, findings) != SearchStatus::found)
             return result;
         const Totals &totals = state.equilibrium.totals;
         const bool alongTemperature = condition == FlashVariable::temperature;
@@ -223,7 +224,7 @@ private:
 } // namespace
 
 SearchStatus solveAtCondition(const Feed &feed, const FlashSpecification &fixed, const FlashSpecification &wanted,
-                              double start, FoundState &state, SearchFindings &findings)
+                              double start, bool thorough, FoundState &state, SearchFindings &findings)
 {
     const FlashVariable free =
         fixed.variable == FlashVariable::temperature ? FlashVariable::pressure : FlashVariable::temperature;
@@ -231,9 +232,12 @@ SearchStatus solveAtCondition(const Feed &feed, const FlashSpecification &fixed,
     RootSearch search(line, lowestOf(free), highestOf(free));
     const double longestStep = free == FlashVariable::temperature ? 0.4 : 3.0;
     const SearchStatus status = search.from(std::log(start), longestStep);
-    if (status == SearchStatus::found || (search.atLimit() && isMonotone(fixed.variable, wanted.variable)))
+    if (status == SearchStatus::found || (search.endedFarOff() && isMonotone(fixed.variable, wanted.variable)))
         return status;
-    return search.scan(free == FlashVariable::temperature ? 30 : 40);
+    const SearchStatus scanned = search.scan(free == FlashVariable::temperature ? 30 : 40);
+    if (scanned == SearchStatus::found || !thorough || search.isHopeless())
+        return scanned;
+    return search.scan(200);
 }
 
 SearchStatus solveWithoutCondition(const Feed &feed, const FlashSpecification &first, const FlashSpecification &second,
@@ -255,7 +259,7 @@ SearchStatus solveWithoutCondition(const Feed &feed, const FlashSpecification &f
                 {FlashVariable::volume, FlashVariable::pressure},
                 {FlashVariable::gibbsEnergy, FlashVariable::pressure}};
     for (const int intervals : {0, 24, 120}) {
-        bool sawValue = false;
+        bool hopeless = true;
         for (const auto &way : ways) {
             const bool keepFirst = way.kept == first.variable;
             if (!keepFirst && way.kept != second.variable)
@@ -268,10 +272,10 @@ SearchStatus solveWithoutCondition(const Feed &feed, const FlashSpecification &f
                                : search.scan(intervals);
             if (status == SearchStatus::found)
                 return status;
-            sawValue |= search.sawValue();
+            hopeless = hopeless && search.isHopeless();
         }
-        if (intervals > 0 && !sawValue)
-            break; // neither value alone is within the limits
+        if (intervals > 0 && hopeless)
+            break;
     }
     return SearchStatus::notReached;
 }

@@ -23,9 +23,9 @@ struct FoundState {
 };
 
 // Finds the state of given temperature or pressure (`fixed`) where another variable has its value. The
-// search starts at a pressure or temperature.
+// search starts at a pressure or temperature; a thorough one goes on where others give up.
 SearchStatus solveAtCondition(const Feed &feed, const FlashSpecification &fixed, const FlashSpecification &wanted,
-                              double start, FoundState &state, SearchFindings &findings);
+                              double start, bool thorough, FoundState &state, SearchFindings &findings);
 
 // Finds the state where two variables, neither temperature nor pressure, have their values.
 SearchStatus solveWithoutCondition(const Feed &feed, const FlashSpecification &first, const FlashSpecification &second,

@@ -49,6 +49,14 @@ double molecularWeight(const MixtureModel &model, const CompoundArray &x)
     return sum;
 }
 
+double covolume(const MixtureModel &model, const CompoundArray &x)
+{
+    double sum = 0.0;
+    for (int i = 0; i < model.size; ++i)
+        sum += x[i] * model.compounds[i].covolume;
+    return sum;
+}
+
 } // namespace
 
 double valueOf(const MixtureModel &model, const std::vector<double> &z, const FlashResult &result,
@@ -117,7 +125,8 @@ std::string describe(const FlashCase &problem)
     text.precision(17);
     for (const FlashSpecification &given : {problem.request.first, problem.request.second})
         text << flashVariableName(given.variable) << ' ' << given.value << ", ";
-    text << "type " << static_cast<int>(problem.request.solution) << ", z";
+    text << "equation " << static_cast<int>(problem.model.equation) << ", type "
+         << static_cast<int>(problem.request.solution) << ", z";
     for (int i = 0; i < problem.model.size; ++i)
         text << ' ' << problem.z[static_cast<std::size_t>(i)] << " (Tc "
              << problem.model.compounds[i].criticalTemperature << ')';
@@ -167,6 +176,14 @@ std::string faultOf(const FlashCase &problem, const FlashResult &result)
             if (!(std::fabs(gap) < 1e-9))
                 fault << "fugacity " << i << " by " << gap << "; ";
         }
+
+    // With one root each, the names are a matter of density.
+    if (parts.size() == 2 && !parts[0].properties.state.severalRoots && !parts[1].properties.state.severalRoots) {
+        const double vapor = parts[0].properties.volume / covolume(model, result.vapor);
+        const double liquid = parts[1].properties.volume / covolume(model, result.liquid);
+        if (!(vapor > liquid))
+            fault << "the vapor is the denser phase; ";
+    }
 
     double together = 0.0;
     for (const Part &part : parts)

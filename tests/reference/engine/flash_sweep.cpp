@@ -26,6 +26,22 @@ bool isCondition(FlashVariable variable)
     return variable == FlashVariable::temperature || variable == FlashVariable::pressure;
 }
 
+// Raoult's law is for low pressures and for liquids well below their critical temperature.
+double highestTemperatureOf(const MixtureModel &model)
+{
+    if (model.equation != EquationOfState::idealMixture)
+        return highestFlashTemperature;
+    double highest = highestT;
+    for (int i = 0; i < model.size; ++i)
+        highest = std::min(highest, 0.85 * model.compounds[i].criticalTemperature);
+    return highest;
+}
+
+double highestPressureOf(const MixtureModel &model)
+{
+    return model.equation == EquationOfState::idealMixture ? 3e6 : highestFlashPressure;
+}
+
 // What a scan by flashes at given temperature and pressure finds along a line of constant temperature or pressure.
 class Scan {
 public:
@@ -50,7 +66,9 @@ public:
                                                ? SolutionType::normal
                                                : SolutionType::retrograde;
                 const bool wanted = type == SolutionType::unspecified || type == found;
-                if (wanted && std::fabs(fractionAtEdge(i, enters) - fraction) < 0.01)
+                const FlashResult &outside = enters ? last : now;
+                const bool right = fraction == 1.0 ? outside.vaporPresent : outside.liquidPresent;
+                if (wanted && right && std::fabs(fractionAtEdge(i, enters) - fraction) < 0.01)
                     return true;
             }
             last = now;
@@ -117,7 +135,7 @@ private:
     bool at(double part, FlashResult &state) const
     {
         const double low = atTemperature ? lowestFlashPressure : lowestFlashTemperature;
-        const double high = atTemperature ? highestFlashPressure : highestFlashTemperature;
+        const double high = atTemperature ? highestPressureOf(problem.model) : highestTemperatureOf(problem.model);
         const double free = low * std::pow(high / low, part);
         return flashTP(problem.model, atTemperature ? value : free, atTemperature ? free : value, problem.z, state) ==
                FlashStatus::solved;
@@ -154,8 +172,14 @@ private:
     Sweep &sweep;
 
     double uniform() { return std::uniform_real_distribution<double>(0.0, 1.0)(random); }
-    double randomTemperature() { return lowestT + (highestT - lowestT) * uniform(); }
-    double randomPressure() { return lowestP * std::pow(highestP / lowestP, uniform()); }
+    double randomTemperature(const MixtureModel &model)
+    {
+        return lowestT + (std::min(highestT, highestTemperatureOf(model)) - lowestT) * uniform();
+    }
+    double randomPressure(const MixtureModel &model)
+    {
+        return lowestP * std::pow(std::min(highestP, highestPressureOf(model)) / lowestP, uniform());
+    }
 
     MixtureModel randomModel()
     {
@@ -169,7 +193,8 @@ private:
         }
         constexpr EquationOfState equations[] = {EquationOfState::pengRobinson, EquationOfState::soaveRedlichKwong,
                                                  EquationOfState::idealMixture};
-        return MixtureModel::of(list, equations[random() % 3]);
+        const MixtureModel model = MixtureModel::of(list, equations[random() % 3]);
+        return highestTemperatureOf(model) > 1.2 * lowestT ? model : MixtureModel::of(list);
     }
 
     SweepCount &countOf(const FlashCase &problem)
@@ -187,7 +212,8 @@ private:
 
     bool randomState(const FlashCase &problem, FlashResult &state)
     {
-        return flashTP(problem.model, randomTemperature(), randomPressure(), problem.z, state) == FlashStatus::solved;
+        return flashTP(problem.model, randomTemperature(problem.model), randomPressure(problem.model), problem.z,
+                       state) == FlashStatus::solved;
     }
 
     void accept(const FlashCase &problem, const FlashResult &result)
@@ -208,7 +234,8 @@ private:
         FlashReason reason;
         const FlashStatus status = flash(problem.model, problem.request, problem.z, result, reason);
         if (status != FlashStatus::solved)
-            return fault(problem, std::string("refused a state that exists: ") + reason.data());
+            return fault(problem, std::string("refused a state that exists, at ") + std::to_string(state.temperature) +
+                                      " K, " + std::to_string(state.pressure) + " Pa: " + reason.data());
         accept(problem, result);
     }
 
@@ -243,8 +270,8 @@ private:
         fraction.value = pure ? uniform() : std::floor(2.0 * uniform());
         const FlashVariable asked = other.variable;
         const bool atTemperature = isCondition(asked) ? asked == FlashVariable::temperature : uniform() < 0.5;
-        other = atTemperature ? FlashSpecification{FlashVariable::temperature, randomTemperature()}
-                              : FlashSpecification{FlashVariable::pressure, randomPressure()};
+        other = atTemperature ? FlashSpecification{FlashVariable::temperature, randomTemperature(problem.model)}
+                              : FlashSpecification{FlashVariable::pressure, randomPressure(problem.model)};
         if (isCondition(asked))
             problem.request.solution = static_cast<SolutionType>(random() % 3);
         FlashResult result;
@@ -304,16 +331,20 @@ private:
 
 } // namespace
 
+void SweepCount::add(const SweepCount &other)
+{
+    problems += other.problems;
+    solved += other.solved;
+    refused += other.refused;
+    faults += other.faults;
+}
+
 SweepCount Sweep::total() const
 {
     SweepCount sum;
     for (const auto &row : counts)
-        for (const SweepCount &count : row) {
-            sum.problems += count.problems;
-            sum.solved += count.solved;
-            sum.refused += count.refused;
-            sum.faults += count.faults;
-        }
+        for (const SweepCount &count : row)
+            sum.add(count);
     return sum;
 }
 

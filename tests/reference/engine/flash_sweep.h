@@ -13,6 +13,8 @@ struct SweepCount {
     int solved = 0;
     int refused = 0; // with a reason that has been found true
     int faults = 0;  // answers and reasons that are wrong
+
+    void add(const SweepCount &other);
 };
 
 struct Sweep {
