@@ -70,6 +70,9 @@ public:
     // have to change much faster than they do.
     bool isHopeless() const { return closest > 3.0 * widestStep; }
 
+    // Whether the last scan met a value at all.
+    bool sawValue() const { return std::isfinite(closest); }
+
     // Whether the last search from a start went to an end of the range, and ended there far from zero.
     bool endedFarOff() const { return stoppedAt > 0.05; }
 

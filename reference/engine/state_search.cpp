@@ -249,15 +249,16 @@ SearchStatus solveWithoutCondition(const Feed &feed, const FlashSpecification &f
     constexpr struct {
         FlashVariable kept;
         FlashVariable along;
-    } ways[] = {{FlashVariable::volume, FlashVariable::temperature},
-                {FlashVariable::entropy, FlashVariable::pressure},
-                {FlashVariable::enthalpy, FlashVariable::pressure},
-                {FlashVariable::helmholtzEnergy, FlashVariable::temperature},
-                {FlashVariable::internalEnergy, FlashVariable::pressure},
-                {FlashVariable::gibbsEnergy, FlashVariable::temperature},
-                {FlashVariable::helmholtzEnergy, FlashVariable::pressure},
-                {FlashVariable::volume, FlashVariable::pressure},
-                {FlashVariable::gibbsEnergy, FlashVariable::pressure}};
+        bool wide; // states with the kept value, where there are any, stretch far along
+    } ways[] = {{FlashVariable::volume, FlashVariable::temperature, true},
+                {FlashVariable::entropy, FlashVariable::pressure, true},
+                {FlashVariable::enthalpy, FlashVariable::pressure, true},
+                {FlashVariable::helmholtzEnergy, FlashVariable::temperature, false},
+                {FlashVariable::internalEnergy, FlashVariable::pressure, true},
+                {FlashVariable::gibbsEnergy, FlashVariable::temperature, true},
+                {FlashVariable::helmholtzEnergy, FlashVariable::pressure, false},
+                {FlashVariable::volume, FlashVariable::pressure, false},
+                {FlashVariable::gibbsEnergy, FlashVariable::pressure, false}};
     for (const int intervals : {0, 24, 120}) {
         bool hopeless = true;
         for (const auto &way : ways) {
@@ -272,6 +273,8 @@ SearchStatus solveWithoutCondition(const Feed &feed, const FlashSpecification &f
                                : search.scan(intervals);
             if (status == SearchStatus::found)
                 return status;
+            if (intervals > 0 && way.wide && !search.sawValue())
+                return status; // no state at all has the kept value
             hopeless = hopeless && search.isHopeless();
         }
         if (intervals > 0 && hopeless)

@@ -7,9 +7,9 @@ namespace reference {
 
 namespace {
 
-constexpr int mostSteps = 25;
+constexpr int mostSteps = 30;
 constexpr double solved = 1e-12;     // largest residual aimed at
-constexpr double goodEnough = 2e-11; // where round-off lets no more
+constexpr double goodEnough = 1e-11; // where round-off lets no more
 constexpr double widest = 300.0;     // largest |ln K|
 
 double molecularWeight(const Feed &feed, const CompoundArray &amounts)
@@ -254,11 +254,13 @@ bool solvePoint(const Feed &feed, TwoPhasePoint &point, const Closing &first, co
     Elimination elimination;
     UnknownArray best;
     double least = 1e300;
+    int failures = 0;
     for (int step = 0; step < mostSteps; ++step) {
         if (!point.evaluate(feed))
             return false;
         equations.build(feed, point, first, second);
-        const double residual = equations.largest();
+        // The balance is promised more digits than the fugacities, and does not suffer from round-off as these do.
+        const double residual = std::max(equations.largest(), 20.0 * std::fabs(equations.residuals[n]));
         if (!std::isfinite(residual))
             return false;
         if (residual < solved)
@@ -266,7 +268,7 @@ bool solvePoint(const Feed &feed, TwoPhasePoint &point, const Closing &first, co
         if (residual < least) {
             least = residual;
             best = point.unknowns;
-        } else if (least < goodEnough) {
+        } else if (least < goodEnough && ++failures == 3) {
             point.unknowns = best; // round-off: it gets no better
             return point.evaluate(feed);
         }

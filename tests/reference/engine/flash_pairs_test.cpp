@@ -321,8 +321,10 @@ TEST(Flash, SaysHowFarAFractionGoes)
     const MixtureModel model = modelOf({"methane", "ethane"});
     const std::string words = refusal(
         model, {0.5, 0.5}, {{Variable::temperature, 400.0}, {Variable::vaporFraction, 0.5}}, FlashStatus::noSolution);
-    EXPECT_EQ(words.substr(0, 76), "No state with the vapor fraction 0.5 has the temperature 400 K: its temperat")
-        << words;
+    const std::string start =
+        "No state with the vapor fraction 0.5 and the temperature 400 K was found: the fraction has "
+        "temperatures from ";
+    EXPECT_EQ(words.substr(0, start.size()), start);
 }
 
 // Smith, Van Ness, Abbott, Introduction to Chemical Engineering Thermodynamics, 7th ed. (2005), example 10.5: acetone,
@@ -330,10 +332,10 @@ TEST(Flash, SaysHowFarAFractionGoes)
 TEST(SolveRachfordRice, GivesTheFlashOfTheTextbook)
 {
     const double z[] = {0.45, 0.35, 0.20};
-    const double K[] = {1.7795, 0.8895, 0.4575}; // vapour pressures of 195.75, 97.84 and 50.32 kPa
+    const double K[] = {195.75 / 110.0, 97.84 / 110.0, 50.32 / 110.0};
     PhaseAmounts amounts;
     ASSERT_TRUE(solveRachfordRice(3, z, K, amounts));
-    EXPECT_NEAR(amounts.vapor, 0.7364, 5e-5);
+    EXPECT_NEAR(amounts.vapor, 0.7364, 2e-4); // the book rounds on the way
     EXPECT_NEAR(K[0] * z[0] / (amounts.liquid + amounts.vapor * K[0]), 0.5087, 5e-5);
     EXPECT_NEAR(K[1] * z[1] / (amounts.liquid + amounts.vapor * K[1]), 0.3389, 5e-5);
     EXPECT_NEAR(K[2] * z[2] / (amounts.liquid + amounts.vapor * K[2]), 0.1524, 5e-5);

@@ -163,7 +163,7 @@ public:
             return judgeFraction(problem);
         FlashResult state;
         if (!randomState(problem, state))
-            return fault(problem, "the TP flash failed");
+            return failedAt(problem, state);
         judgeSolvable(problem, state);
     }
 
@@ -184,10 +184,10 @@ private:
     MixtureModel randomModel()
     {
         std::vector<const CompoundData *> list;
-        const std::vector<const CompoundData *> table = naturalGasList();
+        const std::span<const CompoundData> table = compoundTable();
         const std::size_t wanted = 1 + random() % std::min<std::size_t>(12, table.size());
         while (list.size() < wanted) {
-            const CompoundData *chosen = table[random() % table.size()];
+            const CompoundData *chosen = &table[random() % table.size()];
             if (std::ranges::find(list, chosen) == list.end())
                 list.push_back(chosen);
         }
@@ -208,6 +208,12 @@ private:
     {
         ++countOf(problem).faults;
         sweep.faults.push_back(what + " | " + describe(problem));
+    }
+
+    void failedAt(const FlashCase &problem, const FlashResult &state)
+    {
+        fault(problem, "no phases were found at " + std::to_string(state.temperature) + " K, " +
+                           std::to_string(state.pressure) + " Pa");
     }
 
     bool randomState(const FlashCase &problem, FlashResult &state)
@@ -260,7 +266,7 @@ private:
         if (uniform() < 0.5)
             for (int attempt = 0; attempt < 100; ++attempt) {
                 if (!randomState(problem, state))
-                    return fault(problem, "the TP flash failed");
+                    return failedAt(problem, state);
                 if (state.vaporPresent && state.liquidPresent)
                     return judgeSolvable(problem, state);
             }
@@ -302,7 +308,7 @@ private:
     {
         FlashResult state;
         if (!randomState(problem, state))
-            return fault(problem, "the TP flash failed");
+            return failedAt(problem, state);
         FlashSpecification &first = problem.request.first;
         FlashSpecification &second = problem.request.second;
         for (FlashSpecification *given : {&first, &second})
