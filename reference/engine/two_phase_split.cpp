@@ -12,6 +12,7 @@ namespace {
 constexpr double equalFugacity = 1e-11;  // aimed at
 constexpr double goodEnough = 1e-10;     // what is promised, where round-off lets no more
 constexpr double sameComposition = 1e-5; // largest ln K of phases that are one
+constexpr double farOff = 1.0;           // difference of logarithms of fugacities
 constexpr int firstSubstitutions = 3;
 constexpr int mostSubstitutions = 200;
 constexpr int mostNewtonSteps = 60;
@@ -99,6 +100,21 @@ bool newtonStep(const FlashProblem &problem, TwoPhases &phases)
     return false;
 }
 
+// Substitution, where it lowers the Gibbs energy: far from equilibrium, with compounds that hardly dissolve in one of
+// the phases, it goes further than a Newton step may.
+bool goodSubstitution(const FlashProblem &problem, TwoPhases &phases)
+{
+    TwoPhases next = phases;
+    substitute(problem, next);
+    if (!next.update(problem))
+        return false;
+    next.findGibbs(problem);
+    if (!(next.gibbs < phases.gibbs))
+        return false;
+    phases = next;
+    return true;
+}
+
 SplitStatus verdict(const FlashProblem &problem, TwoPhases &phases)
 {
     if (collapsing(problem, phases))
@@ -129,6 +145,8 @@ SplitStatus converge(const FlashProblem &problem, TwoPhases &phases)
             return SplitStatus::collapsed;
     }
     for (int step = 0; step < mostNewtonSteps && phases.largestGap >= equalFugacity; ++step) {
+        if (phases.largestGap > farOff && goodSubstitution(problem, phases))
+            continue;
         if (newtonStep(problem, phases))
             continue;
         if (phases.largestGap < goodEnough)
