@@ -1,5 +1,6 @@
 // A hundred thousand random flash problems of all pairs of specifications: how many of each were solved, how
-// many refused for a reason that is true, and what time they took. Ends with 1 if any answer or reason is wrong.
+// many refused for a reason that is true, and what time they took. Ends with 1 if any answer is wrong, or if more than
+// one of a thousand were refused that have a solution.
 #include "tests/reference/engine/flash_sweep.h"
 #include "reference/engine/flash_reason.h"
 
@@ -41,17 +42,18 @@ int main(int count, char **arguments)
             std::printf("problem %llu: %s\n", static_cast<unsigned long long>(number), fault.c_str());
     }
 
-    std::printf("%-20s %-20s %9s %9s %9s %9s %9s\n", "", "", "problems", "solved", "refused", "wrong", "ms each");
+    std::printf("%-20s %-20s %9s %9s %9s %9s %9s %9s\n", "", "", "problems", "solved", "refused", "missed", "wrong",
+                "ms each");
     double seconds = 0.0;
     for (int i = 0; i < flashVariableCount; ++i)
         for (int j = i + 1; j < flashVariableCount; ++j) {
             const SweepCount &pair = pairs[i][j].count;
             seconds += pairs[i][j].seconds;
-            std::printf("%-20s %-20s %9d %9d %9d %9d %9.2f\n", flashVariableName(static_cast<FlashVariable>(i)),
+            std::printf("%-20s %-20s %9d %9d %9d %9d %9d %9.2f\n", flashVariableName(static_cast<FlashVariable>(i)),
                         flashVariableName(static_cast<FlashVariable>(j)), pair.problems, pair.solved, pair.refused,
-                        pair.faults, pair.problems ? 1e3 * pairs[i][j].seconds / pair.problems : 0.0);
+                        pair.missed, pair.wrong, pair.problems ? 1e3 * pairs[i][j].seconds / pair.problems : 0.0);
         }
-    std::printf("%-41s %9d %9d %9d %9d %9.2f\n", "all", all.problems, all.solved, all.refused, all.faults,
-                1e3 * seconds / problems);
-    return all.faults == 0 ? 0 : 1;
+    std::printf("%-41s %9d %9d %9d %9d %9d %9.2f\n", "all", all.problems, all.solved, all.refused, all.missed,
+                all.wrong, 1e3 * seconds / problems);
+    return all.wrong == 0 && all.missed <= problems / 1000 ? 0 : 1;
 }

@@ -206,7 +206,18 @@ private:
 
     void fault(const FlashCase &problem, const std::string &what)
     {
-        ++countOf(problem).faults;
+        ++countOf(problem).wrong;
+        note(problem, what);
+    }
+
+    void miss(const FlashCase &problem, const std::string &what)
+    {
+        ++countOf(problem).missed;
+        note(problem, what);
+    }
+
+    void note(const FlashCase &problem, const std::string &what)
+    {
         sweep.faults.push_back(what + " | " + describe(problem));
     }
 
@@ -240,8 +251,8 @@ private:
         FlashReason reason;
         const FlashStatus status = flash(problem.model, problem.request, problem.z, result, reason);
         if (status != FlashStatus::solved)
-            return fault(problem, std::string("refused a state that exists, at ") + std::to_string(state.temperature) +
-                                      " K, " + std::to_string(state.pressure) + " Pa: " + reason.data());
+            return miss(problem, std::string("refused a state that exists, at ") + std::to_string(state.temperature) +
+                                     " K, " + std::to_string(state.pressure) + " Pa: " + reason.data());
         accept(problem, result);
     }
 
@@ -299,7 +310,7 @@ private:
         const FlashCase judged = problem;
         other.variable = asked;
         if (exists)
-            return fault(judged, std::string("there is a solution: ") + reason.data());
+            return miss(judged, std::string("there is a solution: ") + reason.data());
         ++countOf(problem).refused;
     }
 
@@ -328,7 +339,7 @@ private:
             return accept(problem, result);
         const FlashSpecification &kept = &moved == &first ? second : first;
         if (isCondition(kept.variable) && !isCondition(moved.variable) && Scan(problem, kept).passes(moved))
-            return fault(problem, std::string("there is a solution: ") + reason.data());
+            return miss(problem, std::string("there is a solution: ") + reason.data());
         if (std::strlen(reason.data()) < 20)
             return fault(problem, "no reason");
         ++countOf(problem).refused;
@@ -342,7 +353,8 @@ void SweepCount::add(const SweepCount &other)
     problems += other.problems;
     solved += other.solved;
     refused += other.refused;
-    faults += other.faults;
+    missed += other.missed;
+    wrong += other.wrong;
 }
 
 SweepCount Sweep::total() const

@@ -12,7 +12,8 @@ struct SweepCount {
     int problems = 0;
     int solved = 0;
     int refused = 0; // with a reason that has been found true
-    int faults = 0;  // answers and reasons that are wrong
+    int missed = 0;  // refused though there is a solution
+    int wrong = 0;   // answers that are none, and refusals for no reason
 
     void add(const SweepCount &other);
 };
@@ -20,7 +21,7 @@ struct SweepCount {
 struct Sweep {
     // By the two variables, the lower one first.
     SweepCount counts[flashVariableCount][flashVariableCount];
-    std::vector<std::string> faults; // in words
+    std::vector<std::string> faults; // what was missed or wrong, in words
 
     SweepCount total() const;
 };
