@@ -28,6 +28,7 @@ constexpr CompoundConstant constants[] = {
     {"criticalCompressibilityFactor", [](Compound compound) { return compound.criticalCompressibility; }, nullptr},
     {"acentricFactor", [](Compound compound) { return compound.acentricFactor; }, nullptr},
     {"normalBoilingPoint", [](Compound compound) { return compound.normalBoilingPoint; }, nullptr},
+    {"normalFreezingPoint", [](Compound compound) { return compound.normalFreezingPoint; }, nullptr},
     {"triplePointTemperature", [](Compound compound) { return compound.triplePointTemperature; }, nullptr},
     {"triplePointPressure", [](Compound compound) { return compound.triplePointPressure; }, nullptr},
     {"standardFormationEnthalpyGas", [](Compound compound) { return compound.formationEnthalpy; }, nullptr},

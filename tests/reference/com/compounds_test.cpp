@@ -121,6 +121,7 @@ TEST_F(PackageCompounds, GiveEveryConstantThatIsListed)
                            {"criticalCompressibilityFactor", 0.2847, 1e-4},
                            {"acentricFactor", 0.1005, 0.0},
                            {"normalBoilingPoint", 212.85, 0.01},
+                           {"normalFreezingPoint", 187.7, 0.1},
                            {"triplePointTemperature", 187.7, 0.1},
                            {"triplePointPressure", 23250.0, 100.0},
                            {"standardFormationEnthalpyGas", -20.6e3, 500.0},
