@@ -1,6 +1,7 @@
 #include "reference/engine/quality_line.h"
 
-#include "reference/engine/stability.h"
+#include "reference/engine/line_sample.h"
+#include "reference/engine/quality_estimate.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,111 +11,11 @@ namespace reference {
 namespace {
 
 constexpr int mostSteps = 600;
-constexpr double metastable = 1e-8; // a Gibbs energy over R T too high by this is no round-off
 
-// How a value of a variable is compared: energies and fractions as they are, the others by their logarithms.
+// What a variable misses its value by.
 double deviation(const TwoPhasePoint &point, int size, const FlashSpecification &given)
 {
     return (point.value(size, given.variable) - given.value) / scaleOf(given, point.totals.temperature);
-}
-
-// Sum over z_i (K_i - 1) / (liquid + vapor K_i) with K_i times a factor, in a form that is fit for large ratios.
-double balance(const Feed &feed, const UnknownArray &lnK, double amount)
-{
-    double sum = 0.0;
-    double vapor = 0.0;
-    double liquid = 0.0;
-    for (int i = 0; i < feed.size(); ++i) {
-        const double K = std::exp(lnK[i]);
-        sum += feed.z[i] * (K - 1.0) / (1.0 - amount + amount * K);
-        vapor += feed.z[i] * K;
-        liquid += feed.z[i] / K;
-    }
-    if (amount == 0.0)
-        return std::log(vapor);
-    return amount == 1.0 ? -std::log(liquid) : sum;
-}
-
-// A first estimate of a state with this amount of vapour at a temperature or pressure: by Wilson's ratios, then by
-// substitution of the coefficients into them.
-class Estimate {
-public:
-    Estimate(const Feed &whole, double vapor, const FlashSpecification &at, TwoPhasePoint &start)
-        : feed(whole), amount(vapor), given(at), point(start),
-          fixedTemperature(at.variable == FlashVariable::temperature)
-    {
-    }
-
-    bool make()
-    {
-        const int n = feed.size();
-        point.setAmounts(n, amount, 1.0 - amount);
-        double &lnT = point.unknowns[TwoPhasePoint::temperatureAt(n)];
-        double &lnP = point.unknowns[TwoPhasePoint::pressureAt(n)];
-        lnT = fixedTemperature ? std::log(given.value) : 0.0;
-        lnP = fixedTemperature ? 0.0 : std::log(given.value);
-        if (!shift([&](double lnValue) {
-                (fixedTemperature ? lnP : lnT) = lnValue;
-                for (int i = 0; i < n; ++i)
-                    point.unknowns[i] = wilsonLogRatio(feed.model.compounds[i], std::exp(lnT), std::exp(lnP));
-            }))
-            return false;
-        for (int round = 0; round < 5; ++round) {
-            if (!point.evaluate(feed))
-                return false;
-            UnknownArray lnK;
-            for (int i = 0; i < n; ++i)
-                lnK[i] = point.liquid.state.lnPhi[i] - point.vapor.state.lnPhi[i];
-            const double oldT = std::exp(lnT);
-            const double oldLnP = lnP;
-            if (!shift([&](double lnValue) {
-                    (fixedTemperature ? lnP : lnT) = lnValue;
-                    for (int i = 0; i < n; ++i) {
-                        const CompoundTerms &compound = feed.model.compounds[i];
-                        const double warming = 5.373 * (1.0 + compound.acentricFactor) * compound.criticalTemperature;
-                        point.unknowns[i] = lnK[i] + (oldLnP - lnP) + warming * (1.0 / oldT - 1.0 / std::exp(lnT));
-                    }
-                }))
-                return false;
-        }
-        return true;
-    }
-
-private:
-    const Feed &feed;
-    double amount;
-    const FlashSpecification &given;
-    TwoPhasePoint &point;
-    bool fixedTemperature;
-
-    // Finds the pressure or temperature at which the ratios that `set` makes for its logarithm are in balance.
-    template <class Set> bool shift(Set set) const
-    {
-        double low = std::log(fixedTemperature ? lowestFlashPressure : lowestFlashTemperature);
-        double high = std::log(fixedTemperature ? highestFlashPressure : highestFlashTemperature);
-        const double rising = fixedTemperature ? -1.0 : 1.0; // more vapour when warmer or less compressed
-        set(low);
-        if (rising * balance(feed, point.unknowns, amount) > 0.0)
-            return false;
-        set(high);
-        if (rising * balance(feed, point.unknowns, amount) < 0.0)
-            return false;
-        for (int i = 0; i < 45; ++i) {
-            const double middle = 0.5 * (low + high);
-            set(middle);
-            (rising * balance(feed, point.unknowns, amount) > 0.0 ? high : low) = middle;
-        }
-        return true;
-    }
-};
-
-bool withinLimits(const Totals &totals)
-{
-    constexpr double slack = 1e-9;
-    return totals.temperature > lowestFlashTemperature * (1.0 - slack) &&
-           totals.temperature < highestFlashTemperature * (1.0 + slack) &&
-           totals.pressure > lowestFlashPressure * (1.0 - slack) &&
-           totals.pressure < highestFlashPressure * (1.0 + slack);
 }
 
 // A point of the line, and how everything changes along it.
@@ -182,10 +83,10 @@ private:
 
     bool startAt(const FlashSpecification &at, TwoPhasePoint &point) const
     {
-        if (!Estimate(feed, fraction.value, at, point).make())
+        if (!estimatePoint(feed, fraction.value, at, point))
             return false;
         return solvePoint(feed, point, Closing::of(fraction), Closing::of(at)) && areVaporAndLiquid(feed, point) &&
-               withinLimits(point.totals);
+               isWithinLimits(point.totals);
     }
 
     // A feed can have several lines of one vapour fraction: those of two liquids do not meet the one of boiling, and
@@ -210,12 +111,13 @@ private:
         const bool atTemperature = at.variable == FlashVariable::temperature;
         const double low = atTemperature ? 1e2 : lowestFlashTemperature;
         const double high = atTemperature ? highestFlashPressure : highestFlashTemperature;
-        Sample last;
+        const LineSampler sampler(feed, fraction);
+        LineSample last;
         for (int i = 0; i <= intervals; ++i) {
-            Sample now;
+            LineSample now;
             now.take(feed, at, low * std::pow(high / low, static_cast<double>(i) / intervals));
             LinePoint start;
-            if (i > 0 && startBetween(last, now, at, start.point)) {
+            if (i > 0 && sampler.startBetween(last, now, at, start.point)) {
                 started = true;
                 if (isAnswer ? offer(start.point) : !isTraced(start.point) && walkBoth(start))
                     return true;
@@ -224,23 +126,6 @@ private:
         }
         return false;
     }
-
-    // What a flash at a temperature or pressure and another condition tells.
-    struct Sample {
-        bool known = false;
-        bool isNamed = false; // one phase, which another name is given on the other side
-        double free = 0.0;    // the other condition
-        FlashResult state;
-
-        void take(const Feed &feed, const FlashSpecification &at, double other)
-        {
-            free = other;
-            const bool atTemperature = at.variable == FlashVariable::temperature;
-            known = flashTP(feed.model, atTemperature ? at.value : other, atTemperature ? other : at.value,
-                            feed.fractions(), state) == FlashStatus::solved;
-        }
-        bool isTwo() const { return state.vaporPresent && state.liquidPresent; }
-    };
 
     bool walkBoth(const LinePoint &start) { return walk(start, 1.0) || walk(start, -1.0); }
 
@@ -256,87 +141,13 @@ private:
         return false;
     }
 
-    // The fraction that is given, of two phases.
-    double fractionOf(const FlashResult &state) const
-    {
-        if (fraction.variable == FlashVariable::vaporFraction)
-            return state.vaporFraction;
-        double vapor = 0.0;
-        double liquid = 0.0;
-        for (int i = 0; i < n; ++i) {
-            vapor += state.vaporFraction * state.vapor[i] * feed.model.compounds[i].molecularWeight;
-            liquid += state.liquidFraction * state.liquid[i] * feed.model.compounds[i].molecularWeight;
-        }
-        return vapor / (vapor + liquid);
-    }
-
-    // How much more vapour a sample has than wanted. One phase counts as the one that its neighbour of two phases
-    // is about to be, and is on the other side of a fraction of 0 or 1.
-    double surplus(const Sample &sample, const Sample &neighbour) const
-    {
-        if (sample.isTwo())
-            return fractionOf(sample.state) - fraction.value;
-        const bool nearVapor =
-            neighbour.isTwo() && !sample.isNamed ? neighbour.state.vaporFraction > 0.5 : sample.state.vaporPresent;
-        const double difference = (nearVapor ? 1.0 : 0.0) - fraction.value;
-        return difference != 0.0 ? difference : nearVapor ? 1.0 : -1.0;
-    }
-
-    // A point of the line between two samples.
-    bool startBetween(Sample first, Sample second, const FlashSpecification &at, TwoPhasePoint &point) const
-    {
-        if (!first.known || !second.known)
-            return false;
-        if (!first.isTwo() && !second.isTwo())
-            first.isNamed = second.isNamed = true;
-        for (int halving = 0; halving < 30; ++halving) {
-            const bool two = first.isTwo() || second.isTwo();
-            if (two ? surplus(first, second) * surplus(second, first) > 0.0
-                    : first.state.vaporPresent == second.state.vaporPresent)
-                return false;
-            if ((two || (n == 1 && halving > 10)) && halving % 3 == 0 && solveBetween(first, second, at, point))
-                return true;
-            Sample middle;
-            middle.take(feed, at, std::sqrt(first.free * second.free));
-            if (!middle.known)
-                return false;
-            const bool before = two || middle.isTwo() ? surplus(first, middle) * surplus(middle, first) < 0.0
-                                                      : middle.state.vaporPresent != first.state.vaporPresent;
-            middle.isNamed = first.isNamed && second.isNamed;
-            (before ? second : first) = middle;
-        }
-        return false;
-    }
-
-    bool solveBetween(const Sample &first, const Sample &second, const FlashSpecification &at,
-                      TwoPhasePoint &point) const
-    {
-        const bool takeFirst =
-            !second.isTwo() || (first.isTwo() && std::fabs(surplus(first, second)) < std::fabs(surplus(second, first)));
-        const FlashResult &nearest = takeFirst ? first.state : second.state;
-        for (int i = 0; i < n; ++i)
-            point.unknowns[i] = n == 1 ? 0.0 : std::log(nearest.vapor[i] / nearest.liquid[i]);
-        if (n == 1 || fraction.variable == FlashVariable::vaporFraction)
-            point.setAmounts(n, fraction.value, 1.0 - fraction.value);
-        else
-            point.setAmounts(n, nearest.vaporFraction, nearest.liquidFraction);
-        point.unknowns[TwoPhasePoint::temperatureAt(n)] = std::log(nearest.temperature);
-        point.unknowns[TwoPhasePoint::pressureAt(n)] = std::log(nearest.pressure);
-        if (!solvePoint(feed, point, Closing::of(fraction), Closing::of(at)) || !areVaporAndLiquid(feed, point))
-            return false;
-        const double free =
-            at.variable == FlashVariable::temperature ? point.totals.pressure : point.totals.temperature;
-        return free > std::min(first.free, second.free) * (1.0 - 1e-9) &&
-               free < std::max(first.free, second.free) * (1.0 + 1e-9) && isStable(point);
-    }
-
     // Whether a solution is of the type that is wanted, and no phase of it would split off another. True when the
     // search is over.
     bool offer(const TwoPhasePoint &point)
     {
-        if (!withinLimits(point.totals) || !areVaporAndLiquid(feed, point))
+        if (!isWithinLimits(point.totals) || !areVaporAndLiquid(feed, point))
             return false;
-        if (!isStable(point)) {
+        if (!isStable(feed, point)) {
             sawUnstable = true;
             return false;
         }
@@ -355,15 +166,6 @@ private:
         }
         haveSecondChoice = true;
         return wanted;
-    }
-
-    bool isStable(const TwoPhasePoint &point) const
-    {
-        Equilibrium found;
-        if (!found.find(feed, point.totals.temperature, point.totals.pressure))
-            return true;
-        const double gibbs = point.totals.value(FlashVariable::gibbsEnergy) / (gasConstant * point.totals.temperature);
-        return found.gibbs > gibbs - metastable * (1.0 + 1e-3 * std::fabs(gibbs));
     }
 
     SolutionType typeOf(const TwoPhasePoint &point)
@@ -468,7 +270,7 @@ private:
                 return false; // the line ends: at a critical point, mostly
             if (search(last, next))
                 return true;
-            if (!withinLimits(next.point.totals))
+            if (!isWithinLimits(next.point.totals))
                 return false;
             last = next;
         }
@@ -561,41 +363,6 @@ private:
 };
 
 } // namespace
-
-bool areVaporAndLiquid(const Feed &feed, const TwoPhasePoint &point)
-{
-    if (feed.model.equation == EquationOfState::idealMixture)
-        return true; // its phases never become one
-    const PhaseState &vapor = point.vapor.state;
-    const PhaseState &liquid = point.liquid.state;
-    const double ratio = vapor.Z / liquid.Z;
-    if (std::fabs(ratio - 1.0) < 1e-4 && (feed.size() == 1 || point.contrast(feed.size()) < 1e-4))
-        return false;
-    // Beyond a critical point the equations hold with the phases in each other's place, unless one of them stands at
-    // one of several roots. A molecule's own volume is the measure of density, as for flashTP.
-    if (vapor.severalRoots || liquid.severalRoots)
-        return true;
-    double vaporCovolume = 0.0;
-    double liquidCovolume = 0.0;
-    for (int i = 0; i < feed.size(); ++i) {
-        vaporCovolume += point.y[i] * feed.model.compounds[i].covolume;
-        liquidCovolume += point.x[i] * feed.model.compounds[i].covolume;
-    }
-    return ratio > vaporCovolume / liquidCovolume;
-}
-
-void giveResult(const Feed &feed, const TwoPhasePoint &point, FlashResult &result)
-{
-    const int n = feed.size();
-    result.temperature = point.totals.temperature;
-    result.pressure = point.totals.pressure;
-    result.vaporPresent = true;
-    result.liquidPresent = true;
-    result.vaporFraction = point.vaporAmount(n);
-    result.liquidFraction = point.liquidAmount(n);
-    std::copy_n(point.y.begin(), n, result.vapor.begin());
-    std::copy_n(point.x.begin(), n, result.liquid.begin());
-}
 
 LineStatus findOnQualityLine(const Feed &feed, const FlashSpecification &fraction, const FlashSpecification &other,
                              SolutionType type, FlashResult &result, LineExtent &extent)

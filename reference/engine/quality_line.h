@@ -24,10 +24,4 @@ struct LineExtent {
 LineStatus findOnQualityLine(const Feed &feed, const FlashSpecification &fraction, const FlashSpecification &other,
                              SolutionType type, FlashResult &result, LineExtent &extent);
 
-// What a solved point says as a result.
-void giveResult(const Feed &feed, const TwoPhasePoint &point, FlashResult &result);
-
-// Whether the phases of a point are two, the first the vapour.
-bool areVaporAndLiquid(const Feed &feed, const TwoPhasePoint &point);
-
 } // namespace reference

@@ -1,6 +1,6 @@
 #include "reference/engine/state_search.h"
 
-#include "reference/engine/quality_line.h"
+#include "reference/engine/vapor_liquid_point.h"
 
 #include <cmath>
 
@@ -157,14 +157,11 @@ private:
         if (!(amount >= 0.0 && amount <= 1.0) || !areVaporAndLiquid(feed, point) || at < std::min(a.at, b.at) - slack ||
             at > std::max(a.at, b.at) + slack)
             return false;
-        if (!now.find(feed, point.totals.temperature, point.totals.pressure))
-            return false;
-        const double gibbs = point.totals.value(FlashVariable::gibbsEnergy) / (gasConstant * point.totals.temperature);
-        if (now.gibbs < gibbs - 1e-8 * (1.0 + 1e-3 * std::fabs(gibbs)))
+        if (!isStable(feed, point))
             return false;
         giveResult(feed, point, now.phases);
         now.totals = point.totals;
-        now.gibbs = gibbs;
+        now.gibbs = point.totals.value(FlashVariable::gibbsEnergy) / (gasConstant * point.totals.temperature);
         state.slopesKnown = false;
         return true;
     }

@@ -10,7 +10,7 @@ namespace {
 constexpr int mostSteps = 30;
 constexpr double solved = 1e-12;     // largest residual aimed at
 constexpr double goodEnough = 1e-11; // where round-off lets no more
-constexpr double widest = 300.0;     // largest |ln K|
+constexpr double widest = 500.0;     // largest |ln K|: with more, fractions vanish
 
 double molecularWeight(const Feed &feed, const CompoundArray &amounts)
 {

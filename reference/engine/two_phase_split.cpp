@@ -12,6 +12,7 @@ namespace {
 constexpr double equalFugacity = 1e-11;  // aimed at
 constexpr double goodEnough = 1e-10;     // what is promised, where round-off lets no more
 constexpr double sameComposition = 1e-5; // largest ln K of phases that are one
+constexpr double widest = 500.0;         // largest |ln K|: with more, fractions vanish
 constexpr double farOff = 1.0;           // difference of logarithms of fugacities
 constexpr int firstSubstitutions = 3;
 constexpr int mostSubstitutions = 200;
@@ -166,7 +167,7 @@ bool TwoPhases::update(const FlashProblem &problem)
     const int n = problem.model.size;
     CompoundArray K{};
     for (int i = 0; i < n; ++i) {
-        lnK[i] = std::clamp(lnK[i], -300.0, 300.0);
+        lnK[i] = std::clamp(lnK[i], -widest, widest);
         K[i] = std::exp(lnK[i]);
     }
     if (!solveRachfordRice(n, problem.z, K.data(), amounts))
