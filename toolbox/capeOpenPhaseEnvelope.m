@@ -94,21 +94,22 @@ if size(V, 1) < 2
     error('Verdanth:error', 'No dew point found at %g Pa', Pmin);
 end
 
-    function F = equations(V)
-        rows = size(V, 1);
+    function F = equations(points)
+        rows = size(points, 1);
         ratios = zeros(rows, numel(Z));
-        ratios(:, present) = V(:, 1:n);
+        ratios(:, present) = points(:, 1:n);
         labels = {vapor, liquid};
-        if V(1, heavy) < 0
+        if points(1, heavy) < 0
             labels = {liquid, vapor};
         end
-        F = saturationEquations(handle, labels, repmat(Z, rows, 1), ratios, exp(V(:, n + 1)), exp(V(:, n + 2)));
+        F = saturationEquations(handle, labels, repmat(Z, rows, 1), ratios, ...
+                                exp(points(:, n + 1)), exp(points(:, n + 2)));
         F = F(:, [present, end]);
     end
 
     % At the critical point the phases are the same and every temperature solves the equations: that is stepped across.
-    function [next, fixed, last] = review(next, fixed, V)
-        here = V(end, :);
+    function [next, fixed, last] = review(next, fixed, points)
+        here = points(end, :);
         if max(abs(next(1:n))) < 0.08 && max(abs(here(1:n))) >= max(abs(next(1:n)))
             [~, fixed] = max(abs(here(1:n)));
             slope = next - here;

@@ -47,8 +47,9 @@ if mass
 end
 
     % The variables: logarithms of the ratios of vapor to liquid fractions, that of the level, fraction 1 in the liquid.
-    function v = startAt(first)
-        c = struct('T', constants.T(first), 'P', constants.P(first), 'acentric', constants.acentric(first));
+    function v = startAt(compound)
+        c = struct('T', constants.T(compound), 'P', constants.P(compound), ...
+                   'acentric', constants.acentric(compound));
         if isotherm
             T = value;
             P = c.P * exp(5.373 * (1 + c.acentric) * (1 - c.T / T));
@@ -58,13 +59,13 @@ end
             T = c.T / (1 - log(P / c.P) / (5.373 * (1 + c.acentric)));
             start = T;
         end
-        v = [wilson(constants, T, P), log(start), first == 1];
+        v = [wilson(constants, T, P), log(start), compound == 1];
     end
 
-    function [Z, T, P] = conditions(V)
-        Z = zeros(size(V, 1), count);
-        Z(:, pair) = [V(:, 4), 1 - V(:, 4)];
-        T = exp(V(:, 3));
+    function [Z, T, P] = conditions(points)
+        Z = zeros(size(points, 1), count);
+        Z(:, pair) = [points(:, 4), 1 - points(:, 4)];
+        T = exp(points(:, 3));
         P = T;
         held = value * ones(size(T));
         if isotherm
@@ -74,10 +75,10 @@ end
         end
     end
 
-    function F = equations(V)
-        [Z, T, P] = conditions(V);
+    function F = equations(points)
+        [Z, T, P] = conditions(points);
         ratios = zeros(size(Z));
-        ratios(:, pair) = V(:, 1:2);
+        ratios(:, pair) = points(:, 1:2);
         F = saturationEquations(handle, {liquid, vapor}, Z, ratios, T, P);
         F = F(:, [pair, end]);
     end
@@ -90,10 +91,10 @@ end
                 / capeOpenSinglePhaseProp(handle, 'density', T, P, Y / sum(Y), vapor);
     end
 
-    function [next, fixed, last] = review(next, fixed, V)
-        here = V(end, :);
+    function [next, fixed, last] = review(next, fixed, points)
+        here = points(end, :);
         pure = min(max(next(4), 0), 1);
-        last = pure ~= next(4) || (size(V, 1) > 1 && any(pure == [0, 1]));
+        last = pure ~= next(4) || (size(points, 1) > 1 && any(pure == [0, 1]));
         if last
             next = here + (next - here) * (pure - here(4)) / (next(4) - here(4));
             next(4) = pure;
