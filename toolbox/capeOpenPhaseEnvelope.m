@@ -5,8 +5,10 @@ function [T, P, vaporFraction, critical] = capeOpenPhaseEnvelope(handle, Z, Pmin
 %
 %   Follows the curve of dew points from a low pressure through the critical
 %   point, and the curve of bubble points down to the same pressure, and draws
-%   both into the current axes. It needs no flash, but logarithms of fugacity
-%   coefficients from the package, in a vapor and in a liquid phase.
+%   both into the current axes. Bubble points of some mixtures go on to any
+%   pressure; they are followed up to 2000 bar. It needs no flash, but
+%   logarithms of fugacity coefficients from the package, in a vapor and in a
+%   liquid phase.
 %
 %   Arguments:
 %     handle  int32 scalar from capeOpenCreate
@@ -83,16 +85,30 @@ end
 % Rows: for each compound that is present the logarithm of its ratio in new phase and mixture, then the logarithms of
 % temperature and pressure. The new phase is a liquid as long as the compound of number HEAVY is enriched in it.
 function [V, heavy] = envelopePoints(handle, Z, present, Pmin)
+Pmax = 2e8; % Pa; with some compounds bubble points go on to any pressure
 [vapor, liquid] = vaporAndLiquid(handle);
 constants = criticalConstants(handle, present);
 n = numel(present);
-T = firstDewTemperature(constants, Z(present), Pmin);
-lnK = -wilson(constants, T, Pmin);
-[~, heavy] = max(lnK);
-V = traceCurve(@equations, [lnK, log(T), log(Pmin)], n + 2, 1, [0.6 * ones(1, n), 0.02, 0.25], @review);
+start = startOf(-1);
+[scale, heavy] = max(start(1:n));
+limits = [0.1 * scale * ones(1, n), 0.015, 0.12];
+V = traceCurve(@equations, start, n + 2, 1, limits, @review);
 if size(V, 1) < 2
     error('Verdanth:error', 'No dew point found at %g Pa', Pmin);
 end
+if V(end, heavy) > 0 || V(end, n + 2) > log(Pmin) + 1e-6
+    % It has not come back: the bubble points from their own beginning.
+    bubble = traceCurve(@equations, startOf(1), n + 2, 1, limits, @reviewBubble);
+    if ~isempty(bubble)
+        V = [V(V(:, heavy) > 0, :); flipud(bubble)];
+    end
+end
+
+    % Estimates at Pmin for a first liquid (-1) or a first vapor (1).
+    function v = startOf(side)
+        T = temperatureOfSum(constants, Z(present), Pmin, side);
+        v = [side * wilson(constants, T, Pmin), log(T), log(Pmin)];
+    end
 
     function F = equations(points)
         rows = size(points, 1);
@@ -105,31 +121,47 @@ end
         F = saturationEquations(handle, labels, repmat(Z, rows, 1), ratios, ...
                                 exp(points(:, n + 1)), exp(points(:, n + 2)));
         F = F(:, [present, end]);
+        if max(abs(points(1, 1:n))) < 1e-3 * scale
+            F(:) = NaN; % the same phase twice, which solves the equations anywhere
+        end
     end
 
-    % At the critical point the phases are the same and every temperature solves the equations: that is stepped across.
+    % At the critical point the phases are the same: that is stepped across.
     function [next, fixed, last] = review(next, fixed, points)
         here = points(end, :);
-        if max(abs(next(1:n))) < 0.08 && max(abs(here(1:n))) >= max(abs(next(1:n)))
-            [~, fixed] = max(abs(here(1:n)));
+        [distance, widest] = max(abs(here(1:n)));
+        if distance < 0.3 * scale
+            fixed = widest;
+        end
+        if max(abs(next(1:n))) < 0.03 * scale && distance > max(abs(next(1:n)))
             slope = next - here;
-            next = here + slope * (-2 * here(fixed) / slope(fixed));
+            next = here + slope * (-2 * here(widest) / slope(widest));
         end
         last = next(n + 2) < log(Pmin);
         if last
             next = here + (next - here) * (log(Pmin) - here(n + 2)) / (next(n + 2) - here(n + 2));
             fixed = n + 2;
         end
+        last = last || here(n + 2) > log(Pmax);
+    end
+
+    % Dew points are not wanted a second time.
+    function [next, fixed, last] = reviewBubble(next, fixed, points)
+        [next, fixed, last] = review(next, fixed, points);
+        if next(heavy) > 0
+            next = points(end, :);
+            last = true;
+        end
     end
 end
 
-% Where the estimate of a first liquid has fractions with the sum 1.
-function T = firstDewTemperature(constants, Z, P)
+% Where the estimate of the new phase has fractions with the sum 1.
+function T = temperatureOfSum(constants, Z, P, side)
 below = 20;
 above = 2000;
 while above - below > 1e-3
     T = (below + above) / 2;
-    if sum(Z .* exp(-wilson(constants, T, P))) > 1
+    if (sum(Z .* exp(side * wilson(constants, T, P))) - 1) * side < 0
         below = T;
     else
         above = T;
@@ -137,15 +169,19 @@ while above - below > 1e-3
 end
 end
 
-% The phases are the same where all ratios are 1; between the two points on each side of it.
+% The phases are the same where all ratios are 1; between the two points on each side of it, if they are near.
 function critical = criticalPoint(V, heavy, n)
 k = find(V(1:end - 1, heavy) > 0 & V(2:end, heavy) <= 0, 1);
 critical = [NaN, NaN];
-if ~isempty(k)
-    near = max(1, k - 1):min(size(V, 1), k + 2);
-    for c = 1:2
-        critical(c) = exp(interp1(V(near, heavy), V(near, n + c), 0, 'pchip'));
-    end
+if isempty(k) || max(max(abs(V(k:k + 1, 1:n)))) > 0.3 * max(abs(V(1, 1:n)))
+    return
+end
+near = max(1, k - 1):min(size(V, 1), k + 2);
+if numel(unique(V(near, heavy))) < numel(near)
+    near = k:k + 1;
+end
+for c = 1:2
+    critical(c) = exp(interp1(V(near, heavy), V(near, n + c), 0, 'pchip'));
 end
 end
 

@@ -99,13 +99,11 @@ end
             next = here + (next - here) * (pure - here(4)) / (next(4) - here(4));
             next(4) = pure;
             fixed = 4;
-        elseif max(abs(next(1:2))) < 0.1 && ratioOfDensities(here) < 1.5
-            % The critical point is near; beyond it the same points come again.
-            [~, fixed] = max(abs(here(1:2)));
-            goal = 0.05 * sign(here(fixed));
-            if abs(here(fixed)) > abs(goal)
-                next = here + (next - here) * (goal - here(fixed)) / (next(fixed) - here(fixed));
-            end
+        elseif (max(abs(next(1:2))) < 0.1 || any(next(1:2) .* here(1:2) < 0)) && ratioOfDensities(here) < 2
+            % The critical point is near, and no azeotrope; beyond it the same points come again.
+            [distance, fixed] = max(abs(here(1:2)));
+            goal = min(0.05, distance / 2) * sign(here(fixed));
+            next = here + (next - here) * (goal - here(fixed)) / (next(fixed) - here(fixed));
             last = true;
         end
     end

@@ -12,7 +12,7 @@ function V = traceCurve(equations, start, fixed, direction, limits, review)
 %
 %   Keeps to what solves: where a step does not, shorter ones are tried. The first point is demanded, of the others
 %   there are as many as are found.
-most_points = 1000;
+most_points = 300;
 V = correct(equations, start, fixed);
 if isempty(V)
     return
@@ -56,7 +56,7 @@ for effort = 1:25
     if isempty(F)
         break
     end
-    if max(abs(F)) < 1e-10
+    if max(abs(F)) < 1e-9
         return
     end
     change = -(J(:, free) \ F(:)).';
@@ -64,7 +64,7 @@ for effort = 1:25
         break
     end
     v(free) = v(free) + change / max(1, max(abs(change)) / 0.5);
-    if max(abs(change)) < 1e-9
+    if max(abs(change)) < 1e-7 % the next one would be smaller by orders of magnitude
         return
     end
 end
