@@ -12,5 +12,5 @@ find . -name octave -prune -o -type f ! -name CMakeLists.txt ! -name PKG_ADD ! -
 if [ -n "$guide" ]; then
     cp functionSignatures.json info.xml "$folder/"
     mkdir -p "$folder/html"
-    cp "$guide"/*.html "$guide/style.css" "$guide/helptoc.xml" "$folder/html/"
+    cp "$guide"/*.html "$guide"/*.png "$guide/style.css" "$guide/helptoc.xml" "$folder/html/"
 fi
