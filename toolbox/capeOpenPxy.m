@@ -4,9 +4,9 @@ function [x, P, y] = capeOpenPxy(handle, compounds, T)
 %   [x, P, y] = capeOpenPxy(handle, compounds, T)
 %
 %   Follows the boiling liquid and its vapor from one pure compound to the
-%   other, or to the critical point of the mixture, and draws both lines into
-%   the current axes. It needs no flash, but logarithms of fugacity
-%   coefficients and densities from the package.
+%   other, or to the critical point of the mixture, as far as the package
+%   calculates, and draws both lines into the current axes. It needs no flash,
+%   but logarithms of fugacity coefficients and densities from the package.
 %
 %   Arguments:
 %     handle  int32 scalar from capeOpenCreate

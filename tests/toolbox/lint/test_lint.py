@@ -1,6 +1,7 @@
 """Tests that the lint of .m files finds what it is there for:  test_lint.py OCTAVE"""
 
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -20,17 +21,18 @@ class Lint(unittest.TestCase):
         shutil.copy(TOOLBOX / "capeOpenVersion.m", self.toolbox)
         (self.toolbox / "Contents.m").write_text("% Contents\n%   capeOpenVersion - Version of the library.\n")
 
-    def lint(self, *lines):
-        """What is said of a private function with these lines."""
-        (self.toolbox / "private").mkdir(exist_ok=True)
-        text = "\n".join(["function y = part(x)", "%part  A part.", *lines, "end", ""])
-        (self.toolbox / "private/part.m").write_text(text, encoding="utf-8")
+    def lint(self, files):
+        """What is said of private functions with these lines."""
+        shutil.rmtree(self.toolbox / "private", ignore_errors=True)
+        (self.toolbox / "private").mkdir()
+        for name, lines in files.items():
+            text = "\n".join([f"function y = {name}(x)", f"%{name}  A part.", *lines, "end", ""])
+            (self.toolbox / "private" / (name + ".m")).write_text(text, encoding="utf-8")
         done = subprocess.run([sys.executable, "-B", HERE / "lint.py", OCTAVE, self.toolbox], text=True, check=False,
                               stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         return done.returncode, done.stdout
 
     def test_finds(self):
-        self.assertEqual(self.lint("y = x;"), (0, "3 files are clean.\n"))
         cases = {
             "double quotation marks": ['y = [x, "a"];'],
             "contains is not in known_functions.txt": ["y = contains(x, 'a');"],
@@ -45,17 +47,17 @@ class Lint(unittest.TestCase):
             "not ASCII": ["y = x; % \u00e4"],
             "syntax error": ["y = x + ;"],
         }
-        for words, lines in cases.items():
-            with self.subTest(words):
-                code, said = self.lint(*lines)
-                self.assertEqual(code, 1)
-                self.assertIn(words, said)
+        code, said = self.lint({f"part{k}": lines for k, lines in enumerate(cases.values())})
+        self.assertEqual(code, 1)
+        for k, words in enumerate(cases):
+            # All that is said of one file, up to the line with the next one.
+            self.assertRegex(said, rf"part{k}\.m:(?:[^\n]|\n(?!/))*{re.escape(words)}")
+
         checked = ["if exist('OCTAVE_VERSION', 'builtin')", "    y = nproc();", "else", "    y = gcp();", "end", "y = [y, x];"]
-        self.assertEqual(self.lint(*checked)[0], 0)
-        shutil.rmtree(self.toolbox / "private")
+        self.assertEqual(self.lint({"good": ["y = x;"], "checked": checked}), (0, "4 files are clean.\n"))
+
         (self.toolbox / "Contents.m").write_text("% Contents\n%   capeOpenVersion - Something else.\n")
-        (self.toolbox / "private").mkdir()
-        code, said = self.lint("y = x;")
+        code, said = self.lint({})
         self.assertEqual(code, 1)
         self.assertIn("capeOpenVersion - Something else.; its help says Version of the library.", said)
 
