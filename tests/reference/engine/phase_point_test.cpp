@@ -47,7 +47,7 @@ double naturalSize(PhaseQuantity quantity, double T)
     case PhaseQuantity::excessVolume:
         return 1e-4;
     default:
-        return shape.extensive ? 10.0 * R * T : shape.dimension == 1 ? 10.0 : 0.0;
+        return shape.extensive ? 10.0 * R * T : shape.dimension == 1 ? 30.0 : 0.0;
     }
 }
 
@@ -67,7 +67,7 @@ struct Comparison {
                 const double size = 1e-7 * std::fabs(analytic[k]);
                 const double tolerance =
                     size + slopes.error[k] +
-                    1e-10 * (std::fabs(values[k]) + naturalSize(quantity, phase.temperature)) / unit;
+                    2e-10 * (std::fabs(values[k]) + naturalSize(quantity, phase.temperature)) / unit;
                 ++made;
                 sharp += tolerance < 3.0 * size + 1e-300 || analytic[k] == 0.0;
                 ASSERT_NEAR(analytic[k], slopes.value[k], tolerance)
@@ -78,15 +78,46 @@ struct Comparison {
     }
 };
 
+// Whether a correlation for pure compounds is continued from somewhere near: its third derivative jumps there.
+bool nearJoint(const RandomPhase &phase, double T)
+{
+    const auto jumps = [&](const auto &function) {
+        const TemperatureFunction below = function(phase.temperature - T);
+        const TemperatureFunction above = function(phase.temperature + T);
+        return std::fabs(above.byTTT - below.byTTT) >
+               0.3 * (std::fabs(above.byTTT) + std::fabs(above.byTT) / phase.temperature);
+    };
+    for (int i = 0; i < phase.model->size; ++i) {
+        const CompoundTerms &compound = phase.model->compounds[i];
+        if (jumps([&](double at) { return compound.saturationPressure.logarithm(at); }) ||
+            jumps([&](double at) { return compound.liquidVolume.volume(at); }))
+            return true;
+    }
+    return false;
+}
+
 // Whether the phase goes on over these steps, rather than jumping to the other root.
 bool goesOn(const RandomPhase &phase, double T, double P)
 {
-    const bool several = phase.point().state().severalRoots;
-    for (const double sign : {-1.0, 1.0})
-        if (phase.at(phase.temperature + sign * T, phase.pressure, phase.x).state().severalRoots != several ||
-            phase.at(phase.temperature, phase.pressure + sign * P, phase.x).state().severalRoots != several)
+    if (phase.model->equation == EquationOfState::idealMixture && phase.root == Root::liquid && nearJoint(phase, T))
+        return false;
+    const auto jumps = [&](const RandomPhase &one) {
+        const bool several = one.point().state().severalRoots;
+        for (const double sign : {-1.0, 1.0})
+            if (one.at(one.temperature + sign * T, one.pressure, one.x).state().severalRoots != several ||
+                one.at(one.temperature, one.pressure + sign * P, one.x).state().severalRoots != several)
+                return true;
+        return false;
+    };
+    // Activities and excess properties compare with the pure compounds.
+    RandomPhase pure = phase;
+    pure.x = {1.0};
+    for (int i = 0; i < phase.model->size; ++i) {
+        pure.model = std::make_shared<MixtureModel>(phase.model->subset(std::array{i}));
+        if (jumps(pure))
             return false;
-    return true;
+    }
+    return !jumps(phase);
 }
 
 } // namespace
@@ -96,7 +127,7 @@ TEST(PhasePoint, HasDerivativesThatAgreeWithDifferences)
     Comparison compare;
     int skipped = 0;
     int phases = 0;
-    forRandomPhases(100, 1, [&](const RandomPhase &phase) {
+    forRandomPhases(1000, 1, [&](const RandomPhase &phase) {
         const double T = phase.temperature;
         const double P = phase.pressure;
         const double dT = 1e-3 * T;
@@ -133,7 +164,7 @@ TEST(PhasePoint, TakesFractionsOfZero)
         without.x[1] += without.x[0];
         without.x[0] = 0.0;
         RandomPhase trace = without;
-        trace.x[0] = 1e-13;
+        trace.x[0] = 1e-18;
         for (const PhaseQuantity quantity : availableQuantities(phase))
             for (const Differential differential :
                  {Differential::none, Differential::byTemperature, Differential::byPressure, Differential::byMoles,
@@ -194,26 +225,30 @@ TEST(PhasePoint, StaysANumberAtCriticalPoints)
 
 TEST(PhasePoint, StaysANumberInExtremeConditions)
 {
-    for (const EquationOfState equation : equations) {
-        std::vector<const CompoundData *> list;
-        for (const CompoundData &compound : compoundTable())
-            list.push_back(&compound);
-        const MixtureModel model = MixtureModel::of(list, equation);
-        const std::vector<double> x(list.size(), 1.0 / static_cast<double>(list.size()));
-        for (const double T : {20.0, 100.0, 300.0, 1500.0})
-            for (const double P : {1e-2, 1e2, 1e5, 1e7, 1e9})
-                for (const Root root : {Root::vapor, Root::liquid}) {
-                    const PhasePoint point(model, T, P, x, root);
+    constexpr std::size_t together = 6;
+    const std::span<const CompoundData> table = compoundTable();
+    for (const EquationOfState equation : equations)
+        for (std::size_t begin = 0; begin + together <= table.size(); begin += together) {
+            std::vector<const CompoundData *> list;
+            for (const CompoundData &compound : table.subspan(begin, together))
+                list.push_back(&compound);
+            const RandomPhase phase{.model = std::make_shared<MixtureModel>(MixtureModel::of(list, equation)),
+                                    .temperature = 0.0,
+                                    .pressure = 0.0,
+                                    .x = std::vector<double>(together, 1.0 / together),
+                                    .root = begin % 4 == 0 ? Root::vapor : Root::liquid};
+            for (const double T : {20.0, 100.0, 300.0, 1500.0})
+                for (const double P : {1e-2, 1e3, 1e6, 1e9}) {
+                    const PhasePoint point = phase.at(T, P, phase.x);
                     for (int k = 0; k < phaseQuantityCount; ++k)
                         for (int d = 0; d < differentialCount; ++d)
                             for (const double value :
                                  valuesOf(point, static_cast<PhaseQuantity>(k), static_cast<Differential>(d)))
                                 ASSERT_FALSE(std::isnan(value))
                                     << phaseQuantities()[k].name << " by " << d << " at " << T << " K " << P
-                                    << " Pa, equation " << static_cast<int>(equation) << " root "
-                                    << static_cast<int>(root);
+                                    << " Pa, equation " << static_cast<int>(equation) << " of " << list[0]->id;
                 }
-    }
+        }
 }
 
 TEST(PhasePoint, DoesNotHaveWhatTheLiquidOfAnIdealMixtureLacks)

@@ -36,7 +36,9 @@ struct RandomPhase {
 inline RandomPhase randomPhase(EquationOfState equation, Root root, std::mt19937_64 &generator)
 {
     std::uniform_real_distribution<double> uniform(0.0, 1.0);
-    std::vector<const CompoundData *> all = naturalGasList();
+    std::vector<const CompoundData *> all;
+    for (const CompoundData &compound : compoundTable())
+        all.push_back(&compound);
     std::ranges::shuffle(all, generator);
     all.resize(1 + generator() % 5);
     RandomPhase phase{.model = std::make_shared<MixtureModel>(MixtureModel::of(all, equation)),

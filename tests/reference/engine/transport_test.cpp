@@ -39,25 +39,61 @@ TEST(Transport, IsThatOfPublishedTablesInGases)
 }
 
 // CRC Handbook, "Viscosity of liquids" (mPa s) and "Thermal conductivity of liquids" (W/m/K) at 25 C. What the
-// density is off by is off several times over in the viscosity.
+// density is off by is off several times over in the viscosity: the ideal mixture has the true density.
 TEST(Transport, IsNearThatOfPublishedTablesInLiquids)
 {
     const struct {
         std::string_view id;
         double viscosity;
         double conductivity;
-    } rows[] = {{"n-pentane", 0.224e-3, 0.113}, {"n-hexane", 0.300e-3, 0.120}, {"n-heptane", 0.387e-3, 0.123},
-                {"n-octane", 0.508e-3, 0.128},  {"benzene", 0.604e-3, 0.141},  {"toluene", 0.560e-3, 0.131}};
-    for (const auto &row : rows) {
+    } rows[] = {{"n-pentane", 0.224e-3, 0.113},   {"n-hexane", 0.300e-3, 0.120}, {"n-heptane", 0.387e-3, 0.123},
+                {"n-octane", 0.508e-3, 0.128},    {"benzene", 0.604e-3, 0.141},  {"toluene", 0.560e-3, 0.131},
+                {"cyclohexane", 0.894e-3, 0.123}, {"acetone", 0.306e-3, 0.161},  {"ethanol", 1.074e-3, 0.169}};
+    for (const auto &row : rows)
         for (const EquationOfState equation : equations) {
+            const bool ideal = equation == EquationOfState::idealMixture;
             EXPECT_NEAR(pure(equation, row.id, 298.15, 101325.0, Root::liquid, PhaseQuantity::viscosity), row.viscosity,
-                        0.35 * row.viscosity)
+                        (ideal ? 0.08 : 0.21) * row.viscosity)
                 << row.id << " " << static_cast<int>(equation);
             EXPECT_NEAR(pure(equation, row.id, 298.15, 101325.0, Root::liquid, PhaseQuantity::thermalConductivity),
-                        row.conductivity, 0.19 * row.conductivity)
+                        row.conductivity, (ideal ? 0.02 : 0.10) * row.conductivity)
                 << row.id << " " << static_cast<int>(equation);
         }
-    }
+}
+
+// CRC Handbook, "Viscosity of liquids" at 50 C, mPa s: away from where the correlation was fitted. Water's falls
+// faster than its density tells, and is missed by 40 %.
+TEST(Transport, FallsWithTheTemperatureOfALiquid)
+{
+    const struct {
+        std::string_view id;
+        double viscosity;
+    } rows[] = {{"n-heptane", 0.301e-3}, {"n-octane", 0.385e-3}, {"benzene", 0.436e-3},
+                {"toluene", 0.424e-3},   {"acetone", 0.247e-3},  {"ethanol", 0.694e-3}};
+    for (const auto &row : rows)
+        EXPECT_NEAR(
+            pure(EquationOfState::idealMixture, row.id, 323.15, 101325.0, Root::liquid, PhaseQuantity::viscosity),
+            row.viscosity, 0.25 * row.viscosity)
+            << row.id;
+}
+
+// Neither has a pole between weak and strong dipoles.
+TEST(Transport, IsPositiveInEveryMixture)
+{
+    for (const CompoundData &first : compoundTable())
+        for (const std::string_view second : {"n-hexane", "acetone", "water", "R-32", "hydrogen"})
+            for (const EquationOfState equation : equations) {
+                const MixtureModel model = modelOf({first.id, second}, equation);
+                for (const double x : {0.0, 0.3, 0.7, 1.0})
+                    for (const Root root : {Root::vapor, Root::liquid}) {
+                        const PhasePoint point(model, 320.0, 5e6, std::array{x, 1.0 - x}, root);
+                        const double viscosity = valueOf(point, PhaseQuantity::viscosity);
+                        const double conductivity = valueOf(point, PhaseQuantity::thermalConductivity);
+                        ASSERT_TRUE(viscosity > 5e-6 && viscosity < 1.0) << first.id << " " << second << viscosity;
+                        ASSERT_TRUE(conductivity > 5e-3 && conductivity < 5.0)
+                            << first.id << " " << second << conductivity;
+                    }
+            }
 }
 
 // NIST Chemistry WebBook (SRD 69): methane at 300 K and 10 MPa, dense but no liquid: 13.8 uPa s, 45.6 mW/m/K.
