@@ -10,16 +10,11 @@ namespace {
 
 // By what a cubic equation misses the volume of the saturated liquid at 0.7 Tc; zero where that volume
 // isn't known.
-double volumeShift(const CompoundTerms &compound, const CubicConstants &equation)
+double volumeShift(const CompoundTerms &compound, EquationOfState equation)
 {
-    constexpr double reduced = 0.7;
-    const double T = reduced * compound.criticalTemperature;
+    const double T = 0.7 * compound.criticalTemperature;
     const double P = std::exp(compound.saturationPressure.logarithm(T).value);
-    const double thermal = gasConstant * T;
-    const double s = compound.attractionRoot * (1.0 + compound.attractionSlope * (1.0 - std::sqrt(reduced)));
-    const double B = compound.covolume * P / thermal;
-    const CompressibilityRoots roots = solveCompressibility(equation, s * s * P / (thermal * thermal), B);
-    const double shift = (roots.liquid + B) * thermal / P - compound.liquidVolume.volume(T).value;
+    const double shift = cubicLiquidVolume(compound, equation, T, P) - compound.liquidVolume.volume(T).value;
     return std::isfinite(shift) ? shift : 0.0;
 }
 
@@ -42,11 +37,21 @@ CompoundTerms termsOf(const CompoundData &compound, EquationOfState equation)
                         .saturationPressure = SaturationPressure(compound),
                         .liquidVolume = LiquidVolume(compound)};
     if (equation != EquationOfState::idealMixture)
-        terms.volumeShift = volumeShift(terms, constants);
+        terms.volumeShift = volumeShift(terms, equation);
     return terms;
 }
 
 } // namespace
+
+double cubicLiquidVolume(const CompoundTerms &compound, EquationOfState equation, double T, double P)
+{
+    const double thermal = gasConstant * T;
+    const double reducedRoot = std::sqrt(T) * compound.inverseRootCriticalT;
+    const double s = compound.attractionRoot * (1.0 + compound.attractionSlope * (1.0 - reducedRoot));
+    const CompressibilityRoots roots = solveCompressibility(cubicConstants(equation), s * s * P / (thermal * thermal),
+                                                            compound.covolume * P / thermal);
+    return roots.liquid * thermal / P + compound.covolume;
+}
 
 MixtureModel MixtureModel::of(std::span<const CompoundData *const> list, EquationOfState equation)
 {

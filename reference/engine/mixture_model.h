@@ -45,6 +45,9 @@ struct CompoundTerms {
     LiquidVolume liquidVolume;
 };
 
+// The volume of the pure compound's liquid by a cubic equation, or of what stands for it, m3/mol.
+double cubicLiquidVolume(const CompoundTerms &compound, EquationOfState equation, double kelvin, double pascal);
+
 struct MixtureModel {
     EquationOfState equation = EquationOfState::pengRobinson;
     int size = 0;

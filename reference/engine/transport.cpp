@@ -51,6 +51,7 @@ struct LiquidRow {
     double conductivity;
 };
 constexpr double liquidTemperature = 298.15; // K
+constexpr double liquidPressure = 101325.0;  // Pa
 constexpr LiquidRow liquids[] = {
     {"7732-18-5", 0.890, 0.607}, // water
     {"67-56-1", 0.544, 0.200},   // methanol
@@ -182,7 +183,13 @@ void ChungMixture::fitToLiquid(int i)
         fluid.acentricFactor = data.acentricFactor;
         fluid.reducedDipole4 = std::pow(dipole * dipole / (volume * data.criticalTemperature), 2.0);
         fluid.association = orZero(data.associationFactor);
-        fluid.packing = data.criticalVolume / compound.liquidVolume.volume(liquidTemperature).value / 6.0;
+        // With the density that the model has there.
+        const EquationOfState equation = point.model().equation;
+        const double liquid =
+            equation == EquationOfState::idealMixture
+                ? compound.liquidVolume.volume(liquidTemperature).value
+                : cubicLiquidVolume(compound, equation, liquidTemperature, liquidPressure) - compound.volumeShift;
+        fluid.packing = data.criticalVolume / liquid / 6.0;
         const double heatCapacity = idealGasHeatCapacity(data.idealGasHeatCapacity, liquidTemperature);
         viscosityFactors[i] = fluid.viscosity().factorFor(1e-3 * row.viscosity);
         conductivityFactors[i] = fluid.conductivity(heatCapacity).factorFor(row.conductivity);

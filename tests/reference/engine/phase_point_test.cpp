@@ -46,6 +46,8 @@ double naturalSize(PhaseQuantity quantity, double T)
     case PhaseQuantity::volume:
     case PhaseQuantity::excessVolume:
         return 1e-4;
+    case PhaseQuantity::jouleThomsonCoefficient:
+        return 1e-6;
     default:
         return shape.extensive ? 10.0 * R * T : shape.dimension == 1 ? 30.0 : 0.0;
     }
@@ -122,17 +124,19 @@ bool goesOn(const RandomPhase &phase, double T, double P)
 
 } // namespace
 
-TEST(PhasePoint, HasDerivativesThatAgreeWithDifferences)
+class PhaseDerivatives : public testing::TestWithParam<std::tuple<EquationOfState, Root>> {};
+
+TEST_P(PhaseDerivatives, AgreeWithDifferences)
 {
     Comparison compare;
     int skipped = 0;
-    int phases = 0;
-    forRandomPhases(1000, 1, [&](const RandomPhase &phase) {
+    constexpr int phases = 1000;
+    const auto [equation, root] = GetParam();
+    forRandomPhases(equation, root, phases, 1, [&](const RandomPhase &phase) {
         const double T = phase.temperature;
         const double P = phase.pressure;
         const double dT = 1e-3 * T;
         const double dP = 1e-3 * P;
-        ++phases;
         if (!goesOn(phase, 2.0 * dT, 2.0 * dP)) {
             ++skipped;
             return;
@@ -147,11 +151,14 @@ TEST(PhasePoint, HasDerivativesThatAgreeWithDifferences)
         const int j = static_cast<int>(phase.x.size()) - 1;
         compare(phase, quantities, Differential::byFractions, all(point, quantities, Differential::byFractions, j),
                 values, extrapolate([&](double h) { return all(phase.with(h, j), quantities); }, 2e-3 * phase.x[j]),
-                1.0);
+                phase.x[j]);
     });
-    EXPECT_LT(skipped, phases / 10);
+    EXPECT_LT(skipped, phases / 5);
     EXPECT_GT(compare.sharp, compare.made * 7 / 10) << compare.sharp << " of " << compare.made;
 }
+
+INSTANTIATE_TEST_SUITE_P(OfEach, PhaseDerivatives,
+                         testing::Combine(testing::ValuesIn(equations), testing::Values(Root::vapor, Root::liquid)));
 
 // Nothing is NaN where a compound is absent, and what is finite there is the limit of small amounts.
 TEST(PhasePoint, TakesFractionsOfZero)
@@ -179,7 +186,10 @@ TEST(PhasePoint, TakesFractionsOfZero)
                         size = std::max(size, std::fabs(value));
                 for (std::size_t k = 0; k < none.size(); ++k) {
                     ASSERT_FALSE(std::isnan(none[k])) << shapeOf(quantity).name;
-                    if (!std::isfinite(none[k]))
+                    // Of a trace there is little fugacity, but its coefficient may be anything.
+                    const bool proportional =
+                        quantity == PhaseQuantity::fugacity || quantity == PhaseQuantity::activity;
+                    if (!std::isfinite(none[k]) || (proportional && none[k] == 0.0))
                         continue;
                     ++compared;
                     ASSERT_NEAR(none[k], little[k], 1e-8 * size + rounding)

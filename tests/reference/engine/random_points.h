@@ -57,13 +57,18 @@ inline RandomPhase randomPhase(EquationOfState equation, Root root, std::mt19937
 }
 
 // A number of random phases by every equation, as vapour and as liquid.
-inline void forRandomPhases(int count, unsigned seed, const std::function<void(const RandomPhase &)> &action)
+using PhaseAction = std::function<void(const RandomPhase &)>;
+inline void forRandomPhases(EquationOfState equation, Root root, int count, unsigned seed, const PhaseAction &action)
 {
-    std::mt19937_64 generator(seed);
+    std::mt19937_64 generator(seed + 100 * static_cast<unsigned>(equation) + 10 * static_cast<unsigned>(root));
+    for (int i = 0; i < count; ++i)
+        action(randomPhase(equation, root, generator));
+}
+inline void forRandomPhases(int count, unsigned seed, const PhaseAction &action)
+{
     for (const EquationOfState equation : equations)
         for (const Root root : {Root::vapor, Root::liquid})
-            for (int i = 0; i < count; ++i)
-                action(randomPhase(equation, root, generator));
+            forRandomPhases(equation, root, count, seed, action);
 }
 
 inline std::vector<double> valuesOf(const PhasePoint &point, PhaseQuantity quantity,

@@ -38,8 +38,8 @@ TEST(Transport, IsThatOfPublishedTablesInGases)
     }
 }
 
-// CRC Handbook, "Viscosity of liquids" (mPa s) and "Thermal conductivity of liquids" (W/m/K) at 25 C. What the
-// density is off by is off several times over in the viscosity: the ideal mixture has the true density.
+// CRC Handbook, "Viscosity of liquids" (mPa s) and "Thermal conductivity of liquids" (W/m/K) at 25 C. Most of these
+// the correlation was fitted to; what the density is off by is off several times over in the viscosity of the others.
 TEST(Transport, IsNearThatOfPublishedTablesInLiquids)
 {
     const struct {
@@ -51,12 +51,12 @@ TEST(Transport, IsNearThatOfPublishedTablesInLiquids)
                 {"cyclohexane", 0.894e-3, 0.123}, {"acetone", 0.306e-3, 0.161},  {"ethanol", 1.074e-3, 0.169}};
     for (const auto &row : rows)
         for (const EquationOfState equation : equations) {
-            const bool ideal = equation == EquationOfState::idealMixture;
+            const bool fitted = row.id != "n-pentane" && row.id != "n-hexane";
             EXPECT_NEAR(pure(equation, row.id, 298.15, 101325.0, Root::liquid, PhaseQuantity::viscosity), row.viscosity,
-                        (ideal ? 0.08 : 0.21) * row.viscosity)
+                        (fitted ? 0.001 : 0.19) * row.viscosity)
                 << row.id << " " << static_cast<int>(equation);
             EXPECT_NEAR(pure(equation, row.id, 298.15, 101325.0, Root::liquid, PhaseQuantity::thermalConductivity),
-                        row.conductivity, (ideal ? 0.02 : 0.10) * row.conductivity)
+                        row.conductivity, (fitted ? 0.001 : 0.06) * row.conductivity)
                 << row.id << " " << static_cast<int>(equation);
         }
 }
@@ -71,10 +71,10 @@ TEST(Transport, FallsWithTheTemperatureOfALiquid)
     } rows[] = {{"n-heptane", 0.301e-3}, {"n-octane", 0.385e-3}, {"benzene", 0.436e-3},
                 {"toluene", 0.424e-3},   {"acetone", 0.247e-3},  {"ethanol", 0.694e-3}};
     for (const auto &row : rows)
-        EXPECT_NEAR(
-            pure(EquationOfState::idealMixture, row.id, 323.15, 101325.0, Root::liquid, PhaseQuantity::viscosity),
-            row.viscosity, 0.25 * row.viscosity)
-            << row.id;
+        for (const EquationOfState equation : equations)
+            EXPECT_NEAR(pure(equation, row.id, 323.15, 101325.0, Root::liquid, PhaseQuantity::viscosity), row.viscosity,
+                        0.25 * row.viscosity)
+                << row.id << " " << static_cast<int>(equation);
 }
 
 // Neither has a pole between weak and strong dipoles.
