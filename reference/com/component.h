@@ -38,7 +38,7 @@ public:
 };
 
 struct ComponentDescription {
-    const CLSID *classId; // by which an equal object can be made
+    const CLSID *classId; // by which an equal object can be made, or the manager that makes it
     std::string_view name;
     std::string_view description;
 };

@@ -4,6 +4,7 @@
 #include "reference/engine/ideal_gas.h"
 #include "reference/engine/saturation.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <utility>
@@ -61,7 +62,9 @@ KnownRange everyTemperature(Compound) { return {lowestFlashTemperature, highestF
 
 KnownRange boilingTemperatures(Compound compound)
 {
-    return {compound.triplePointTemperature, compound.criticalTemperature};
+    const double triplePoint = compound.triplePointTemperature;
+    const double lowest = std::isnan(triplePoint) ? vaporPressureRange(compound).lowest : triplePoint;
+    return {std::max(lowest, lowestFlashTemperature), compound.criticalTemperature};
 }
 
 KnownRange boilingRange(Compound compound)

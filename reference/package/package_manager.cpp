@@ -33,7 +33,7 @@ HRESULT STDMETHODCALLTYPE PackageManager::GetPropertyPackage(BSTR name, IDispatc
     for (const PackageDefinition &definition : packageTable()) {
         if (!sameWord(name, definition.name))
             continue;
-        auto *made = new PropertyPackage({&standAloneClass, definition.name, definition.description}, definition);
+        auto *made = new PropertyPackage({&managerClass, definition.name, definition.description}, definition);
         *package = static_cast<ICapeIdentification *>(made); // with the reference that it starts with
         return S_OK;
     }

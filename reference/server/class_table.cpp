@@ -9,7 +9,8 @@ namespace reference {
 namespace {
 
 constexpr ComClass classes[] = {
-    {{&managerClass, "Verdanth Reference Packages", "Property packages for gases, air, refinery streams, aromatics, refrigerants and alcohols"},
+    {{&managerClass, "Verdanth Reference Packages",
+      "Property packages for gases, air, refinery streams, aromatics, refrigerants and alcohols"},
      "Verdanth.ReferencePackages",
      managerCategory.id,
      [](const ComponentDescription &description) -> Component * { return new PackageManager(description); }},

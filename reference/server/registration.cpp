@@ -1,5 +1,7 @@
 #include "reference/server/registration.h"
 
+#include "reference/package/package_table.h"
+
 namespace reference {
 
 namespace {
@@ -44,6 +46,14 @@ bool describeClass(const ComClass &entry, const WideString &libraryPath, const R
     for (const NamedText &value : commonDescription)
         if (!write(capeKey, wide(value.name), wide(value.text)))
             return false;
+    if (entry.category == managerCategory.id)
+        for (const PackageDefinition &package : packageTable()) {
+            const WideString packageKey =
+                key + wide("\\PropertyPackages\\") + wide(package.name) + wide("\\CapeDescription");
+            if (!write(packageKey, wide("Name"), wide(package.name)) ||
+                !write(packageKey, wide("Description"), wide(package.description)))
+                return false;
+        }
     const WideString program = wide(entry.programId);
     return write(program, none, name) &&
            write(program + wide("\\CLSID"), none, identifierText(*entry.description.classId));

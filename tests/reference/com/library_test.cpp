@@ -94,6 +94,9 @@ TEST(PackageManager, MakesPackagesThatLiveWithoutIt)
     Text name;
     ASSERT_EQ(as<ICapeIdentification>(first.get())->get_ComponentName(name.out()), S_OK);
     EXPECT_EQ(narrow(name.get()), "Natural gas");
+    CLSID classId{};
+    EXPECT_EQ(as<IPersistStreamInit>(first.get())->GetClassID(&classId), S_OK);
+    EXPECT_TRUE(classId == managerClass); // there is no class of the package alone
     LONG count = 0;
     EXPECT_EQ(as<ICapeThermoCompounds>(second.get())->GetNumCompounds(&count), S_OK);
     EXPECT_EQ(count, 11);

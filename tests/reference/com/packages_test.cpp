@@ -167,6 +167,36 @@ TEST(Packages, LetAlcoholsAndWaterMixIdeally)
         EXPECT_NEAR(gamma, 1.0, 1e-12);
 }
 
+// Where each compound boils: a vapour pressure, a heat of vaporization, and whatever else belongs to it
+// but for surface tensions without a parachor. Helium boils below the range of the packages, and carbon
+// dioxide not at this reduced temperature.
+TEST(Packages, KnowWhatEveryCompoundHasWhereItBoils)
+{
+    Library library;
+    OpenedPackage package(library, "All compounds (Peng-Robinson)");
+    const std::vector<std::string> ids = package.ids();
+    const std::vector<std::string> names = {
+        "vaporPressure",        "volumeOfLiquid",       "heatOfVaporization",          "viscosityOfVapor",
+        "heatCapacityOfLiquid", "idealGasHeatCapacity", "volumeChangeUponVaporization"};
+    Argument constants;
+    ASSERT_EQ(package.compounds->GetCompoundConstant(texts({"criticalTemperature"}).get(), {}, constants.out()), S_OK);
+    ArrayView<VARIANT, VT_VARIANT> criticalTemperatures;
+    ASSERT_TRUE(criticalTemperatures.open(constants.get()));
+    for (std::size_t i = 0; i < ids.size(); ++i) {
+        if (ids[i] == "helium")
+            continue;
+        const double temperature =
+            (ids[i] == "carbon dioxide" ? 0.8 : 0.7) * criticalTemperatures[static_cast<int>(i)].dblVal;
+        Argument values;
+        ASSERT_EQ(package.compounds->GetTDependentProperty(texts(names).get(), temperature, texts({ids[i]}).get(),
+                                                           values.out()),
+                  S_OK)
+            << ids[i] << ": " << lastFailure(package.compounds.get()).description;
+        for (std::size_t k = 0; k < names.size(); ++k)
+            EXPECT_GT(numbersOf(values.get())[k], 0.0) << names[k] << " of " << ids[i];
+    }
+}
+
 TEST(Packages, DoNotDisturbEachOtherWhileSeveralAreOpen)
 {
     Library library;

@@ -95,6 +95,16 @@ TEST_F(Registration, DescribesBothClasses)
               "CAPE-OPEN 1.1 Property Package");
 }
 
+TEST_F(Registration, DescribesThePackagesOfTheManager)
+{
+    for (const std::string name : {"Natural gas", "Water and light alcohols", "All compounds (Soave-Redlich-Kwong)"}) {
+        const std::string key = under(managerKey, "PropertyPackages\\" + name + "\\CapeDescription");
+        EXPECT_EQ(valueOf(key, "Name"), name);
+        EXPECT_NE(valueOf(key, "Description"), "(none)") << name;
+    }
+    EXPECT_FALSE(keyExists(under(packageKey, "PropertyPackages")));
+}
+
 TEST_F(Registration, LetsBothClassesBeCreated)
 {
     ASSERT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
