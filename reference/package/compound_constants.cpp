@@ -13,40 +13,49 @@ namespace reference {
 
 namespace {
 
-using Compound = const CompoundData &;
+using Compound = const PureCompound &;
 
 constexpr double roomTemperature = 298.15; // K
 constexpr double notKnown = std::numeric_limits<double>::quiet_NaN();
 
-double liquidDensityAt25C(Compound compound) { return saturatedLiquidDensity(compound, roomTemperature); }
+double liquidDensityAt25C(Compound compound) { return saturatedLiquidDensity(compound.data, roomTemperature); }
+
+double heatAtBoilingPoint(Compound compound)
+{
+    const double boilingPoint = compound.data.normalBoilingPoint;
+    return std::isnan(boilingPoint) || boilingPoint < lowestFlashTemperature
+               ? notKnown
+               : SaturatedCompound(compound, boilingPoint).change(PhaseQuantity::enthalpy);
+}
 
 constexpr CompoundConstant constants[] = {
-    {"molecularWeight", [](Compound compound) { return compound.molecularWeight; }, nullptr},
-    {"criticalTemperature", [](Compound compound) { return compound.criticalTemperature; }, nullptr},
-    {"criticalPressure", [](Compound compound) { return compound.criticalPressure; }, nullptr},
-    {"criticalVolume", [](Compound compound) { return compound.criticalVolume; }, nullptr},
-    {"criticalDensity", [](Compound compound) { return 1.0 / compound.criticalVolume; }, nullptr},
-    {"criticalCompressibilityFactor", [](Compound compound) { return compound.criticalCompressibility; }, nullptr},
-    {"acentricFactor", [](Compound compound) { return compound.acentricFactor; }, nullptr},
-    {"normalBoilingPoint", [](Compound compound) { return compound.normalBoilingPoint; }, nullptr},
-    {"normalFreezingPoint", [](Compound compound) { return compound.normalFreezingPoint; }, nullptr},
-    {"triplePointTemperature", [](Compound compound) { return compound.triplePointTemperature; }, nullptr},
-    {"triplePointPressure", [](Compound compound) { return compound.triplePointPressure; }, nullptr},
-    {"standardFormationEnthalpyGas", [](Compound compound) { return compound.formationEnthalpy; }, nullptr},
-    {"standardFormationGibbsEnergyGas", [](Compound compound) { return compound.formationGibbsEnergy; }, nullptr},
-    {"standardEntropyGas", [](Compound compound) { return compound.standardEntropy; }, nullptr},
-    {"idealGasEnthalpyOfFormationAt25C", [](Compound compound) { return compound.formationEnthalpy; }, nullptr},
-    {"idealGasGibbsFreeEnergyOfFormationAt25C", [](Compound compound) { return compound.formationGibbsEnergy; },
+    {"molecularWeight", [](Compound compound) { return compound.data.molecularWeight; }, nullptr},
+    {"criticalTemperature", [](Compound compound) { return compound.data.criticalTemperature; }, nullptr},
+    {"criticalPressure", [](Compound compound) { return compound.data.criticalPressure; }, nullptr},
+    {"criticalVolume", [](Compound compound) { return compound.data.criticalVolume; }, nullptr},
+    {"criticalDensity", [](Compound compound) { return 1.0 / compound.data.criticalVolume; }, nullptr},
+    {"criticalCompressibilityFactor", [](Compound compound) { return compound.data.criticalCompressibility; }, nullptr},
+    {"acentricFactor", [](Compound compound) { return compound.data.acentricFactor; }, nullptr},
+    {"normalBoilingPoint", [](Compound compound) { return compound.data.normalBoilingPoint; }, nullptr},
+    {"normalFreezingPoint", [](Compound compound) { return compound.data.normalFreezingPoint; }, nullptr},
+    {"triplePointTemperature", [](Compound compound) { return compound.data.triplePointTemperature; }, nullptr},
+    {"triplePointPressure", [](Compound compound) { return compound.data.triplePointPressure; }, nullptr},
+    {"standardFormationEnthalpyGas", [](Compound compound) { return compound.data.formationEnthalpy; }, nullptr},
+    {"standardFormationGibbsEnergyGas", [](Compound compound) { return compound.data.formationGibbsEnergy; }, nullptr},
+    {"standardEntropyGas", [](Compound compound) { return compound.data.standardEntropy; }, nullptr},
+    {"idealGasEnthalpyOfFormationAt25C", [](Compound compound) { return compound.data.formationEnthalpy; }, nullptr},
+    {"idealGasGibbsFreeEnergyOfFormationAt25C", [](Compound compound) { return compound.data.formationGibbsEnergy; },
      nullptr},
-    {"dipoleMoment", [](Compound compound) { return compound.dipoleMoment; }, nullptr},
-    {"parachor", [](Compound compound) { return compound.parachor; }, nullptr},
-    {"diffusionVolume", [](Compound compound) { return compound.diffusionVolume; }, nullptr},
+    {"dipoleMoment", [](Compound compound) { return compound.data.dipoleMoment; }, nullptr},
+    {"parachor", [](Compound compound) { return compound.data.parachor; }, nullptr},
+    {"diffusionVolume", [](Compound compound) { return compound.data.diffusionVolume; }, nullptr},
     {"liquidDensityAt25C", liquidDensityAt25C, nullptr},
     {"liquidVolumeAt25C", [](Compound compound) { return 1.0 / liquidDensityAt25C(compound); }, nullptr},
-    {"casRegistryNumber", nullptr, [](Compound compound) { return compound.casNumber; }},
-    {"chemicalFormula", nullptr, [](Compound compound) { return compound.formula; }},
-    {"iupacName", nullptr, [](Compound compound) { return compound.iupacName; }},
-    {"SMILESformula", nullptr, [](Compound compound) { return compound.smiles; }},
+    {"heatOfVaporizationAtNormalBoilingPoint", heatAtBoilingPoint, nullptr},
+    {"casRegistryNumber", nullptr, [](Compound compound) { return compound.data.casNumber; }},
+    {"chemicalFormula", nullptr, [](Compound compound) { return compound.data.formula; }},
+    {"iupacName", nullptr, [](Compound compound) { return compound.data.iupacName; }},
+    {"SMILESformula", nullptr, [](Compound compound) { return compound.data.smiles; }},
 };
 
 KnownRange rangeOf(const Correlation &correlation)
@@ -56,18 +65,18 @@ KnownRange rangeOf(const Correlation &correlation)
     return {correlation.lowest, correlation.temperature};
 }
 
-KnownRange vaporPressureRange(Compound compound) { return rangeOf(compound.vaporPressure); }
-KnownRange liquidDensityRange(Compound compound) { return rangeOf(compound.liquidDensity); }
-KnownRange everyTemperature(Compound) { return {lowestFlashTemperature, highestFlashTemperature}; }
+KnownRange vaporPressureRange(const CompoundData &compound) { return rangeOf(compound.vaporPressure); }
+KnownRange liquidDensityRange(const CompoundData &compound) { return rangeOf(compound.liquidDensity); }
+KnownRange everyTemperature(const CompoundData &) { return {lowestFlashTemperature, highestFlashTemperature}; }
 
-KnownRange boilingTemperatures(Compound compound)
+KnownRange boilingTemperatures(const CompoundData &compound)
 {
     const double triplePoint = compound.triplePointTemperature;
     const double lowest = std::isnan(triplePoint) ? vaporPressureRange(compound).lowest : triplePoint;
     return {std::max(lowest, lowestFlashTemperature), compound.criticalTemperature};
 }
 
-KnownRange boilingRange(Compound compound)
+KnownRange boilingRange(const CompoundData &compound)
 {
     const auto [lowest, highest] = vaporPressureRange(compound);
     return {vaporPressure(compound, lowest), vaporPressure(compound, highest)};
@@ -75,9 +84,9 @@ KnownRange boilingRange(Compound compound)
 
 // The temperature at which the vapour pressure is the one given. Its logarithm rises nearly straight
 // over 1/T: regula falsi in these, with the Illinois rule for an end that stays.
-double boilingTemperature(const PureCompound &pure, double pressure)
+double boilingTemperature(Compound pure, double pressure)
 {
-    Compound compound = pure.data;
+    const CompoundData &compound = pure.data;
     struct End {
         double inverse; // 1/K
         double excess;  // of the logarithm of the vapour pressure
@@ -107,30 +116,29 @@ double boilingTemperature(const PureCompound &pure, double pressure)
 }
 
 // What a boiling compound has of a quantity of its vapour, its liquid, the change between them, or both.
-template <PhaseQuantity quantity> double ofLiquid(const PureCompound &compound, double kelvin)
+template <PhaseQuantity quantity> double ofLiquid(Compound compound, double kelvin)
 {
     return SaturatedCompound(compound, kelvin).ofLiquid(quantity);
 }
-template <PhaseQuantity quantity> double ofVapor(const PureCompound &compound, double kelvin)
+template <PhaseQuantity quantity> double ofVapor(Compound compound, double kelvin)
 {
     return SaturatedCompound(compound, kelvin).ofVapor(quantity);
 }
-template <PhaseQuantity quantity> double vaporization(const PureCompound &compound, double kelvin)
+template <PhaseQuantity quantity> double vaporization(Compound compound, double kelvin)
 {
     return SaturatedCompound(compound, kelvin).change(quantity);
 }
-double surfaceTension(const PureCompound &compound, double kelvin)
+double surfaceTension(Compound compound, double kelvin)
 {
     return SaturatedCompound(compound, kelvin).ofBoth(PairQuantity::surfaceTension);
 }
-template <PhaseQuantity quantity> double thinGas(const PureCompound &compound, double kelvin)
+template <PhaseQuantity quantity> double thinGas(Compound compound, double kelvin)
 {
     return ofThinGas(compound, quantity, kelvin);
 }
 
 // A function of the ideal gas's heat capacity.
-template <double (*function)(const HeatCapacityPolynomial &, double)>
-double idealGas(const PureCompound &compound, double kelvin)
+template <double (*function)(const HeatCapacityPolynomial &, double)> double idealGas(Compound compound, double kelvin)
 {
     return function(compound.data.idealGasHeatCapacity, kelvin);
 }
@@ -141,10 +149,10 @@ constexpr ConditionedProperty byTemperature[] = {
     {"idealGasHeatCapacity", idealGas<idealGasHeatCapacity>, everyTemperature},
     {"idealGasEnthalpy", idealGas<idealGasEnthalpy>, everyTemperature},
     {"idealGasEntropy", idealGas<idealGasEntropy>, everyTemperature},
-    {"vaporPressure", [](const PureCompound &compound, double kelvin) { return vaporPressure(compound.data, kelvin); },
+    {"vaporPressure", [](Compound compound, double kelvin) { return vaporPressure(compound.data, kelvin); },
      vaporPressureRange},
     {"volumeOfLiquid",
-     [](const PureCompound &compound, double kelvin) { return 1.0 / saturatedLiquidDensity(compound.data, kelvin); },
+     [](Compound compound, double kelvin) { return 1.0 / saturatedLiquidDensity(compound.data, kelvin); },
      liquidDensityRange},
     {"heatOfVaporization", vaporization<enthalpy>, boilingTemperatures},
     {"volumeChangeUponVaporization", vaporization<volume>, boilingTemperatures},

@@ -12,8 +12,8 @@ namespace reference {
 // text that is not known is empty.
 struct CompoundConstant {
     std::string_view name;
-    double (*number)(const CompoundData &compound);
-    std::string_view (*text)(const CompoundData &compound);
+    double (*number)(const PureCompound &compound);
+    std::string_view (*text)(const PureCompound &compound);
 };
 std::span<const CompoundConstant> compoundConstants();
 

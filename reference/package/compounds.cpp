@@ -31,7 +31,7 @@ template <class Row> HRESULT readRows(const Component::Call &call, std::span<con
 }
 
 // One element of a list of constants: undefined stays empty.
-void putConstant(const CompoundConstant &constant, const CompoundData &compound, VARIANT &element)
+void putConstant(const CompoundConstant &constant, const PureCompound &compound, VARIANT &element)
 {
     Value value;
     if (constant.text) {
@@ -108,7 +108,7 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::GetCompoundConstant(VARIANT propertie
         return E_OUTOFMEMORY;
     for (const CompoundConstant *constant : constants)
         for (const CompoundData *compound : chosen)
-            putConstant(*constant, *compound, *element++);
+            putConstant(*constant, {*compound, equation}, *element++);
     return list.give(values);
 }
 

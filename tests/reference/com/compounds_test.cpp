@@ -106,7 +106,8 @@ TEST_F(PackageCompounds, LeaveAnUndefinedConstantEmpty)
 
 // Hydrogen sulfide. Critical point: Lemmon, Span, J. Chem. Eng. Data 51 (2006) 785. Formation:
 // CODATA Key Values for Thermodynamics (1989), -20.6(5) kJ/mol and 205.81(5) J/mol/K. Dipole moment:
-// NIST Computational Chemistry Comparison and Benchmark Database, 0.97 D.
+// NIST Computational Chemistry Comparison and Benchmark Database, 0.97 D. Heat of vaporization: CRC
+// Handbook of Chemistry and Physics, 95th ed. (2014).
 TEST_F(PackageCompounds, GiveEveryConstantThatIsListed)
 {
     const struct {
@@ -133,7 +134,8 @@ TEST_F(PackageCompounds, GiveEveryConstantThatIsListed)
                            {"parachor", 80.1 * 1e-6 * std::pow(1e-3, 0.25), 1e-9},
                            {"diffusionVolume", 27.52e-6, 1e-12},
                            {"liquidDensityAt25C", 22.8e3, 300.0},
-                           {"liquidVolumeAt25C", 1.0 / 22.8e3, 1e-6}};
+                           {"liquidVolumeAt25C", 1.0 / 22.8e3, 1e-6},
+                           {"heatOfVaporizationAtNormalBoilingPoint", 18.67e3, 500.0}};
     const std::pair<std::string, std::string> textsExpected[] = {{"casRegistryNumber", "7783-06-4"},
                                                                  {"chemicalFormula", "H2S"},
                                                                  {"iupacName", "hydrogen sulfide"},

@@ -400,6 +400,22 @@ TEST_F(PackageFlashPairs, FollowTheSolutionType)
     EXPECT_EQ(pressureOf("Unspecified"), normal);
 }
 
+// Where the material allows the vapour alone, the feed is one, as warm as its enthalpy tells.
+TEST_F(PackageFlashPairs, KeepToThePhaseThatIsAllowed)
+{
+    material.presentPhases = {"Vapor"};
+    ASSERT_EQ(calculate(), S_OK);
+    const double enthalpy = valueOf("enthalpy");
+    forgetResults();
+    material.presentPhases = {"Vapor"};
+    giveOverall("pressure", 3e6);
+    giveOverall("enthalpy", enthalpy);
+    ASSERT_EQ(calculate(givenPressure, overallOf("enthalpy")), S_OK) << lastFailure(equilibrium.get()).description;
+    EXPECT_EQ(material.presentPhases, std::vector<std::string>{"Vapor"});
+    EXPECT_EQ(material.written.at("Vapor/phaseFraction").values[0], 1.0);
+    EXPECT_NEAR(material.written.at("Overall/temperature").values[0], 250.0, 1e-6);
+}
+
 TEST_F(PackageFlashPairs, SayWhichSpecificationFailsAndLeaveTheMaterial)
 {
     const auto expectReason = [&](const Specification &first, const Specification &second, const ErrorKind &kind,

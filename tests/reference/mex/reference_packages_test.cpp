@@ -160,7 +160,7 @@ TEST_F(ReferencePackages, GiveTheRatiosOfAFlashAsKValues)
     ASSERT_EQ(split[0].count(), 2u);
     const auto compositions = split[2].matrix();
     const CallResult pair = mustReturn(
-        1, {Scalar(23), Scalar(1), package, Texts({"kvalue", "surfaceTension", "logKvalue.Dmoles"}), Scalar(300.0),
+        1, {Scalar(23), Scalar(3), package, Texts({"kvalue", "surfaceTension", "logKvalue.Dmoles"}), Scalar(300.0),
             Scalar(1e6), Row(compositions[0]), Row(compositions[1]), Text("Vapor"), Text("Liquid")});
     const std::vector<double> K = pair[0].element(0).numbers();
     ASSERT_EQ(K.size(), feed.size());
@@ -168,6 +168,13 @@ TEST_F(ReferencePackages, GiveTheRatiosOfAFlashAsKValues)
         if (feed[i] > 0.0) {
             EXPECT_NEAR(K[i] * compositions[1][i], compositions[0][i], 1e-8 * K[i]) << i;
         }
+    const double tension = pair[0].element(1).number(); // of a light mixture, in N/m
+    EXPECT_GT(tension, 2e-3);
+    EXPECT_LT(tension, 20e-3);
+    const Array byMoles = pair[0].element(2);
+    ASSERT_EQ(byMoles.count(), 2u); // of the composition of each phase
+    for (std::size_t phase = 0; phase < 2; ++phase)
+        EXPECT_EQ(byMoles.element(phase).count(), feed.size() * feed.size());
 }
 
 TEST_F(ReferencePackages, SayWhyAFlashFails)
