@@ -15,9 +15,10 @@ constexpr std::string_view airCompounds[] = {"nitrogen", "oxygen", "argon",   "c
                                              "neon",     "helium", "krypton", "xenon"};
 
 constexpr std::string_view refineryGasCompounds[] = {
-    "hydrogen", "nitrogen",  "carbon monoxide", "carbon dioxide", "hydrogen sulfide", "methane",
-    "ethane",   "ethylene",  "propane",         "propylene",      "n-butane",         "isobutane",
-    "1-butene", "isobutene", "n-pentane",       "isopentane",     "n-hexane",         "carbonyl sulfide",
+    "hydrogen",  "nitrogen",  "carbon monoxide", "carbon dioxide", "hydrogen sulfide",
+    "methane",   "ethane",    "ethylene",        "propane",        "propylene",
+    "n-butane",  "isobutane", "1-butene",        "cis-2-butene",   "trans-2-butene",
+    "isobutene", "n-pentane", "isopentane",      "n-hexane",       "carbonyl sulfide",
 };
 
 constexpr std::string_view aromaticsCompounds[] = {
@@ -26,11 +27,12 @@ constexpr std::string_view aromaticsCompounds[] = {
 };
 
 constexpr std::string_view refrigerantsCompounds[] = {
-    "R-22",     "R-23",    "R-32",      "R-125",   "R-134a",         "R-143a",         "R-152a",
-    "R-1234yf", "propane", "isobutane", "ammonia", "carbon dioxide", "dimethyl ether",
+    "R-22",     "R-23",        "R-32",    "R-125",     "R-134a",  "R-143a",         "R-152a",
+    "R-1234yf", "R-1234ze(E)", "propane", "isobutane", "ammonia", "carbon dioxide", "dimethyl ether",
 };
 
-constexpr std::string_view alcoholCompounds[] = {"water", "methanol", "ethanol", "1-propanol", "2-propanol"};
+constexpr std::string_view alcoholCompounds[] = {"water",      "methanol",   "ethanol",
+                                                 "1-propanol", "2-propanol", "1-butanol"};
 
 constexpr PackageDefinition packages[] = {
     {"Natural gas",
@@ -46,7 +48,7 @@ constexpr PackageDefinition packages[] = {
      pengRobinson, aromaticsCompounds},
     {"Refrigerants", "Fluorinated and natural refrigerants by the Peng-Robinson equation", pengRobinson,
      refrigerantsCompounds},
-    {"Water and light alcohols", "Water and the alcohols up to the propanols as ideal mixtures, by Raoult's law",
+    {"Water and light alcohols", "Water and the alcohols up to 1-butanol as ideal mixtures, by Raoult's law",
      idealMixture, alcoholCompounds},
     {"All compounds (Peng-Robinson)", "Every compound of the library, by the Peng-Robinson equation", pengRobinson, {}},
     {"All compounds (Soave-Redlich-Kwong)",

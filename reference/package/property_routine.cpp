@@ -1,5 +1,6 @@
 #include "reference/engine/phase_point.h"
 #include "reference/package/phase_table.h"
+#include "reference/package/present_compounds.h"
 #include "reference/package/property_name.h"
 #include "reference/package/property_package.h"
 
@@ -34,6 +35,18 @@ HRESULT giveNames(const std::vector<std::string> &list, VARIANT *properties)
     if (!names.setTexts(list, [](const std::string &name) { return std::string_view(name); }))
         return E_OUTOFMEMORY;
     return names.give(properties);
+}
+
+// The values of a phase; a single one also where it is missing for compounds of which there is nothing.
+bool calculateValues(const PhasePoint &phase, Root root, PhaseQuantity quantity, Differential differential,
+                     std::span<double> values)
+{
+    if (phase.calculate(quantity, differential, values))
+        return true;
+    if (values.size() != 1)
+        return false;
+    const PresentCompounds present(phase);
+    return present.point(root).calculate(quantity, differential, values);
 }
 
 // The properties that a call asks for; the names are those of the argument.
@@ -172,7 +185,7 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcSinglePhaseProp(VARIANT propertie
     return requests.answer(
         call, model.size,
         [&](const auto &request, std::span<double> values) {
-            return phase.calculate(request.quantity, request.differential, values);
+            return calculateValues(phase, phaseRow->root, request.quantity, request.differential, values);
         },
         [&](const auto &request, BSTR name, const VARIANT &values) {
             const BSTR basis = shapeOf(request.quantity).molarBasis ? words.mole.get() : nullptr;

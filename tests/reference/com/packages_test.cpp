@@ -197,6 +197,37 @@ TEST(Packages, KnowWhatEveryCompoundHasWhereItBoils)
     }
 }
 
+// R-1234yf has no enthalpy of formation here. Where there is nothing of it in the mixture that does not
+// matter; where there is, the property is refused, and by composition it always is.
+TEST(Packages, MissAConstantOnlyWhereItsCompoundIs)
+{
+    Library library;
+    OpenedPackage package(library, "All compounds (Peng-Robinson)");
+    const std::vector<std::string> ids = {"propane", "R-1234yf", "n-butane"};
+    package.setMaterial(ids, 300.0, 4e5, {0.5, 0.0, 0.5});
+    const double enthalpy = package.valuesOf("enthalpyF", "Vapor")[0];
+    EXPECT_NEAR(enthalpy, -0.5 * 104.7e3 - 0.5 * 125.8e3, 2e3); // of formation, mostly
+    EXPECT_LT(package.valuesOf("enthalpyF.Dpressure", "Vapor")[0], 0.0);
+    const Text vapor(std::string_view("Vapor"));
+    const auto calculate = [&](const char *name) {
+        return package.properties->CalcSinglePhaseProp(texts({name}).get(), vapor.get());
+    };
+    EXPECT_EQ(calculate("enthalpyF.Dmoles"), errors::propertyNotAvailable.result);
+    package.material.given = {{"Overall/enthalpyF/mole", enthalpy}, {"Overall/pressure/", 4e5}};
+    package.material.written.clear();
+    ASSERT_EQ(package.equilibrium->CalcEquilibrium(texts({"enthalpyF", "", "Overall"}).get(),
+                                                   texts({"pressure", "", "Overall"}).get(), nullptr),
+              S_OK)
+        << lastFailure(package.equilibrium.get()).description;
+    EXPECT_NEAR(package.material.written.at("Overall/temperature").values[0], 300.0, 20.0);
+
+    package.material.composition = {0.5, 0.1, 0.4};
+    EXPECT_EQ(calculate("enthalpyF"), errors::propertyNotAvailable.result);
+    EXPECT_EQ(lastFailure(package.properties.get()).description,
+              "The property \"enthalpyF\" is not available for this phase and these compounds");
+    EXPECT_EQ(calculate("enthalpy"), S_OK);
+}
+
 TEST(Packages, DoNotDisturbEachOtherWhileSeveralAreOpen)
 {
     Library library;
