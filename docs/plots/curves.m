@@ -24,7 +24,7 @@ function envelope(folder)
         line = zeros(0, 2);
         for type = {'Normal', 'Retrograde'} % up along one and back along the other
             pressures = capeOpenMultiFlash(h, X, 'Temperature', temperatures, 'vaporFraction', fraction, type{1}, 'Pressure');
-            there = ~isnan(pressures) & pressures > 1e5 & (strcmp(type{1}, 'Normal') | temperatures > critical(1));
+            there = ~isnan(pressures) & pressures > 1e5;
             line = [line; temperatures(there), pressures(there)];
             temperatures = flipud(temperatures);
         end
