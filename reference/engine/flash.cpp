@@ -80,7 +80,7 @@ FlashStatus explainLine(LineStatus status, const LineExtent &extent, const Flash
         return FlashStatus::noSolution;
     default:
         giveReason(reason, "No two phases with %s were found for %s", text.first.text.data(), text.second.text.data());
-        return FlashStatus::notConverged;
+        return FlashStatus::noSolution;
     }
 }
 

@@ -56,8 +56,8 @@ enum class FlashStatus {
     solved,
     badValue,     // a value that no state can have, such as a temperature below zero
     undetermined, // the two together leave the state open
-    noSolution,   // no state within the limits below has these values
-    notConverged, // there may be a solution, but it was not found
+    noSolution,   // no state within the limits below was found to have these values
+    notConverged, // the phases at some conditions on the way were not found
 };
 
 // Solutions are looked for within these limits only, ends included.
@@ -66,8 +66,9 @@ inline constexpr double highestFlashTemperature = 1500.0; // K
 inline constexpr double lowestFlashPressure = 1e-2;       // Pa
 inline constexpr double highestFlashPressure = 1e8;       // Pa
 
-// What a feed becomes. At most one vapour and one liquid: where the model has two liquids at once,
-// they are treated as far as one of them can stand for the vapour, as the less dense one.
+// What a feed becomes. At most one vapour and one liquid: where the model has two liquids at once, one of
+// them stands for the vapour, the less dense one, as far as it can: where its equation has a vapour root,
+// too, it cannot, and the feed is given as one liquid. So the values that a mixture holds can jump there.
 struct FlashResult {
     double temperature; // K
     double pressure;    // Pa
@@ -79,8 +80,7 @@ struct FlashResult {
     CompoundArray liquid;
 };
 
-// Why a flash failed: a sentence without its full stop, such as "No temperature from 20 K to 1500 K at
-// the pressure 100000 Pa gives the enthalpy 1e+09 J/mol".
+// Why a flash failed: a sentence without its full stop, such as "The vapor fraction 1.5 must be from 0 to 1".
 using FlashReason = std::array<char, 320>; // ends with a zero
 
 // Solves for given temperature (K) and pressure (Pa), both above zero and not held to the limits above.
@@ -96,14 +96,13 @@ FlashStatus flashTP(const MixtureModel &model, double temperature, double pressu
 
 // Solves for any two conditions, given in either order; `z` as above. The values of the solution agree
 // with those given to 1e-9, relative to the larger of the value itself and its natural size (R T for an
-// energy, R for an entropy). `result` is valid when the flash is solved, `reason` when it is not.
+// energy, R for an entropy). `result` is valid when the flash is solved, `reason` when it is not. No call
+// depends on one before, and none allocates.
 //
-// Where several states have the given values, the answer is the one of
-//   temperature and an energy or entropy: the lowest pressure,
-//   pressure and an energy, an entropy or the volume: the lowest temperature,
-//   a vapour fraction: the solution type, and of several the one that is met first on the line of
-//     constant vapour fraction from low pressure on,
-//   two others: the one that is met first from low temperature or pressure on.
+// Several states can have the given values: at one temperature a gas and a liquid may have the same
+// enthalpy, at one pressure the Gibbs and Helmholtz energy rise and fall. Then one of them is the answer,
+// always the same; of two phases with a given vapour fraction, the solution type chooses.
+//
 // A pure compound that boils has a range of enthalpies, entropies, volumes, internal and Helmholtz
 // energies at one temperature and pressure, and one Gibbs energy; so its Gibbs energy together with its
 // temperature or pressure leaves the amounts open.

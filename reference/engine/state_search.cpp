@@ -205,7 +205,10 @@ public:
     bool cross(const Probe &a, const Probe &b)
     {
         const Probe &better = std::fabs(a.residual) < std::fabs(b.residual) ? a : b;
-        return std::fabs(better.residual) < goodEnough && probe(better.at).known;
+        if (!(std::fabs(better.residual) < goodEnough))
+            return false;
+        const Probe again = probe(better.at); // from another start
+        return again.known && std::fabs(again.residual) < goodEnough;
     }
 
 private:

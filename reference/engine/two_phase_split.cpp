@@ -116,6 +116,16 @@ bool goodSubstitution(const FlashProblem &problem, TwoPhases &phases)
     return true;
 }
 
+// Whether both phases are as dense as liquids. One of two liquids can stand for the vapour only where it has one root;
+// where it comes to have a vapour root, too, there is no equilibrium to converge to.
+bool areBothLiquid(const FlashProblem &problem, const TwoPhases &phases)
+{
+    if (problem.model.equation == EquationOfState::idealMixture)
+        return false;
+    const double critical = cubicConstants(problem.model.equation).criticalVolume;
+    return phases.vapor.Z < critical * phases.vapor.B && phases.liquid.Z < critical * phases.liquid.B;
+}
+
 SplitStatus verdict(const FlashProblem &problem, TwoPhases &phases)
 {
     if (collapsing(problem, phases))
@@ -123,7 +133,9 @@ SplitStatus verdict(const FlashProblem &problem, TwoPhases &phases)
     phases.findGibbs(problem);
     if (!betterThanFeed(problem, phases))
         return SplitStatus::collapsed;
-    return phases.largestGap < goodEnough ? SplitStatus::solved : SplitStatus::notConverged;
+    if (phases.largestGap < goodEnough)
+        return SplitStatus::solved;
+    return areBothLiquid(problem, phases) ? SplitStatus::collapsed : SplitStatus::notConverged;
 }
 
 // From phases that have been updated to phases in equilibrium.

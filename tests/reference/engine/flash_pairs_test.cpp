@@ -391,3 +391,41 @@ TEST(Flash, AgreesWithDePriestersCharts)
     EXPECT_NEAR(half.vapor[0], 0.289, 0.025);
     EXPECT_NEAR(half.liquid[2], 0.805, 0.015);
 }
+
+// Lemmon, Jacobsen, Penoncello, Friend, J. Phys. Chem. Ref. Data 29 (2000) 331: air boils at 101325 Pa from 78.903 K,
+// its bubble point, to 81.720 K, its dew point. The equation is within half a kelvin for such mixtures.
+TEST(Flash, GivesBubbleAndDewPointOfAir)
+{
+    const std::vector<double> air = {0.7812, 0.2096, 0.0092};
+    for (const EquationOfState equation : {EquationOfState::pengRobinson, EquationOfState::soaveRedlichKwong}) {
+        const CompoundData *list[] = {findCompound("nitrogen"), findCompound("oxygen"), findCompound("argon")};
+        const MixtureModel model = MixtureModel::of(list, equation);
+        const auto temperatureAt = [&](double fraction) {
+            return solve(model, air, {{Variable::pressure, 101325.0}, {Variable::vaporFraction, fraction}}).temperature;
+        };
+        EXPECT_NEAR(temperatureAt(0.0), 78.903, 0.5);
+        EXPECT_NEAR(temperatureAt(1.0), 81.720, 0.5);
+    }
+}
+
+// Towards the critical point the phases become alike; bubble and dew points are found until they nearly are.
+TEST(Flash, FollowsBubbleAndDewPointsToTheCriticalOne)
+{
+    const MixtureModel model = modelOf({"methane", "ethane"});
+    const std::vector<double> z = {0.5, 0.5};
+    for (const double fraction : {0.0, 0.5, 1.0}) {
+        double contrast = 10.0; // ratio of the ratios of methane's and ethane's fractions
+        for (double pressure = 5e6; pressure < 7e6; pressure += 2e3) {
+            const FlashRequest request{{Variable::pressure, pressure}, {Variable::vaporFraction, fraction}};
+            FlashResult result;
+            FlashReason reason;
+            if (flash(model, request, z, result, reason) != FlashStatus::solved)
+                break;
+            EXPECT_EQ(faultOf({model, z, request}, result), "");
+            const double next = result.vapor[0] / result.vapor[1] / (result.liquid[0] / result.liquid[1]);
+            EXPECT_LT(next, contrast) << pressure;
+            contrast = next;
+        }
+        EXPECT_LT(contrast, 1.15) << fraction;
+    }
+}
