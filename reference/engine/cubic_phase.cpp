@@ -46,24 +46,13 @@ struct Response {
     double logChange(double Zchange, double Bchange) const { return (Z * Bchange - B * Zchange) / quadratic; }
 };
 
-// da/dT of the mixture, and below d2a/dT2.
+// da/dT of the mixture.
 double attractionSlope(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
                        const PhaseState &state)
 {
     double sum = 0.0;
     for (int i = 0; i < model.size; ++i)
         sum += moleFractions[i] * isotherm.slope[i] * state.pairSum[i];
-    return 2.0 * sum;
-}
-
-double attractionBending(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
-                         const PhaseState &state)
-{
-    CompoundArray slopeSum;
-    pairSums(model, moleFractions, isotherm.slope, slopeSum);
-    double sum = 0.0;
-    for (int i = 0; i < model.size; ++i)
-        sum += moleFractions[i] * (isotherm.bending[i] * state.pairSum[i] + isotherm.slope[i] * slopeSum[i]);
     return 2.0 * sum;
 }
 
@@ -216,32 +205,6 @@ void evaluateSlopes(const MixtureModel &model, const Isotherm &isotherm, const d
         slopes.lnPhiByP[i] =
             state.beta[i] * betaByP + repulsionByP - strengthByP * state.attraction[i] - strength * attractionByP;
     }
-}
-
-double residualEnthalpy(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
-                        const PhaseState &state)
-{
-    const double T = isotherm.temperature;
-    const double aByT = attractionSlope(model, isotherm, moleFractions, state);
-    return gasConstant * T * (state.Z - 1.0) + (T * aByT - state.a) / state.b * state.attractionLog;
-}
-
-double residualEntropy(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
-                       const PhaseState &state)
-{
-    const double aByT = attractionSlope(model, isotherm, moleFractions, state);
-    return gasConstant * std::log(state.freeZ) + aByT / state.b * state.attractionLog;
-}
-
-double residualHeatCapacity(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
-                            const PhaseState &state, double ZbyT)
-{
-    const double T = isotherm.temperature;
-    const double aByT = attractionSlope(model, isotherm, moleFractions, state);
-    const double aByTT = attractionBending(model, isotherm, moleFractions, state);
-    const double logByT = Response(cubicConstants(model.equation), state).logChange(ZbyT, -state.B / T);
-    return gasConstant * (state.Z - 1.0 + T * ZbyT) +
-           (T * aByTT * state.attractionLog + (T * aByT - state.a) * logByT) / state.b;
 }
 
 } // namespace reference::cubic

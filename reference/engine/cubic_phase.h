@@ -15,11 +15,4 @@ void evaluatePhase(const MixtureModel &model, const Isotherm &isotherm, double p
 void lnPhiByMoles(const MixtureModel &model, const Isotherm &isotherm, const PhaseState &state, PairArray &derivatives);
 void evaluateSlopes(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
                     const PhaseState &state, PhaseSlopes &slopes);
-double residualEnthalpy(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
-                        const PhaseState &state);
-double residualEntropy(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
-                       const PhaseState &state);
-double residualHeatCapacity(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
-                            const PhaseState &state, double ZbyT);
-
 } // namespace reference::cubic

@@ -39,16 +39,6 @@ double liquidFugacity(const Isotherm &isotherm, int i, double pressure, double l
     return isotherm.saturation[i].value + isotherm.volume[i].value * pressure - logPressure;
 }
 
-// The sum over the compounds of x_i d^k(ln phi_i)/dT^k of the liquid, for one derivative.
-double meanOf(const MixtureModel &model, const Isotherm &isotherm, const double *x, double pressure,
-              double TemperatureFunction::*derivative)
-{
-    double sum = 0.0;
-    for (int i = 0; i < model.size; ++i)
-        sum += x[i] * (isotherm.saturation[i].*derivative + isotherm.volume[i].*derivative * pressure);
-    return sum;
-}
-
 bool isVapor(const PhaseState &state) { return state.vaporRoot; }
 
 } // namespace
@@ -108,39 +98,6 @@ void evaluateSlopes(const MixtureModel &model, const Isotherm &isotherm, const d
         slopes.ZbyT += moleFractions[i] * isotherm.volume[i].byT * P;
         slopes.ZbyP += moleFractions[i] * isotherm.volume[i].value;
     }
-}
-
-double residualEnthalpy(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
-                        const PhaseState &state)
-{
-    if (isVapor(state))
-        return 0.0;
-    const double T = isotherm.temperature;
-    return -gasConstant * T * T * meanOf(model, isotherm, moleFractions, state.pressure, &TemperatureFunction::byT);
-}
-
-double residualEntropy(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
-                       const PhaseState &state)
-{
-    if (isVapor(state))
-        return 0.0;
-    const double P = state.pressure;
-    const double T = isotherm.temperature;
-    const double gibbs =
-        meanOf(model, isotherm, moleFractions, P, &TemperatureFunction::value) - std::log(P); // over R T
-    return -gasConstant * (gibbs + T * meanOf(model, isotherm, moleFractions, P, &TemperatureFunction::byT));
-}
-
-double residualHeatCapacity(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
-                            const PhaseState &state, double)
-{
-    if (isVapor(state))
-        return 0.0;
-    const double T = isotherm.temperature;
-    const double P = state.pressure;
-    return -gasConstant * T *
-           (2.0 * meanOf(model, isotherm, moleFractions, P, &TemperatureFunction::byT) +
-            T * meanOf(model, isotherm, moleFractions, P, &TemperatureFunction::byTT));
 }
 
 } // namespace reference::ideal

@@ -1,9 +1,7 @@
 // One phase at a temperature, pressure and composition, and everything that can be asked of it.
 #pragma once
 
-#include "reference/engine/phase_quantity.h"
-#include "reference/engine/phase_state.h"
-#include "reference/engine/residual.h"
+#include "reference/engine/mixture_residual.h"
 
 #include <span>
 
@@ -14,18 +12,6 @@ namespace reference {
 // speedOfSound; other quantities are missing where a compound lacks a constant that they need.
 bool isAvailable(const MixtureModel &model, Root root, PhaseQuantity quantity);
 bool isAvailable(const MixtureModel &model, PairQuantity quantity);
-
-// A direction in which the conditions change: temperature, pressure, or the moles of one compound, of
-// one mole in all.
-struct Direction {
-    Differential differential = Differential::none; // byFractions is the same as byMoles here
-    int compound = -1;
-
-    double ofTemperature() const { return differential == Differential::byTemperature ? 1.0 : 0.0; }
-    double ofPressure() const { return differential == Differential::byPressure ? 1.0 : 0.0; }
-    // The mean of a property of the compounds, of which one has `own`, in this direction.
-    double ofMean(double own, double mean) const { return compound < 0 ? 0.0 : own - mean; }
-};
 
 // The mixture's molar properties at a phase's conditions, with their derivatives in a direction.
 struct Bulk {
@@ -70,10 +56,6 @@ public:
     void lnPhiByComposition(PairArray &derivatives) const { lnPhiByMoles(mixture, isotherm, phase, derivatives); }
 
 private:
-    Residual residual(const Direction &direction) const;
-    Residual pureResidual(int compound, const Direction &direction) const;
-    CubicParameters cubicParameters(const Direction &direction) const;
-    RaoultParameters raoultParameters(const Direction &direction) const;
     void addPure(const Direction &direction, Bulk &result) const;
     void calculateScalar(PhaseQuantity quantity, Differential differential, double *values) const;
     void calculateVector(PhaseQuantity quantity, Differential differential, double *values) const;
@@ -81,12 +63,11 @@ private:
     Dual pureLnPhi(int compound, const Direction &direction) const;
 
     const MixtureModel &mixture;
-    bool liquid;
     Isotherm isotherm;
     PhaseState phase;
+    bool liquid;
+    PairSums sums;
     CompoundArray x;
-    CompoundArray slopeSum;   // of cubic equations: as PhaseState::pairSum, with ds/dT
-    CompoundArray bendingSum; // with d2s/dT2
 };
 
 // The same for two phases of one model at the same temperature and pressure.

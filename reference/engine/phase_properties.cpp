@@ -1,6 +1,7 @@
 #include "reference/engine/phase_properties.h"
 
 #include "reference/engine/ideal_gas.h"
+#include "reference/engine/mixture_residual.h"
 
 #include <algorithm>
 #include <cmath>
@@ -36,26 +37,22 @@ void evaluateProperties(const MixtureModel &model, const Isotherm &isotherm, dou
             mixing -= fractions[i] * std::log(fractions[i]);
     }
     properties.molecularWeight = molecularWeight;
-    properties.volume = properties.state.Z * gasConstant * T / pressure;
 
     const HeatCapacityPolynomial ideal = mixtureHeatCapacity(model, properties.fractions);
-    properties.enthalpy = idealGasEnthalpy(ideal, T) + residualEnthalpy(model, isotherm, fractions, properties.state);
+    const Residual residual =
+        residualOf(model, isotherm, fractions, properties.state, PairSums(model, isotherm, fractions));
+    properties.enthalpy = idealGasEnthalpy(ideal, T) + residual.enthalpy.value;
     properties.entropy = idealGasEntropy(ideal, T) + gasConstant * (mixing - std::log(pressure / referencePressure)) +
-                         residualEntropy(model, isotherm, fractions, properties.state);
+                         residual.entropy.value;
+    properties.volume = residual.volume.value;
+    properties.volumeByT = residual.volumeByT.value;
+    properties.volumeByP = residual.volumeByP.value;
+    properties.heatCapacity = idealGasHeatCapacity(ideal, T) + residual.heatCapacityP.value;
 }
 
 void addDerivatives(const MixtureModel &model, const Isotherm &isotherm, PhaseProperties &properties)
 {
-    const PhaseState &state = properties.state;
-    const double T = properties.temperature;
-    const double P = state.pressure;
-    const double *fractions = properties.fractions.data();
-    evaluateSlopes(model, isotherm, fractions, state, properties.slopes);
-    const PhaseSlopes &slopes = properties.slopes;
-    properties.volumeByT = gasConstant / P * (state.Z + T * slopes.ZbyT);
-    properties.volumeByP = gasConstant * T / P * (slopes.ZbyP - state.Z / P);
-    properties.heatCapacity = idealGasHeatCapacity(mixtureHeatCapacity(model, properties.fractions), T) +
-                              residualHeatCapacity(model, isotherm, fractions, state, slopes.ZbyT);
+    evaluateSlopes(model, isotherm, properties.fractions.data(), properties.state, properties.slopes);
 }
 
 } // namespace reference

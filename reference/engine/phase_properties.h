@@ -14,18 +14,16 @@ struct PhaseProperties {
     double temperature;      // K
     double molecularWeight;  // g/mol
     double volume;           // m3/mol
+    double volumeByT;        // m3/mol/K
+    double volumeByP;        // m3/mol/Pa
     double enthalpy;         // J/mol
     double entropy;          // J/mol/K
+    double heatCapacity;     // of constant pressure, J/mol/K: the slope of the enthalpy with temperature
     CompoundArray fractions; // mole fractions, summing to one
-
-    // The rest is filled by addDerivatives.
-    PhaseSlopes slopes;
-    double volumeByT;    // m3/mol/K
-    double volumeByP;    // m3/mol/Pa
-    double heatCapacity; // of constant pressure, J/mol/K: the slope of the enthalpy with temperature
+    PhaseSlopes slopes;      // filled by addDerivatives
 };
 
-// Fills all but the derivatives. `fractions` as for evaluatePhase.
+// Fills all but the slopes of the fugacity coefficients. `fractions` as for evaluatePhase.
 void evaluateProperties(const MixtureModel &model, const Isotherm &isotherm, double pressure, const double *fractions,
                         Root root, PhaseProperties &properties);
 

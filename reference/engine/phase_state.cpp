@@ -34,23 +34,4 @@ void evaluateSlopes(const MixtureModel &model, const Isotherm &isotherm, const d
     (isIdeal(model) ? ideal::evaluateSlopes : cubic::evaluateSlopes)(model, isotherm, moleFractions, state, slopes);
 }
 
-double residualEnthalpy(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
-                        const PhaseState &state)
-{
-    return (isIdeal(model) ? ideal::residualEnthalpy : cubic::residualEnthalpy)(model, isotherm, moleFractions, state);
-}
-
-double residualEntropy(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
-                       const PhaseState &state)
-{
-    return (isIdeal(model) ? ideal::residualEntropy : cubic::residualEntropy)(model, isotherm, moleFractions, state);
-}
-
-double residualHeatCapacity(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
-                            const PhaseState &state, double ZbyT)
-{
-    return (isIdeal(model) ? ideal::residualHeatCapacity : cubic::residualHeatCapacity)(model, isotherm, moleFractions,
-                                                                                        state, ZbyT);
-}
-
 } // namespace reference

@@ -74,12 +74,4 @@ struct PhaseSlopes {
 void evaluateSlopes(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
                     const PhaseState &state, PhaseSlopes &slopes);
 
-// The phase's molar property less that of the ideal gas at the same temperature and pressure.
-double residualEnthalpy(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
-                        const PhaseState &state); // J/mol
-double residualEntropy(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
-                       const PhaseState &state); // J/mol/K
-double residualHeatCapacity(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
-                            const PhaseState &state, double ZbyT); // of constant pressure, J/mol/K
-
 } // namespace reference

@@ -235,48 +235,6 @@ TEST(EvaluateSlopes, AgreesWithDifferences)
     }
 }
 
-// Gibbs-Helmholtz: sum x_i d(ln phi_i)/dT = -H_res / (R T^2); and d(ln phi_i)/dP sums to (Z - 1) / P.
-TEST(Residuals, ObeyGibbsHelmholtz)
-{
-    for (const State &state : states()) {
-        const double T = state.temperature;
-        const Isotherm isotherm(state.model, T);
-        const PhaseState phase = evaluate(state);
-        PhaseSlopes slopes;
-        evaluateSlopes(state.model, isotherm, state.x.data(), phase, slopes);
-        double byT = 0.0;
-        double byP = 0.0;
-        double gibbs = 0.0;
-        for (int i = 0; i < state.model.size; ++i) {
-            byT += state.x[i] * slopes.lnPhiByT[i];
-            byP += state.x[i] * slopes.lnPhiByP[i];
-            gibbs += state.x[i] * phase.lnPhi[i];
-        }
-        const double H = residualEnthalpy(state.model, isotherm, state.x.data(), phase);
-        const double S = residualEntropy(state.model, isotherm, state.x.data(), phase);
-        EXPECT_NEAR(-gasConstant * T * T * byT, H, 1e-9 * std::fabs(H));
-        EXPECT_NEAR(byP, (phase.Z - 1.0) / state.pressure, 1e-10 / state.pressure);
-        EXPECT_NEAR(H - T * S, gasConstant * T * gibbs, 1e-9 * std::fabs(H));
-    }
-}
-
-TEST(Residuals, HaveAHeatCapacityThatIsTheSlopeOfTheEnthalpy)
-{
-    for (const State &state : states()) {
-        const auto enthalpy = [&](double t) {
-            return residualEnthalpy(state.model, Isotherm(state.model, t), state.x.data(),
-                                    evaluate(state, t, state.pressure, state.x));
-        };
-        const Isotherm isotherm(state.model, state.temperature);
-        const PhaseState phase = evaluate(state);
-        PhaseSlopes slopes;
-        evaluateSlopes(state.model, isotherm, state.x.data(), phase, slopes);
-        const double expected = slope(enthalpy, state.temperature, 1e-2);
-        EXPECT_NEAR(residualHeatCapacity(state.model, isotherm, state.x.data(), phase, slopes.ZbyT), expected,
-                    1e-5 * std::fabs(expected) + 1e-9);
-    }
-}
-
 namespace {
 
 // The pressure at which the two roots of a pure compound have equal fugacities.
