@@ -34,7 +34,7 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CheckEquilibriumSpec(VARIANT specific
     if (!supported)
         return E_POINTER;
     FlashInput inputs[2];
-    SolutionType type;
+    SolutionType type = SolutionType::unspecified;
     const bool good = readFlashInputs(specification1, specification2, inputs).isGood() &&
                       readSolutionType(solutionType, type).isGood();
     *supported = good ? VARIANT_TRUE : VARIANT_FALSE;

@@ -18,17 +18,10 @@ MixtureModel modelOf(const PureCompound &compound)
     return MixtureModel::of(list, compound.equation);
 }
 
-// The correlations of transport may leave what is possible for liquids of very polar compounds.
-bool isPossible(PhaseQuantity quantity, double value)
-{
-    return value > 0.0 || (quantity != PhaseQuantity::viscosity && quantity != PhaseQuantity::thermalConductivity);
-}
-
 double valueOf(const std::optional<PhasePoint> &point, PhaseQuantity quantity)
 {
     double value = 0.0;
-    const bool known = point && point->calculate(quantity, Differential::none, {&value, 1});
-    return known && isPossible(quantity, value) ? value : notKnown;
+    return point && point->calculate(quantity, Differential::none, {&value, 1}) ? value : notKnown;
 }
 
 } // namespace

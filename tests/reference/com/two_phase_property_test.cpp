@@ -8,7 +8,7 @@ using namespace reference;
 
 namespace {
 
-constexpr int compoundCount = 3;
+constexpr std::size_t compoundCount = 3;
 const std::vector<std::string> vaporAndLiquid = {"Vapor", "Liquid"};
 
 class PackagePair : public PackageFixture {
@@ -97,7 +97,7 @@ TEST_F(PackagePair, HasTheRatiosOfItsFugacityCoefficients)
     ASSERT_EQ(K.size(), 3u);
     ASSERT_EQ(logK.size(), 3u);
     ASSERT_EQ(reverse.size(), 3u);
-    for (int i = 0; i < compoundCount; ++i) {
+    for (std::size_t i = 0; i < compoundCount; ++i) {
         EXPECT_DOUBLE_EQ(logK[i], liquid[i] - vapor[i]);
         EXPECT_DOUBLE_EQ(K[i], std::exp(logK[i]));
         EXPECT_DOUBLE_EQ(K[i] * reverse[i], 1.0);
@@ -116,7 +116,7 @@ TEST_F(PackagePair, HasTheRatiosOfMoleFractionsAtEquilibrium)
     for (const std::string &phase : vaporAndLiquid)
         material.ownCompositions[phase] = material.written[phase + "/fraction"].values;
     const std::vector<double> K = valuesOf("kvalue");
-    for (int i = 0; i < compoundCount; ++i)
+    for (std::size_t i = 0; i < compoundCount; ++i)
         EXPECT_NEAR(K[i], material.ownCompositions["Vapor"][i] / material.ownCompositions["Liquid"][i], 1e-9 * K[i]);
 }
 
