@@ -216,7 +216,7 @@ FlashStatus flash(const MixtureModel &model, const FlashRequest &request, std::s
         members[count] = i;
         amounts[count++] = z[i];
     }
-    FlashStatus status;
+    FlashStatus status = FlashStatus::notConverged;
     if (count == model.size) {
         status = flashPresent({model, amounts.data(), request.phases}, first, second, request.solution, result, reason);
     } else {

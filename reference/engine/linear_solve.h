@@ -14,8 +14,8 @@ struct SquareMatrix {
     int size = 0;
     std::array<double, std::size_t{maximumUnknowns} * maximumUnknowns> elements;
 
-    double &at(int i, int j) { return elements[static_cast<std::size_t>(i + size * j)]; }
-    double at(int i, int j) const { return elements[static_cast<std::size_t>(i + size * j)]; }
+    double &at(int i, int j) { return elements[i + std::size_t{1} * size * j]; }
+    double at(int i, int j) const { return elements[i + std::size_t{1} * size * j]; }
 };
 
 // Gaussian elimination with the largest element of each column as pivot. The matrix is overwritten; its

@@ -76,7 +76,8 @@ private:
     struct Place {
         double lnT, lnP;
     };
-    std::array<Place, 2 * mostSteps> trace; // where lines have been followed
+    static constexpr int mostPlaces = 2 * mostSteps;
+    std::array<Place, mostPlaces> trace; // where lines have been followed
     int traceCount = 0;
     TwoPhaseEquations equations;
     Elimination elimination;
@@ -239,7 +240,7 @@ private:
     void note(const TwoPhasePoint &point)
     {
         const Totals &totals = point.totals;
-        if (traceCount < static_cast<int>(trace.size()))
+        if (traceCount < mostPlaces)
             trace[traceCount++] = {point.unknowns[n + 1], point.unknowns[n + 2]};
         extent.lowestTemperature = std::min(extent.lowestTemperature, totals.temperature);
         extent.highestTemperature = std::max(extent.highestTemperature, totals.temperature);
