@@ -6,7 +6,9 @@
 
 #include <benchmark/benchmark.h>
 
-#include <stdexcept>
+#include <algorithm>
+#include <iterator>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -20,8 +22,7 @@ const std::vector<double> gas = {0.80, 0.07, 0.04, 0.01, 0.015, 0.005, 0.005, 0.
 MixtureModel naturalGas(EquationOfState equation)
 {
     std::vector<const CompoundData *> list;
-    for (const std::string_view id : compounds)
-        list.push_back(findCompound(id));
+    std::ranges::transform(compounds, std::back_inserter(list), findCompound);
     return MixtureModel::of(list, equation);
 }
 
