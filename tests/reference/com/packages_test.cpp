@@ -197,6 +197,34 @@ TEST(Packages, KnowWhatEveryCompoundHasWhereItBoils)
     }
 }
 
+// The liquid of an ideal mixture does not yield to pressure; what it lacks is not promised, and refused.
+TEST(Packages, DoNotPromiseWhatTheirModelLacks)
+{
+    Library library;
+    OpenedPackage package(library, "Water and light alcohols");
+    package.setMaterial({"ethanol", "water"}, 340.0, 1e5, {0.5, 0.5});
+    const auto isValid = [&](const char *name, std::string_view phase) {
+        VARIANT_BOOL valid = VARIANT_FALSE;
+        EXPECT_EQ(
+            package.properties->CheckSinglePhasePropSpec(Text(std::string_view(name)).get(), Text(phase).get(), &valid),
+            S_OK);
+        return valid == VARIANT_TRUE;
+    };
+    for (const char *name : {"speedOfSound", "heatCapacityCv", "heatCapacityCv.Dtemperature"}) {
+        EXPECT_FALSE(isValid(name, "Liquid")) << name;
+        EXPECT_TRUE(isValid(name, "Vapor")) << name;
+        EXPECT_EQ(package.properties->CalcSinglePhaseProp(texts({"enthalpy", name}).get(),
+                                                          Text(std::string_view("Liquid")).get()),
+                  errors::propertyNotAvailable.result)
+            << name;
+        EXPECT_TRUE(package.material.written.empty()) << name; // not the enthalpy either
+        EXPECT_EQ(package.properties->CalcSinglePhaseProp(texts({name}).get(), Text(std::string_view("Vapor")).get()),
+                  S_OK)
+            << name;
+        package.material.written.clear();
+    }
+}
+
 // R-1234yf has no enthalpy of formation here. Where there is nothing of it in the mixture that does not
 // matter; where there is, the property is refused, and by composition it always is.
 TEST(Packages, MissAConstantOnlyWhereItsCompoundIs)
