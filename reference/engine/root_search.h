@@ -82,6 +82,7 @@ public:
         bool jumped = false;
         closest = std::numeric_limits<double>::infinity();
         widestStep = 0.0;
+        Probe earlier;
         Probe last;
         for (int i = 0; i <= intervals; ++i) {
             Probe next = function.probe(low + (high - low) * i / intervals);
@@ -105,6 +106,13 @@ public:
                     return status;
                 jumped |= status == SearchStatus::jumps;
             }
+            if (isDip(earlier, last, next)) {
+                const SearchStatus status = inDip(earlier, last, next);
+                if (status == SearchStatus::found)
+                    return status;
+                jumped |= status == SearchStatus::jumps;
+            }
+            earlier = last;
             last = next;
         }
         return jumped ? SearchStatus::jumps : SearchStatus::notReached;
@@ -157,6 +165,40 @@ private:
                 return status == SearchStatus::found ? status : between(middle, right);
             }
             (middle.residual * middle.slope < 0.0 ? left : right) = middle;
+        }
+        return SearchStatus::notReached;
+    }
+
+    // Whether the middle one of three neighbours is the nearest to zero, and there are not the slopes to tell on which
+    // side the extremum is.
+    static bool isDip(const Probe &left, const Probe &middle, const Probe &right)
+    {
+        if (std::isfinite(left.slope) && std::isfinite(middle.slope) && std::isfinite(right.slope))
+            return false;
+        return left.known && middle.known && right.known && !left.differsInSign(middle) &&
+               !right.differsInSign(middle) && std::fabs(middle.residual) < std::fabs(left.residual) &&
+               std::fabs(middle.residual) < std::fabs(right.residual);
+    }
+
+    SearchStatus inDip(Probe left, Probe middle, Probe right)
+    {
+        constexpr double golden = 0.381966; // the lesser part of a golden section
+        for (int step = 0; step < 40; ++step) {
+            const bool toTheRight = right.at - middle.at > middle.at - left.at;
+            const Probe &side = toTheRight ? right : left;
+            const Probe next = function.probe(middle.at + golden * (side.at - middle.at));
+            if (next.met)
+                return SearchStatus::found;
+            if (!next.known)
+                return SearchStatus::notReached;
+            if (next.differsInSign(middle)) {
+                const SearchStatus status = between(middle, next);
+                return status == SearchStatus::found ? status : between(next, side);
+            }
+            const bool nearer = std::fabs(next.residual) < std::fabs(middle.residual);
+            (toTheRight == nearer ? left : right) = nearer ? middle : next;
+            if (nearer)
+                middle = next;
         }
         return SearchStatus::notReached;
     }

@@ -142,6 +142,19 @@ TEST(Flash, SplitsAPureCompoundWithoutACondition)
     }
 }
 
+// Along a line of constant enthalpy the internal energy of benzene is highest where boiling begins, with a kink: a
+// compressed liquid close to it has the same as a mixture with little vapour.
+TEST(Flash, FindsStatesBesideTheKinkWhereBoilingBegins)
+{
+    const MixtureModel model = modelOf({"benzene"});
+    const FlashResult liquid =
+        solve(model, {1.0}, {{Variable::temperature, 478.377169}, {Variable::pressure, 1755186.63}});
+    ASSERT_TRUE(liquid.liquidPresent && !liquid.vaporPresent);
+    const FlashRequest request{{Variable::enthalpy, valueOf(model, {1.0}, liquid, Variable::enthalpy)},
+                               {Variable::internalEnergy, valueOf(model, {1.0}, liquid, Variable::internalEnergy)}};
+    EXPECT_NEAR(solve(model, {1.0}, request).temperature, 478.0, 5.0);
+}
+
 // Just inside of the bubble and dew points there are two phases, just outside there is one.
 TEST(Flash, FindsTheEndsOfTheTwoPhaseRegion)
 {

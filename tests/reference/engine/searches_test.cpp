@@ -99,6 +99,15 @@ TEST(RootSearch, FindsTwoZerosBetweenTwoProbes)
     EXPECT_NEAR(curve.last, 4.0, 1e-10);
 }
 
+// The same without slopes, as states have none on a jump.
+TEST(RootSearch, FindsTwoZerosBetweenProbesWithoutSlopes)
+{
+    Curve curve{[](double x) { return (x - 4.0) * (x - 4.2); }, [](double) { return std::nan(""); }};
+    RootSearch search(curve, 0.0, 9.0);
+    EXPECT_EQ(search.scan(9), SearchStatus::found);
+    EXPECT_NEAR(std::fabs(curve.last - 4.1), 0.1, 1e-10);
+}
+
 TEST(RootSearch, TellsAJumpFromAZero)
 {
     Curve curve{[](double x) { return x < 1.3 ? -1.0 : 1.0; }, [](double) { return 0.0; }};
