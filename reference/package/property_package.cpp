@@ -143,7 +143,7 @@ HRESULT PropertyPackage::checkPressure(const Call &call, double pressure) const
     if (std::isnan(pressure))
         return call.refuse(errors::invalidArgument, OLESTR("The pressure is not a number"));
     if (pressure < lowestPressure || pressure > highestPressure)
-        return call.refuse(errors::outOfBounds, OLESTR("The pressure must be from 0.01 to 1e9 Pa"));
+        return call.refuse(errors::outOfBounds, OLESTR("The pressure must be from 0.01 to 1e8 Pa"));
     return S_OK;
 }
 

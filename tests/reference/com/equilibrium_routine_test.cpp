@@ -203,7 +203,7 @@ TEST_F(PackageFlash, RefusesConditionsThatMakeNoSense)
                   "The composition must be numbers that are not negative and not all zero");
     material.composition = {0.25, 0.625, 0.125};
     material.pressure = -1.0;
-    expectRefusal(calculate(), errors::outOfBounds, "The pressure must be from 0.01 to 1e9 Pa");
+    expectRefusal(calculate(), errors::outOfBounds, "The pressure must be from 0.01 to 1e8 Pa");
 }
 
 TEST_F(PackageFlash, PassesOnWhatTheMaterialHasToSay)

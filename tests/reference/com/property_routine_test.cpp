@@ -112,7 +112,7 @@ TEST_F(PackageProperties, RefuseConditionsThatMakeNoSense)
     material.pressure = NAN;
     expectRefusal(calculate({"volume"}), errors::invalidArgument, "The pressure is not a number");
     material.pressure = 0.0;
-    expectRefusal(calculate({"volume"}), errors::outOfBounds, "The pressure must be from 0.01 to 1e9 Pa");
+    expectRefusal(calculate({"volume"}), errors::outOfBounds, "The pressure must be from 0.01 to 1e8 Pa");
 }
 
 TEST_F(PackageProperties, PassOnWhatTheMaterialHasToSay)
