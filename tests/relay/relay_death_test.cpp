@@ -64,7 +64,7 @@ TEST_F(RelayDeath, InABatchLeavesRowsWithoutValues)
     for (std::size_t row = 1; row < 4; ++row)
         EXPECT_TRUE(std::isnan(rows[row])) << row;
     ASSERT_EQ(result.warnings.size(), 3u);
-    EXPECT_EQ(result.warnings[0], "CAPE-OPEN: Flash failed at 10, 4e+06: The temperature must be from 50 to 1000 K");
+    EXPECT_EQ(result.warnings[0], "CAPE-OPEN: Flash failed at 10, 4e+06: The temperature must be from 20 to 1500 K");
     EXPECT_TRUE(result.warnings[1].starts_with("CAPE-OPEN: Flash failed at 230, 4e+06: ")) << result.warnings[1];
     EXPECT_TRUE(result.warnings[2].starts_with("CAPE-OPEN: Flash failed at 240, 4e+06: ")) << result.warnings[2];
     expectLife();

@@ -16,6 +16,9 @@ inline constexpr const char *standAloneName = "Verdanth Natural Gas (stand-alone
 inline const std::string standAloneClass = "{8337DA1D-2C46-4715-9C96-CFCE8AE51506}";
 inline constexpr const char *managerName = "Verdanth Reference Packages";
 inline constexpr const char *packageName = "Natural gas";
+inline const std::vector<WideString> packagesOfManager =
+    Names({packageName, "Air", "Refinery gas", "Aromatics", "Refrigerants", "Water and light alcohols",
+           "All compounds (Peng-Robinson)", "All compounds (Soave-Redlich-Kwong)"});
 
 // The relay goes when the library is cleared.
 class ThroughRelay : public CommandTest {
