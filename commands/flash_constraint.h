@@ -13,7 +13,7 @@
 // Index of the package's first phase whose state of aggregation is vapor; -1 when it has none.
 std::int32_t FindVaporPhase(const OpenPackage &package);
 
-// Makes the specification array of a constraint, when it is not made yet, with three empty strings.
+// Makes the array that tells the package of a constraint, when it is not made yet, with three empty strings.
 void EnsureSpecification(VariantArray &specification);
 
 // Where in the material the value of a constraint goes.

@@ -1,6 +1,7 @@
 #include "reference/engine/flash.h"
 
 #include "reference/engine/flash_reason.h"
+#include "reference/engine/present_compounds.h"
 #include "reference/engine/quality_line.h"
 #include "reference/engine/state_search.h"
 
@@ -12,7 +13,6 @@ namespace reference {
 
 namespace {
 
-constexpr double absent = 1e-100;  // a mole fraction below counts as zero
 constexpr double roundOff = 1e-12; // by which a vapour fraction may be outside of its range
 
 bool isFraction(FlashVariable variable)
@@ -162,15 +162,6 @@ FlashStatus flashPresent(const Feed &feed, const FlashSpecification &first, cons
     return FlashStatus::solved;
 }
 
-// Mole fractions of the present compounds back to all of them.
-void spread(std::span<const int> present, int size, CompoundArray &fractions)
-{
-    const CompoundArray few = fractions;
-    std::fill_n(fractions.begin(), size, 0.0);
-    for (std::size_t i = 0; i < present.size(); ++i)
-        fractions[present[i]] = few[i];
-}
-
 } // namespace
 
 const char *refusalOf(FlashVariable first, FlashVariable second)
@@ -207,27 +198,16 @@ FlashStatus flash(const MixtureModel &model, const FlashRequest &request, std::s
     if (second.variable < first.variable)
         std::swap(first, second);
 
-    std::array<int, maximumCompounds> members;
-    CompoundArray amounts;
-    int count = 0;
-    for (int i = 0; i < model.size; ++i) {
-        if (z[i] <= absent)
-            continue;
-        members[count] = i;
-        amounts[count++] = z[i];
-    }
-    FlashStatus status = FlashStatus::notConverged;
-    if (count == model.size) {
-        status = flashPresent({model, amounts.data(), request.phases}, first, second, request.solution, result, reason);
-    } else {
-        const std::span<const int> present(members.data(), count);
-        const MixtureModel few = model.subset(present);
-        status = flashPresent({few, amounts.data(), request.phases}, first, second, request.solution, result, reason);
-        if (status == FlashStatus::solved && result.vaporPresent)
-            spread(present, model.size, result.vapor);
-        if (status == FlashStatus::solved && result.liquidPresent)
-            spread(present, model.size, result.liquid);
-    }
+    const PresentCompounds present(z.first(model.size), negligibleFraction);
+    const auto solve = [&](const MixtureModel &few) {
+        return flashPresent({few, present.amounts.data(), request.phases}, first, second, request.solution, result,
+                            reason);
+    };
+    const FlashStatus status = present.isAll() ? solve(model) : solve(model.subset(present.members()));
+    if (status == FlashStatus::solved && result.vaporPresent)
+        present.spread(result.vapor);
+    if (status == FlashStatus::solved && result.liquidPresent)
+        present.spread(result.liquid);
     for (const FlashSpecification &given : {first, second}) {
         if (given.variable == FlashVariable::temperature)
             result.temperature = given.value;

@@ -1,5 +1,6 @@
 #include "reference/engine/flash.h"
 
+#include "reference/engine/present_compounds.h"
 #include "reference/engine/two_phase_split.h"
 
 #include <algorithm>
@@ -7,8 +8,6 @@
 namespace reference {
 
 namespace {
-
-constexpr double absent = 1e-100;
 
 bool isLiquid(const FlashProblem &problem)
 {
@@ -20,15 +19,7 @@ bool isLiquid(const FlashProblem &problem)
     return loop && feed.Z < equation.criticalVolume * feed.B;
 }
 
-// Mole fractions of the present compounds back to all of them.
-void spread(std::span<const int> present, const CompoundArray &fractions, int size, CompoundArray &all)
-{
-    std::fill_n(all.begin(), size, 0.0);
-    for (std::size_t i = 0; i < present.size(); ++i)
-        all[present[i]] = fractions[i];
-}
-
-void givePhases(const TwoPhases &phases, std::span<const int> present, int size, FlashResult &result)
+void givePhases(const TwoPhases &phases, const PresentCompounds &present, FlashResult &result)
 {
     // Phases that stand at their only root could bear either name: the denser one, measured by its
     // own covolume, is the liquid.
@@ -38,8 +29,10 @@ void givePhases(const TwoPhases &phases, std::span<const int> present, int size,
     result.liquidPresent = true;
     result.vaporFraction = swap ? phases.amounts.liquid : phases.amounts.vapor;
     result.liquidFraction = swap ? phases.amounts.vapor : phases.amounts.liquid;
-    spread(present, swap ? phases.x : phases.y, size, result.vapor);
-    spread(present, swap ? phases.y : phases.x, size, result.liquid);
+    result.vapor = swap ? phases.x : phases.y;
+    result.liquid = swap ? phases.y : phases.x;
+    present.spread(result.vapor);
+    present.spread(result.liquid);
 }
 
 void giveOnePhase(const FlashProblem &problem, std::span<const double> z, FlashResult &result)
@@ -74,23 +67,24 @@ SplitStatus split(const FlashProblem &problem, TwoPhases &phases)
     return unfinished ? SplitStatus::notConverged : SplitStatus::collapsed;
 }
 
-FlashStatus flashPresent(const MixtureModel &model, double temperature, double pressure, const double *z,
-                         std::span<const int> present, std::span<const double> feed, FlashResult &result)
+// `model` is that of the present compounds.
+FlashStatus flashPresent(const MixtureModel &model, double temperature, double pressure,
+                         const PresentCompounds &present, std::span<const double> z, FlashResult &result)
 {
     result.temperature = temperature;
     result.pressure = pressure;
-    const FlashProblem problem(model, temperature, pressure, z);
+    const FlashProblem problem(model, temperature, pressure, present.amounts.data());
     if (model.size > 1) {
         TwoPhases phases;
         const SplitStatus status = split(problem, phases);
         if (status == SplitStatus::notConverged)
             return FlashStatus::notConverged;
         if (status == SplitStatus::solved) {
-            givePhases(phases, present, static_cast<int>(feed.size()), result);
+            givePhases(phases, present, result);
             return FlashStatus::solved;
         }
     }
-    giveOnePhase(problem, feed, result);
+    giveOnePhase(problem, z, result);
     return FlashStatus::solved;
 }
 
@@ -99,19 +93,10 @@ FlashStatus flashPresent(const MixtureModel &model, double temperature, double p
 FlashStatus flashTP(const MixtureModel &model, double temperature, double pressure, std::span<const double> z,
                     FlashResult &result)
 {
-    std::array<int, maximumCompounds> members;
-    CompoundArray amounts;
-    int count = 0;
-    for (int i = 0; i < model.size; ++i) {
-        if (z[i] <= absent)
-            continue;
-        members[count] = i;
-        amounts[count++] = z[i];
-    }
-    const std::span<const int> present(members.data(), count);
-    if (count == model.size)
-        return flashPresent(model, temperature, pressure, amounts.data(), present, z, result);
-    return flashPresent(model.subset(present), temperature, pressure, amounts.data(), present, z, result);
+    const PresentCompounds present(z.first(model.size), negligibleFraction);
+    if (present.isAll()) // and no copy of the model
+        return flashPresent(model, temperature, pressure, present, z, result);
+    return flashPresent(model.subset(present.members()), temperature, pressure, present, z, result);
 }
 
 } // namespace reference

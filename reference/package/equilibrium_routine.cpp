@@ -1,6 +1,6 @@
 #include "reference/package/flash_input.h"
+#include "reference/package/phase_of_present.h"
 #include "reference/package/phase_table.h"
-#include "reference/package/present_compounds.h"
 #include "reference/package/property_package.h"
 
 #include <algorithm>
@@ -124,7 +124,7 @@ HRESULT PropertyPackage::leaveOutFormation(const Call &call, const FlashInput &i
     const PhaseQuantity without = isEnthalpy ? PhaseQuantity::enthalpyNF : PhaseQuantity::entropyNF;
     // The difference is the same at all conditions.
     const PhasePoint whole(model, 298.15, 1e5, {feed.data(), static_cast<std::size_t>(model.size)}, Root::vapor);
-    const PresentCompounds present(whole);
+    const PhaseOfPresent present(whole);
     const PhasePoint point = present.point(Root::vapor);
     double withFormation = 0.0;
     double withoutFormation = 0.0;

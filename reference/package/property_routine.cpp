@@ -1,6 +1,6 @@
 #include "reference/engine/phase_point.h"
+#include "reference/package/phase_of_present.h"
 #include "reference/package/phase_table.h"
-#include "reference/package/present_compounds.h"
 #include "reference/package/property_name.h"
 #include "reference/package/property_package.h"
 
@@ -45,7 +45,7 @@ bool calculateValues(const PhasePoint &phase, Root root, PhaseQuantity quantity,
         return true;
     if (values.size() != 1)
         return false;
-    const PresentCompounds present(phase);
+    const PhaseOfPresent present(phase);
     return present.point(root).calculate(quantity, differential, values);
 }
 

@@ -1,21 +1,6 @@
 % What install.m does, with stand-ins for what it calls:  octave-cli tests/installer/test_install.m INSTALL.m WORK
-% WORK is a folder that is not there yet
+% WORK is a folder of its own, made anew
 1;
-
-function check(holds, varargin)
-    if ~holds
-        error(varargin{:});
-    end
-end
-
-function message = message_of(action)
-    message = '';
-    try
-        action();
-    catch problem
-        message = problem.message;
-    end
-end
 
 % A new session in front of a folder as it is unpacked; every test has one of its own below the work folder.
 function folder = unpack(name)
@@ -122,9 +107,14 @@ global install_source work_folder
 inputs = argv();
 install_source = fileread(inputs{1});
 work_folder = inputs{2};
+if exist(work_folder, 'dir')
+    confirm_recursive_rmdir(false);
+    rmdir(work_folder, 's');
+end
 mkdir(work_folder);
 warning('off', 'Octave:shadowed-function');
-addpath(fullfile(fileparts(mfilename('fullpath')), 'stubs'));
+tests_folder = fileparts(mfilename('fullpath'));
+addpath(fullfile(tests_folder, 'stubs'), fullfile(tests_folder, '..', 'toolbox', 'support'));
 setenv('SystemRoot', 'W');
 tests = {@check_other_machines_are_refused, @check_a_folder_without_the_library_is_refused, ...
          @check_nothing_is_registered_unasked, @check_what_is_answered_with_yes_is_registered, ...

@@ -10,6 +10,24 @@ namespace {
 
 class Exit : public CommandTest {};
 
+// A package is open that is reached through the relay, and the vocabulary is built.
+class ExitBehindRelay : public CommandTest {
+protected:
+    RelayScript &relay = world.addRelay();
+    PackageScript &old = world.addUnregisteredPackage();
+
+    void SetUp() override
+    {
+        CommandTest::SetUp();
+        const WideString classId = ClassIdText(world.newClassId());
+        RegisteredClass entry = PackageClass("Old", classId);
+        entry.view = RegistryView::wow64;
+        world.registry().add(entry);
+        relay.offer(classId, old);
+        mustReturn(1, {Scalar(3), Text("Old"), Text("")});
+    }
+};
+
 // A class object whose release tells that COM is being shut down.
 class ShutdownWatch : public IClassFactory {
 public:
@@ -57,16 +75,8 @@ TEST_F(Exit, ClosesEveryPackage)
     }
 }
 
-TEST_F(Exit, ReleasesTheRelayAfterThePackages)
+TEST_F(ExitBehindRelay, ReleasesTheRelayAfterThePackages)
 {
-    RelayScript &relay = world.addRelay();
-    PackageScript &old = world.addUnregisteredPackage();
-    const WideString classId = ClassIdText(world.newClassId());
-    RegisteredClass entry = PackageClass("Old", classId);
-    entry.view = RegistryView::wow64;
-    world.registry().add(entry);
-    relay.offer(classId, old);
-    mustReturn(1, {Scalar(3), Text("Old"), Text("")});
     world.log.clear();
     matlab.clear();
     EXPECT_EQ(world.log, (CallLog{"package.Terminate", "package.released", "relay.released"}));
@@ -169,16 +179,8 @@ TEST_F(Exit, FreesNoHandleThatWasNotTaken)
     EXPECT_EQ(freed, 0);
 }
 
-TEST_F(Exit, EmptiesTheVocabularyBetweenThePackagesAndTheRelay)
+TEST_F(ExitBehindRelay, EmptiesTheVocabularyBetweenThePackagesAndTheRelay)
 {
-    RelayScript &relay = world.addRelay();
-    PackageScript &old = world.addUnregisteredPackage();
-    const WideString classId = ClassIdText(world.newClassId());
-    RegisteredClass entry = PackageClass("Old", classId);
-    entry.view = RegistryView::wow64;
-    world.registry().add(entry);
-    relay.offer(classId, old);
-    mustReturn(1, {Scalar(3), Text("Old"), Text("")}); // builds the vocabulary
     int atPackage = -1;
     int atRelay = -1;
     {

@@ -24,13 +24,6 @@ WideString ownFolder()
     return folder;
 }
 
-HKEY openKey(REGSAM view, const std::string &path)
-{
-    HKEY key = nullptr;
-    const LSTATUS status = RegOpenKeyExW(HKEY_CLASSES_ROOT, wide(path).c_str(), 0, KEY_READ | view, &key);
-    return status == ERROR_SUCCESS ? key : nullptr;
-}
-
 void register32(LPCWSTR options)
 {
     WCHAR folder[MAX_PATH] = {};
@@ -139,29 +132,6 @@ void killRelays()
         WaitForSingleObject(process, patienceMilliseconds);
         CloseHandle(process);
     }
-}
-
-std::string registeredText(REGSAM view, const std::string &path, const std::string &name)
-{
-    HKEY key = openKey(view, path);
-    if (!key)
-        return "(none)";
-    WCHAR text[1024] = {};
-    DWORD size = sizeof text - sizeof(WCHAR);
-    DWORD type = REG_NONE;
-    const LSTATUS status =
-        RegQueryValueExW(key, wide(name).c_str(), nullptr, &type, reinterpret_cast<LPBYTE>(text), &size);
-    RegCloseKey(key);
-    const WideString value = text;
-    return status == ERROR_SUCCESS && type == REG_SZ ? std::string(value.begin(), value.end()) : "(none)";
-}
-
-bool keyExists(REGSAM view, const std::string &path)
-{
-    HKEY key = openKey(view, path);
-    if (key)
-        RegCloseKey(key);
-    return key != nullptr;
 }
 
 } // namespace installation

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/platform.h"
+#include "tests/support/registered_text.h"
 
 #include <string>
 #include <vector>
@@ -60,9 +61,7 @@ bool relaysEnd();
 
 void killRelays(); // at once, as a crash would
 
-// A value of a key below HKEY_CLASSES_ROOT as `view` sees it (KEY_WOW64_32KEY or KEY_WOW64_64KEY); "(none)" if there is
-// no such text.
-std::string registeredText(REGSAM view, const std::string &path, const std::string &name = "");
-bool keyExists(REGSAM view, const std::string &path);
+using support::keyExists;
+using support::registeredText;
 
 } // namespace installation

@@ -1,41 +1,15 @@
 // What the library writes to the class registry, and creation through it.
 #include "reference/server/class_table.h"
 #include "tests/reference/com/host.h"
+#include "tests/support/registered_text.h"
 
 #include <gtest/gtest.h>
 
 using namespace reference;
+using support::keyExists;
+using support::registeredText;
 
 namespace {
-
-WideString wide(std::string_view ascii) { return WideString(ascii.begin(), ascii.end()); }
-
-bool keyExists(std::string_view path)
-{
-    HKEY key = nullptr;
-    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, wide(path).c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS)
-        return false;
-    RegCloseKey(key);
-    return true;
-}
-
-// The text of a value; "(none)" without key or value.
-std::string valueOf(std::string_view path, std::string_view name)
-{
-    HKEY key = nullptr;
-    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, wide(path).c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS)
-        return "(none)";
-    WCHAR text[1024] = {};
-    DWORD size = sizeof text - sizeof(WCHAR);
-    DWORD type = REG_NONE;
-    const LSTATUS status =
-        RegQueryValueExW(key, wide(name).c_str(), nullptr, &type, reinterpret_cast<LPBYTE>(text), &size);
-    RegCloseKey(key);
-    if (status != ERROR_SUCCESS || type != REG_SZ)
-        return "(none)";
-    const WideString value = text;
-    return std::string(value.begin(), value.end());
-}
 
 constexpr std::string_view managerKey = "CLSID\\{F0FB3725-917D-4D88-B616-196260C727EA}";
 constexpr std::string_view packageKey = "CLSID\\{8337DA1D-2C46-4715-9C96-CFCE8AE51506}";
@@ -47,7 +21,7 @@ class Registration : public testing::Test {
 protected:
     void SetUp() override
     {
-        wasRegistered = keyExists(managerKey);
+        wasRegistered = keyExists(0, managerKey);
         ASSERT_EQ(library.registerServer(), S_OK);
     }
     void TearDown() override { EXPECT_EQ(wasRegistered ? library.registerServer() : library.unregisterServer(), S_OK); }
@@ -75,23 +49,23 @@ TEST_F(Registration, DescribesBothClasses)
                     "Implemented Categories\\{CF51E383-0110-4ed8-ACB7-B50CFDE6908E}"}};
     for (const auto &each : classes) {
         SCOPED_TRACE(each.name);
-        EXPECT_EQ(valueOf(each.key, ""), each.name);
-        EXPECT_EQ(valueOf(under(each.key, "InprocServer32"), ""), std::string(path.begin(), path.end()));
-        EXPECT_EQ(valueOf(under(each.key, "InprocServer32"), "ThreadingModel"), "Apartment");
-        EXPECT_EQ(valueOf(under(each.key, "ProgID"), ""), each.programId);
-        EXPECT_TRUE(keyExists(under(each.key, each.category)));
-        EXPECT_FALSE(keyExists(under(each.key, each.otherCategory)));
-        EXPECT_TRUE(keyExists(under(each.key, "Implemented Categories\\{678C09A1-7D66-11D2-A67D-00105A42887F}")));
-        EXPECT_EQ(valueOf(under(each.key, "CapeDescription"), "Name"), each.name);
-        EXPECT_NE(valueOf(under(each.key, "CapeDescription"), "Description"), "(none)");
-        EXPECT_EQ(valueOf(under(each.key, "CapeDescription"), "CapeVersion"), "1.1");
+        EXPECT_EQ(registeredText(0, each.key, ""), each.name);
+        EXPECT_EQ(registeredText(0, under(each.key, "InprocServer32"), ""), std::string(path.begin(), path.end()));
+        EXPECT_EQ(registeredText(0, under(each.key, "InprocServer32"), "ThreadingModel"), "Apartment");
+        EXPECT_EQ(registeredText(0, under(each.key, "ProgID"), ""), each.programId);
+        EXPECT_TRUE(keyExists(0, under(each.key, each.category)));
+        EXPECT_FALSE(keyExists(0, under(each.key, each.otherCategory)));
+        EXPECT_TRUE(keyExists(0, under(each.key, "Implemented Categories\\{678C09A1-7D66-11D2-A67D-00105A42887F}")));
+        EXPECT_EQ(registeredText(0, under(each.key, "CapeDescription"), "Name"), each.name);
+        EXPECT_NE(registeredText(0, under(each.key, "CapeDescription"), "Description"), "(none)");
+        EXPECT_EQ(registeredText(0, under(each.key, "CapeDescription"), "CapeVersion"), "1.1");
         for (const char *value : {"ComponentVersion", "VendorURL", "About"})
-            EXPECT_NE(valueOf(under(each.key, "CapeDescription"), value), "(none)") << value;
-        EXPECT_EQ(valueOf(under(each.programId, "CLSID"), ""), std::string(each.key.substr(6)));
+            EXPECT_NE(registeredText(0, under(each.key, "CapeDescription"), value), "(none)") << value;
+        EXPECT_EQ(registeredText(0, under(each.programId, "CLSID"), ""), std::string(each.key.substr(6)));
     }
-    EXPECT_EQ(valueOf("Component Categories\\{CF51E383-0110-4ED8-ACB7-B50CFDE6908E}", "409"),
+    EXPECT_EQ(registeredText(0, "Component Categories\\{CF51E383-0110-4ED8-ACB7-B50CFDE6908E}", "409"),
               "CAPE-OPEN 1.1 Property Package Manager");
-    EXPECT_EQ(valueOf("Component Categories\\{CF51E384-0110-4ED8-ACB7-B50CFDE6908E}", "409"),
+    EXPECT_EQ(registeredText(0, "Component Categories\\{CF51E384-0110-4ED8-ACB7-B50CFDE6908E}", "409"),
               "CAPE-OPEN 1.1 Property Package");
 }
 
@@ -99,10 +73,10 @@ TEST_F(Registration, DescribesThePackagesOfTheManager)
 {
     for (const std::string name : {"Natural gas", "Water and light alcohols", "All compounds (Soave-Redlich-Kwong)"}) {
         const std::string key = under(managerKey, "PropertyPackages\\" + name + "\\CapeDescription");
-        EXPECT_EQ(valueOf(key, "Name"), name);
-        EXPECT_NE(valueOf(key, "Description"), "(none)") << name;
+        EXPECT_EQ(registeredText(0, key, "Name"), name);
+        EXPECT_NE(registeredText(0, key, "Description"), "(none)") << name;
     }
-    EXPECT_FALSE(keyExists(under(packageKey, "PropertyPackages")));
+    EXPECT_FALSE(keyExists(0, under(packageKey, "PropertyPackages")));
 }
 
 TEST_F(Registration, LetsBothClassesBeCreated)
@@ -128,8 +102,8 @@ TEST_F(Registration, IsTakenBackWhole)
     ASSERT_EQ(library.unregisterServer(), S_OK);
     for (const std::string_view key : {managerKey, packageKey, std::string_view("Verdanth.ReferencePackages"),
                                        std::string_view("Verdanth.NaturalGas")})
-        EXPECT_FALSE(keyExists(key)) << key;
+        EXPECT_FALSE(keyExists(0, key)) << key;
     // The categories are everybody's.
-    EXPECT_TRUE(keyExists("Component Categories\\{CF51E383-0110-4ED8-ACB7-B50CFDE6908E}"));
+    EXPECT_TRUE(keyExists(0, "Component Categories\\{CF51E383-0110-4ED8-ACB7-B50CFDE6908E}"));
     EXPECT_EQ(library.unregisterServer(), S_OK); // a second time finds nothing, which is no failure
 }

@@ -3,20 +3,21 @@
 #pragma once
 
 #include "reference/engine/phase_point.h"
+#include "reference/engine/present_compounds.h"
 
 namespace reference {
 
-class PresentCompounds {
+class PhaseOfPresent {
 public:
     // The phase must outlive this object.
-    explicit PresentCompounds(const PhasePoint &whole);
+    explicit PhaseOfPresent(const PhasePoint &whole);
 
     // The phase, made of the present compounds; this object must outlive it.
     PhasePoint point(Root root) const;
 
 private:
     const PhasePoint &phase;
-    CompoundArray fractions;
+    PresentCompounds present;
     MixtureModel model;
 };
 
