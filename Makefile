@@ -31,7 +31,7 @@ coverage:
 	@scripts/coverage.sh
 
 plots:
-	@scripts/bootstrap.sh plots
+	@scripts/bootstrap.sh
 	@scripts/plots.sh
 
 dist:

@@ -2,7 +2,7 @@
 # Installs what building and testing need and this machine has not got. Looks for each thing itself, so that a second
 # run finds everything in place and touches neither the package manager nor the network.
 #
-#   scripts/bootstrap.sh [lint] [bench] [coverage] [plots]   the words add what only that work needs
+#   scripts/bootstrap.sh [lint] [bench] [coverage]   the words add what only that work needs
 set -u
 
 missing=
@@ -56,9 +56,6 @@ for work in "$@"; do
     coverage)
         need gcovr program gcovr
         ;;
-    plots)
-        need gnuplot-nox program gnuplot
-        ;;
     lint)
         need git program git
         need clang program clang++
@@ -68,7 +65,7 @@ for work in "$@"; do
         need shellcheck program shellcheck
         ;;
     *)
-        echo "bootstrap: unknown word '$work' (lint, bench, coverage and plots are known)." >&2
+        echo "bootstrap: unknown word '$work' (lint, bench and coverage are known)." >&2
         exit 2
         ;;
     esac
