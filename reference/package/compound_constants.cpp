@@ -1,8 +1,9 @@
 #include "reference/package/compound_constants.h"
 
-#include "reference/engine/flash.h"
-#include "reference/engine/ideal_gas.h"
-#include "reference/engine/saturation.h"
+#include "reference/engine/compounds/ideal_gas.h"
+#include "reference/engine/compounds/saturation.h"
+#include "reference/engine/flash/flash.h"
+#include "reference/engine/quantities/phase_quantity.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,3 +1,4 @@
+#include "reference/engine/quantities/phase_quantity.h"
 #include "reference/package/flash_input.h"
 #include "reference/package/phase_of_present.h"
 #include "reference/package/phase_table.h"
@@ -128,8 +129,8 @@ HRESULT PropertyPackage::leaveOutFormation(const Call &call, const FlashInput &i
     const PhasePoint point = present.point(Root::vapor);
     double withFormation = 0.0;
     double withoutFormation = 0.0;
-    if (!point.calculate(with, Differential::none, {&withFormation, 1}) ||
-        !point.calculate(without, Differential::none, {&withoutFormation, 1}))
+    if (!calculate(point, with, Differential::none, {&withFormation, 1}) ||
+        !calculate(point, without, Differential::none, {&withoutFormation, 1}))
         return call.refuse(errors::propertyNotAvailable, OLESTR("A flash can't be given the ") +
                                                              wide(input.property->name) +
                                                              OLESTR(" where the formation of a compound is not known"));

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "reference/com/component.h"
-#include "reference/engine/flash.h"
+#include "reference/engine/flash/flash.h"
 
 #include <string_view>
 

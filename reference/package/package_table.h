@@ -1,7 +1,7 @@
 // The packages that the library has.
 #pragma once
 
-#include "reference/engine/equation_of_state.h"
+#include "reference/engine/eos/equation_of_state.h"
 
 #include <span>
 #include <string_view>

@@ -2,8 +2,8 @@
 // compound lacks can be had all the same, as long as nothing is asked of the compound itself.
 #pragma once
 
-#include "reference/engine/phase_point.h"
-#include "reference/engine/present_compounds.h"
+#include "reference/engine/equilibrium/present_compounds.h"
+#include "reference/engine/phase/phase_point.h"
 
 namespace reference {
 

@@ -1,7 +1,7 @@
 // The phases of a package.
 #pragma once
 
-#include "reference/engine/phase_state.h"
+#include "reference/engine/phase/phase_state.h"
 
 #include "platform/platform.h"
 

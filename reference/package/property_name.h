@@ -2,7 +2,7 @@
 #pragma once
 
 #include "reference/com/automation.h"
-#include "reference/engine/phase_quantity.h"
+#include "reference/engine/quantities/phase_quantity.h"
 
 #include <optional>
 #include <span>

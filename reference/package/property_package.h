@@ -3,8 +3,8 @@
 
 #include "cape/com_pointer.h"
 #include "reference/com/component.h"
-#include "reference/engine/flash.h"
-#include "reference/engine/phase_point.h"
+#include "reference/engine/flash/flash.h"
+#include "reference/engine/phase/phase_point.h"
 #include "reference/package/package_table.h"
 
 #include <vector>

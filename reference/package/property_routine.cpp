@@ -1,4 +1,7 @@
-#include "reference/engine/phase_point.h"
+#include "reference/engine/phase/phase_evaluation.h"
+#include "reference/engine/phase/phase_point.h"
+#include "reference/engine/quantities/phase_calculation.h"
+#include "reference/engine/quantities/phase_pair.h"
 #include "reference/package/phase_of_present.h"
 #include "reference/package/phase_table.h"
 #include "reference/package/property_name.h"
@@ -41,12 +44,12 @@ HRESULT giveNames(const std::vector<std::string> &list, VARIANT *properties)
 bool calculateValues(const PhasePoint &phase, Root root, PhaseQuantity quantity, Differential differential,
                      std::span<double> values)
 {
-    if (phase.calculate(quantity, differential, values))
+    if (calculate(phase, quantity, differential, values))
         return true;
     if (values.size() != 1)
         return false;
     const PhaseOfPresent present(phase);
-    return present.point(root).calculate(quantity, differential, values);
+    return calculate(present.point(root), quantity, differential, values);
 }
 
 // The properties that a call asks for; the names are those of the argument.

@@ -1,6 +1,9 @@
 #include "reference/package/saturated_compound.h"
 
-#include "reference/engine/flash.h"
+#include "reference/engine/flash/flash.h"
+#include "reference/engine/quantities/phase_calculation.h"
+#include "reference/engine/quantities/phase_pair.h"
+#include "reference/engine/quantities/phase_quantity.h"
 
 #include <limits>
 

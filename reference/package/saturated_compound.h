@@ -1,7 +1,8 @@
 // A pure compound that boils, by the equation of state of a package.
 #pragma once
 
-#include "reference/engine/phase_point.h"
+#include "reference/engine/phase/phase_point.h"
+#include "reference/engine/quantities/phase_quantity.h"
 
 #include <optional>
 

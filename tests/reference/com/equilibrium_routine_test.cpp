@@ -1,4 +1,4 @@
-#include "reference/engine/flash.h"
+#include "reference/engine/flash/flash.h"
 #include "tests/reference/com/package_fixture.h"
 #include "tests/reference/engine/mixtures.h"
 

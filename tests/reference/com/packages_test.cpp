@@ -1,5 +1,5 @@
 // The packages of the manager: what is in them, by which model, and that they leave each other alone.
-#include "reference/engine/mixture_model.h"
+#include "reference/engine/phase/mixture_model.h"
 #include "reference/package/package_table.h"
 #include "reference/server/class_table.h"
 #include "tests/reference/com/host.h"

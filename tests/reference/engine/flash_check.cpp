@@ -1,6 +1,8 @@
 #include "tests/reference/engine/flash_check.h"
 
-#include "reference/engine/flash_reason.h"
+#include "reference/engine/eos/gas_constant.h"
+#include "reference/engine/flash/flash_reason.h"
+#include "reference/engine/phase/phase_evaluation.h"
 
 #include <cmath>
 #include <sstream>

@@ -1,4 +1,6 @@
-#include "reference/engine/rachford_rice.h"
+#include "reference/engine/eos/gas_constant.h"
+#include "reference/engine/equilibrium/flash_tp.h"
+#include "reference/engine/equilibrium/rachford_rice.h"
 #include "tests/reference/engine/flash_check.h"
 #include "tests/reference/engine/mixtures.h"
 

@@ -1,6 +1,7 @@
 #include "tests/reference/engine/flash_sweep.h"
 
-#include "reference/engine/flash_reason.h"
+#include "reference/engine/equilibrium/flash_tp.h"
+#include "reference/engine/flash/flash_reason.h"
 #include "tests/reference/engine/mixtures.h"
 
 #include <cmath>

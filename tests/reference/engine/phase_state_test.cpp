@@ -1,4 +1,6 @@
-#include "reference/engine/phase_state.h"
+#include "reference/engine/eos/gas_constant.h"
+#include "reference/engine/phase/phase_evaluation.h"
+#include "reference/engine/phase/phase_state.h"
 #include "tests/reference/engine/mixtures.h"
 
 #include <gtest/gtest.h>

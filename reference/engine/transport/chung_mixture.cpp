@@ -1,0 +1,282 @@
+#include "reference/engine/transport/chung_mixture.h"
+
+#include "reference/engine/compounds/ideal_gas.h"
+#include "reference/engine/eos/gas_constant.h"
+#include "reference/engine/transport/transport_density.h"
+
+#include <cmath>
+
+namespace reference {
+
+namespace {
+
+constexpr double cubicCentimetres = 1e6; // in one m3
+constexpr double debye = 3.33564e-30;    // C m
+
+double orZero(double constant) { return std::isnan(constant) ? 0.0 : constant; }
+
+// Tables 9-6 and 10-3 of Poling, Prausnitz, O'Connell, The Properties of Gases and Liquids, 5th ed.
+// (2001), without the columns for dipoles and association: with these the functions have poles between
+// weak and strong dipoles, where mixtures get, and hydrogen sulfide is given a negative viscosity. What
+// polar liquids differ by is left to the table of liquids below.
+struct Coefficients {
+    double constant;
+    double byAcentricFactor;
+};
+constexpr Coefficients viscosityTable[] = {
+    {6.324, 50.412},       //
+    {1.210e-3, -1.154e-3}, //
+    {5.283, 254.209},      //
+    {6.623, 38.096},       //
+    {19.745, 7.630},       //
+    {-1.900, -12.537},     //
+    {24.275, 3.450},       //
+    {0.7972, 1.117},       //
+    {-0.2382, 0.06770},    //
+    {0.06863, 0.3479},
+};
+constexpr Coefficients conductivityTable[] = {
+    {2.4166, 0.74824},   //
+    {-0.50924, -1.5094}, //
+    {6.6107, 5.6207},    //
+    {14.543, -8.9139},   //
+    {0.79274, 0.82019},  //
+    {-5.8634, 12.801},   //
+    {91.089, 128.11},
+};
+
+// Liquids at 25 C: CRC Handbook of Chemistry and Physics, "Viscosity of liquids" (mPa s) and "Thermal
+// conductivity of liquids" (W/m/K). What the correlation adds to the thin gas is scaled to meet them.
+struct LiquidRow {
+    std::string_view casNumber;
+    double viscosity;
+    double conductivity;
+};
+constexpr double liquidTemperature = 298.15; // K
+constexpr double liquidPressure = 101325.0;  // Pa
+constexpr LiquidRow liquids[] = {
+    {"7732-18-5", 0.890, 0.607}, // water
+    {"67-56-1", 0.544, 0.200},   // methanol
+    {"64-17-5", 1.074, 0.169},   // ethanol
+    {"71-23-8", 1.945, 0.154},   // 1-propanol
+    {"67-63-0", 2.038, 0.135},   // 2-propanol
+    {"71-36-3", 2.544, 0.154},   // 1-butanol
+    {"67-64-1", 0.306, 0.161},   // acetone
+    {"110-82-7", 0.894, 0.123},  // cyclohexane
+    {"71-43-2", 0.604, 0.1411},  // benzene
+    {"108-88-3", 0.560, 0.1310}, // toluene
+    {"100-41-4", 0.631, 0.130},  // ethylbenzene
+    {"95-47-6", 0.760, 0.131},   // o-xylene
+    {"108-38-3", 0.581, 0.130},  // m-xylene
+    {"106-42-3", 0.603, 0.130},  // p-xylene
+    {"142-82-5", 0.387, 0.123},  // n-heptane
+    {"111-65-9", 0.508, 0.128},  // n-octane
+    {"124-18-5", 0.838, 0.132},  // n-decane
+    {"112-40-3", 1.383, 0.135},  // n-dodecane
+};
+
+// A property of the thin gas, and what it is in the dense fluid before scaling.
+struct Parts {
+    Dual thin;
+    Dual dense;
+
+    Dual scaled(Dual factor) const { return thin + factor * (dense - thin); }
+    double factorFor(double value) const { return (value - thin.value) / (dense.value - thin.value); }
+};
+
+} // namespace
+
+// The pseudo-fluid of a mixture, or a pure fluid.
+struct ChungMixture::Parameters {
+    Dual T;
+    Dual criticalVolume;      // cm3/mol
+    Dual criticalTemperature; // K
+    Dual mass;                // g/mol
+    Dual acentricFactor;
+    Dual reducedDipole4; // fourth power
+    Dual association;
+    Dual packing; // y = density Vc / 6
+
+    // Quantum gases count as spherical here.
+    Dual of(const Coefficients &row) const
+    {
+        return row.constant + row.byAcentricFactor * (acentricFactor.value > 0.0 ? acentricFactor : Dual(0.0));
+    }
+    // G2 of either table's first five rows: how close packing changes collisions.
+    Dual collisions(const Coefficients *table) const
+    {
+        const Dual open = 1.0 - packing;
+        const Dual contact = (1.0 - 0.5 * packing) / (open * open * open);
+        const Dual first = of(table[0]);
+        const Dual second = of(table[1]);
+        const Dual third = of(table[2]);
+        const Dual fourth = of(table[3]);
+        const Dual sum = -first * expm1(-fourth * packing) / packing + second * contact * exp(of(table[4]) * packing) +
+                         third * contact;
+        return sum / (first * fourth + second + third);
+    }
+    Dual reducedTemperature() const { return 1.2593 * T / criticalTemperature; } // T* = k T / epsilon
+    // Fc sqrt(T*) / Omega. Collision integral: Neufeld, Janzen, Aziz, J. Chem. Phys. 57 (1972) 1100.
+    Dual thinGas() const
+    {
+        const Dual t = reducedTemperature();
+        const Dual integral = 1.16145 * pow(t, -0.14874) + 0.52487 * exp(-0.77320 * t) + 2.16178 * exp(-2.43787 * t);
+        const Dual shape = 1.0 - 0.2756 * acentricFactor + 0.059035 * reducedDipole4 + association;
+        return shape * sqrt(t) / integral;
+    }
+    Parts viscosity() const
+    {
+        const Dual gas = thinGas();
+        const Dual t = reducedTemperature();
+        const Dual close = collisions(viscosityTable);
+        const Dual contact = of(viscosityTable[6]) * packing * packing * close *
+                             exp(of(viscosityTable[7]) + (of(viscosityTable[8]) + of(viscosityTable[9]) / t) / t);
+        return {viscosityUnit() * gas,
+                viscosityUnit() * (gas * (1.0 / close + of(viscosityTable[5]) * packing) + contact)};
+    }
+    // `heatCapacity` is that of the ideal gas at constant pressure, J/mol/K.
+    Parts conductivity(Dual heatCapacity) const
+    {
+        const Dual reduced = T / criticalTemperature;
+        const Dual kilograms = 1e-3 * mass; // per mole
+        // Internal energy carried along: Psi.
+        const Dual alpha = heatCapacity / gasConstant - 2.5; // cv / R - 3/2
+        const Dual beta = 0.7862 + (1.3168 * acentricFactor - 0.7109) * acentricFactor;
+        const Dual z = 2.0 + 10.5 * reduced * reduced;
+        const Dual internal = 1.0 + alpha * (0.215 + 0.28288 * alpha - 1.061 * beta + 0.26665 * z) /
+                                        (0.6366 + beta * z + 1.061 * alpha * beta);
+        const Dual gas = 31.2 * viscosityUnit() * thinGas() * internal / kilograms;
+        const Dual close = collisions(conductivityTable);
+        const Dual unit = 3.586e-3 * sqrt(criticalTemperature / kilograms) / pow(criticalVolume, 2.0 / 3.0);
+        return {gas, gas * (1.0 / close + of(conductivityTable[5]) * packing) +
+                         unit * of(conductivityTable[6]) * packing * packing * sqrt(reduced) * close};
+    }
+    // What a reduced viscosity is multiplied by, Pa s.
+    Dual viscosityUnit() const { return 36.344e-7 * sqrt(mass * criticalTemperature) / pow(criticalVolume, 2.0 / 3.0); }
+};
+
+void ChungMixture::fitToLiquid(int i)
+{
+    viscosityFactors[i] = 1.0;
+    conductivityFactors[i] = 1.0;
+    const CompoundTerms &compound = point.model().compounds[i];
+    const CompoundData &data = *compound.data;
+    for (const LiquidRow &row : liquids) {
+        if (row.casNumber != data.casNumber)
+            continue;
+        const double volume = data.criticalVolume * cubicCentimetres;
+        const double dipole = 131.3 * orZero(data.dipoleMoment) / debye;
+        Parameters fluid;
+        fluid.T = liquidTemperature;
+        fluid.criticalVolume = volume;
+        fluid.criticalTemperature = data.criticalTemperature;
+        fluid.mass = data.molecularWeight;
+        fluid.acentricFactor = data.acentricFactor;
+        fluid.reducedDipole4 = std::pow(dipole * dipole / (volume * data.criticalTemperature), 2.0);
+        fluid.association = orZero(data.associationFactor);
+        // With the density that the model has there.
+        const EquationOfState equation = point.model().equation;
+        const double liquid =
+            equation == EquationOfState::idealMixture
+                ? compound.liquidVolume.volume(liquidTemperature).value
+                : cubicLiquidVolume(compound, equation, liquidTemperature, liquidPressure) - compound.volumeShift;
+        fluid.packing = data.criticalVolume / liquid / 6.0;
+        const double heatCapacity = idealGasHeatCapacity(data.idealGasHeatCapacity, liquidTemperature);
+        viscosityFactors[i] = fluid.viscosity().factorFor(1e-3 * row.viscosity);
+        conductivityFactors[i] = fluid.conductivity(heatCapacity).factorFor(row.conductivity);
+    }
+}
+
+ChungMixture::ChungMixture(const PhasePoint &of) : point(of)
+{
+    const MixtureModel &model = point.model();
+    const int n = model.size;
+    struct Compound {
+        double rootVolume, diameter, rootEnergy, mass, acentric, dipole2, rootAssociation;
+    };
+    std::array<Compound, maximumCompounds> compounds;
+    for (int i = 0; i < n; ++i) {
+        const CompoundData &data = *model.compounds[i].data;
+        const double volume = data.criticalVolume * cubicCentimetres;
+        const double dipole = orZero(data.dipoleMoment) / debye;
+        compounds[i] = {.rootVolume = std::sqrt(volume),
+                        .diameter = std::cbrt(volume),
+                        .rootEnergy = std::sqrt(data.criticalTemperature),
+                        .mass = data.molecularWeight,
+                        .acentric = data.acentricFactor,
+                        .dipole2 = dipole * dipole,
+                        .rootAssociation = std::sqrt(orZero(data.associationFactor))};
+        fitToLiquid(i);
+    }
+    // In units where sigma^3 is the critical volume and epsilon the critical temperature.
+    for (auto &row : rows)
+        row.fill(0.0);
+    for (int i = 0; i < n; ++i)
+        for (int j = 0; j < n; ++j) {
+            const Compound &a = compounds[i];
+            const Compound &b = compounds[j];
+            const double x = point.fractions()[j];
+            const double volumeOfPair = a.rootVolume * b.rootVolume;
+            const double energyOfPair = a.rootEnergy * b.rootEnergy;
+            const double massOfPair = 2.0 * a.mass * b.mass / (a.mass + b.mass);
+            rows[volume][i] += x * volumeOfPair;
+            rows[energy][i] += x * energyOfPair * volumeOfPair;
+            rows[mass][i] += x * energyOfPair * a.diameter * b.diameter * std::sqrt(massOfPair);
+            rows[acentric][i] += x * 0.5 * (a.acentric + b.acentric) * volumeOfPair;
+            rows[dipole][i] += x * a.dipole2 * b.dipole2 / volumeOfPair;
+            rows[association][i] += x * a.rootAssociation * b.rootAssociation;
+        }
+    for (int kind = 0; kind < pairKinds; ++kind) {
+        totals[kind] = 0.0;
+        for (int i = 0; i < n; ++i)
+            totals[kind] += point.fractions()[i] * rows[kind][i];
+    }
+}
+
+ChungMixture::Parameters ChungMixture::parameters(const Direction &direction) const
+{
+    const auto sum = [&](Pair kind) {
+        return Dual(totals[kind], direction.compound < 0 ? 0.0 : 2.0 * (rows[kind][direction.compound] - totals[kind]));
+    };
+    Parameters result;
+    result.T = {point.temperature(), direction.ofTemperature()};
+    result.criticalVolume = sum(volume);
+    result.criticalTemperature = sum(energy) / result.criticalVolume;
+    const Dual rootMass = sum(mass) / (result.criticalTemperature * pow(result.criticalVolume, 2.0 / 3.0));
+    result.mass = rootMass * rootMass;
+    result.acentricFactor = sum(acentric) / result.criticalVolume;
+    // mu_r = 131.3 mu / sqrt(Vc Tc), and mu^4 = Vc times the sum over the pairs.
+    const Dual scale = 131.3 * 131.3 / result.criticalTemperature;
+    result.reducedDipole4 = scale * scale * sum(dipole) / result.criticalVolume;
+    result.association = sum(association);
+    const Dual density = transportDensity(point, direction) / cubicCentimetres;
+    result.packing = density * result.criticalVolume / 6.0;
+    // Liquids come to 0.6. What an ideal gas has beyond that is no density of molecules.
+    if (constexpr double densest = 0.8; result.packing.value > densest)
+        result.packing = densest;
+    return result;
+}
+
+Dual ChungMixture::mean(const CompoundArray &values, const Direction &direction) const
+{
+    Dual sum;
+    for (int i = 0; i < point.model().size; ++i)
+        sum.value += point.fractions()[i] * values[i];
+    if (direction.compound >= 0)
+        sum.slope = values[direction.compound] - sum.value;
+    return sum;
+}
+
+Dual ChungMixture::viscosity(const Direction &direction) const
+{
+    return parameters(direction).viscosity().scaled(mean(viscosityFactors, direction));
+}
+
+Dual ChungMixture::thermalConductivity(const Direction &direction) const
+{
+    return parameters(direction)
+        .conductivity(point.bulk(direction).idealHeatCapacity)
+        .scaled(mean(conductivityFactors, direction));
+}
+
+} // namespace reference
