@@ -100,12 +100,10 @@ HRESULT PropertyPackage::readFlashConditions(const Call &call, const FlashInput 
                 return result;
     }
     for (const FlashSpecification *target : targets) {
-        if (target->variable == FlashVariable::temperature)
-            if (const HRESULT result = checkTemperature(call, target->value); FAILED(result))
-                return result;
-        if (target->variable == FlashVariable::pressure)
-            if (const HRESULT result = checkPressure(call, target->value); FAILED(result))
-                return result;
+        if (!isCondition(target->variable))
+            continue;
+        if (const HRESULT result = checkCondition(call, target->variable, target->value); FAILED(result))
+            return result;
     }
     if (const HRESULT result = readComposition(call, composition.get(), feed); FAILED(result))
         return result;

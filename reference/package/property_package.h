@@ -95,9 +95,8 @@ private:
     // Refuses when no material is set.
     HRESULT needMaterial(const Call &call) const;
 
-    // Refuse conditions that are out of the range of the models.
-    HRESULT checkTemperature(const Call &call, double temperature) const;
-    HRESULT checkPressure(const Call &call, double pressure) const;
+    // Refuses a temperature or pressure that is out of the range of the models.
+    HRESULT checkCondition(const Call &call, FlashVariable condition, double value) const;
 
     // Amounts of the material's compounds, scaled to sum to one.
     HRESULT readComposition(const Call &call, const VARIANT &amounts, CompoundArray &fractions) const;

@@ -46,9 +46,9 @@ TemperatureFunction logarithmicPressure(const Correlation &correlation, double T
     const PowerSum sum = powerSum(correlation, distance(correlation, T));
     const double exponent = T0 / T * sum.value;
     const double slope = -(exponent + sum.first) / T;
-    const double bending = sum.second / (T0 * T) - 2.0 * slope / T;
-    return {std::log(correlation.scale) + exponent, slope, bending,
-            2.0 * (slope / T - bending) / T - (sum.third / T0 + sum.second / T) / (T0 * T)};
+    const double curvature = sum.second / (T0 * T) - 2.0 * slope / T;
+    return {std::log(correlation.scale) + exponent, slope, curvature,
+            2.0 * (slope / T - curvature) / T - (sum.third / T0 + sum.second / T) / (T0 * T)};
 }
 
 TemperatureFunction volumeOf(const Correlation &correlation, double T)
@@ -63,9 +63,9 @@ TemperatureFunction volumeOf(const Correlation &correlation, double T)
     const double ratio = 1.0 + sum.value;
     const double volume = 1.0 / (correlation.scale * ratio);
     const double slope = sum.first / ratio;
-    const double bending = sum.second / ratio;
-    return {volume, volume * slope / T0, volume * (2.0 * slope * slope - bending) / (T0 * T0),
-            volume * (6.0 * (slope * slope - bending) * slope + sum.third / ratio) / (T0 * T0 * T0)};
+    const double curvature = sum.second / ratio;
+    return {volume, volume * slope / T0, volume * (2.0 * slope * slope - curvature) / (T0 * T0),
+            volume * (6.0 * (slope * slope - curvature) * slope + sum.third / ratio) / (T0 * T0 * T0)};
 }
 
 // The distance from the critical point at which the power sum has no curvature: there ln p is
@@ -96,28 +96,28 @@ double straightDistance(const Correlation &correlation)
 
 // The curvature of a continued function goes to zero as exp(-x / length), x being the distance from
 // where it begins. This is what the curvature adds to the function for a curvature of one.
-struct FadingCurvature {
+struct DecayingCurvature {
     double value;
     double first; // derivatives by x
     double second;
 };
-FadingCurvature fadingCurvature(double x, double length)
+DecayingCurvature decayingCurvature(double x, double length)
 {
-    const double fading = std::exp(-x / length);
-    return {length * (x - length * (1.0 - fading)), length * (1.0 - fading), fading};
+    const double decay = std::exp(-x / length);
+    return {length * (x - length * (1.0 - decay)), length * (1.0 - decay), decay};
 }
 
 // A volume continued from `from` on, in either direction.
 TemperatureFunction continued(const TemperatureFunction &start, double from, double kelvin, double length)
 {
     const double x = kelvin - from;
-    const FadingCurvature fading = fadingCurvature(std::fabs(x), length);
-    return {start.value + start.byT * x + start.byTT * fading.value,
-            start.byT + start.byTT * std::copysign(fading.first, x), start.byTT * fading.second,
-            -start.byTT * std::copysign(fading.second, x) / length};
+    const DecayingCurvature decay = decayingCurvature(std::fabs(x), length);
+    return {start.value + start.byT * x + start.byTT * decay.value,
+            start.byT + start.byTT * std::copysign(decay.first, x), start.byTT * decay.second,
+            -start.byTT * std::copysign(decay.second, x) / length};
 }
 
-constexpr double fadingLength = 0.05; // as a part of T0, or of T0/T
+constexpr double decayLength = 0.05; // as a part of T0, or of T0/T
 
 } // namespace
 
@@ -172,12 +172,12 @@ TemperatureFunction SaturationPressure::logarithm(double kelvin) const
 
     const double inverse = correlation.temperature / kelvin;
     const double x = correlation.temperature / highest - inverse;
-    const FadingCurvature fading = fadingCurvature(x, fadingLength);
-    const double byInverse = hotByInverse - hotByTwo * fading.first;
-    const double byTwo = hotByTwo * fading.second;
-    const double byThree = byTwo / fadingLength;
+    const DecayingCurvature decay = decayingCurvature(x, decayLength);
+    const double byInverse = hotByInverse - hotByTwo * decay.first;
+    const double byTwo = hotByTwo * decay.second;
+    const double byThree = byTwo / decayLength;
     const double slope = -inverse / kelvin; // of the inverse
-    return {hot - hotByInverse * x + hotByTwo * fading.value, byInverse * slope,
+    return {hot - hotByInverse * x + hotByTwo * decay.value, byInverse * slope,
             byTwo * slope * slope - 2.0 * byInverse * slope / kelvin,
             (byThree * slope * slope - 6.0 * (byTwo * slope - byInverse / kelvin) / kelvin) * slope};
 }
@@ -197,9 +197,9 @@ TemperatureFunction LiquidVolume::volume(double kelvin) const
     if (correlation.form == CorrelationForm::none)
         return {notDefined, notDefined, notDefined, notDefined};
     if (kelvin < lowest)
-        return continued(cold, lowest, kelvin, fadingLength * correlation.temperature);
+        return continued(cold, lowest, kelvin, decayLength * correlation.temperature);
     if (kelvin > highest)
-        return continued(hot, highest, kelvin, fadingLength * correlation.temperature);
+        return continued(hot, highest, kelvin, decayLength * correlation.temperature);
     return volumeOf(correlation, kelvin);
 }
 

@@ -20,7 +20,7 @@ struct CubicConstants {
 
     constexpr double sum() const { return d1 + d2; }
     constexpr double product() const { return d1 * d2; }
-    constexpr double spread() const { return d1 - d2; }
+    constexpr double difference() const { return d1 - d2; }
     constexpr double atCovolume() const { return (1.0 + d1) * (1.0 + d2); } // (v + d1 b) (v + d2 b) / b^2 for v = b
     // R T b / (a alpha) at the critical point: above it the equation has one volume at every pressure.
     constexpr double criticalThermal() const { return omegaB / omegaA; }

@@ -25,20 +25,20 @@ Residual cubicResidual(const CubicConstants &equation, Dual T, Dual P, const Cub
     const double volume = free.value + b.value;
     const double attraction = product(volume, b.value);
     const double repulsionSlope = R * T.value / (free.value * free.value);
-    const double stiffness =
+    const double slopeValue = // -dP/dv
         repulsionSlope - a.value * (2.0 * volume + (d1 + d2) * b.value) / (attraction * attraction);
-    const double softest = 1e-13 * repulsionSlope; // at the critical point there is none: finite instead
-    free.slope = excess.slope / std::fmax(stiffness, softest);
+    const double leastSlope = 1e-13 * repulsionSlope; // the slope is zero at the critical point: finite instead
+    free.slope = excess.slope / std::fmax(slopeValue, leastSlope);
 
     // P = R T q - a / D
     const Dual v = free + b;
     const Dual q = 1.0 / free;
     const Dual D = product(v, b);
-    const Dual spread = (2.0 * v + (d1 + d2) * b) / (D * D); // -d(1/D)/dv
+    const Dual minusInverseByV = (2.0 * v + (d1 + d2) * b) / (D * D); // -d(1/D)/dv
     const Dual repulsion = R * T * q * q;
-    Dual resistance = repulsion - a * spread; // -dP/dv
-    if (resistance.value < softest)
-        resistance = softest;
+    Dual minusPbyV = repulsion - a * minusInverseByV; // -dP/dv
+    if (minusPbyV.value < leastSlope)
+        minusPbyV = leastSlope;
     const Dual pressureByT = R * q - aT / D;
     const Dual attractionLog = log1p((d1 - d2) * b / (v + d2 * b)) / ((d1 - d2) * b);
 
@@ -46,14 +46,15 @@ Residual cubicResidual(const CubicConstants &equation, Dual T, Dual P, const Cub
     // this part never enters.
     Residual result;
     result.volume = v;
-    result.volumeByT = pressureByT / resistance;
-    result.volumeByP = -1.0 / resistance;
+    result.volumeByT = pressureByT / minusPbyV;
+    result.volumeByP = -1.0 / minusPbyV;
     result.residualVolume = (R * T * b * q - a * v / D) / P;
-    result.residualVolumeByT = (R * a * (spread - q / D) - P * aT / D) / (P * resistance);
+    result.residualVolumeByT = (R * a * (minusInverseByV - q / D) - P * aT / D) / (P * minusPbyV);
     result.enthalpy = P * result.residualVolume + (T * aT - a) * attractionLog;
     result.entropy = R * log(P * free / (R * T)) + aT * attractionLog;
     result.heatCapacityV = T * aTT * attractionLog;
-    result.heatCapacityP = result.heatCapacityV + (T * aT * (aT / D - 2.0 * R * q) / D + R * a * spread) / resistance;
+    result.heatCapacityP =
+        result.heatCapacityV + (T * aT * (aT / D - 2.0 * R * q) / D + R * a * minusInverseByV) / minusPbyV;
     return result;
 }
 

@@ -9,7 +9,7 @@ namespace reference {
 
 // Residual properties at a temperature and pressure: the phase less the ideal gas at the same two.
 // Volumes stand here both whole and as residuals, because neither can be had from the other with all
-// its digits: in a thin gas the residual is small, in a liquid the whole.
+// its digits: in a dilute gas the residual is small, in a liquid the whole.
 struct Residual {
     Dual volume;            // m3/mol
     Dual volumeByT;         // at constant pressure

@@ -21,6 +21,11 @@ enum class FlashVariable {
 };
 inline constexpr int flashVariableCount = 10;
 
+constexpr bool isCondition(FlashVariable variable)
+{
+    return variable == FlashVariable::temperature || variable == FlashVariable::pressure;
+}
+
 struct FlashSpecification {
     FlashVariable variable;
     double value;
@@ -62,6 +67,20 @@ inline constexpr double lowestFlashTemperature = 20.0;    // K
 inline constexpr double highestFlashTemperature = 1500.0; // K
 inline constexpr double lowestFlashPressure = 1e-2;       // Pa
 inline constexpr double highestFlashPressure = 1e8;       // Pa
+
+struct FlashLimits {
+    double lowest;
+    double highest;
+
+    constexpr bool contain(double value) const { return value >= lowest && value <= highest; }
+};
+
+// Those of a temperature or pressure.
+constexpr FlashLimits flashLimitsOf(FlashVariable condition)
+{
+    return condition == FlashVariable::temperature ? FlashLimits{lowestFlashTemperature, highestFlashTemperature}
+                                                   : FlashLimits{lowestFlashPressure, highestFlashPressure};
+}
 
 // What a feed becomes. At most one vapour and one liquid: where the model has two liquids at once, one of
 // them stands for the vapour, the less dense one, as far as it can: where its equation has a vapour root,

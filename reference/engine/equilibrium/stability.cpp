@@ -21,8 +21,8 @@ constexpr int newtonSteps = 40;
 struct Trial {
     CompoundArray lnW;
     CompoundArray W;
-    CompoundArray w;   // normalised
-    CompoundArray gap; // ln W_i + ln phi_i - d_i
+    CompoundArray w;        // normalised
+    CompoundArray gradient; // ln W_i + ln phi_i - d_i
     PhaseState state;
     double total;
     double distance;
@@ -43,15 +43,15 @@ struct Trial {
         evaluatePhase(problem.model, problem.isotherm, problem.pressure, w.data(), root, state);
         distance = 1.0;
         for (int i = 0; i < n; ++i) {
-            gap[i] = lnW[i] + state.lnPhi[i] - problem.potential[i];
-            distance += W[i] * (gap[i] - 1.0);
+            gradient[i] = lnW[i] + state.lnPhi[i] - problem.potential[i];
+            distance += W[i] * (gradient[i] - 1.0);
         }
     }
-    double steepest(int n) const
+    double largestGradient(int n) const
     {
         double largest = 0.0;
         for (int i = 0; i < n; ++i)
-            largest = std::max(largest, std::sqrt(W[i]) * std::fabs(gap[i]));
+            largest = std::max(largest, std::sqrt(W[i]) * std::fabs(gradient[i]));
         return largest;
     }
 };
@@ -66,7 +66,7 @@ bool newtonStep(const FlashProblem &problem, Root root, Trial &trial)
     lnPhiByMoles(problem.model, problem.isotherm, trial.state, matrix);
     for (int i = 0; i < n; ++i) {
         rootW[i] = std::sqrt(trial.W[i]);
-        step[i] = -rootW[i] * trial.gap[i];
+        step[i] = -rootW[i] * trial.gradient[i];
     }
     for (int j = 0; j < n; ++j)
         for (int i = 0; i < n; ++i)
@@ -131,10 +131,10 @@ bool splitsOff(const FlashProblem &problem, Root root, CompoundArray &lnW)
         // A few steps more than the first proof of instability take make a better start for the split.
         if (step >= substitutions / 2 && trial.distance < -1e-4)
             break;
-        if (trial.fromFeed < trivial || trial.steepest(n) < converged)
+        if (trial.fromFeed < trivial || trial.largestGradient(n) < converged)
             break;
         if (step < substitutions || !newtonStep(problem, root, trial)) {
-            if (step >= substitutions && trial.steepest(n) < 1e-6)
+            if (step >= substitutions && trial.largestGradient(n) < 1e-6)
                 break; // the distance cannot fall any more: round-off
             for (int i = 0; i < n; ++i)
                 trial.lnW[i] = problem.potential[i] - trial.state.lnPhi[i];

@@ -13,8 +13,8 @@ namespace {
 constexpr double equalFugacity = 1e-11;  // aimed at
 constexpr double goodEnough = 1e-10;     // what is promised, where round-off lets no more
 constexpr double sameComposition = 1e-5; // largest ln K of phases that are one
-constexpr double widest = 500.0;         // largest |ln K|: with more, fractions vanish
-constexpr double farOff = 1.0;           // difference of logarithms of fugacities
+constexpr double limitOfLnK = 500.0;     // largest |ln K|: with more, fractions vanish
+constexpr double largeLnRatio = 1.0;     // difference of logarithms of fugacities
 constexpr int firstSubstitutions = 3;
 constexpr int mostSubstitutions = 200;
 constexpr int mostNewtonSteps = 60;
@@ -52,7 +52,7 @@ void newtonDirection(const FlashProblem &problem, const TwoPhases &phases, Compo
     lnPhiByMoles(problem.model, problem.isotherm, phases.liquid, liquidMatrix);
     for (int i = 0; i < n; ++i) {
         scale[i] = std::sqrt(phases.x[i]) * std::sqrt(phases.y[i] / problem.z[i]);
-        step[i] = -both * scale[i] * phases.gap[i];
+        step[i] = -both * scale[i] * phases.lnFugacityRatio[i];
     }
     for (int j = 0; j < n; ++j) {
         double *column = columnOf(matrix, n, j);
@@ -93,7 +93,7 @@ bool newtonStep(const FlashProblem &problem, TwoPhases &phases)
             continue;
         next.findGibbs(problem);
         const bool falls = next.gibbs < phases.gibbs - roundOff;
-        const bool nearer = next.gibbs < phases.gibbs + roundOff && next.largestGap < 0.9 * phases.largestGap;
+        const bool nearer = next.gibbs < phases.gibbs + roundOff && next.largestLnRatio < 0.9 * phases.largestLnRatio;
         if (falls || nearer) {
             phases = next;
             return true;
@@ -134,7 +134,7 @@ SplitStatus verdict(const FlashProblem &problem, TwoPhases &phases)
     phases.findGibbs(problem);
     if (!betterThanFeed(problem, phases))
         return SplitStatus::collapsed;
-    if (phases.largestGap < goodEnough)
+    if (phases.largestLnRatio < goodEnough)
         return SplitStatus::solved;
     return areBothLiquid(problem, phases) ? SplitStatus::collapsed : SplitStatus::notConverged;
 }
@@ -145,7 +145,7 @@ SplitStatus converge(const FlashProblem &problem, TwoPhases &phases)
     // Substitution until the phases beat the feed: Newton's method goes on downhill from there and
     // cannot end in the feed itself.
     for (int step = 0;; ++step) {
-        if (phases.largestGap < equalFugacity)
+        if (phases.largestLnRatio < equalFugacity)
             return verdict(problem, phases);
         if (step >= firstSubstitutions) {
             phases.findGibbs(problem);
@@ -158,12 +158,12 @@ SplitStatus converge(const FlashProblem &problem, TwoPhases &phases)
         if (!phases.update(problem))
             return SplitStatus::collapsed;
     }
-    for (int step = 0; step < mostNewtonSteps && phases.largestGap >= equalFugacity; ++step) {
-        if (phases.largestGap > farOff && goodSubstitution(problem, phases))
+    for (int step = 0; step < mostNewtonSteps && phases.largestLnRatio >= equalFugacity; ++step) {
+        if (phases.largestLnRatio > largeLnRatio && goodSubstitution(problem, phases))
             continue;
         if (newtonStep(problem, phases))
             continue;
-        if (phases.largestGap < goodEnough)
+        if (phases.largestLnRatio < goodEnough)
             break;
         substitute(problem, phases);
         if (!phases.update(problem))
@@ -180,7 +180,7 @@ bool TwoPhases::update(const FlashProblem &problem)
     const int n = problem.model.size;
     CompoundArray K{};
     for (int i = 0; i < n; ++i) {
-        lnK[i] = std::clamp(lnK[i], -widest, widest);
+        lnK[i] = std::clamp(lnK[i], -limitOfLnK, limitOfLnK);
         K[i] = std::exp(lnK[i]);
     }
     if (!solveRachfordRice(n, problem.z, K.data(), amounts))
@@ -191,10 +191,10 @@ bool TwoPhases::update(const FlashProblem &problem)
     }
     evaluatePhase(problem.model, problem.isotherm, problem.pressure, y.data(), Root::vapor, vapor);
     evaluatePhase(problem.model, problem.isotherm, problem.pressure, x.data(), Root::liquid, liquid);
-    largestGap = 0.0;
+    largestLnRatio = 0.0;
     for (int i = 0; i < n; ++i) {
-        gap[i] = lnK[i] + vapor.lnPhi[i] - liquid.lnPhi[i];
-        largestGap = std::max(largestGap, std::fabs(gap[i]));
+        lnFugacityRatio[i] = lnK[i] + vapor.lnPhi[i] - liquid.lnPhi[i];
+        largestLnRatio = std::max(largestLnRatio, std::fabs(lnFugacityRatio[i]));
     }
     return true;
 }
@@ -204,7 +204,7 @@ void TwoPhases::findGibbs(const FlashProblem &problem)
     gibbs = 0.0;
     for (int i = 0; i < problem.model.size; ++i) {
         const double liquidPotential = std::log(x[i]) + liquid.lnPhi[i];
-        gibbs += problem.z[i] * liquidPotential + amounts.vapor * y[i] * gap[i];
+        gibbs += problem.z[i] * liquidPotential + amounts.vapor * y[i] * lnFugacityRatio[i];
     }
 }
 

@@ -13,9 +13,9 @@ struct TwoPhases {
     CompoundArray x; // liquid
     PhaseState vapor;
     PhaseState liquid;
-    CompoundArray gap; // ln f_i of the vapour less that of the liquid
-    double largestGap;
-    double gibbs; // over R T, on the scale of FlashProblem::gibbs; valid after findGibbs
+    CompoundArray lnFugacityRatio; // ln f_i of the vapour less that of the liquid
+    double largestLnRatio;         // of these, without sign
+    double gibbs;                  // over R T, on the scale of FlashProblem::gibbs; valid after findGibbs
 
     // Makes all of it from lnK. False when these ratios leave one phase alone.
     bool update(const FlashProblem &problem);

@@ -20,33 +20,22 @@ bool isFraction(FlashVariable variable)
     return variable == FlashVariable::vaporFraction || variable == FlashVariable::vaporMassFraction;
 }
 
-bool isCondition(FlashVariable variable)
+// Whether a value is possible for itself; the reason if it is not.
+bool isPossible(const FlashSpecification &given, FlashReason &reason)
 {
-    return variable == FlashVariable::temperature || variable == FlashVariable::pressure;
-}
-
-// What is wrong with a value for itself; null for nothing.
-const char *wrongWith(const FlashSpecification &given)
-{
+    const auto refuse = [&](const char *demand) {
+        giveReason(reason, "The %s %.6g must be %s", flashVariableName(given.variable), given.value, demand);
+        return false;
+    };
     if (!std::isfinite(given.value))
-        return "must be a finite number";
-    switch (given.variable) {
-    case FlashVariable::temperature:
-        return given.value >= lowestFlashTemperature && given.value <= highestFlashTemperature
-                   ? nullptr
-                   : "must be from 20 K to 1500 K";
-    case FlashVariable::pressure:
-        return given.value >= lowestFlashPressure && given.value <= highestFlashPressure
-                   ? nullptr
-                   : "must be from 0.01 Pa to 1e+08 Pa";
-    case FlashVariable::vaporFraction:
-    case FlashVariable::vaporMassFraction:
-        return given.value >= -roundOff && given.value <= 1.0 + roundOff ? nullptr : "must be from 0 to 1";
-    case FlashVariable::volume:
-        return given.value > 0.0 ? nullptr : "must be above zero";
-    default:
-        return nullptr;
-    }
+        return refuse("a finite number");
+    if (isCondition(given.variable) && !flashLimitsOf(given.variable).contain(given.value))
+        return refuse(LimitsText(given.variable).text.data());
+    if (isFraction(given.variable) && !(given.value >= -roundOff && given.value <= 1.0 + roundOff))
+        return refuse("from 0 to 1");
+    if (given.variable == FlashVariable::volume && !(given.value > 0.0))
+        return refuse("above zero");
+    return true;
 }
 
 // Two specifications in the order of their variables, in words.
@@ -102,8 +91,8 @@ FlashStatus explainSearch(const SearchFindings &findings, const FlashSpecificati
                    text.first.text.data(), text.second.text.data());
         return FlashStatus::notConverged;
     }
-    giveReason(reason, "No state with %s and %s was found from 20 K to 1500 K and from 0.01 Pa to 1e+08 Pa",
-               text.first.text.data(), text.second.text.data());
+    giveReason(reason, "No state with %s and %s was found %s and %s", text.first.text.data(), text.second.text.data(),
+               LimitsText(FlashVariable::temperature).text.data(), LimitsText(FlashVariable::pressure).text.data());
     return FlashStatus::noSolution;
 }
 
@@ -183,10 +172,8 @@ FlashStatus flash(const MixtureModel &model, const FlashRequest &request, std::s
         return FlashStatus::undetermined;
     }
     for (const FlashSpecification &given : {first, second}) {
-        if (const char *wrong = wrongWith(given)) {
-            giveReason(reason, "The %s %.6g %s", flashVariableName(given.variable), given.value, wrong);
+        if (!isPossible(given, reason))
             return FlashStatus::badValue;
-        }
         if (isFraction(given.variable) && request.phases != FlashPhases::vaporAndLiquid) {
             giveReason(reason, "A %s needs both a vapor and a liquid to be allowed", flashVariableName(given.variable));
             return FlashStatus::undetermined;

@@ -2,6 +2,7 @@
 
 #include <cstdarg>
 #include <cstdio>
+#include <cstring>
 
 namespace reference {
 
@@ -19,6 +20,16 @@ constexpr VariableRow variables[flashVariableCount] = {
     {"volume", "m3/mol"},          {"internal energy", "J/mol"}, {"Gibbs energy", "J/mol"},
     {"Helmholtz energy", "J/mol"},
 };
+
+// A number as %g has it; in short without the sign and the zero of an exponent above zero.
+std::array<char, 16> numberText(double number, LimitsText::Form form)
+{
+    std::array<char, 16> text;
+    std::snprintf(text.data(), text.size(), "%.6g", number);
+    if (char *exponent = std::strstr(text.data(), "e+0"); exponent && form == LimitsText::Form::brief)
+        std::memmove(exponent + 1, exponent + 3, std::strlen(exponent + 3) + 1);
+    return text;
+}
 
 } // namespace
 
@@ -38,6 +49,15 @@ SpecificationText::SpecificationText(const FlashSpecification &specification)
     const char *unit = flashVariableUnit(specification.variable);
     std::snprintf(text.data(), text.size(), "the %s %.6g%s%s", flashVariableName(specification.variable),
                   specification.value, *unit ? " " : "", unit);
+}
+
+LimitsText::LimitsText(FlashVariable condition, Form form)
+{
+    const FlashLimits limits = flashLimitsOf(condition);
+    const char *unit = flashVariableUnit(condition);
+    const bool twice = form == Form::full;
+    std::snprintf(text.data(), text.size(), "from %s%s%s to %s %s", numberText(limits.lowest, form).data(),
+                  twice ? " " : "", twice ? unit : "", numberText(limits.highest, form).data(), unit);
 }
 
 } // namespace reference

@@ -23,4 +23,12 @@ struct SpecificationText {
     std::array<char, 64> text;
 };
 
+// The limits of a temperature or pressure in words: "from 0.01 Pa to 1e+08 Pa", or in short "from 0.01 to 1e8 Pa".
+struct LimitsText {
+    enum class Form { full, brief };
+
+    explicit LimitsText(FlashVariable condition, Form form = Form::full);
+    std::array<char, 64> text;
+};
+
 } // namespace reference

@@ -21,9 +21,9 @@ double deviation(const TwoPhasePoint &point, int size, const FlashSpecification 
 // A point of the line, and how everything changes along it.
 struct LinePoint {
     TwoPhasePoint point;
-    double gap;           // of the other variable from its value
-    double gapRate;       // by the unknown that counts the steps
-    UnknownArray tangent; // of the unknowns, by that unknown
+    double deviation;     // of the other variable from its value
+    double deviationRate; // by the parameter
+    UnknownArray tangent; // of the unknowns, by the parameter
 };
 
 class Line {
@@ -39,9 +39,7 @@ public:
     {
         extent = {highestFlashTemperature, lowestFlashTemperature, highestFlashPressure, lowestFlashPressure};
         LinePoint start;
-        const bool conditionGiven =
-            other.variable == FlashVariable::temperature || other.variable == FlashVariable::pressure;
-        bool started = conditionGiven && startAt(other, start.point);
+        bool started = isCondition(other.variable) && startAt(other, start.point);
         if (started && offer(start.point))
             return LineStatus::solved;
         for (const double pressure : {1e5, 1e3, 1e6, 1e1, 1e7})
@@ -69,7 +67,7 @@ private:
     const SolutionType type;
     FlashResult &result;
     LineExtent &extent;
-    int counter = 0; // the unknown that counts the steps
+    int parameter = 0; // the unknown along which a line is followed
     bool haveSecondChoice = false;
     bool sawOtherType = false;
     bool sawUnstable = false;
@@ -94,8 +92,7 @@ private:
     // a gas that dissolves can leave a gap in that one. Looks for starts on all of them by flashes at given conditions.
     bool lookAround(bool &started)
     {
-        const bool atTemperature = other.variable == FlashVariable::temperature;
-        if (atTemperature || other.variable == FlashVariable::pressure)
+        if (isCondition(other.variable))
             return lookAlong(other, 150, true, started);
         for (const int pressures : {16, 40})
             for (int i = 0; i <= pressures; ++i) {
@@ -189,21 +186,21 @@ private:
     bool differentiate(LinePoint &at)
     {
         equations.build(feed, at.point, Closing::of(fraction), Closing::of(other));
-        at.gap = deviation(at.point, n, other);
+        at.deviation = deviation(at.point, n, other);
         UnknownArray gradient;
         for (int j = 0; j < n + 3; ++j) {
             gradient[j] = equations.slopes.at(n + 2, j);
-            equations.slopes.at(n + 2, j) = j == counter ? 1.0 : 0.0;
+            equations.slopes.at(n + 2, j) = j == parameter ? 1.0 : 0.0;
         }
         if (!elimination.factor(equations.slopes))
             return false;
         at.tangent = {};
         at.tangent[n + 2] = 1.0;
         elimination.solve(at.tangent);
-        at.gapRate = 0.0;
+        at.deviationRate = 0.0;
         for (int j = 0; j < n + 3; ++j)
-            at.gapRate += gradient[j] * at.tangent[j];
-        return std::isfinite(at.gapRate);
+            at.deviationRate += gradient[j] * at.tangent[j];
+        return std::isfinite(at.deviationRate);
     }
 
     double weightOf(int unknown) const { return unknown == TwoPhasePoint::temperatureAt(n) ? 10.0 : 1.0; }
@@ -224,16 +221,16 @@ private:
     {
         double step = 0.7 / std::max(1e-10, std::fabs(at.tangent[TwoPhasePoint::pressureAt(n)]));
         step = std::min(step, 0.07 / std::max(1e-10, std::fabs(at.tangent[TwoPhasePoint::temperatureAt(n)])));
-        const double contrast = at.point.contrast(n);
+        const double lnK = at.point.largestLnK(n);
         if (n > 1)
             for (int i = 0; i < n; ++i)
-                step = std::min(step, std::min(1.0, 0.5 * contrast) / std::max(1e-10, std::fabs(at.tangent[i])));
+                step = std::min(step, std::min(1.0, 0.5 * lnK) / std::max(1e-10, std::fabs(at.tangent[i])));
         return step;
     }
 
-    bool solveAt(double counterValue, LinePoint &next)
+    bool solveAt(double value, LinePoint &next)
     {
-        return solvePoint(feed, next.point, Closing::of(fraction), Closing::ofUnknown(counter, counterValue)) &&
+        return solvePoint(feed, next.point, Closing::of(fraction), Closing::ofUnknown(parameter, value)) &&
                areVaporAndLiquid(feed, next.point) && differentiate(next);
     }
 
@@ -253,17 +250,17 @@ private:
     {
         LinePoint last = start;
         LinePoint next;
-        counter = TwoPhasePoint::pressureAt(n);
+        parameter = TwoPhasePoint::pressureAt(n);
         if (!last.point.evaluate(feed) || !differentiate(last))
             return false;
-        double sign = direction; // along the counter
+        double sign = direction; // of the steps in the parameter
         double size = 0.5;       // of the longest step
         for (int step = 0; step < mostSteps; ++step) {
             note(last.point);
             const int chosen = fastest(last.tangent);
-            if (chosen != counter) {
+            if (chosen != parameter) {
                 sign = std::copysign(sign, sign * last.tangent[chosen]);
-                counter = chosen;
+                parameter = chosen;
                 if (!differentiate(last))
                     return false;
             }
@@ -281,18 +278,18 @@ private:
     bool advance(const LinePoint &last, double sign, double &size, LinePoint &next)
     {
         const double longest = longestStep(last);
-        const double before = last.point.contrast(n);
+        const double before = last.point.largestLnK(n);
         for (int halving = 0; halving < 12; ++halving, size *= 0.5) {
             const double length = sign * size * longest;
             next.point.countsLiquid = last.point.countsLiquid;
             for (int j = 0; j < n + 3; ++j)
                 next.point.unknowns[j] = last.point.unknowns[j] + length * last.tangent[j];
-            const double foreseen = next.point.contrast(n);
-            const double target = next.point.unknowns[counter];
+            const double predicted = next.point.largestLnK(n);
+            const double target = next.point.unknowns[parameter];
             if (!solveAt(target, next))
                 continue;
-            const double contrast = next.point.contrast(n);
-            if (n > 1 && (contrast < 0.5 * std::min(foreseen, before) || contrast > 2.0 * std::max(foreseen, before)))
+            const double lnK = next.point.largestLnK(n);
+            if (n > 1 && (lnK < 0.5 * std::min(predicted, before) || lnK > 2.0 * std::max(predicted, before)))
                 continue;
             size = std::min(1.0, 1.5 * size);
             return true;
@@ -303,11 +300,11 @@ private:
     // Looks for solutions between two neighbours.
     bool search(const LinePoint &first, const LinePoint &second)
     {
-        if (first.gap == 0.0 || first.gap * second.gap < 0.0)
+        if (first.deviation == 0.0 || first.deviation * second.deviation < 0.0)
             return refine(first, second);
-        const double length = second.point.unknowns[counter] - first.point.unknowns[counter];
-        const bool approaches = first.gap * first.gapRate * length < 0.0;
-        const bool leaves = second.gap * second.gapRate * length > 0.0;
+        const double length = second.point.unknowns[parameter] - first.point.unknowns[parameter];
+        const bool approaches = first.deviation * first.deviationRate * length < 0.0;
+        const bool leaves = second.deviation * second.deviationRate * length > 0.0;
         if (!approaches || !leaves)
             return false;
         // There is an extremum between.
@@ -317,9 +314,9 @@ private:
         for (int halving = 0; halving < 12; ++halving) {
             if (!between(low, high, 0.5, middle))
                 return false;
-            if (middle.gap * low.gap < 0.0)
+            if (middle.deviation * low.deviation < 0.0)
                 return refine(low, middle) || refine(middle, high);
-            (middle.gapRate * low.gapRate > 0.0 ? low : high) = middle;
+            (middle.deviationRate * low.deviationRate > 0.0 ? low : high) = middle;
         }
         return false;
     }
@@ -329,7 +326,7 @@ private:
         middle.point.countsLiquid = low.point.countsLiquid;
         for (int j = 0; j < n + 3; ++j)
             middle.point.unknowns[j] = (1.0 - part) * low.point.unknowns[j] + part * high.point.unknowns[j];
-        const double target = middle.point.unknowns[counter];
+        const double target = middle.point.unknowns[parameter];
         return solveAt(target, middle);
     }
 
@@ -339,7 +336,7 @@ private:
         LinePoint high = second;
         LinePoint middle;
         for (int halving = 0; halving < 40; ++halving) {
-            const double part = low.gap / (low.gap - high.gap);
+            const double part = low.deviation / (low.deviation - high.deviation);
             TwoPhasePoint point;
             point.countsLiquid = low.point.countsLiquid;
             for (int j = 0; j < n + 3; ++j)
@@ -348,18 +345,18 @@ private:
                 return offer(point);
             if (!between(low, high, 0.5, middle))
                 return false;
-            (middle.gap * low.gap > 0.0 ? low : high) = middle;
+            (middle.deviation * low.deviation > 0.0 ? low : high) = middle;
         }
         return false;
     }
 
     bool isBetween(const LinePoint &low, const LinePoint &high, const TwoPhasePoint &point) const
     {
-        const double from = low.point.unknowns[counter];
-        const double to = high.point.unknowns[counter];
+        const double from = low.point.unknowns[parameter];
+        const double to = high.point.unknowns[parameter];
         const double slack = 0.01 * std::fabs(to - from) + 1e-12;
-        return point.unknowns[counter] > std::min(from, to) - slack &&
-               point.unknowns[counter] < std::max(from, to) + slack;
+        return point.unknowns[parameter] > std::min(from, to) - slack &&
+               point.unknowns[parameter] < std::max(from, to) + slack;
     }
 };
 

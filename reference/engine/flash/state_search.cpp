@@ -15,15 +15,8 @@ constexpr double goodEnough = 3e-10; // where round-off or a steep slope lets no
 
 FlashSpecification conditionOf(FlashVariable variable, double logarithm) { return {variable, std::exp(logarithm)}; }
 
-double lowestOf(FlashVariable variable)
-{
-    return std::log(variable == FlashVariable::temperature ? lowestFlashTemperature : lowestFlashPressure);
-}
-
-double highestOf(FlashVariable variable)
-{
-    return std::log(variable == FlashVariable::temperature ? highestFlashTemperature : highestFlashPressure);
-}
+double lowestOf(FlashVariable condition) { return std::log(flashLimitsOf(condition).lowest); }
+double highestOf(FlashVariable condition) { return std::log(flashLimitsOf(condition).highest); }
 
 // Whether a variable rises or falls all the way (but for small jumps where the model has two liquids) along a line of
 // constant temperature or pressure, as stability asks: the heat capacity is positive, the volume falls with the

@@ -13,7 +13,7 @@ namespace {
 constexpr int mostSteps = 30;
 constexpr double solved = 1e-12;     // largest residual aimed at
 constexpr double goodEnough = 1e-11; // where round-off lets no more
-constexpr double widest = 500.0;     // largest |ln K|: with more, fractions vanish
+constexpr double limitOfLnK = 500.0; // largest |ln K|: with more, fractions vanish
 
 double molecularWeight(const Feed &feed, const CompoundArray &amounts)
 {
@@ -44,7 +44,7 @@ void evaluatePart(const Feed &feed, const Isotherm &isotherm, double pressure, c
 }
 
 // By how much one mole of a compound changes a total when it passes into the vapour.
-double passing(FlashVariable variable, double enthalpy, double volume, double potential, const Totals &at)
+double changeByTransfer(FlashVariable variable, double enthalpy, double volume, double potential, const Totals &at)
 {
     switch (variable) {
     case FlashVariable::enthalpy:
@@ -111,7 +111,7 @@ void closeByVariable(const Feed &feed, const TwoPhasePoint &point, const FlashSp
                 -gasConstant * T * T * (point.vapor.slopes.lnPhiByT[i] - point.liquid.slopes.lnPhiByT[i]);
             const double volume = gasConstant * T * (point.vapor.slopes.lnPhiByP[i] - point.liquid.slopes.lnPhiByP[i]);
             const double potential = gasConstant * T * equations.residuals[i];
-            change = scale * passing(given.variable, enthalpy, volume, potential, point.totals);
+            change = scale * changeByTransfer(given.variable, enthalpy, volume, potential, point.totals);
         }
         // Moles of vapour: z_i amount K_i / (liquid + amount K_i).
         const double ratio = point.x[i] * point.y[i] / feed.z[i];
@@ -154,7 +154,7 @@ bool TwoPhasePoint::evaluate(const Feed &feed)
     if (!(P > 0.01 * lowestFlashPressure && P < 100.0 * highestFlashPressure))
         return false;
     for (int i = 0; i < n; ++i) {
-        if (!(std::fabs(unknowns[i]) <= widest))
+        if (!(std::fabs(unknowns[i]) <= limitOfLnK))
             return false;
         const double K = std::exp(unknowns[i]);
         x[i] = feed.z[i] / (rest + amount * K);
@@ -184,7 +184,7 @@ double TwoPhasePoint::value(int size, FlashVariable variable) const
     return variable == FlashVariable::vaporMassFraction ? vaporMassFraction : totals.value(variable);
 }
 
-double TwoPhasePoint::contrast(int size) const
+double TwoPhasePoint::largestLnK(int size) const
 {
     double largest = 0.0;
     for (int i = 0; i < size; ++i)

@@ -47,8 +47,8 @@ struct TwoPhasePoint {
     // The value of a flash variable; the point must have been evaluated.
     double value(int size, FlashVariable variable) const;
 
-    // The largest |ln K|: how different the phases are.
-    double contrast(int size) const;
+    // The largest |ln K|: how far the phases are from being the same.
+    double largestLnK(int size) const;
 };
 
 // The equations of a point: fugacities, balance and two closings, as residuals and their slopes.

@@ -106,8 +106,8 @@ public:
                     return status;
                 jumped |= status == SearchStatus::jumps;
             }
-            if (isDip(earlier, last, next)) {
-                const SearchStatus status = inDip(earlier, last, next);
+            if (isLocalMinimum(earlier, last, next)) {
+                const SearchStatus status = inLocalMinimum(earlier, last, next);
                 if (status == SearchStatus::found)
                     return status;
                 jumped |= status == SearchStatus::jumps;
@@ -171,7 +171,7 @@ private:
 
     // Whether the middle one of three neighbours is the nearest to zero, and there are not the slopes to tell on which
     // side the extremum is.
-    static bool isDip(const Probe &left, const Probe &middle, const Probe &right)
+    static bool isLocalMinimum(const Probe &left, const Probe &middle, const Probe &right)
     {
         if (std::isfinite(left.slope) && std::isfinite(middle.slope) && std::isfinite(right.slope))
             return false;
@@ -180,7 +180,7 @@ private:
                std::fabs(middle.residual) < std::fabs(right.residual);
     }
 
-    SearchStatus inDip(Probe left, Probe middle, Probe right)
+    SearchStatus inLocalMinimum(Probe left, Probe middle, Probe right)
     {
         constexpr double golden = 0.381966; // the lesser part of a golden section
         for (int step = 0; step < 40; ++step) {

@@ -45,7 +45,7 @@ void prepareCubic(const MixtureModel &model, Isotherm &isotherm)
         const double reducedRoot = root * compound.inverseRootCriticalT;
         isotherm.s[i] = compound.attractionRoot * (1.0 + compound.attractionSlope * (1.0 - reducedRoot));
         isotherm.slope[i] = -compound.attractionRoot * compound.attractionSlope * reducedRoot * inverse;
-        isotherm.bending[i] = -isotherm.slope[i] * inverse;
+        isotherm.curvature[i] = -isotherm.slope[i] * inverse;
     }
 }
 

@@ -9,9 +9,9 @@ struct Isotherm {
     double temperature; // K
 
     // Cubic equations: a_ij = s_i s_j (1 - kij).
-    CompoundArray s;       // square root of a alpha, Pa^0.5 m3/mol
-    CompoundArray slope;   // ds/dT
-    CompoundArray bending; // d2s/dT2
+    CompoundArray s;         // square root of a alpha, Pa^0.5 m3/mol
+    CompoundArray slope;     // ds/dT
+    CompoundArray curvature; // d2s/dT2
 
     // Ideal mixture: ln phi_i of the liquid is saturation_i + volume_i P - ln P.
     std::array<TemperatureFunction, maximumCompounds> saturation; // ln p_i - v_i p_i / (R T)

@@ -15,10 +15,10 @@ CubicParameters cubicParameters(const MixtureModel &model, const Isotherm &isoth
     CubicParameters sum{state.a, 0.0, 0.0, state.b};
     double aTTT = 0.0;
     for (int i = 0; i < model.size; ++i) {
-        const double thirdSlope = -1.5 * isotherm.bending[i] / T; // of s, which is linear in sqrt(T)
+        const double thirdSlope = -1.5 * isotherm.curvature[i] / T; // of s, which is linear in sqrt(T)
         sum.aT.value += 2.0 * x[i] * isotherm.slope[i] * state.pairSum[i];
-        sum.aTT.value += 2.0 * x[i] * (isotherm.bending[i] * state.pairSum[i] + isotherm.slope[i] * sums.slope[i]);
-        aTTT += 2.0 * x[i] * (thirdSlope * state.pairSum[i] + 3.0 * isotherm.bending[i] * sums.slope[i]);
+        sum.aTT.value += 2.0 * x[i] * (isotherm.curvature[i] * state.pairSum[i] + isotherm.slope[i] * sums.slope[i]);
+        aTTT += 2.0 * x[i] * (thirdSlope * state.pairSum[i] + 3.0 * isotherm.curvature[i] * sums.slope[i]);
     }
     if (direction.differential == Differential::byTemperature) {
         sum.a.slope = sum.aT.value;
@@ -28,10 +28,11 @@ CubicParameters cubicParameters(const MixtureModel &model, const Isotherm &isoth
     if (const int j = direction.compound; j >= 0) {
         const double s = isotherm.s[j];
         const double sT = isotherm.slope[j];
-        const double sTT = isotherm.bending[j];
+        const double sTT = isotherm.curvature[j];
         sum.a.slope = 2.0 * (s * state.pairSum[j] - sum.a.value);
         sum.aT.slope = 2.0 * (sT * state.pairSum[j] + s * sums.slope[j] - sum.aT.value);
-        sum.aTT.slope = 2.0 * (sTT * state.pairSum[j] + 2.0 * sT * sums.slope[j] + s * sums.bending[j] - sum.aTT.value);
+        sum.aTT.slope =
+            2.0 * (sTT * state.pairSum[j] + 2.0 * sT * sums.slope[j] + s * sums.curvature[j] - sum.aTT.value);
         sum.b.slope = model.compounds[j].covolume - sum.b.value;
     }
     return sum;
@@ -76,7 +77,7 @@ PairSums::PairSums(const MixtureModel &model, const Isotherm &isotherm, const do
     if (model.isIdeal())
         return;
     cubic::pairSums(model, x, isotherm.slope, slope);
-    cubic::pairSums(model, x, isotherm.bending, bending);
+    cubic::pairSums(model, x, isotherm.curvature, curvature);
 }
 
 Residual residualOf(const MixtureModel &model, const Isotherm &isotherm, const double *x, const PhaseState &state,
@@ -99,7 +100,7 @@ Residual pureResidualOf(const MixtureModel &model, const Isotherm &isotherm, con
     const Dual P(state.pressure, direction.ofPressure());
     const double s = isotherm.s[i];
     const double sT = isotherm.slope[i];
-    const double sTT = isotherm.bending[i];
+    const double sTT = isotherm.curvature[i];
     const double sTTT = -1.5 * sTT / T.value;
     const CubicParameters parameters{{s * s, 2.0 * s * sT * T.slope},
                                      {2.0 * s * sT, 2.0 * (sT * sT + s * sTT) * T.slope},

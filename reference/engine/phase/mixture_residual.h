@@ -11,8 +11,8 @@ namespace reference {
 // What a phase by a cubic equation needs beyond PhaseState::pairSum for its residual properties: the
 // same sums with other values in place of s. Not filled for ideal mixtures.
 struct PairSums {
-    CompoundArray slope;   // with ds/dT
-    CompoundArray bending; // with d2s/dT2
+    CompoundArray slope;     // with ds/dT
+    CompoundArray curvature; // with d2s/dT2
 
     PairSums(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions);
 };

@@ -46,7 +46,7 @@ constexpr Coefficients conductivityTable[] = {
 };
 
 // Liquids at 25 C: CRC Handbook of Chemistry and Physics, "Viscosity of liquids" (mPa s) and "Thermal
-// conductivity of liquids" (W/m/K). What the correlation adds to the thin gas is scaled to meet them.
+// conductivity of liquids" (W/m/K). What the correlation adds to the dilute gas is scaled to meet them.
 struct LiquidRow {
     std::string_view casNumber;
     double viscosity;
@@ -75,13 +75,13 @@ constexpr LiquidRow liquids[] = {
     {"112-40-3", 1.383, 0.135},  // n-dodecane
 };
 
-// A property of the thin gas, and what it is in the dense fluid before scaling.
+// A property of the dilute gas, and what it is in the dense fluid before scaling.
 struct Parts {
-    Dual thin;
+    Dual dilute;
     Dual dense;
 
-    Dual scaled(Dual factor) const { return thin + factor * (dense - thin); }
-    double factorFor(double value) const { return (value - thin.value) / (dense.value - thin.value); }
+    Dual scaled(Dual factor) const { return dilute + factor * (dense - dilute); }
+    double factorFor(double value) const { return (value - dilute.value) / (dense.value - dilute.value); }
 };
 
 } // namespace
@@ -95,29 +95,29 @@ struct ChungMixture::Parameters {
     Dual acentricFactor;
     Dual reducedDipole4; // fourth power
     Dual association;
-    Dual packing; // y = density Vc / 6
+    Dual reducedDensity; // y = density Vc / 6
 
     // Quantum gases count as spherical here.
     Dual of(const Coefficients &row) const
     {
         return row.constant + row.byAcentricFactor * (acentricFactor.value > 0.0 ? acentricFactor : Dual(0.0));
     }
-    // G2 of either table's first five rows: how close packing changes collisions.
-    Dual collisions(const Coefficients *table) const
+    // G2 of Chung et al., by either table's first five rows.
+    Dual G2(const Coefficients *table) const
     {
-        const Dual open = 1.0 - packing;
-        const Dual contact = (1.0 - 0.5 * packing) / (open * open * open);
+        const Dual rest = 1.0 - reducedDensity;
+        const Dual G1 = (1.0 - 0.5 * reducedDensity) / (rest * rest * rest);
         const Dual first = of(table[0]);
         const Dual second = of(table[1]);
         const Dual third = of(table[2]);
         const Dual fourth = of(table[3]);
-        const Dual sum = -first * expm1(-fourth * packing) / packing + second * contact * exp(of(table[4]) * packing) +
-                         third * contact;
+        const Dual sum = -first * expm1(-fourth * reducedDensity) / reducedDensity +
+                         second * G1 * exp(of(table[4]) * reducedDensity) + third * G1;
         return sum / (first * fourth + second + third);
     }
     Dual reducedTemperature() const { return 1.2593 * T / criticalTemperature; } // T* = k T / epsilon
     // Fc sqrt(T*) / Omega. Collision integral: Neufeld, Janzen, Aziz, J. Chem. Phys. 57 (1972) 1100.
-    Dual thinGas() const
+    Dual diluteGas() const
     {
         const Dual t = reducedTemperature();
         const Dual integral = 1.16145 * pow(t, -0.14874) + 0.52487 * exp(-0.77320 * t) + 2.16178 * exp(-2.43787 * t);
@@ -126,13 +126,13 @@ struct ChungMixture::Parameters {
     }
     Parts viscosity() const
     {
-        const Dual gas = thinGas();
+        const Dual gas = diluteGas();
         const Dual t = reducedTemperature();
-        const Dual close = collisions(viscosityTable);
-        const Dual contact = of(viscosityTable[6]) * packing * packing * close *
-                             exp(of(viscosityTable[7]) + (of(viscosityTable[8]) + of(viscosityTable[9]) / t) / t);
+        const Dual g2 = G2(viscosityTable);
+        const Dual dense = of(viscosityTable[6]) * reducedDensity * reducedDensity * g2 *
+                           exp(of(viscosityTable[7]) + (of(viscosityTable[8]) + of(viscosityTable[9]) / t) / t);
         return {viscosityUnit() * gas,
-                viscosityUnit() * (gas * (1.0 / close + of(viscosityTable[5]) * packing) + contact)};
+                viscosityUnit() * (gas * (1.0 / g2 + of(viscosityTable[5]) * reducedDensity) + dense)};
     }
     // `heatCapacity` is that of the ideal gas at constant pressure, J/mol/K.
     Parts conductivity(Dual heatCapacity) const
@@ -145,11 +145,11 @@ struct ChungMixture::Parameters {
         const Dual z = 2.0 + 10.5 * reduced * reduced;
         const Dual internal = 1.0 + alpha * (0.215 + 0.28288 * alpha - 1.061 * beta + 0.26665 * z) /
                                         (0.6366 + beta * z + 1.061 * alpha * beta);
-        const Dual gas = 31.2 * viscosityUnit() * thinGas() * internal / kilograms;
-        const Dual close = collisions(conductivityTable);
+        const Dual gas = 31.2 * viscosityUnit() * diluteGas() * internal / kilograms;
+        const Dual g2 = G2(conductivityTable);
         const Dual unit = 3.586e-3 * sqrt(criticalTemperature / kilograms) / pow(criticalVolume, 2.0 / 3.0);
-        return {gas, gas * (1.0 / close + of(conductivityTable[5]) * packing) +
-                         unit * of(conductivityTable[6]) * packing * packing * sqrt(reduced) * close};
+        return {gas, gas * (1.0 / g2 + of(conductivityTable[5]) * reducedDensity) +
+                         unit * of(conductivityTable[6]) * reducedDensity * reducedDensity * sqrt(reduced) * g2};
     }
     // What a reduced viscosity is multiplied by, Pa s.
     Dual viscosityUnit() const { return 36.344e-7 * sqrt(mass * criticalTemperature) / pow(criticalVolume, 2.0 / 3.0); }
@@ -180,7 +180,7 @@ void ChungMixture::fitToLiquid(int i)
             equation == EquationOfState::idealMixture
                 ? compound.liquidVolume.volume(liquidTemperature).value
                 : cubicLiquidVolume(compound, equation, liquidTemperature, liquidPressure) - compound.volumeShift;
-        fluid.packing = data.criticalVolume / liquid / 6.0;
+        fluid.reducedDensity = data.criticalVolume / liquid / 6.0;
         const double heatCapacity = idealGasHeatCapacity(data.idealGasHeatCapacity, liquidTemperature);
         viscosityFactors[i] = fluid.viscosity().factorFor(1e-3 * row.viscosity);
         conductivityFactors[i] = fluid.conductivity(heatCapacity).factorFor(row.conductivity);
@@ -250,10 +250,10 @@ ChungMixture::Parameters ChungMixture::parameters(const Direction &direction) co
     result.reducedDipole4 = scale * scale * sum(dipole) / result.criticalVolume;
     result.association = sum(association);
     const Dual density = transportDensity(point, direction) / cubicCentimetres;
-    result.packing = density * result.criticalVolume / 6.0;
+    result.reducedDensity = density * result.criticalVolume / 6.0;
     // Liquids come to 0.6. What an ideal gas has beyond that is no density of molecules.
-    if (constexpr double densest = 0.8; result.packing.value > densest)
-        result.packing = densest;
+    if (constexpr double densest = 0.8; result.reducedDensity.value > densest)
+        result.reducedDensity = densest;
     return result;
 }
 

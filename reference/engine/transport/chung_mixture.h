@@ -26,7 +26,7 @@ private:
     const PhasePoint &point;
     CompoundArray rows[pairKinds]; // for each compound the sum over the others, weighted by their fractions
     double totals[pairKinds];
-    CompoundArray viscosityFactors; // of what comes to the thin gas in a dense fluid
+    CompoundArray viscosityFactors; // of what a dense fluid has over the dilute gas
     CompoundArray conductivityFactors;
 };
 
