@@ -106,6 +106,8 @@ public:
 protected:
     virtual ~Component();
 
+    const CLSID &ownClass() const { return classId; }
+
     // The interfaces of the class beyond those above; null for others.
     virtual void *findInterface(REFIID iid) = 0;
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Turns the tables of this folder into C++.
 
-    generate.py FILE      FILE is written; it is included by reference/engine/compound_data.cpp
+    generate.py FILE      FILE is written; it is included by reference/engine/compounds/compound_data.cpp
 """
 import math
 import sys

@@ -16,7 +16,7 @@ struct InteractionParameter {
     double value;
 };
 
-#include "reference/data/compound_tables.inc"
+#include "reference/engine/compounds/compound_tables.inc"
 
 } // namespace
 
