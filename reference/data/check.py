@@ -26,9 +26,6 @@ MOLECULE_VOLUMES = {"He": 2.67, "Ne": 5.98, "Ar": 16.2, "Kr": 24.5, "Xe": 32.7, 
 ATOM_VOLUMES = {"C": 15.9, "H": 2.31, "O": 6.11, "N": 4.54, "F": 14.7, "Cl": 21.0, "S": 22.9}
 RING_VOLUME = -18.3
 
-# Heat capacities that no independent value is known for here: tables made from the equation of state itself.
-WITHOUT_KNOWN_HEAT_CAPACITY = {"R-125", "R-134a", "R-143a", "R-152a", "R-1234yf", "R-1234ze(E)"}
-
 
 class Comparison:
     """Collects deviations by kind, and complaints about those that are too large."""
@@ -72,6 +69,13 @@ def heat_capacity(row, T):
     return R * sum(number(row[f"a{k}"]) * T**k for k in range(5))
 
 
+def liquid_constant(tables, compound, kind, T):
+    """What a liquid is fitted to: NaN for one without a fit, or at another temperature."""
+    columns = {"viscosity": "viscosity_mPa*s", "thermal_conductivity": "thermal_conductivity_W/m/K"}
+    row = tables.liquid_transport.get(compound)
+    return number(row[columns[kind]]) if row and T == 298.15 else math.nan
+
+
 class Tables:
     def __init__(self, folder):
         self.identities = by_id("identities", folder)
@@ -81,6 +85,7 @@ class Tables:
         self.pressure = by_id("vapor_pressure", folder)
         self.density = by_id("liquid_density", folder)
         self.transport = by_id("transport", folder)
+        self.liquid_transport = by_id("liquid_transport", folder)
         self.interactions = rows("interaction_parameters", folder)
         self.known = rows("known_values", folder)
 
@@ -97,6 +102,13 @@ def check_completeness(tables, result):
         for compound in ids:
             if compound not in tables.identities:
                 result.complain(compound, f"stands in the table of {name} only")
+    for compound, row in tables.liquid_transport.items():
+        if compound not in tables.identities:
+            result.complain(compound, "stands in the table of liquid_transport only")
+        if not (row["viscosity_mPa*s"] and row["thermal_conductivity_W/m/K"]):
+            result.complain(compound, "is fitted to one of viscosity and thermal conductivity without the other")
+        if float(row["solvent_association"] or 1) < 1:
+            result.complain(compound, f"has the association {row['solvent_association']}, less than none")
 
 
 def check_identities(tables, result):
@@ -194,8 +206,10 @@ def check_formation(tables, result):
 
 
 def check_known_values(tables, result):
-    limits = {"heat_capacity": 0.016, "liquid_density": 0.01, "vapor_pressure": 0.02, "surface_tension": 0.05}
-    with_heat_capacity = set()
+    limits = {"heat_capacity": 0.016, "liquid_density": 0.01, "vapor_pressure": 0.02, "surface_tension": 0.05,
+              "viscosity": 0.04, "thermal_conductivity": 0.05}
+    known = {kind: set() for kind in limits}
+    unknown = {kind: set() for kind in limits}
     for row in tables.known:
         compound, kind = row["id"], row["property"]
         if compound not in tables.identities:
@@ -203,12 +217,16 @@ def check_known_values(tables, result):
             continue
         if kind == "critical_compressibility":
             continue
+        (known if row["value"] else unknown)[kind].add(compound)
+        if not row["value"]:
+            continue
         T = number(row["temperature_K"])
         if kind == "heat_capacity":
             value = heat_capacity(tables.heat[compound], T)
-            with_heat_capacity.add(compound)
         elif kind == "vapor_pressure":
             value = vapor_pressure(tables.pressure[compound], T)
+        elif kind in ("viscosity", "thermal_conductivity"):
+            value = liquid_constant(tables, compound, kind, T)
         else:
             value = liquid_density(tables.density[compound], T)
             if kind == "surface_tension":
@@ -217,9 +235,12 @@ def check_known_values(tables, result):
                 value *= 1e-3 * tables.constant(compound, "molecular_weight")
         result.near(kind.replace("_", " "), compound, value, number(row["value"]), relative=limits[kind],
                     where=f" at {T:g} K ({row['source']})")
-    for compound in tables.identities:
-        if (compound in with_heat_capacity) == (compound in WITHOUT_KNOWN_HEAT_CAPACITY):
-            result.complain(compound, "has no known heat capacity to compare with, or should not have one")
+    needed = {"heat_capacity": tables.identities, "viscosity": tables.liquid_transport,
+              "thermal_conductivity": tables.liquid_transport}
+    for kind, compounds in needed.items():
+        for compound in compounds:
+            if (compound in known[kind]) == (compound in unknown[kind]):
+                result.complain(compound, f"has no known {kind.replace('_', ' ')} to compare with, or should not have one")
 
 
 def check_interactions(tables, result):

@@ -1,4 +1,4 @@
-#include "reference/engine/quantities/phase_quantity.h"
+#include "reference/engine/quantities/phase_calculation.h"
 #include "reference/package/flash_input.h"
 #include "reference/package/phase_of_present.h"
 #include "reference/package/phase_table.h"
@@ -16,7 +16,7 @@ constexpr auto interfaceName = OLESTR("ICapeThermoEquilibriumRoutine");
 constexpr double notSet = std::numeric_limits<double>::quiet_NaN();
 constexpr LONG atEquilibrium = 1; // CAPE_ATEQUILIBRIUM
 
-// What kind of error a failed flash is.
+// The kind of error that a failed flash is reported as.
 const ErrorKind &kindOf(FlashStatus status)
 {
     return status == FlashStatus::badValue ? errors::outOfBounds : errors::solvingError;
@@ -138,13 +138,13 @@ HRESULT PropertyPackage::leaveOutFormation(const Call &call, const FlashInput &i
 
 HRESULT PropertyPackage::readFlashValue(const Call &call, const FlashInput &input, FlashSpecification &target) const
 {
-    const Text name(input.property->name);
+    const Bstr name(input.property->name);
     const bool byMass = input.variable == FlashVariable::vaporMassFraction;
     Value value;
     const HRESULT read =
         input.isPhaseFraction
             ? material->GetSinglePhaseProp(name.get(),
-                                           Text(phaseTable()[input.ofLiquid ? liquidPhase : vaporPhase].label).get(),
+                                           Bstr(phaseTable()[input.ofLiquid ? liquidPhase : vaporPhase].label).get(),
                                            byMass ? words.mass.get() : words.mole.get(), value.out())
             : material->GetOverallProp(name.get(), input.property->molar ? words.mole.get() : nullptr, value.out());
     if (FAILED(read))
@@ -210,7 +210,7 @@ HRESULT PropertyPackage::writeEquilibrium(const Call &call, const FlashResult &r
     for (int i = 0; i < phaseCount; ++i) {
         if (!phases[i].present)
             continue;
-        *label++ = Text(phaseTable()[i].label).detach();
+        *label++ = Bstr(phaseTable()[i].label).detach();
         *status++ = atEquilibrium;
     }
     if (const HRESULT written = material->SetPresentPhases(labels.get(), statuses.get()); FAILED(written))
@@ -223,8 +223,8 @@ HRESULT PropertyPackage::writeEquilibrium(const Call &call, const FlashResult &r
         if (!phase.present)
             continue;
         const struct {
-            const Text &property;
-            const Text *basis;
+            const Bstr &property;
+            const Bstr *basis;
             const double *values;
             int count;
         } settings[] = {{words.temperature, nullptr, &result.temperature, 1},
@@ -246,7 +246,7 @@ HRESULT PropertyPackage::writeEquilibrium(const Call &call, const FlashResult &r
 
     const struct {
         bool given;
-        const Text &property;
+        const Bstr &property;
         const double &value;
     } found[] = {{given.temperature, words.temperature, result.temperature},
                  {given.pressure, words.pressure, result.pressure}};

@@ -1,5 +1,5 @@
-// A phase without the compounds of which there is nothing in it. What needs a constant that such a
-// compound lacks can be had all the same, as long as nothing is asked of the compound itself.
+// A phase without its absent compounds, those of mole fraction zero. It has quantities that the whole phase lacks
+// because a constant of an absent compound is unknown, as long as they are not properties of that compound.
 #pragma once
 
 #include "reference/engine/equilibrium/present_compounds.h"

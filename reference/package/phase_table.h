@@ -21,7 +21,7 @@ enum PhaseIndex { vaporPhase, liquidPhase, phaseCount };
 
 std::span<const PhaseRow, phaseCount> phaseTable();
 
-// The phase of a label in any case; null for another.
+// The phase with this label, compared without regard to case; null if there is none.
 const PhaseRow *findPhase(BSTR label);
 
 } // namespace reference

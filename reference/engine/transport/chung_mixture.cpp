@@ -13,12 +13,16 @@ namespace {
 constexpr double cubicCentimetres = 1e6; // in one m3
 constexpr double debye = 3.33564e-30;    // C m
 
+// The conditions of the liquids that the correlations are fitted to.
+constexpr double liquidTemperature = 298.15; // K
+constexpr double liquidPressure = 101325.0;  // Pa
+
 double orZero(double constant) { return std::isnan(constant) ? 0.0 : constant; }
 
 // Tables 9-6 and 10-3 of Poling, Prausnitz, O'Connell, The Properties of Gases and Liquids, 5th ed.
 // (2001), without the columns for dipoles and association: with these the functions have poles between
 // weak and strong dipoles, where mixtures get, and hydrogen sulfide is given a negative viscosity. What
-// polar liquids differ by is left to the table of liquids below.
+// polar liquids differ by is left to the fit to liquids. The correlation's dense part is scaled to meet their values.
 struct Coefficients {
     double constant;
     double byAcentricFactor;
@@ -43,36 +47,6 @@ constexpr Coefficients conductivityTable[] = {
     {0.79274, 0.82019},  //
     {-5.8634, 12.801},   //
     {91.089, 128.11},
-};
-
-// Liquids at 25 C: CRC Handbook of Chemistry and Physics, "Viscosity of liquids" (mPa s) and "Thermal
-// conductivity of liquids" (W/m/K). What the correlation adds to the dilute gas is scaled to meet them.
-struct LiquidRow {
-    std::string_view casNumber;
-    double viscosity;
-    double conductivity;
-};
-constexpr double liquidTemperature = 298.15; // K
-constexpr double liquidPressure = 101325.0;  // Pa
-constexpr LiquidRow liquids[] = {
-    {"7732-18-5", 0.890, 0.607}, // water
-    {"67-56-1", 0.544, 0.200},   // methanol
-    {"64-17-5", 1.074, 0.169},   // ethanol
-    {"71-23-8", 1.945, 0.154},   // 1-propanol
-    {"67-63-0", 2.038, 0.135},   // 2-propanol
-    {"71-36-3", 2.544, 0.154},   // 1-butanol
-    {"67-64-1", 0.306, 0.161},   // acetone
-    {"110-82-7", 0.894, 0.123},  // cyclohexane
-    {"71-43-2", 0.604, 0.1411},  // benzene
-    {"108-88-3", 0.560, 0.1310}, // toluene
-    {"100-41-4", 0.631, 0.130},  // ethylbenzene
-    {"95-47-6", 0.760, 0.131},   // o-xylene
-    {"108-38-3", 0.581, 0.130},  // m-xylene
-    {"106-42-3", 0.603, 0.130},  // p-xylene
-    {"142-82-5", 0.387, 0.123},  // n-heptane
-    {"111-65-9", 0.508, 0.128},  // n-octane
-    {"124-18-5", 0.838, 0.132},  // n-decane
-    {"112-40-3", 1.383, 0.135},  // n-dodecane
 };
 
 // A property of the dilute gas, and what it is in the dense fluid before scaling.
@@ -161,30 +135,28 @@ void ChungMixture::fitToLiquid(int i)
     conductivityFactors[i] = 1.0;
     const CompoundTerms &compound = point.model().compounds[i];
     const CompoundData &data = *compound.data;
-    for (const LiquidRow &row : liquids) {
-        if (row.casNumber != data.casNumber)
-            continue;
-        const double volume = data.criticalVolume * cubicCentimetres;
-        const double dipole = 131.3 * orZero(data.dipoleMoment) / debye;
-        Parameters fluid;
-        fluid.T = liquidTemperature;
-        fluid.criticalVolume = volume;
-        fluid.criticalTemperature = data.criticalTemperature;
-        fluid.mass = data.molecularWeight;
-        fluid.acentricFactor = data.acentricFactor;
-        fluid.reducedDipole4 = std::pow(dipole * dipole / (volume * data.criticalTemperature), 2.0);
-        fluid.association = orZero(data.associationFactor);
-        // With the density that the model has there.
-        const EquationOfState equation = point.model().equation;
-        const double liquid =
-            equation == EquationOfState::idealMixture
-                ? compound.liquidVolume.volume(liquidTemperature).value
-                : cubicLiquidVolume(compound, equation, liquidTemperature, liquidPressure) - compound.volumeShift;
-        fluid.reducedDensity = data.criticalVolume / liquid / 6.0;
-        const double heatCapacity = idealGasHeatCapacity(data.idealGasHeatCapacity, liquidTemperature);
-        viscosityFactors[i] = fluid.viscosity().factorFor(1e-3 * row.viscosity);
-        conductivityFactors[i] = fluid.conductivity(heatCapacity).factorFor(row.conductivity);
-    }
+    if (std::isnan(data.liquidViscosity))
+        return;
+    const double volume = data.criticalVolume * cubicCentimetres;
+    const double dipole = 131.3 * orZero(data.dipoleMoment) / debye;
+    Parameters fluid;
+    fluid.T = liquidTemperature;
+    fluid.criticalVolume = volume;
+    fluid.criticalTemperature = data.criticalTemperature;
+    fluid.mass = data.molecularWeight;
+    fluid.acentricFactor = data.acentricFactor;
+    fluid.reducedDipole4 = std::pow(dipole * dipole / (volume * data.criticalTemperature), 2.0);
+    fluid.association = orZero(data.associationFactor);
+    // With the density that the model has there.
+    const EquationOfState equation = point.model().equation;
+    const double liquid =
+        equation == EquationOfState::idealMixture
+            ? compound.liquidVolume.volume(liquidTemperature).value
+            : cubicLiquidVolume(compound, equation, liquidTemperature, liquidPressure) - compound.volumeShift;
+    fluid.reducedDensity = data.criticalVolume / liquid / 6.0;
+    const double heatCapacity = idealGasHeatCapacity(data.idealGasHeatCapacity, liquidTemperature);
+    viscosityFactors[i] = fluid.viscosity().factorFor(data.liquidViscosity);
+    conductivityFactors[i] = fluid.conductivity(heatCapacity).factorFor(data.liquidThermalConductivity);
 }
 
 ChungMixture::ChungMixture(const PhasePoint &of) : point(of)

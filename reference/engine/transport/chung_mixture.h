@@ -7,7 +7,7 @@ namespace reference {
 
 // The parameters that a mixture shares with a pure fluid in the correlations of Chung, Ajlan, Lee,
 // Starling, Ind. Eng. Chem. Res. 27 (1988) 671, for non-polar dense fluids; fitted to one liquid state
-// of each compound that has one in the table of transport.cpp.
+// of each compound that has one in the tables.
 class ChungMixture {
 public:
     explicit ChungMixture(const PhasePoint &point);

@@ -27,19 +27,6 @@ void ofVapor(const PhasePoint &point, const Direction &direction, Dual *values)
         }
 }
 
-// Of the solvent in the correlation of Wilke and Chang.
-double association(const CompoundData &solvent)
-{
-    constexpr struct {
-        std::string_view casNumber;
-        double factor;
-    } associating[] = {{"7732-18-5", 2.6}, {"67-56-1", 1.9}, {"64-17-5", 1.5}}; // water, methanol, ethanol
-    for (const auto &row : associating)
-        if (row.casNumber == solvent.casNumber)
-            return row.factor;
-    return 1.0;
-}
-
 // D = 7.4e-8 sqrt(phi M) T / (eta V^0.6) in cm2/s, with eta in mPa s, M of the solvent in g/mol and V of the solute
 // in cm3/mol.
 void ofLiquid(const PhasePoint &point, const ChungMixture &mixture, const Direction &direction, Dual *values)
@@ -52,7 +39,7 @@ void ofLiquid(const PhasePoint &point, const ChungMixture &mixture, const Direct
         const CompoundData &a = *model.compounds[solute].data;
         const CompoundData &b = *model.compounds[solvent].data;
         const double volume = 0.285 * std::pow(1e6 * a.criticalVolume, 1.048);
-        return 0.5 * std::log(association(b) * b.molecularWeight) - 0.6 * std::log(volume);
+        return 0.5 * std::log(b.solventAssociation * b.molecularWeight) - 0.6 * std::log(volume);
     };
     const auto fraction = [&](int i) {
         const double x = point.fractions()[i];
