@@ -12,18 +12,7 @@ from tables import FOLDER, by_id, number, rows
 
 R = 8.31446261815324  # J/mol/K, CODATA 2018 (exact)
 
-# Standard atomic weights, abridged (IUPAC, CIAAW 2021).
-WEIGHTS = {"H": 1.008, "He": 4.0026, "C": 12.011, "N": 14.007, "O": 15.999, "F": 18.998, "Ne": 20.180, "S": 32.06,
-           "Cl": 35.45, "Ar": 39.95, "Kr": 83.798, "Xe": 131.29}
-
-# Entropies of the elements at 298.15 K and 1e5 Pa for one atom, J/mol/K: CODATA Key Values for Thermodynamics (1989).
-ELEMENT_ENTROPIES = {"H": 130.680 / 2, "He": 126.153, "C": 5.740, "N": 191.609 / 2, "O": 205.152 / 2, "F": 202.791 / 2,
-                     "Ne": 146.328, "S": 32.054, "Cl": 223.081 / 2, "Ar": 154.846, "Kr": 164.085, "Xe": 169.685}
-
-# Fuller, Ensley, Giddings (1969), cm3/mol: molecules that have a volume of their own, atoms, and what a ring takes off.
-MOLECULE_VOLUMES = {"He": 2.67, "Ne": 5.98, "Ar": 16.2, "Kr": 24.5, "Xe": 32.7, "H2": 6.12, "N2": 18.5, "O2": 16.3,
-                    "CO": 18.0, "CO2": 26.9, "N2O": 35.9, "H3N": 20.7, "H2O": 13.1, "O2S": 41.8}
-ATOM_VOLUMES = {"C": 15.9, "H": 2.31, "O": 6.11, "N": 4.54, "F": 14.7, "Cl": 21.0, "S": 22.9}
+# Fuller, Ensley, Giddings (1969), cm3/mol: what a ring takes off the diffusion volume.
 RING_VOLUME = -18.3
 
 
@@ -88,6 +77,13 @@ class Tables:
         self.liquid_transport = by_id("liquid_transport", folder)
         self.interactions = rows("interaction_parameters", folder)
         self.known = rows("known_values", folder)
+        self.elements = {row["element"]: row for row in rows("elements", folder)}
+        self.molecule_volumes = {row["formula"]: number(row["diffusion_volume_cm3/mol"])
+                                 for row in rows("molecule_diffusion_volumes", folder)}
+
+    def total(self, atoms, column):
+        """The sum of what the elements have in a column over the atoms of a molecule."""
+        return sum(number(self.elements[element][column]) * count for element, count in atoms.items())
 
     def constant(self, compound, column):
         return number(self.constants[compound][column])
@@ -129,10 +125,10 @@ def check_identities(tables, result):
         if from_smiles != atoms:
             result.complain(compound, f"SMILES {row['smiles']} is {hill_order(from_smiles)}, not {row['formula']}")
         result.near("molecular weight", compound, tables.constant(compound, "molecular_weight"),
-                    sum(WEIGHTS[element] * count for element, count in atoms.items()), relative=2e-4)
-        volume = MOLECULE_VOLUMES.get(row["formula"])
+                    tables.total(atoms, "atomic_weight_g/mol"), relative=2e-4)
+        volume = tables.molecule_volumes.get(row["formula"])
         if volume is None:
-            volume = sum(ATOM_VOLUMES[element] * count for element, count in atoms.items()) + rings * RING_VOLUME
+            volume = tables.total(atoms, "diffusion_volume_cm3/mol") + rings * RING_VOLUME
         result.near("diffusion volume", compound, number(tables.transport[compound]["diffusion_volume_cm3/mol"]),
                     volume, absolute=1e-6)
 
@@ -201,7 +197,7 @@ def check_formation(tables, result):
         if None in (H, G, S):
             continue
         atoms = atoms_of_formula(tables.identities[compound]["formula"])
-        elements = sum(ELEMENT_ENTROPIES[element] * count for element, count in atoms.items())
+        elements = tables.total(atoms, "entropy_J/mol/K")
         result.near("Gibbs energy of formation", compound, G, H - 0.29815 * (S - elements), absolute=0.45)
 
 
