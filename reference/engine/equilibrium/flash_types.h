@@ -26,6 +26,11 @@ constexpr bool isCondition(FlashVariable variable)
     return variable == FlashVariable::temperature || variable == FlashVariable::pressure;
 }
 
+constexpr bool isFraction(FlashVariable variable)
+{
+    return variable == FlashVariable::vaporFraction || variable == FlashVariable::vaporMassFraction;
+}
+
 struct FlashSpecification {
     FlashVariable variable;
     double value;

@@ -15,11 +15,6 @@ namespace {
 
 constexpr double roundOff = 1e-12; // by which a vapour fraction may be outside of its range
 
-bool isFraction(FlashVariable variable)
-{
-    return variable == FlashVariable::vaporFraction || variable == FlashVariable::vaporMassFraction;
-}
-
 // Whether a value is possible for itself; the reason if it is not.
 bool isPossible(const FlashSpecification &given, FlashReason &reason)
 {

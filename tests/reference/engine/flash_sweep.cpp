@@ -17,16 +17,6 @@ constexpr double highestT = 700.0;
 constexpr double lowestP = 1e3;
 constexpr double highestP = 3e7;
 
-bool isFraction(FlashVariable variable)
-{
-    return variable == FlashVariable::vaporFraction || variable == FlashVariable::vaporMassFraction;
-}
-
-bool isCondition(FlashVariable variable)
-{
-    return variable == FlashVariable::temperature || variable == FlashVariable::pressure;
-}
-
 // Raoult's law is for low pressures and for liquids well below their critical temperature.
 double highestTemperatureOf(const MixtureModel &model)
 {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "reference/engine/phase/phase_point.h"
-#include "reference/engine/quantities/phase_quantity.h"
+#include "reference/engine/quantities/phase_calculation.h"
 #include "tests/reference/engine/mixtures.h"
 
 #include <functional>
