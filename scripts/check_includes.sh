@@ -8,7 +8,7 @@ cd "${1:-$(dirname "$0")/..}"
 
 sources=$(mktemp)
 trap 'rm -f "$sources"' EXIT
-find platform cape properties packages material commands gateway relay reference \
+find platform cape properties packages material commands gateway relay reference host \
     \( -name '*.h' -o -name '*.cpp' \) 2>/dev/null | sort >"$sources"
 
 [ -s "$sources" ] || {
@@ -28,6 +28,7 @@ BEGIN {
     may["gateway"]    = "platform cape properties packages material commands"
     may["relay"]      = "platform cape"
     may["reference"]  = "platform cape"
+    may["host"]       = "platform"
     for (folder in may) {
         allowed[folder, folder] = 1
         count = split(may[folder], list, " ")
