@@ -13,7 +13,7 @@ check() {
 
 layout() { git ls-files -z '*.h' '*.cpp' | xargs -0 clang-format --dry-run -Werror; }
 clang_build() { cmake --preset linux-clang -DVERDANTH_BENCH=ON >/dev/null && cmake --build --preset linux-clang; }
-tidy() { run-clang-tidy -quiet -p build/linux-clang "$PWD/(platform|cape|properties|packages|material|commands|gateway|reference|tests|bench|demo)/"; }
+tidy() { run-clang-tidy -quiet -p build/linux-clang "$PWD/(platform|cape|properties|packages|material|commands|gateway|reference|host|tests|bench|demo)/"; }
 functions_of_toolbox() { python3 -B tests/toolbox/lint/lint.py octave-cli; }
 shell_scripts() { git ls-files -z '*.sh' .ci/run | xargs -0 shellcheck; }
 
