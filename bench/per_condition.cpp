@@ -6,7 +6,7 @@
 #include "bench/support/bench_package.h"
 #include "bench/support/floor_material.h"
 #include "bench/support/library.h"
-#include "cape/bstr.h"
+#include "cape/com/bstr.h"
 
 #include <benchmark/benchmark.h>
 

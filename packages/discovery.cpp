@@ -1,6 +1,6 @@
 #include "packages/discovery.h"
 
-#include "gateway/global_lists.h"
+#include "gateway/state/global_lists.h"
 #include "packages/registry_key.h"
 
 #include <memory>

@@ -1,7 +1,7 @@
 #include "relay/registration.h"
 
-#include "cape/com_pointer.h"
-#include "cape/relay_interface.h"
+#include "cape/com/com_pointer.h"
+#include "cape/com/relay_interface.h"
 #include "relay/program_file.h"
 #include "relay/registry_entries.h"
 

@@ -1,6 +1,6 @@
 #include "relay/relay_object.h"
 
-#include "cape/com_pointer.h"
+#include "cape/com/com_pointer.h"
 #include "relay/process_life.h"
 
 Relay::Relay() { HoldProcess(); }

@@ -1,8 +1,8 @@
 // The object that clients hold, and what makes it.
 #pragma once
 
-#include "cape/com_object.h"
-#include "cape/relay_interface.h"
+#include "cape/com/com_object.h"
+#include "cape/com/relay_interface.h"
 
 // Each keeps the process: when the last is gone, `lastReleased` of it is called. Lives in the apartment of the main
 // thread, as most 32-bit components want to.

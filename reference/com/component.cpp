@@ -1,6 +1,6 @@
 #include "reference/com/component.h"
 
-#include "cape/com_pointer.h"
+#include "cape/com/com_pointer.h"
 
 #include <utility>
 

@@ -2,7 +2,7 @@
 // description of its last failure.
 #pragma once
 
-#include "cape/cape_open.h"
+#include "cape/com/cape_open.h"
 #include "reference/com/automation.h"
 #include "reference/com/errors.h"
 

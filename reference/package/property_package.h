@@ -1,7 +1,7 @@
 // A CAPE-OPEN 1.1 property package over the engine.
 #pragma once
 
-#include "cape/com_pointer.h"
+#include "cape/com/com_pointer.h"
 #include "reference/com/component.h"
 #include "reference/engine/flash.h"
 #include "reference/engine/phase_point.h"

@@ -1,7 +1,7 @@
 // The functions that the library exports.
 #include "reference/server/registration.h"
 
-#include "cape/com_pointer.h"
+#include "cape/com/com_pointer.h"
 
 namespace reference {
 

@@ -2,7 +2,7 @@
 // which.
 #include "reference/com/component.h"
 
-#include "cape/com_pointer.h"
+#include "cape/com/com_pointer.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // The relay by itself: its registration, what it makes, and how long it lives.
-#include "cape/bstr.h"
-#include "cape/cape_open.h"
-#include "cape/com_pointer.h"
-#include "cape/relay_interface.h"
+#include "cape/com/bstr.h"
+#include "cape/com/cape_open.h"
+#include "cape/com/com_pointer.h"
+#include "cape/com/relay_interface.h"
 #include "tests/relay/installation.h"
 
 #include <gtest/gtest.h>
