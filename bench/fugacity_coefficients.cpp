@@ -55,6 +55,7 @@ void fugacityCoefficients(benchmark::State &state, EquationOfState equation, Ext
     const MixtureModel model = naturalGas(equation);
     const std::vector<Conditions> list = conditions();
     std::vector<Isotherm> isotherms;
+    isotherms.reserve(list.size());
     for (const Conditions &each : list)
         isotherms.emplace_back(model, each.temperature);
     PhaseState phase;
