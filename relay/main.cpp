@@ -16,16 +16,21 @@
 
 namespace {
 
+constexpr DWORD idleMilliseconds = 500;    // for who comes back at once: to start a process takes longer
+constexpr DWORD closedMilliseconds = 1000; // by then a call of who came in has arrived
+
 HRESULT serve()
 {
     StartProcessLife();
     ClassObject classObject;
     if (FAILED(classObject.registration()))
         return classObject.registration();
-    LiveUntilReleased();
+    do
+        LiveUntilReleased();
+    while (!StaysReleased(idleMilliseconds));
     classObject.close();
-    // Somebody may have come in while the door was being shut, and is served to the end.
-    while (!NobodyIsLeft())
+    // Who came in before the door was shut may not have got through to the main thread yet, and is served to the end.
+    while (!StaysReleased(closedMilliseconds))
         LiveUntilReleased();
     return S_OK;
 }

@@ -19,6 +19,6 @@ inline constexpr DWORD unknownClient = 0; // nobody can tell when it dies, so it
 // ever came.
 void LiveUntilReleased();
 
-// Whether there is nothing to live for. Once LiveUntilReleased has returned and no new clients can come, this tells
-// whether one came in between.
-bool NobodyIsLeft();
+// Goes on handling messages for a while after that, and tells whether nobody came to hold the process again; returns at
+// once when somebody does.
+bool StaysReleased(DWORD milliseconds);

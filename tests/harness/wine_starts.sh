@@ -10,8 +10,8 @@ personality=$("$1" /bin/cat /proc/self/personality)
     exit 1
 }
 
-# A heap of 40 MB from the beginning is what one in 26 starts would fail with if it lay at random; fixed, it ends 8 MB
-# below the page that must be free.
+# With a heap of 40 MB one start in 26 would fail if the heap lay anywhere; begun where it has to, it ends 7 MB below the
+# page that must be free.
 export GLIBC_TUNABLES=glibc.malloc.top_pad=41943040
 for start in $(seq 50); do
     "$@" || {
