@@ -10,6 +10,7 @@ help:
 	@echo "make check-dist  whether what ships has the same bytes when it is made again"
 	@echo "make format   lays out the sources with clang-format"
 	@echo "make lint     layout, clang++, clang-tidy, shellcheck, .m files, the rules of the house"
+	@echo "make lint-all the same, clang-tidy over what was clean the last time, too"
 	@echo "make clean    removes build/ and dist/"
 	@echo
 	@echo "demo and test first install what this machine lacks (Debian, Ubuntu)."
@@ -50,8 +51,12 @@ lint:
 	@scripts/bootstrap.sh lint bench
 	@scripts/lint.sh
 
+lint-all:
+	@scripts/bootstrap.sh lint bench
+	@scripts/lint.sh --all
+
 clean:
 	@[ ! -d build/wine ] || scripts/wine.sh --kill
 	@rm -rf build dist
 
-.PHONY: help demo test bench coverage plots dist check-dist format lint clean
+.PHONY: help demo test bench coverage plots dist check-dist format lint lint-all clean

@@ -1,7 +1,8 @@
 // What the engine of the reference packages takes for the fugacity coefficients of a natural gas of
 // ten compounds: given what depends on temperature alone, with it, and for all their derivatives.
 #include "bench/support/allocations.h"
-#include "reference/engine/phase_state.h"
+#include "reference/engine/phase/phase_evaluation.h"
+#include "reference/engine/phase/phase_state.h"
 
 #include <benchmark/benchmark.h>
 
@@ -54,6 +55,7 @@ void fugacityCoefficients(benchmark::State &state, EquationOfState equation, Ext
     const MixtureModel model = naturalGas(equation);
     const std::vector<Conditions> list = conditions();
     std::vector<Isotherm> isotherms;
+    isotherms.reserve(list.size());
     for (const Conditions &each : list)
         isotherms.emplace_back(model, each.temperature);
     PhaseState phase;

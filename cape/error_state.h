@@ -3,8 +3,8 @@
 // refusal only, never cleared by a later success.
 #pragma once
 
-#include "cape/cape_open.h"
-#include "cape/com_object.h"
+#include "cape/com/cape_open.h"
+#include "cape/com/com_object.h"
 #include "platform/platform.h"
 
 class ErrorReporting : public DualInterface<ECapeRoot, LIBID_CAPEOPEN110>,

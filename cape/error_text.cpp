@@ -1,8 +1,8 @@
 #include "cape/error_text.h"
 
-#include "cape/bstr.h"
-#include "cape/cape_open_errors.h"
-#include "cape/com_pointer.h"
+#include "cape/com/bstr.h"
+#include "cape/com/cape_open_errors.h"
+#include "cape/com/com_pointer.h"
 
 #include <memory>
 #include <new>

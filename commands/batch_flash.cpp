@@ -1,18 +1,17 @@
 // Command 25: a flash for each row of a table, with results of each row. The one command that goes
 // on after a failed calculation.
+#include "cape/error_text.h"
 #include "commands/calculation_commands.h"
 #include "commands/command_scratch.h"
 #include "commands/condition_arguments.h"
-#include "commands/failure_text.h"
 #include "commands/flash_constraint.h"
 #include "commands/name_argument.h"
 #include "commands/post_flash.h"
 #include "commands/results.h"
-#include "gateway/global_lists.h"
-#include "gateway/handle_argument.h"
-#include "gateway/settings.h"
-#include "gateway/warning.h"
-#include "material/ensure_material.h"
+#include "gateway/call/failure_text.h"
+#include "gateway/state/global_lists.h"
+#include "gateway/state/settings.h"
+#include "gateway/state/warning.h"
 
 #include <algorithm>
 
@@ -38,8 +37,7 @@ constexpr ConditionMessages value2Messages = {"Expected column vector for value 
 Verdict readConstraintValues(const mxArray *argument, const ConditionMessages &messages, std::size_t index,
                              FlashTable &table, ConditionValues &values)
 {
-    const Verdict verdict = ReadConditions(argument, 1, messages, index, values);
-    if (!verdict.isDone())
+    if (Verdict verdict = ReadConditions(argument, 1, messages, index, values); !verdict.isDone())
         return verdict;
     if (!CombineConditions(table.count, values))
         return Verdict::refuse("Inconsistent number of rows for compositions and constraint values");
@@ -49,13 +47,13 @@ Verdict readConstraintValues(const mxArray *argument, const ConditionMessages &m
 Verdict readTable(const mxArray *const *arguments, std::int32_t compounds, FlashTable &table)
 {
     HandleList.resize(3);
-    Verdict verdict =
-        ReadConditions(arguments[2], static_cast<std::size_t>(compounds), compositionMessages, 0, table.compositions);
-    if (!verdict.isDone())
+    if (Verdict verdict = ReadConditions(arguments[2], static_cast<std::size_t>(compounds), compositionMessages, 0,
+                                         table.compositions);
+        !verdict.isDone())
         return verdict;
     table.count = table.compositions.rows;
-    verdict = readConstraintValues(arguments[4], value1Messages, 1, table, table.values1);
-    if (!verdict.isDone())
+    if (Verdict verdict = readConstraintValues(arguments[4], value1Messages, 1, table, table.values1);
+        !verdict.isDone())
         return verdict;
     return readConstraintValues(arguments[6], value2Messages, 2, table, table.values2);
 }
@@ -65,8 +63,7 @@ Verdict parseResultNames()
     std::vector<ParsedProperty> &properties = CommandScratch.parsedProperties;
     properties.resize(NameList.size());
     for (std::size_t i = 0; i < NameList.size(); ++i) {
-        const Verdict verdict = ReadFlashResult(NameList[i], properties[i]);
-        if (!verdict.isDone())
+        if (Verdict verdict = ReadFlashResult(NameList[i], properties[i]); !verdict.isDone())
             return verdict;
     }
     return Verdict::done();
@@ -75,14 +72,12 @@ Verdict parseResultNames()
 Verdict readConstraints(const mxArray *const *arguments, OpenPackage &package, std::int32_t vaporPhase)
 {
     CommandContainers &scratch = CommandScratch;
-    EnsureSpecification(scratch.flashSpecification1);
-    EnsureSpecification(scratch.flashSpecification2);
-    const Verdict verdict = ReadConstraint(arguments[3], "Expected string value for property 1", package, vaporPhase,
-                                           scratch.flashSpecification1, scratch.constraintSlot1);
-    if (!verdict.isDone())
+    EnsureSpecifications();
+    if (Verdict verdict =
+            ReadConstraint(arguments, FlashConstraint::First, package, vaporPhase, scratch.constraintSlot1);
+        !verdict.isDone())
         return verdict;
-    return ReadConstraint(arguments[5], "Expected string value for property 2", package, vaporPhase,
-                          scratch.flashSpecification2, scratch.constraintSlot2);
+    return ReadConstraint(arguments, FlashConstraint::Second, package, vaporPhase, scratch.constraintSlot2);
 }
 
 // The names that the package has to calculate after a flash.
@@ -169,12 +164,8 @@ private:
             column[c] = QuietNaN;
         if (!GlobalSettings.showWarnings)
             return;
-        ScratchText = OLESTR("Flash failed at ");
-        AppendNumber(ScratchText, table.values1.at(c));
-        ScratchText += OLESTR(", ");
-        AppendNumber(ScratchText, table.values2.at(c));
-        ScratchText += OLESTR(": ");
-        ScratchText += CapeErrorText(package.equilibriumRoutine, hr);
+        ScratchText = OLESTR("Flash failed at ") + NumberText(table.values1.at(c)) + OLESTR(", ") +
+                      NumberText(table.values2.at(c)) + OLESTR(": ") + CapeErrorText(package.equilibriumRoutine, hr);
         Warn(ScratchText.c_str());
     }
 
@@ -189,10 +180,8 @@ private:
             if (SUCCEEDED(hr))
                 continue;
             if (GlobalSettings.showWarnings) {
-                ScratchText = OLESTR("Failed to calculate post-flash ");
-                ScratchText += package.phaseLabels[p];
-                ScratchText += OLESTR(" properties: ");
-                ScratchText += CapeErrorText(package.propertyRoutine, hr);
+                ScratchText = OLESTR("Failed to calculate post-flash ") + package.phaseLabels[p] +
+                              OLESTR(" properties: ") + CapeErrorText(package.propertyRoutine, hr);
                 Warn(ScratchText.c_str());
             }
             return;
@@ -202,8 +191,8 @@ private:
     Verdict storeResults(std::int32_t c)
     {
         for (std::size_t i = 0; i < NameList.size(); ++i) {
-            const Verdict verdict = FlashResult(material, lookups, i, vaporPhase, CommandScratch.resultData[i][c]);
-            if (!verdict.isDone())
+            if (Verdict verdict = FlashResult(material, lookups, i, vaporPhase, CommandScratch.resultData[i][c]);
+                !verdict.isDone())
                 return verdict;
         }
         return Verdict::done();
@@ -223,39 +212,30 @@ Verdict BatchFlashCommand(const CommandCall &call)
 {
     const mxArray *const *arguments = call.arguments;
     OpenPackage *package = nullptr;
-    Verdict verdict = ReadPackage(arguments[1], package);
-    if (!verdict.isDone())
+    if (Verdict verdict = OpenFlash(arguments, package); !verdict.isDone())
         return verdict;
-    if (!EnsureMaterial(*package))
-        return Verdict::failed();
     FlashTable table;
-    verdict = readTable(arguments, package->material->compoundCount(), table);
-    if (!verdict.isDone())
+    if (Verdict verdict = readTable(arguments, package->material->compoundCount(), table); !verdict.isDone())
         return verdict;
-    verdict = ReadNames(arguments[9], arguments[8]);
-    if (!verdict.isDone())
+    if (Verdict verdict = ReadNames(arguments[9], arguments[8]); !verdict.isDone())
         return verdict;
     if (!EnsureEquilibriumRoutine(*package) || !EnsurePropertyRoutine(*package))
         return Verdict::failed();
-    verdict = parseResultNames();
-    if (!verdict.isDone())
+    if (Verdict verdict = parseResultNames(); !verdict.isDone())
         return verdict;
     const std::int32_t vaporPhase = FindVaporPhase(*package);
-    verdict = readConstraints(arguments, *package, vaporPhase);
-    if (!verdict.isDone())
+    if (Verdict verdict = readConstraints(arguments, *package, vaporPhase); !verdict.isDone())
         return verdict;
     buildPostFlashNames();
     call.results[0] = CreateResultCell(NameList.size());
     prepareResults(call.results[0], table.count);
-    verdict = ReadSolutionType(arguments[7]);
-    if (!verdict.isDone())
+    if (Verdict verdict = ReadSolutionType(arguments[7]); !verdict.isDone())
         return verdict;
 
     takePhaseLabels(package->phaseLabelList);
     Batch batch(*package, table, vaporPhase);
     for (std::int32_t c = 0; c < table.count; ++c) {
-        verdict = batch.runRow(c);
-        if (!verdict.isDone())
+        if (Verdict verdict = batch.runRow(c); !verdict.isDone())
             return verdict;
     }
     return Verdict::done();

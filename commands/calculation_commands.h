@@ -1,7 +1,7 @@
 // The bodies of the calculation commands.
 #pragma once
 
-#include "gateway/command.h"
+#include "gateway/call/command.h"
 
 // 20 and 21: number of wrapper outputs; handle; names; temperatures, K, or pressures, Pa, column.
 // Result: cell n-by-1 of double matrices, conditions-by-compounds.

@@ -3,7 +3,7 @@
 // here can't be lost when a call is left without destructors.
 #pragma once
 
-#include "cape/bstr.h"
+#include "cape/com/bstr.h"
 #include "cape/variant_array.h"
 #include "commands/flash_constraint.h"
 #include "properties/property_name.h"

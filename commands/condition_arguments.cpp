@@ -1,7 +1,7 @@
 #include "commands/condition_arguments.h"
 
-#include "gateway/global_lists.h"
-#include "gateway/marshalling.h"
+#include "gateway/call/marshalling.h"
+#include "gateway/state/global_lists.h"
 
 const ConditionMessages temperatureMessages = {"Expected column array for temperatures",
                                                "Expected double precision vector for temperatures",

@@ -2,7 +2,7 @@
 // one row applies to all conditions.
 #pragma once
 
-#include "gateway/verdict.h"
+#include "gateway/call/verdict.h"
 #include "platform/matlab/matlab.h"
 
 #include <cstdint>

@@ -1,11 +1,13 @@
 #include "commands/flash_constraint.h"
 
-#include "cape/bstr.h"
+#include "cape/com/bstr.h"
 #include "cape/same_name.h"
 #include "commands/command_scratch.h"
-#include "commands/failure_text.h"
-#include "gateway/marshalling.h"
-#include "gateway/settings.h"
+#include "gateway/call/failure_text.h"
+#include "gateway/call/marshalling.h"
+#include "gateway/state/settings.h"
+#include "material/ensure_material.h"
+#include "packages/handle_argument.h"
 
 namespace {
 
@@ -78,10 +80,10 @@ bool ParseFlashProperty(LPCWSTR name, ParsedProperty &property)
 Verdict ReadSolutionType(const mxArray *argument)
 {
     StringArg text;
-    const Verdict verdict = text.read(argument, "Expected string value for solution type");
-    if (verdict.isDone())
-        CommandScratch.solutionTypeArgument.assign(text.get());
-    return verdict;
+    if (Verdict verdict = text.read(argument, "Expected string value for solution type"); !verdict.isDone())
+        return verdict;
+    CommandScratch.solutionTypeArgument.assign(text.get());
+    return Verdict::done();
 }
 
 std::int32_t FindVaporPhase(const OpenPackage &package)
@@ -92,19 +94,30 @@ std::int32_t FindVaporPhase(const OpenPackage &package)
     return -1;
 }
 
-void EnsureSpecification(VariantArray &specification)
+void EnsureSpecifications()
 {
-    if (specification.count == 0)
-        specification.Create(3, VT_BSTR);
+    for (VariantArray *specification : {&CommandScratch.flashSpecification1, &CommandScratch.flashSpecification2})
+        if (specification->count == 0)
+            specification->Create(3, VT_BSTR);
 }
 
-Verdict ReadConstraint(const mxArray *argument, const char *notString, OpenPackage &package, std::int32_t vaporPhase,
-                       VariantArray &specification, ConstraintSlot &slot)
+Verdict OpenFlash(const mxArray *const *arguments, OpenPackage *&package)
 {
+    if (Verdict verdict = ReadPackage(arguments[1], package); !verdict.isDone())
+        return verdict;
+    return Verdict::of(EnsureMaterial(*package));
+}
+
+Verdict ReadConstraint(const mxArray *const *arguments, FlashConstraint constraint, OpenPackage &package,
+                       std::int32_t vaporPhase, ConstraintSlot &slot)
+{
+    const bool isFirst = constraint == FlashConstraint::First;
+    VariantArray &specification = isFirst ? CommandScratch.flashSpecification1 : CommandScratch.flashSpecification2;
     slot = ConstraintSlot();
     StringArg name;
-    const Verdict verdict = name.read(argument, notString);
-    if (!verdict.isDone())
+    if (Verdict verdict = name.read(arguments[isFirst ? 3 : 5], isFirst ? "Expected string value for property 1"
+                                                                        : "Expected string value for property 2");
+        !verdict.isDone())
         return verdict;
     CMaterialObject &material = *package.material;
     // Packages get these two in one spelling, whatever the script wrote.

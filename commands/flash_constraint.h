@@ -3,7 +3,7 @@
 #pragma once
 
 #include "cape/variant_array.h"
-#include "gateway/verdict.h"
+#include "gateway/call/verdict.h"
 #include "material/material_object.h"
 #include "platform/matlab/matlab.h"
 #include "properties/property_name.h"
@@ -13,8 +13,8 @@
 // Index of the package's first phase whose state of aggregation is vapor; -1 when it has none.
 std::int32_t FindVaporPhase(const OpenPackage &package);
 
-// Makes the array that tells the package of a constraint, when it is not made yet, with three empty strings.
-void EnsureSpecification(VariantArray &specification);
+// Makes the arrays that tell the package of the constraints, when they are not made yet, with three empty strings each.
+void EnsureSpecifications();
 
 // Where in the material the value of a constraint goes.
 struct ConstraintSlot {
@@ -26,11 +26,17 @@ struct ConstraintSlot {
     void write(CMaterialObject &material, double value) const;
 };
 
-// Reads the property of a constraint, writes property, basis and phase into `specification`,
-// makes the entry of the material that the value needs and finds the slot of the value. Refuses
-// what can't be specified.
-Verdict ReadConstraint(const mxArray *argument, const char *notString, OpenPackage &package, std::int32_t vaporPhase,
-                       VariantArray &specification, ConstraintSlot &slot);
+// Opens a flash, whose arguments begin with the handle: a package with its material.
+Verdict OpenFlash(const mxArray *const *arguments, OpenPackage *&package);
+
+// The two constraints of a flash.
+enum class FlashConstraint { First, Second };
+
+// Reads the property of a constraint from the arguments of a flash, writes property, basis and phase into its
+// specification, makes the entry of the material that the value needs and finds the slot of the value. Refuses what
+// can't be specified.
+Verdict ReadConstraint(const mxArray *const *arguments, FlashConstraint constraint, OpenPackage &package,
+                       std::int32_t vaporPhase, ConstraintSlot &slot);
 
 // The solution type, which is the package's to judge, into solutionTypeArgument.
 Verdict ReadSolutionType(const mxArray *argument);

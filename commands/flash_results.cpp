@@ -1,8 +1,8 @@
 #include "commands/flash_results.h"
 
-#include "commands/failure_text.h"
-#include "gateway/global_lists.h"
-#include "gateway/settings.h"
+#include "gateway/call/failure_text.h"
+#include "gateway/state/global_lists.h"
+#include "gateway/state/settings.h"
 #include "properties/basis_conversion.h"
 
 namespace {
@@ -17,19 +17,15 @@ const double *compositionInDefaultBasis(const CMaterialObject &material, std::in
     if (storedPerMass == wantedPerMass)
         return stored;
     double *converted = material.conversionScratch.get();
-    const bool success = wantedPerMass ? MoleToMassFractions(material, stored, converted, ScratchText)
-                                       : MassToMoleFractions(material, stored, converted, ScratchText);
-    return success ? converted : nullptr;
+    const auto convert = wantedPerMass ? MoleToMassFractions : MassToMoleFractions;
+    return convert(material.openPackage->molecularWeights, stored, converted, ScratchText) ? converted : nullptr;
 }
 
 Verdict molecularWeightOfPhase(const CMaterialObject &material, std::int32_t phase, double &weight)
 {
-    const double *moleFractions = material.phaseComposition[phase].get();
-    if (material.phaseCompositionBasis[phase] != 0) {
-        if (!MassToMoleFractions(material, moleFractions, material.conversionScratch.get(), ScratchText))
-            return FailWith(OLESTR("Basis conversion error: "), ScratchText);
-        moleFractions = material.conversionScratch.get();
-    }
+    const double *moleFractions = MoleFractionsOf(material.compositionOf(phase), ScratchText);
+    if (!moleFractions)
+        return FailWith(OLESTR("Basis conversion error: "), ScratchText);
     weight = 0;
     for (std::int32_t j = 0; j < material.compoundCount(); ++j) {
         const double compoundWeight = material.openPackage->molecularWeights[j];
@@ -48,8 +44,7 @@ Verdict convertFractions(const CMaterialObject &material, bool toMole, double *f
     double total = 0;
     for (std::size_t r = 0; r < HandleList.size(); ++r) {
         double weight = 0;
-        const Verdict verdict = molecularWeightOfPhase(material, HandleList[r], weight);
-        if (!verdict.isDone())
+        if (Verdict verdict = molecularWeightOfPhase(material, HandleList[r], weight); !verdict.isDone())
             return verdict;
         if (toMole && weight == 0)
             return Verdict::refuse("Phase molecular weight is zero; unable to perform basis conversion");

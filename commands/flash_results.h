@@ -1,7 +1,7 @@
 // What a flash left in the material, brought to the default basis.
 #pragma once
 
-#include "gateway/verdict.h"
+#include "gateway/call/verdict.h"
 #include "material/material_object.h"
 
 #include <cstdint>

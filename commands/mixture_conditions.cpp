@@ -1,33 +1,44 @@
 #include "commands/mixture_conditions.h"
 
-#include "commands/failure_text.h"
+#include "cape/error_text.h"
+#include "commands/name_argument.h"
+#include "gateway/call/failure_text.h"
+#include "gateway/state/global_lists.h"
+#include "material/ensure_material.h"
+#include "packages/handle_argument.h"
 
 Verdict ReadFurtherCompositions(const mxArray *argument, std::int32_t compounds, const ConditionMessages &messages,
                                 std::size_t index, std::int32_t &count, ConditionValues &compositions)
 {
-    const Verdict verdict =
-        ReadConditions(argument, static_cast<std::size_t>(compounds), messages, index, compositions);
-    if (!verdict.isDone())
+    if (Verdict verdict = ReadConditions(argument, static_cast<std::size_t>(compounds), messages, index, compositions);
+        !verdict.isDone())
         return verdict;
     if (!CombineConditions(count, compositions))
         return Verdict::refuse("Inconsistent number of temperatures, pressures and compositions");
     return Verdict::done();
 }
 
-Verdict ReadMixtureConditions(const mxArray *const *arguments, std::int32_t compounds,
-                              const ConditionMessages &compositionMessages, MixtureConditions &conditions)
+Verdict OpenMixtureCalculation(const mxArray *const *arguments, std::size_t rowCounts,
+                               const ConditionMessages &compositionMessages, OpenPackage *&package,
+                               MixtureConditions &conditions)
 {
-    Verdict verdict = ReadConditions(arguments[0], 1, temperatureMessages, 0, conditions.temperatures);
-    if (!verdict.isDone())
+    if (Verdict verdict = ReadPackage(arguments[2], package); !verdict.isDone())
+        return verdict;
+    if (Verdict verdict = ReadNames(arguments[3], arguments[1]); !verdict.isDone())
+        return verdict;
+    HandleList.resize(rowCounts);
+    if (!EnsureMaterial(*package))
+        return Verdict::failed();
+    if (Verdict verdict = ReadConditions(arguments[4], 1, temperatureMessages, 0, conditions.temperatures);
+        !verdict.isDone())
         return verdict;
     conditions.count = conditions.temperatures.rows;
-    verdict = ReadConditions(arguments[1], 1, pressureMessages, 1, conditions.pressures);
-    if (!verdict.isDone())
+    if (Verdict verdict = ReadConditions(arguments[5], 1, pressureMessages, 1, conditions.pressures); !verdict.isDone())
         return verdict;
     if (!CombineConditions(conditions.count, conditions.pressures))
         return Verdict::refuse("Inconsistent number of temperatures and pressures");
-    return ReadFurtherCompositions(arguments[2], compounds, compositionMessages, 2, conditions.count,
-                                   conditions.compositions);
+    return ReadFurtherCompositions(arguments[6], package->material->compoundCount(), compositionMessages, 2,
+                                   conditions.count, conditions.compositions);
 }
 
 void SetPhaseConditions(CMaterialObject &material, const MixtureConditions &conditions, std::int32_t phase,
@@ -41,13 +52,9 @@ void SetPhaseConditions(CMaterialObject &material, const MixtureConditions &cond
 namespace {
 
 // A condition is only told when more than one was given.
-void appendCondition(const ConditionValues &values, std::int32_t c, LPCWSTR unit)
+WideString conditionText(const ConditionValues &values, std::int32_t c, LPCWSTR unit)
 {
-    if (values.rows < 2)
-        return;
-    LastError += OLESTR(", at ");
-    AppendNumber(LastError, values.at(c));
-    LastError += unit;
+    return values.rows < 2 ? WideString() : OLESTR(", at ") + NumberText(values.at(c)) + unit;
 }
 
 } // namespace
@@ -55,10 +62,6 @@ void appendCondition(const ConditionValues &values, std::int32_t c, LPCWSTR unit
 Verdict CalculationFailure(LPCWSTR what, const MixtureConditions &conditions, std::int32_t c, IUnknown *failed,
                            HRESULT hr)
 {
-    LastError = what;
-    appendCondition(conditions.pressures, c, OLESTR(" Pa"));
-    appendCondition(conditions.temperatures, c, OLESTR(" K"));
-    LastError += OLESTR(": ");
-    LastError += CapeErrorText(failed, hr);
-    return Verdict::failed();
+    return FailWith(what, conditionText(conditions.pressures, c, OLESTR(" Pa")),
+                    conditionText(conditions.temperatures, c, OLESTR(" K")), OLESTR(": "), CapeErrorText(failed, hr));
 }

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "commands/condition_arguments.h"
-#include "gateway/verdict.h"
+#include "gateway/call/verdict.h"
 #include "material/material_object.h"
 #include "platform/matlab/matlab.h"
 
@@ -14,9 +14,12 @@ struct MixtureConditions {
     std::int32_t count = 0;
 };
 
-// Reads three arguments in a row into the first three entries of HandleList.
-Verdict ReadMixtureConditions(const mxArray *const *arguments, std::int32_t compounds,
-                              const ConditionMessages &compositionMessages, MixtureConditions &conditions);
+// Opens a calculation, whose arguments begin with the number of outputs, the handle, the names, temperatures, pressures
+// and compositions: names into NameList, a package with its material, conditions. HandleList gets `rowCounts` entries,
+// of which the conditions fill the first three.
+Verdict OpenMixtureCalculation(const mxArray *const *arguments, std::size_t rowCounts,
+                               const ConditionMessages &compositionMessages, OpenPackage *&package,
+                               MixtureConditions &conditions);
 
 // Reads compositions that must go together with `count` conditions, or make that many of one.
 Verdict ReadFurtherCompositions(const mxArray *argument, std::int32_t compounds, const ConditionMessages &messages,

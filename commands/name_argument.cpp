@@ -1,8 +1,8 @@
 #include "commands/name_argument.h"
 
-#include "cape/bstr.h"
-#include "gateway/global_lists.h"
-#include "gateway/marshalling.h"
+#include "cape/com/bstr.h"
+#include "gateway/call/marshalling.h"
+#include "gateway/state/global_lists.h"
 
 #include <cstdint>
 

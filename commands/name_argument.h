@@ -1,7 +1,7 @@
 // What every command that takes property names does with them.
 #pragma once
 
-#include "gateway/verdict.h"
+#include "gateway/call/verdict.h"
 #include "platform/matlab/matlab.h"
 
 // Reads the names into NameList and cuts the list to the number of outputs that the calling script

@@ -1,13 +1,12 @@
 #include "commands/phase_argument.h"
 
-#include "gateway/marshalling.h"
+#include "gateway/call/marshalling.h"
 
 Verdict ReadPhase(const mxArray *argument, const PhaseMessages &messages, const CMaterialObject &material, Bstr &label,
                   std::int32_t &phase)
 {
     StringArg text;
-    const Verdict verdict = text.read(argument, messages.notString);
-    if (!verdict.isDone())
+    if (Verdict verdict = text.read(argument, messages.notString); !verdict.isDone())
         return verdict;
     label.assign(text.get());
     phase = material.PhaseIndex(label.get());

@@ -1,8 +1,8 @@
 // A phase label given by the user.
 #pragma once
 
-#include "cape/bstr.h"
-#include "gateway/verdict.h"
+#include "cape/com/bstr.h"
+#include "gateway/call/verdict.h"
 #include "material/material_object.h"
 #include "platform/matlab/matlab.h"
 

@@ -2,11 +2,11 @@
 
 #include "cape/same_name.h"
 #include "commands/command_scratch.h"
-#include "commands/failure_text.h"
 #include "commands/flash_constraint.h"
-#include "gateway/global_lists.h"
-#include "gateway/settings.h"
-#include "gateway/warning.h"
+#include "gateway/call/failure_text.h"
+#include "gateway/state/global_lists.h"
+#include "gateway/state/settings.h"
+#include "gateway/state/warning.h"
 #include "properties/basis_conversion.h"
 #include "properties/chain_rule.h"
 
@@ -37,9 +37,8 @@ Verdict vaporFraction(const CMaterialObject &material, std::int32_t vaporPhase, 
         value = stored;
         return Verdict::done();
     }
-    const bool converted = defaultIsMass() ? MoleToMassPhaseFraction(material, vaporPhase, stored, value, ScratchText)
-                                           : MassToMolePhaseFraction(material, vaporPhase, stored, value, ScratchText);
-    if (!converted) {
+    const auto convert = defaultIsMass() ? MoleToMassPhaseFraction : MassToMolePhaseFraction;
+    if (!convert(material.phaseAmounts(), vaporPhase, stored, value, ScratchText)) {
         value = QuietNaN;
         Warn(ScratchText.c_str());
     }
@@ -47,11 +46,9 @@ Verdict vaporFraction(const CMaterialObject &material, std::int32_t vaporPhase, 
 }
 
 // Brings one value to the other basis, in place; power 0 leaves it.
-Verdict convertValue(const CMaterialObject &material, std::int32_t power, const double *composition,
-                     std::int32_t compositionBasis, double &value)
+Verdict convertValue(const MixtureComposition &composition, std::int32_t power, double &value)
 {
-    if (power == 0 ||
-        ChainRuleConvert(material, &value, &value, 1, power, composition, compositionBasis, ScratchText, 1, 0))
+    if (power == 0 || ChainRuleConvert(composition, &value, &value, 1, power, ScratchText, 1, 0))
         return Verdict::done();
     return FailWith(OLESTR("CAPE-OPEN: "), ScratchText);
 }
@@ -87,14 +84,12 @@ Verdict PostFlashAverage(const CMaterialObject &material, std::vector<StoredLook
             return Verdict::refuse("Property not set after post-flash property calculation");
         double phaseValue = stored->values[0];
         const std::int32_t power = ConversionPower(basisPower, (stored->basis & 1) != 0, fractionsPerMass);
-        const Verdict verdict = convertValue(material, power, material.phaseComposition[p].get(),
-                                             material.phaseCompositionBasis[p], phaseValue);
-        if (!verdict.isDone())
+        if (Verdict verdict = convertValue(material.compositionOf(p), power, phaseValue); !verdict.isDone())
             return verdict;
         value += phaseValue * fraction;
     }
-    return convertValue(material, ConversionPower(basisPower, fractionsPerMass, defaultIsMass()),
-                        material.overallComposition.get(), material.overallCompositionBasis, value);
+    return convertValue(material.compositionOfOverall(), ConversionPower(basisPower, fractionsPerMass, defaultIsMass()),
+                        value);
 }
 
 } // namespace

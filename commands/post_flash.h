@@ -2,7 +2,7 @@
 #pragma once
 
 #include "commands/stored_lookup.h"
-#include "gateway/verdict.h"
+#include "gateway/call/verdict.h"
 #include "material/material_object.h"
 #include "properties/property_name.h"
 

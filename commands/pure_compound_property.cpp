@@ -1,15 +1,16 @@
 // Commands 20 and 21: properties of the pure compounds that depend on temperature or on pressure
 // alone. No material is involved: the package answers in the returned array.
+#include "cape/error_text.h"
 #include "cape/list_access.h"
 #include "commands/calculation_commands.h"
 #include "commands/command_scratch.h"
 #include "commands/condition_arguments.h"
-#include "commands/failure_text.h"
 #include "commands/name_argument.h"
 #include "commands/results.h"
-#include "gateway/global_lists.h"
-#include "gateway/handle_argument.h"
-#include "gateway/settings.h"
+#include "gateway/call/failure_text.h"
+#include "gateway/state/global_lists.h"
+#include "gateway/state/settings.h"
+#include "packages/handle_argument.h"
 #include "properties/chain_rule.h"
 
 namespace {
@@ -47,21 +48,9 @@ void parseForMassBasis(const PropertyTable &table)
             properties[i].basisPower = 0;
 }
 
-Verdict failAt(LPCWSTR beginning, const PureCompoundRow &row, LPCWSTR middle, double condition,
-               const WideString &detail)
-{
-    LastError = beginning;
-    LastError += row.method;
-    LastError += middle;
-    AppendNumber(LastError, condition);
-    LastError += row.unit;
-    LastError += detail;
-    return Verdict::failed();
-}
-
 Verdict invalidData(const PureCompoundRow &row, double condition, const WideString &detail)
 {
-    return failAt(OLESTR("Invalid data from "), row, OLESTR(" at "), condition, detail);
+    return FailWith(OLESTR("Invalid data from "), row.method, OLESTR(" at "), NumberText(condition), row.unit, detail);
 }
 
 // The values of one condition, all compounds of the first name, then all of the second, and so on,
@@ -72,7 +61,8 @@ Verdict fetchValues(OpenPackage &package, const PureCompoundRow &row, double con
     VariantInit(&values);
     const HRESULT hr = (package.compounds->*row.calculate)(NameArray.value, condition, EmptyVariant, &values);
     if (FAILED(hr))
-        return failAt(OLESTR(""), row, OLESTR(" failed at "), condition, CapeErrorText(package.compounds, hr));
+        return FailWith(row.method, OLESTR(" failed at "), NumberText(condition), row.unit,
+                        CapeErrorText(package.compounds, hr));
     ResultArray.Attach(values, 1);
     std::int32_t count = 0;
     if (!TakeDoubles(ResultArray.value, data, count, ScratchText))
@@ -94,7 +84,7 @@ Verdict storeValues(const OpenPackage &package, const double *value, std::int32_
         if (GlobalSettings.defaultBasis == 0)
             continue;
         const std::int32_t power = CommandScratch.parsedProperties[i].basisPower;
-        if (power != 0 && !ConvertCompoundValues(package, power, row, LastError, conditions))
+        if (power != 0 && !ConvertCompoundValues(package.molecularWeights, power, row, LastError, conditions))
             return Verdict::failed();
     }
     return Verdict::done();
@@ -103,16 +93,13 @@ Verdict storeValues(const OpenPackage &package, const double *value, std::int32_
 Verdict calculate(const CommandCall &call, const PureCompoundRow &row)
 {
     OpenPackage *package = nullptr;
-    Verdict verdict = ReadPackage(call.arguments[2], package);
-    if (!verdict.isDone())
+    if (Verdict verdict = ReadPackage(call.arguments[2], package); !verdict.isDone())
         return verdict;
-    verdict = ReadNames(call.arguments[3], call.arguments[1]);
-    if (!verdict.isDone())
+    if (Verdict verdict = ReadNames(call.arguments[3], call.arguments[1]); !verdict.isDone())
         return verdict;
     HandleList.resize(1);
     ConditionValues conditions;
-    verdict = ReadConditions(call.arguments[4], 1, *row.messages, 0, conditions);
-    if (!verdict.isDone())
+    if (Verdict verdict = ReadConditions(call.arguments[4], 1, *row.messages, 0, conditions); !verdict.isDone())
         return verdict;
     if (!EnsureCompounds(*package))
         return Verdict::failed();
@@ -124,11 +111,9 @@ Verdict calculate(const CommandCall &call, const PureCompoundRow &row)
     BuildNameArray();
     for (std::int32_t c = 0; c < conditions.rows; ++c) {
         const double *data = nullptr;
-        verdict = fetchValues(*package, row, conditions.at(c), data);
-        if (!verdict.isDone())
+        if (Verdict verdict = fetchValues(*package, row, conditions.at(c), data); !verdict.isDone())
             return verdict;
-        verdict = storeValues(*package, data, c, conditions.rows);
-        if (!verdict.isDone())
+        if (Verdict verdict = storeValues(*package, data, c, conditions.rows); !verdict.isDone())
             return verdict;
     }
     return Verdict::done();

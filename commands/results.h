@@ -1,7 +1,7 @@
 // The results of the commands that calculate properties: a cell with an array for each name.
 #pragma once
 
-#include "gateway/verdict.h"
+#include "gateway/call/verdict.h"
 #include "platform/matlab/matlab.h"
 #include "properties/property_map.h"
 

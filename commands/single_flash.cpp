@@ -1,14 +1,13 @@
 // Command 24: one phase equilibrium.
+#include "cape/error_text.h"
 #include "commands/calculation_commands.h"
 #include "commands/command_scratch.h"
-#include "commands/failure_text.h"
 #include "commands/flash_constraint.h"
 #include "commands/flash_results.h"
-#include "gateway/global_lists.h"
-#include "gateway/handle_argument.h"
-#include "gateway/marshalling.h"
-#include "gateway/settings.h"
-#include "material/ensure_material.h"
+#include "gateway/call/failure_text.h"
+#include "gateway/call/marshalling.h"
+#include "gateway/state/global_lists.h"
+#include "gateway/state/settings.h"
 
 #include <algorithm>
 
@@ -28,29 +27,31 @@ Verdict checkValues(const mxArray *argument, std::size_t count, const ValueMessa
 
 Verdict checkArguments(const mxArray *const *arguments, std::int32_t compounds)
 {
-    Verdict verdict = checkValues(arguments[2], static_cast<std::size_t>(compounds),
-                                  {"Invalid number of values for compositions: must match number of compounds",
-                                   "Expected double precision values for compositions"});
-    if (!verdict.isDone())
+    if (Verdict verdict = checkValues(arguments[2], static_cast<std::size_t>(compounds),
+                                      {"Invalid number of values for compositions: must match number of compounds",
+                                       "Expected double precision values for compositions"});
+        !verdict.isDone())
         return verdict;
-    verdict = checkValues(
-        arguments[4], 1,
-        {"Invalid number of values for value 1: scalar expected", "Expected double precision value for value 1"});
-    if (!verdict.isDone())
+    if (Verdict verdict = checkValues(
+            arguments[4], 1,
+            {"Invalid number of values for value 1: scalar expected", "Expected double precision value for value 1"});
+        !verdict.isDone())
         return verdict;
     return checkValues(
         arguments[6], 1,
         {"Invalid number of values for value 2: scalar expected", "Expected double precision value for value 2"});
 }
 
-Verdict setConstraint(const mxArray *property, const char *notString, const mxArray *value, OpenPackage &package,
-                      VariantArray &specification)
+// Reads constraint and value, and writes the value to the material.
+Verdict setConstraint(const mxArray *const *arguments, FlashConstraint constraint, const mxArray *value,
+                      OpenPackage &package)
 {
     ConstraintSlot slot;
-    const Verdict verdict = ReadConstraint(property, notString, package, FindVaporPhase(package), specification, slot);
-    if (verdict.isDone())
-        slot.write(*package.material, mxGetScalar(value));
-    return verdict;
+    if (Verdict verdict = ReadConstraint(arguments, constraint, package, FindVaporPhase(package), slot);
+        !verdict.isDone())
+        return verdict;
+    slot.write(*package.material, mxGetScalar(value));
+    return Verdict::done();
 }
 
 // Everything in front of the package's calculation.
@@ -61,16 +62,10 @@ Verdict prepareFlash(const mxArray *const *arguments, OpenPackage &package)
     std::copy_n(mxGetPr(arguments[2]), material.compoundCount(), material.overallComposition.get());
     material.overallCompositionBasis = GlobalSettings.defaultBasis;
 
-    CommandContainers &scratch = CommandScratch;
-    EnsureSpecification(scratch.flashSpecification1);
-    EnsureSpecification(scratch.flashSpecification2);
-    Verdict verdict = setConstraint(arguments[3], "Expected string value for property 1", arguments[4], package,
-                                    scratch.flashSpecification1);
-    if (!verdict.isDone())
+    EnsureSpecifications();
+    if (Verdict verdict = setConstraint(arguments, FlashConstraint::First, arguments[4], package); !verdict.isDone())
         return verdict;
-    verdict = setConstraint(arguments[5], "Expected string value for property 2", arguments[6], package,
-                            scratch.flashSpecification2);
-    if (!verdict.isDone())
+    if (Verdict verdict = setConstraint(arguments, FlashConstraint::Second, arguments[6], package); !verdict.isDone())
         return verdict;
     return ReadSolutionType(arguments[7]);
 }
@@ -87,8 +82,7 @@ Verdict putResults(const CMaterialObject &material, mxArray **results)
     results[4] = mxCreateDoubleMatrix_730(1, 1, mxREAL);
     for (std::size_t r = 0; r < rows; ++r)
         mxSetCell_730(results[0], r, CreateRowString(material.openPackage->phaseLabels[HandleList[r]]));
-    const Verdict verdict = ReadPhases(material, mxGetPr(results[1]), mxGetPr(results[2]));
-    if (!verdict.isDone())
+    if (Verdict verdict = ReadPhases(material, mxGetPr(results[1]), mxGetPr(results[2])); !verdict.isDone())
         return verdict;
     *mxGetPr(results[3]) = material.temperature;
     *mxGetPr(results[4]) = material.pressure;
@@ -101,18 +95,13 @@ Verdict SingleFlashCommand(const CommandCall &call)
 {
     const mxArray *const *arguments = call.arguments;
     OpenPackage *package = nullptr;
-    Verdict verdict = ReadPackage(arguments[1], package);
-    if (!verdict.isDone())
+    if (Verdict verdict = OpenFlash(arguments, package); !verdict.isDone())
         return verdict;
-    if (!EnsureMaterial(*package))
-        return Verdict::failed();
-    verdict = checkArguments(arguments, package->material->compoundCount());
-    if (!verdict.isDone())
+    if (Verdict verdict = checkArguments(arguments, package->material->compoundCount()); !verdict.isDone())
         return verdict;
     if (!EnsureEquilibriumRoutine(*package))
         return Verdict::failed();
-    verdict = prepareFlash(arguments, *package);
-    if (!verdict.isDone())
+    if (Verdict verdict = prepareFlash(arguments, *package); !verdict.isDone())
         return verdict;
     const CommandContainers &scratch = CommandScratch;
     const HRESULT hr = package->equilibriumRoutine->CalcEquilibrium(

@@ -1,16 +1,16 @@
 // Command 22: single-phase properties of one phase over a list of conditions.
 #include "commands/calculation_commands.h"
 #include "commands/command_scratch.h"
-#include "commands/failure_text.h"
 #include "commands/mixture_conditions.h"
 #include "commands/name_argument.h"
 #include "commands/phase_argument.h"
 #include "commands/results.h"
 #include "commands/stored_lookup.h"
-#include "gateway/global_lists.h"
-#include "gateway/handle_argument.h"
-#include "gateway/settings.h"
+#include "gateway/call/failure_text.h"
+#include "gateway/state/global_lists.h"
+#include "gateway/state/settings.h"
 #include "material/ensure_material.h"
+#include "packages/handle_argument.h"
 #include "properties/chain_rule.h"
 
 namespace {
@@ -36,8 +36,8 @@ Verdict prepareResults(mxArray *results, std::size_t nameCount, std::int32_t con
             NameList.emplace_back(property.info->name);
         std::int32_t &rows = scratch.resultRows[i];
         std::int32_t &columns = scratch.resultColumns[i];
-        const Verdict verdict = ShapeResult(property.dimensions, conditionCount, compounds, rows, columns);
-        if (!verdict.isDone())
+        if (Verdict verdict = ShapeResult(property.dimensions, conditionCount, compounds, rows, columns);
+            !verdict.isDone())
             return verdict;
         scratch.resultData[i] = AddResultMatrix(results, i, rows, columns);
     }
@@ -53,7 +53,7 @@ Verdict findBaseValue(const PropertyMap &store, const ParsedProperty &property, 
         return FailWith(OLESTR("Property value for "), property.info->name,
                         OLESTR(" was not set by property package during calculation"));
     if (base->count != 1)
-        return FailWith(OLESTR("Internal error; expected scalar in chain rule basis conversion"));
+        return Verdict::refuse("Internal error; expected scalar in chain rule basis conversion");
     if ((base->basis & 1) != (derivativeBasis & 1))
         return FailWith(OLESTR("Property value for "), name,
                         OLESTR(" cannot be mole/mass supported; the base property was set in a different basis, "
@@ -74,13 +74,14 @@ Verdict convertValues(const CMaterialObject &material, std::int32_t phase, const
         return FailWith(OLESTR("Mole/mass conversion for "), name, OLESTR(" is not supported"));
     double baseValue = 0;
     if (property.derivative == MolFractionDerivative) {
-        const Verdict verdict = findBaseValue(material.phaseProps[phase], property, name, stored.basis, baseValue);
-        if (!verdict.isDone())
+        if (Verdict verdict = findBaseValue(material.phaseProps[phase], property, name, stored.basis, baseValue);
+            !verdict.isDone())
             return verdict;
     }
-    return Verdict::of(ChainRuleConvert(material, values, values, stored.count, power,
-                                        material.phaseComposition[phase].get(), GlobalSettings.defaultBasis, LastError,
-                                        stride, baseValue));
+    MixtureComposition composition = material.compositionOf(phase);
+    composition.basis = GlobalSettings.defaultBasis; // as the conditions are given
+    return Verdict::of(
+        ChainRuleConvert(composition, values, values, stored.count, power, LastError, stride, baseValue));
 }
 
 Verdict calculate(OpenPackage &package, const MixtureConditions &conditions, std::int32_t phase, std::size_t nameCount)
@@ -103,9 +104,9 @@ Verdict calculate(OpenPackage &package, const MixtureConditions &conditions, std
                                 OLESTR(" was not set by property package during calculation"));
             double *const values = scratch.resultData[i] + c;
             SpreadValues(stored->values, stored->count, values, stride);
-            const Verdict verdict =
-                convertValues(material, phase, scratch.parsedProperties[i], name, *stored, values, stride);
-            if (!verdict.isDone())
+            if (Verdict verdict =
+                    convertValues(material, phase, scratch.parsedProperties[i], name, *stored, values, stride);
+                !verdict.isDone())
                 return verdict;
         }
     }
@@ -118,31 +119,21 @@ Verdict SinglePhasePropertyCommand(const CommandCall &call)
 {
     const mxArray *const *arguments = call.arguments;
     OpenPackage *package = nullptr;
-    Verdict verdict = ReadPackage(arguments[2], package);
-    if (!verdict.isDone())
-        return verdict;
-    verdict = ReadNames(arguments[3], arguments[1]);
-    if (!verdict.isDone())
-        return verdict;
-    HandleList.resize(3);
-    if (!EnsureMaterial(*package))
-        return Verdict::failed();
-    CMaterialObject &material = *package->material;
-
     MixtureConditions conditions;
-    verdict = ReadMixtureConditions(arguments + 4, material.compoundCount(), compositionMessages, conditions);
-    if (!verdict.isDone())
+    if (Verdict verdict = OpenMixtureCalculation(arguments, 3, compositionMessages, package, conditions);
+        !verdict.isDone())
         return verdict;
+    CMaterialObject &material = *package->material;
     std::int32_t phase = -1;
     constexpr PhaseMessages phaseMessages = {"Expected string value for phase ID", "Invalid phase ID"};
-    verdict = ReadPhase(arguments[7], phaseMessages, material, CommandScratch.phaseLabelArgument, phase);
-    if (!verdict.isDone())
+    if (Verdict verdict = ReadPhase(arguments[7], phaseMessages, material, CommandScratch.phaseLabelArgument, phase);
+        !verdict.isDone())
         return verdict;
 
     const std::size_t nameCount = NameList.size();
     call.results[0] = CreateResultCell(nameCount);
-    verdict = prepareResults(call.results[0], nameCount, conditions.count, material.compoundCount());
-    if (!verdict.isDone())
+    if (Verdict verdict = prepareResults(call.results[0], nameCount, conditions.count, material.compoundCount());
+        !verdict.isDone())
         return verdict;
     BuildNameArray();
     material.phaseCompositionBasis[phase] = GlobalSettings.defaultBasis;

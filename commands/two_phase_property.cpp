@@ -1,17 +1,17 @@
 // Command 23: properties of a pair of phases over a list of conditions.
 #include "commands/calculation_commands.h"
 #include "commands/command_scratch.h"
-#include "commands/failure_text.h"
 #include "commands/mixture_conditions.h"
 #include "commands/name_argument.h"
 #include "commands/phase_argument.h"
 #include "commands/results.h"
 #include "commands/stored_lookup.h"
-#include "gateway/global_lists.h"
-#include "gateway/handle_argument.h"
-#include "gateway/settings.h"
+#include "gateway/call/failure_text.h"
+#include "gateway/state/global_lists.h"
+#include "gateway/state/settings.h"
 #include "material/ensure_material.h"
 #include "material/two_phase_key.h"
+#include "packages/handle_argument.h"
 
 namespace {
 
@@ -36,9 +36,9 @@ Verdict parseNames(std::int32_t conditions, std::int32_t compounds)
         ParsedProperty &property = scratch.parsedProperties[i];
         if (!ParsePropertyName(property, twoPhaseProperties, NameList[i].c_str(), ScratchText))
             return FailWith(OLESTR("Invalid / unsupported 2-phase property: "), NameList[i]);
-        const Verdict verdict =
-            ShapeResult(property.dimensions, conditions, compounds, scratch.resultRows[i], scratch.resultColumns[i]);
-        if (!verdict.isDone())
+        if (Verdict verdict = ShapeResult(property.dimensions, conditions, compounds, scratch.resultRows[i],
+                                          scratch.resultColumns[i]);
+            !verdict.isDone())
             return verdict;
     }
     return Verdict::done();
@@ -77,14 +77,14 @@ Verdict readPhases(const mxArray *const *arguments, const CMaterialObject &mater
     CommandContainers &scratch = CommandScratch;
     VariantArray &pair = scratch.phasePairArray;
     pair.Create(2, VT_BSTR);
-    Verdict verdict = ReadPhase(arguments[0], {"Expected string value for phase ID 1", "Invalid phase ID 1"}, material,
-                                scratch.phaseLabelArgument, phases.first);
-    if (!verdict.isDone())
+    if (Verdict verdict = ReadPhase(arguments[0], {"Expected string value for phase ID 1", "Invalid phase ID 1"},
+                                    material, scratch.phaseLabelArgument, phases.first);
+        !verdict.isDone())
         return verdict;
     pair.PutString(0, scratch.phaseLabelArgument.get());
-    verdict = ReadPhase(arguments[1], {"Expected string value for phase ID 2", "Invalid phase ID 2"}, material,
-                        scratch.phaseLabelArgument, phases.second);
-    if (!verdict.isDone())
+    if (Verdict verdict = ReadPhase(arguments[1], {"Expected string value for phase ID 2", "Invalid phase ID 2"},
+                                    material, scratch.phaseLabelArgument, phases.second);
+        !verdict.isDone())
         return verdict;
     pair.PutString(1, scratch.phaseLabelArgument.get());
 
@@ -130,8 +130,7 @@ Verdict calculate(OpenPackage &package, const Conditions &conditions, const Phas
         if (FAILED(hr))
             return CalculationFailure(OLESTR("CalcTwoPhaseProp failed"), conditions.first, c, package.propertyRoutine,
                                       hr);
-        const Verdict verdict = storeValues(lookup, c, count);
-        if (!verdict.isDone())
+        if (Verdict verdict = storeValues(lookup, c, count); !verdict.isDone())
             return verdict;
     }
     return Verdict::done();
@@ -143,36 +142,24 @@ Verdict TwoPhasePropertyCommand(const CommandCall &call)
 {
     const mxArray *const *arguments = call.arguments;
     OpenPackage *package = nullptr;
-    Verdict verdict = ReadPackage(arguments[2], package);
-    if (!verdict.isDone())
+    Conditions conditions;
+    if (Verdict verdict = OpenMixtureCalculation(arguments, 4, compositions1Messages, package, conditions.first);
+        !verdict.isDone())
         return verdict;
-    verdict = ReadNames(arguments[3], arguments[1]);
-    if (!verdict.isDone())
-        return verdict;
-    HandleList.resize(4);
-    if (!EnsureMaterial(*package))
-        return Verdict::failed();
     CMaterialObject &material = *package->material;
     const std::int32_t compounds = material.compoundCount();
-
-    Conditions conditions;
-    verdict = ReadMixtureConditions(arguments + 4, compounds, compositions1Messages, conditions.first);
-    if (!verdict.isDone())
-        return verdict;
-    verdict = ReadFurtherCompositions(arguments[7], compounds, compositions2Messages, 3, conditions.first.count,
-                                      conditions.compositions2);
-    if (!verdict.isDone())
+    if (Verdict verdict = ReadFurtherCompositions(arguments[7], compounds, compositions2Messages, 3,
+                                                  conditions.first.count, conditions.compositions2);
+        !verdict.isDone())
         return verdict;
 
     BuildNameArray();
-    verdict = parseNames(conditions.first.count, compounds);
-    if (!verdict.isDone())
+    if (Verdict verdict = parseNames(conditions.first.count, compounds); !verdict.isDone())
         return verdict;
     call.results[0] = CreateResultCell(NameList.size());
     prepareResults(call.results[0]);
     PhaseIndices phases;
-    verdict = readPhases(arguments + 8, material, phases);
-    if (!verdict.isDone())
+    if (Verdict verdict = readPhases(arguments + 8, material, phases); !verdict.isDone())
         return verdict;
     for (const std::int32_t phase : {phases.first, phases.second}) {
         material.phaseCompositionBasis[phase] = GlobalSettings.defaultBasis;

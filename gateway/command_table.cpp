@@ -1,7 +1,7 @@
 #include "gateway/command_table.h"
 
 #include "commands/calculation_commands.h"
-#include "gateway/report_commands.h"
+#include "gateway/report/report_commands.h"
 
 #include <limits>
 

@@ -1,7 +1,7 @@
 // Every command: its code, how many arguments it takes and gives, and its body.
 #pragma once
 
-#include "gateway/command.h"
+#include "gateway/call/command.h"
 
 struct Command {
     int code;

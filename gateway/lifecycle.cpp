@@ -1,7 +1,7 @@
 #include "gateway/lifecycle.h"
 
-#include "gateway/global_lists.h"
-#include "gateway/library_module.h"
+#include "gateway/state/global_lists.h"
+#include "gateway/state/library_module.h"
 #include "packages/package_table.h"
 #include "packages/relay_client.h"
 #include "packages/simulation_context.h"

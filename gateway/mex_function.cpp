@@ -1,10 +1,10 @@
 // The one entry point. It starts the process-wide state, checks the shape of the call, branches on
 // the command code, and turns every failure into one mexErrMsgTxt.
+#include "gateway/call/marshalling.h"
 #include "gateway/command_table.h"
-#include "gateway/global_text.h"
 #include "gateway/lifecycle.h"
-#include "gateway/marshalling.h"
-#include "gateway/narrow_text.h"
+#include "gateway/state/global_text.h"
+#include "gateway/state/narrow_text.h"
 #include "platform/matlab/mex_export.h"
 
 #include <string>

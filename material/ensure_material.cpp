@@ -1,8 +1,8 @@
 #include "material/ensure_material.h"
 
-#include "cape/com_pointer.h"
+#include "cape/com/com_pointer.h"
 #include "cape/error_text.h"
-#include "gateway/global_text.h"
+#include "gateway/state/global_text.h"
 #include "material/material_object.h"
 
 bool EnsureMaterial(OpenPackage &package)
@@ -13,6 +13,7 @@ bool EnsureMaterial(OpenPackage &package)
         return false;
     auto *material = new CComObject<CMaterialObject>;
     package.material = material;
+    package.materialReference = static_cast<ICapeThermoMaterial *>(material);
     material->AddRef();
     material->InitMaterial(&package);
 
@@ -32,5 +33,3 @@ bool EnsureMaterial(OpenPackage &package)
     }
     return true;
 }
-
-void ReleaseMaterial(CMaterialObject *material) { static_cast<ICapeThermoMaterial *>(material)->Release(); }

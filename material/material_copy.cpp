@@ -1,5 +1,5 @@
 // New materials of the same package, and copies between them.
-#include "cape/com_pointer.h"
+#include "cape/com/com_pointer.h"
 #include "material/material_object.h"
 #include "material/property_place.h"
 

@@ -1,6 +1,6 @@
 // The methods by which a package reads conditions, compositions and values. Nothing is computed but
 // mole and mass conversions, and a value that is not set is an error.
-#include "cape/bstr.h"
+#include "cape/com/bstr.h"
 #include "cape/list_access.h"
 #include "material/property_place.h"
 #include "material/reserved_property.h"
@@ -57,8 +57,9 @@ HRESULT takeComposition(const PropertyPlace &place, BasisCode basis, const doubl
         return S_OK;
     fractions = material.conversionScratch.get();
     WideString text;
-    const bool converted = massAsked ? MoleToMassFractions(material, stored, material.conversionScratch.get(), text)
-                                     : MassToMoleFractions(material, stored, material.conversionScratch.get(), text);
+    const auto convert = massAsked ? MoleToMassFractions : MassToMoleFractions;
+    const bool converted =
+        convert(material.openPackage->molecularWeights, stored, material.conversionScratch.get(), text);
     return converted ? S_OK : place.refuse(OLESTR("Conversion error"), text);
 }
 
@@ -89,9 +90,8 @@ HRESULT readPhaseFraction(const PropertyPlace &place, BasisCode basis, VARIANT *
     const bool massAsked = basis == MassBasis;
     if (storedOnMass != massAsked) {
         WideString text;
-        const bool converted = massAsked ? MoleToMassPhaseFraction(material, place.phase, fraction, fraction, text)
-                                         : MassToMolePhaseFraction(material, place.phase, fraction, fraction, text);
-        if (!converted)
+        const auto convert = massAsked ? MoleToMassPhaseFraction : MassToMolePhaseFraction;
+        if (!convert(material.phaseAmounts(), place.phase, fraction, fraction, text))
             return place.refuse(OLESTR("Conversion error"), text);
     }
     GiveDoubles(&fraction, 1, results);
@@ -119,8 +119,9 @@ HRESULT readStored(const PropertyPlace &place, const WSTRMapKey &key, LPCWSTR pr
     const double *values = stored->values;
     const std::int32_t power = ConversionPower(parsed.basisPower, (stored->basis & 1) != 0, basis == MassBasis);
     if (power != 0) {
-        if (!ChainRuleConvert(material, values, material.conversionScratch.get(), stored->count, power,
-                              place.composition(), place.compositionBasis(), text, 1, 0))
+        const MixtureComposition composition =
+            place.isOverall() ? material.compositionOfOverall() : material.compositionOf(place.phase);
+        if (!ChainRuleConvert(composition, values, composition.scratch, stored->count, power, text, 1, 0))
             return place.refuse(OLESTR("Basis conversion error"), text);
         values = material.conversionScratch.get();
     }

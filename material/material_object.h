@@ -2,13 +2,14 @@
 // A package reaches it through its COM interfaces; the commands of this process use its fields.
 #pragma once
 
-#include "cape/cape_open.h"
-#include "cape/com_object.h"
+#include "cape/com/cape_open.h"
+#include "cape/com/com_object.h"
 #include "cape/error_state.h"
 #include "cape/missing_value.h"
 #include "material/imaterial.h"
 #include "material/recent_writes.h"
 #include "packages/open_package.h"
+#include "properties/basis_conversion.h"
 #include "properties/property_map.h"
 
 #include <cstdint>
@@ -57,6 +58,19 @@ public:
 
     std::int32_t compoundCount() const { return static_cast<std::int32_t>(openPackage->compoundIds.size()); }
     std::int32_t phaseCount() const { return static_cast<std::int32_t>(openPackage->phaseLabels.size()); }
+
+    // What the conversions take of the material; they work in conversionScratch.
+    MixtureComposition compositionOf(std::int32_t phase) const
+    {
+        return {openPackage->molecularWeights, phaseComposition[phase].get(), phaseCompositionBasis[phase],
+                conversionScratch.get()};
+    }
+    MixtureComposition compositionOfOverall() const
+    {
+        return {openPackage->molecularWeights, overallComposition.get(), overallCompositionBasis,
+                conversionScratch.get()};
+    }
+    PhaseAmounts phaseAmounts() const;
 
     // Index of a phase by its label without regard to case; -1 for a null or unknown label.
     std::int32_t PhaseIndex(LPCWSTR label) const;

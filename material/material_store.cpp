@@ -44,6 +44,14 @@ HRESULT STDMETHODCALLTYPE CMaterialObject::ClearAllProps()
     return S_OK;
 }
 
+PhaseAmounts CMaterialObject::phaseAmounts() const
+{
+    return {openPackage->molecularWeights, {phasePresent.get(), openPackage->phaseLabels.size()},
+            phaseComposition.get(),        phaseCompositionBasis.get(),
+            phaseFraction.get(),           phaseFractionBasis.get(),
+            conversionScratch.get()};
+}
+
 std::int32_t CMaterialObject::PhaseIndex(LPCWSTR label) const
 {
     if (!label)

@@ -1,9 +1,9 @@
 #include "packages/component.h"
 
-#include "cape/cape_open.h"
-#include "cape/com_pointer.h"
+#include "cape/com/cape_open.h"
+#include "cape/com/com_pointer.h"
 #include "cape/error_text.h"
-#include "gateway/global_text.h"
+#include "gateway/state/global_text.h"
 #include "packages/relay_client.h"
 #include "packages/simulation_context.h"
 

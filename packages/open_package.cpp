@@ -1,8 +1,8 @@
 #include "packages/open_package.h"
 
-#include "cape/com_pointer.h"
+#include "cape/com/com_pointer.h"
 #include "cape/error_text.h"
-#include "gateway/global_text.h"
+#include "gateway/state/global_text.h"
 #include "packages/component.h"
 #include "properties/vocabulary.h"
 
@@ -57,8 +57,8 @@ OpenPackage::~OpenPackage()
         TerminateComponent(package);
         releaseAndClear(package);
     }
-    if (material)
-        ReleaseMaterial(std::exchange(material, nullptr));
+    material = nullptr;
+    releaseAndClear(materialReference);
 }
 
 bool EnsureCompoundsInterface(OpenPackage &package)

@@ -3,17 +3,13 @@
 // record is destroyed.
 #pragma once
 
-#include "cape/cape_open.h"
+#include "cape/com/cape_open.h"
 #include "cape/variant_array.h"
 #include "platform/platform.h"
 
 #include <vector>
 
 class CMaterialObject;
-
-// Gives up the record's reference on its material. Defined beside the material, which alone knows
-// the class.
-void ReleaseMaterial(CMaterialObject *material);
 
 // Every interface pointer holds one reference of its own.
 struct OpenPackage {
@@ -23,7 +19,8 @@ struct OpenPackage {
     ICapeThermoPhases *phases = nullptr;
     ICapeThermoEquilibriumRoutine *equilibriumRoutine = nullptr;
     ICapeThermoPropertyRoutine *propertyRoutine = nullptr;
-    CMaterialObject *material = nullptr;
+    IUnknown *materialReference = nullptr; // the record's reference on its material, whose class is not known here
+    CMaterialObject *material = nullptr;   // the same object
 
     bool compoundsLoaded = false; // all compound fields are valid
     VariantArray compoundIdList;  // the six results of GetCompoundList as the package gave them

@@ -1,7 +1,7 @@
 #include "packages/package_creation.h"
 
 #include "cape/error_text.h"
-#include "gateway/global_text.h"
+#include "gateway/state/global_text.h"
 #include "packages/component.h"
 #include "packages/package_manager.h"
 #include "packages/package_table.h"

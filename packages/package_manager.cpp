@@ -1,10 +1,10 @@
 #include "packages/package_manager.h"
 
-#include "cape/bstr.h"
+#include "cape/com/bstr.h"
 #include "cape/error_text.h"
 #include "cape/variant_array.h"
-#include "gateway/global_lists.h"
-#include "gateway/global_text.h"
+#include "gateway/state/global_lists.h"
+#include "gateway/state/global_text.h"
 #include "packages/component.h"
 
 const PackageSource *RequirePackageSource(const WideString &name)

@@ -2,8 +2,8 @@
 // terminated and released.
 #pragma once
 
-#include "cape/cape_open.h"
-#include "cape/com_pointer.h"
+#include "cape/com/cape_open.h"
+#include "cape/com/com_pointer.h"
 #include "packages/discovery.h"
 
 // Finds the source of that name in the scanned registry. Null with the message in LastError.

@@ -1,6 +1,6 @@
 #include "packages/package_table.h"
 
-#include "gateway/global_lists.h"
+#include "gateway/state/global_lists.h"
 
 #include <cstdlib>
 #include <unordered_map>

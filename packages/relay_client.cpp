@@ -1,11 +1,11 @@
 #include "packages/relay_client.h"
 
-#include "cape/bstr.h"
-#include "cape/cape_open.h"
-#include "cape/com_pointer.h"
-#include "cape/relay_interface.h"
-#include "gateway/warning.h"
-#include "packages/registry_key.h"
+#include "cape/com/bstr.h"
+#include "cape/com/cape_open.h"
+#include "cape/com/com_pointer.h"
+#include "cape/com/registry_key.h"
+#include "cape/com/relay_interface.h"
+#include "gateway/state/warning.h"
 
 #include <memory>
 #include <utility>

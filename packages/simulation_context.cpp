@@ -1,7 +1,7 @@
 #include "packages/simulation_context.h"
 
-#include "gateway/settings.h"
-#include "gateway/warning.h"
+#include "gateway/state/settings.h"
+#include "gateway/state/warning.h"
 
 #include <utility>
 

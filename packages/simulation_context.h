@@ -1,8 +1,8 @@
 // The object through which a CAPE-OPEN component talks back to its host. One serves the process.
 #pragma once
 
-#include "cape/cape_open.h"
-#include "cape/com_object.h"
+#include "cape/com/cape_open.h"
+#include "cape/com/com_object.h"
 #include "cape/error_state.h"
 
 inline constexpr CLSID CLSID_SimulationContext = {

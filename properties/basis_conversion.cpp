@@ -1,7 +1,6 @@
 #include "properties/basis_conversion.h"
 
 #include "cape/missing_value.h"
-#include "material/material_object.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -18,13 +17,12 @@ bool fail(WideString &errorText, LPCWSTR message)
 
 // What both conversions of fractions share: each fraction scaled by `scaled(fraction, MW)`, then
 // all divided by their total.
-template <class Scale> bool convertFractions(const OpenPackage &package, const double *source, double *target,
+template <class Scale> bool convertFractions(MolecularWeights weights, const double *source, double *target,
                                              Scale scaled, WideString &errorText)
 {
-    const std::size_t compounds = package.compoundIds.size();
     double total = 0;
-    for (std::size_t i = 0; i < compounds; ++i) {
-        const double weight = package.molecularWeights[i];
+    for (std::size_t i = 0; i < weights.size(); ++i) {
+        const double weight = weights[i];
         if (IsMissing(weight))
             return fail(errorText, missingWeights);
         target[i] = scaled(source[i], weight);
@@ -33,25 +31,21 @@ template <class Scale> bool convertFractions(const OpenPackage &package, const d
     if (!(total > 0)) // a NaN among the fractions ends here too
         return fail(errorText, OLESTR("Zero or negative total composition in basis conversion"));
     const double factor = 1 / total;
-    for (std::size_t i = 0; i < compounds; ++i)
+    for (std::size_t i = 0; i < weights.size(); ++i)
         target[i] *= factor;
     return true;
 }
 
 // The mean molecular weight of a present phase. False when its composition is not usable.
-bool phaseMolecularWeight(const CMaterialObject &material, std::size_t phase, double &weight, WideString &errorText)
+bool phaseMolecularWeight(const PhaseAmounts &phases, std::size_t phase, double &weight, WideString &errorText)
 {
-    const OpenPackage &package = *material.openPackage;
-    const double *composition = material.phaseComposition[phase].get();
-    if (std::any_of(composition, composition + package.compoundIds.size(), IsMissing))
+    const double *fractions = phases.compositions[phase].get();
+    if (std::any_of(fractions, fractions + phases.weights.size(), IsMissing))
         return fail(errorText, OLESTR("One or more missing compositions in basis conversion"));
-    if (material.phaseCompositionBasis[phase] != 0) {
-        double *const moleFractions = material.conversionScratch.get();
-        if (!MassToMoleFractions(material, composition, moleFractions, errorText))
-            return false;
-        composition = moleFractions;
-    }
-    weight = MeanMolecularWeight(package, composition);
+    fractions = MoleFractionsOf({phases.weights, fractions, phases.compositionBases[phase], phases.scratch}, errorText);
+    if (!fractions)
+        return false;
+    weight = MeanMolecularWeight(phases.weights, fractions);
     return true;
 }
 
@@ -61,21 +55,21 @@ struct PhaseSum {
 };
 
 // `massBasis` tells the basis in which all phase fractions must stand.
-bool sumPresentPhases(const CMaterialObject &material, std::int32_t phase, bool massBasis, PhaseSum &sum,
+bool sumPresentPhases(const PhaseAmounts &phases, std::int32_t phase, bool massBasis, PhaseSum &sum,
                       WideString &errorText)
 {
-    if (!CheckMolecularWeights(*material.openPackage, errorText))
+    if (!CheckMolecularWeights(phases.weights, errorText))
         return false;
-    for (std::size_t j = 0; j < material.openPackage->phaseLabels.size(); ++j) {
-        if (!material.phasePresent[j])
+    for (std::size_t j = 0; j < phases.present.size(); ++j) {
+        if (!phases.present[j])
             continue;
-        const double fraction = material.phaseFraction[j];
+        const double fraction = phases.fractions[j];
         if (IsMissing(fraction))
             return fail(errorText, OLESTR("One or more missing phase fractions in basis conversion"));
-        if ((material.phaseFractionBasis[j] != 0) != massBasis)
+        if ((phases.fractionBases[j] != 0) != massBasis)
             return fail(errorText, OLESTR("Phase fractions are in inconsistent bases in basis conversion"));
         double weight = 0;
-        if (!phaseMolecularWeight(material, j, weight, errorText))
+        if (!phaseMolecularWeight(phases, j, weight, errorText))
             return false;
         if (massBasis && !(weight > 0))
             return fail(errorText, OLESTR("Zero or negative phase mass of one or more phases in basis conversion"));
@@ -88,47 +82,55 @@ bool sumPresentPhases(const CMaterialObject &material, std::int32_t phase, bool 
 
 } // namespace
 
-bool CheckMolecularWeights(const OpenPackage &package, WideString &errorText)
+bool CheckMolecularWeights(MolecularWeights weights, WideString &errorText)
 {
-    const auto &weights = package.molecularWeights;
     return std::none_of(weights.begin(), weights.end(), IsMissing) || fail(errorText, missingWeights);
 }
 
-double MeanMolecularWeight(const OpenPackage &package, const double *moleFractions)
+double MeanMolecularWeight(MolecularWeights weights, const double *moleFractions)
 {
     double sum = 0;
-    for (std::size_t i = 0; i < package.compoundIds.size(); ++i)
-        sum += moleFractions[i] * package.molecularWeights[i];
+    for (std::size_t i = 0; i < weights.size(); ++i)
+        sum += moleFractions[i] * weights[i];
     return sum;
 }
 
-bool MassToMoleFractions(const CMaterialObject &material, const double *source, double *target, WideString &errorText)
+bool MassToMoleFractions(MolecularWeights weights, const double *source, double *target, WideString &errorText)
 {
     const auto divide = [](double fraction, double weight) { return fraction / weight; };
-    return convertFractions(*material.openPackage, source, target, divide, errorText);
+    return convertFractions(weights, source, target, divide, errorText);
 }
 
-bool MoleToMassFractions(const CMaterialObject &material, const double *source, double *target, WideString &errorText)
+bool MoleToMassFractions(MolecularWeights weights, const double *source, double *target, WideString &errorText)
 {
     const auto multiply = [](double fraction, double weight) { return fraction * weight; };
-    return convertFractions(*material.openPackage, source, target, multiply, errorText);
+    return convertFractions(weights, source, target, multiply, errorText);
 }
 
-bool MassToMolePhaseFraction(const CMaterialObject &material, std::int32_t phase, double value, double &result,
+const double *MoleFractionsOf(const MixtureComposition &composition, WideString &errorText)
+{
+    if (composition.basis == 0)
+        return composition.fractions;
+    return MassToMoleFractions(composition.weights, composition.fractions, composition.scratch, errorText)
+               ? composition.scratch
+               : nullptr;
+}
+
+bool MassToMolePhaseFraction(const PhaseAmounts &phases, std::int32_t phase, double value, double &result,
                              WideString &errorText)
 {
     PhaseSum sum;
-    if (!sumPresentPhases(material, phase, true, sum, errorText))
+    if (!sumPresentPhases(phases, phase, true, sum, errorText))
         return false;
     result = value / sum.weightOfPhase / sum.total;
     return true;
 }
 
-bool MoleToMassPhaseFraction(const CMaterialObject &material, std::int32_t phase, double value, double &result,
+bool MoleToMassPhaseFraction(const PhaseAmounts &phases, std::int32_t phase, double value, double &result,
                              WideString &errorText)
 {
     PhaseSum sum;
-    if (!sumPresentPhases(material, phase, false, sum, errorText))
+    if (!sumPresentPhases(phases, phase, false, sum, errorText))
         return false;
     result = value * sum.weightOfPhase / sum.total;
     return true;

@@ -1,8 +1,6 @@
 #include "properties/chain_rule.h"
 
 #include "cape/missing_value.h"
-#include "material/material_object.h"
-#include "properties/basis_conversion.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -19,23 +17,16 @@ bool fail(WideString &errorText, LPCWSTR message)
 
 } // namespace
 
-bool ChainRuleConvert(const CMaterialObject &material, const double *source, double *target, std::uint32_t count,
-                      std::int32_t power, const double *composition, std::int32_t compositionBasis,
-                      WideString &errorText, std::int32_t stride, double baseValue)
+bool ChainRuleConvert(const MixtureComposition &composition, const double *source, double *target, std::uint32_t count,
+                      std::int32_t power, WideString &errorText, std::int32_t stride, double baseValue)
 {
-    const OpenPackage &package = *material.openPackage;
-    const std::size_t compounds = package.compoundIds.size();
-    if (std::any_of(composition, composition + compounds, IsMissing))
+    const MolecularWeights weights = composition.weights;
+    if (std::any_of(composition.fractions, composition.fractions + weights.size(), IsMissing))
         return fail(errorText, OLESTR("One or more missing composition values in basis conversion"));
-    if (compositionBasis != 0) {
-        double *const moleFractions = material.conversionScratch.get();
-        if (!MassToMoleFractions(material, composition, moleFractions, errorText))
-            return false;
-        composition = moleFractions;
-    }
-    if (!CheckMolecularWeights(package, errorText))
+    const double *const moleFractions = MoleFractionsOf(composition, errorText);
+    if (!moleFractions || !CheckMolecularWeights(weights, errorText))
         return false;
-    const double molarMass = MeanMolecularWeight(package, composition) * kilogramsPerGram;
+    const double molarMass = MeanMolecularWeight(weights, moleFractions) * kilogramsPerGram;
     const double factor = power == -1 ? 1 / molarMass : molarMass;
     const std::ptrdiff_t step = stride;
     for (std::ptrdiff_t k = 0; k < static_cast<std::ptrdiff_t>(count); ++k)
@@ -43,26 +34,26 @@ bool ChainRuleConvert(const CMaterialObject &material, const double *source, dou
     if (baseValue == 0)
         return true;
 
-    if (count != compounds)
+    if (count != weights.size())
         return fail(errorText, OLESTR("Unexpected number of property values in chain rule mass/mole conversion of "
                                       "mole fraction derivatives"));
-    for (std::size_t k = 0; k < compounds; ++k) {
-        const double compoundPart = package.molecularWeights[k] * baseValue * kilogramsPerGram;
+    for (std::size_t k = 0; k < weights.size(); ++k) {
+        const double compoundPart = weights[k] * baseValue * kilogramsPerGram;
         double &value = target[static_cast<std::ptrdiff_t>(k) * step];
         value = power == 1 ? value + compoundPart : value - compoundPart * factor * factor;
     }
     return true;
 }
 
-bool ConvertCompoundValues(const OpenPackage &package, std::int32_t power, double *values, WideString &errorText,
+bool ConvertCompoundValues(MolecularWeights weights, std::int32_t power, double *values, WideString &errorText,
                            std::int32_t stride)
 {
     const std::ptrdiff_t step = stride;
-    for (std::size_t i = 0; i < package.compoundIds.size(); ++i) {
+    for (std::size_t i = 0; i < weights.size(); ++i) {
         double &value = values[static_cast<std::ptrdiff_t>(i) * step];
         if (IsMissing(value))
             continue;
-        const double weight = package.molecularWeights[i];
+        const double weight = weights[i];
         if (IsMissing(weight))
             return fail(errorText, OLESTR("missing molecular weight for one or more compounds in basis conversion"));
         if (power == 1)

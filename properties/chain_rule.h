@@ -2,11 +2,9 @@
 #pragma once
 
 #include "platform/platform.h"
+#include "properties/basis_conversion.h"
 
 #include <cstdint>
-
-class CMaterialObject;
-struct OpenPackage;
 
 // The power that brings a stored value to the wanted basis, from the basisPower of its property;
 // 0 when there is nothing to convert.
@@ -17,19 +15,17 @@ constexpr std::int32_t ConversionPower(std::int32_t basisPower, bool storedPerMa
     return wantedPerMass ? basisPower : -basisPower;
 }
 
-// Converts `count` values of a mixture property at positions 0, stride, 2 stride, ...; source and
-// target may be one array; the target may be conversionScratch, which is first worked in, the
-// source and the composition may not. With M the mean molar mass in kg/mol of `composition` (nC fractions,
-// mass fractions when compositionBasis is non-zero): power 1 multiplies by M, power -1 divides by
-// it. A baseValue other than 0 is that of the property whose nC mole-fraction derivatives the
-// values are, in the starting basis, and adds the chain rule's second term:
+// Converts `count` values of a property of the mixture at positions 0, stride, 2 stride, ...; source and target may be
+// one array; the target may be the composition's scratch, which is first worked in, the source may not. With M the mean
+// molar mass of the composition in kg/mol: power 1 multiplies by M, power -1 divides by it. A baseValue other than 0 is
+// that of the property whose nC mole-fraction derivatives the values are, in the starting basis, and adds the chain
+// rule's second term:
 //   d(P M)/dx(k) = M dP/dx(k) + P MW(k)/1000,   d(P/M)/dx(k) = (dP/dx(k))/M - P (MW(k)/1000)/M^2.
 // False with the reason in `errorText`; target may then be partly written. Does not allocate.
-bool ChainRuleConvert(const CMaterialObject &material, const double *source, double *target, std::uint32_t count,
-                      std::int32_t power, const double *composition, std::int32_t compositionBasis,
-                      WideString &errorText, std::int32_t stride, double baseValue);
+bool ChainRuleConvert(const MixtureComposition &composition, const double *source, double *target, std::uint32_t count,
+                      std::int32_t power, WideString &errorText, std::int32_t stride, double baseValue);
 
-// Converts nC pure-compound values in place, each with its own molar mass: power 1 multiplies,
-// power -1 divides. Missing values stay as they are and need no molecular weight.
-bool ConvertCompoundValues(const OpenPackage &package, std::int32_t power, double *values, WideString &errorText,
+// Converts nC pure-compound values at positions 0, stride, 2 stride, ... in place, each with its own molar mass: power
+// 1 multiplies, power -1 divides. Missing values stay as they are and need no molecular weight.
+bool ConvertCompoundValues(MolecularWeights weights, std::int32_t power, double *values, WideString &errorText,
                            std::int32_t stride);

@@ -1,7 +1,7 @@
 #include "relay/standard_library.h"
 
-#include "cape/cape_open_common.h"
-#include "cape/com_pointer.h"
+#include "cape/com/cape_open_common.h"
+#include "cape/com/com_pointer.h"
 #include "relay/program_file.h"
 #include "relay/registry_entries.h"
 

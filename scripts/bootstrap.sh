@@ -61,7 +61,6 @@ for work in "$@"; do
         need clang program clang++
         need clang-format program clang-format
         need clang-tidy program clang-tidy
-        need clang-tidy program run-clang-tidy
         need shellcheck program shellcheck
         ;;
     *)

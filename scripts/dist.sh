@@ -12,34 +12,30 @@ version=$(scripts/version.sh)
 # No file carries the time at which it was made, but that of the last change of the sources.
 SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct 2>/dev/null || echo 1767225600)}
 export SOURCE_DATE_EPOCH LC_ALL=C TZ=UTC
+umask 022
 
-build() {
-    preset=$1
-    shift
+for preset in windows-x64 windows-x86 linux; do
     cmake --preset "$preset"
-    cmake --build --preset "$preset" --target "$@"
-}
-build windows-x64 Verdanth VerdanthReference CapeOpen11_type_library guide
-build windows-x86 VerdanthReference Verdanth6432Relay
-build linux Verdanth VerdanthReference verdanth_mex guide
+    cmake --build --preset "$preset" --target shipped
+done
 
 stage=$(mktemp -d)
 trap 'rm -rf "$stage"' EXIT
 
+put() { cmake --install "build/$1" --component "$2" --prefix "$3" >/dev/null; }
 same_time() { find "$1" -exec touch -h -d "@$SOURCE_DATE_EPOCH" {} +; }
 
-mkdir "$stage/windows"
-scripts/stage_windows.sh "$stage/windows/Verdanth"
+put windows-x64 windows "$stage/windows/Verdanth"
+put windows-x86 windows "$stage/windows/Verdanth"
 same_time "$stage/windows"
 rm -f "$output/Verdanth-$version-win64.zip"
 (cd "$stage/windows" && find Verdanth | sort | zip -X -q -9 -@ "$output/Verdanth-$version-win64.zip")
 scripts/make_setup.sh "$stage/windows/Verdanth" "$output/Verdanth-$version-setup.exe"
 
-linux=$stage/linux/verdanth
-scripts/stage_linux.sh "$linux"
-same_time "$linux"
+put linux linux "$stage/linux/verdanth"
+same_time "$stage/linux"
 tar -C "$stage/linux" --sort=name --owner=0 --group=0 --numeric-owner --format=ustar -cf - verdanth |
     gzip -9 -n >"$output/verdanth-linux-x64.tar.gz"
-scripts/dist_octave.sh "$linux" "$output"
+scripts/dist_octave.sh "$output"
 
 ls -l "$output"

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Makes the setup program for a folder that scripts/stage_windows.sh has filled.
+# Makes the setup program for a folder that holds what a Windows user gets.
 #
 #   scripts/make_setup.sh FOLDER SETUP.exe
 set -eu

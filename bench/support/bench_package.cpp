@@ -1,6 +1,6 @@
 #include "bench/support/bench_package.h"
 
-#include "cape/bstr.h"
+#include "cape/com/bstr.h"
 
 #include <cstdio>
 #include <string>

@@ -3,8 +3,8 @@
 // array and a new basis text for each, as packages do.
 #pragma once
 
-#include "cape/cape_open.h"
-#include "cape/com_pointer.h"
+#include "cape/com/cape_open.h"
+#include "cape/com/com_pointer.h"
 
 #include <vector>
 

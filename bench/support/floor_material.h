@@ -2,7 +2,7 @@
 // it costs is what the COM contract itself costs.
 #pragma once
 
-#include "cape/cape_open.h"
+#include "cape/com/cape_open.h"
 
 #include <vector>
 

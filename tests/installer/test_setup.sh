@@ -81,7 +81,9 @@ remove_type_libraries() {
 [ ! -e "$installed" ] || uninstall "$installed" # an earlier run has failed
 remove_type_libraries
 
-scripts/stage_windows.sh "$work/Verdanth"
+for bits in x64 x86; do
+    cmake --install "build/windows-$bits" --component windows --prefix "$work/Verdanth" >"$work/install.log" || fail "$(cat "$work/install.log")"
+done
 (cd toolbox && find . -name '*.m' | sort) >"$work/functions"
 (cd "$work/Verdanth/toolbox" && find . -name '*.m' | sort) >"$work/found"
 same "$work/functions" "$work/found" "other functions are shipped than there are"

@@ -1,6 +1,6 @@
 // A client that has the relay make an object, and ends without releasing anything: deserter exit|die CLASSID. Its exit
 // code is 7 when it came so far.
-#include "cape/relay_interface.h"
+#include "cape/com/relay_interface.h"
 
 #include <string_view>
 

@@ -1,7 +1,7 @@
 #include "tests/relay/installation.h"
 
-#include "cape/cape_open_common.h"
-#include "cape/com_pointer.h"
+#include "cape/com/cape_open_common.h"
+#include "cape/com/com_pointer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // The relay by itself: its registration, what it makes, and how long it lives.
-#include "cape/bstr.h"
-#include "cape/cape_open.h"
-#include "cape/com_pointer.h"
-#include "cape/relay_interface.h"
+#include "cape/com/bstr.h"
+#include "cape/com/cape_open.h"
+#include "cape/com/com_pointer.h"
+#include "cape/com/relay_interface.h"
 #include "tests/relay/installation.h"
 
 #include <gtest/gtest.h>
@@ -97,7 +97,7 @@ bool makesThePackage(IVerdanth6432Relay *relay)
            object;
 }
 
-// Whether something succeeds that has to happen at the right moment, which a busy machine may miss.
+// Whether an attempt succeeds that depends on the right moment, which a busy machine may miss; it gets a few tries.
 bool succeedsInTime(const std::function<bool()> &attempt)
 {
     for (int i = 0; i < 4; ++i) {
@@ -289,7 +289,7 @@ TEST_F(Relay, StartsAnewAfterItsEnd)
     }
 }
 
-TEST_F(Relay, StaysForWhoComesBackAtOnce)
+TEST_F(Relay, StaysForAClientThatReturnsAtOnce)
 {
     const auto returns = [] {
         ComPointer<IVerdanth6432Relay> relay;
@@ -302,7 +302,7 @@ TEST_F(Relay, StaysForWhoComesBackAtOnce)
     EXPECT_TRUE(succeedsInTime(returns));
 }
 
-TEST_F(Relay, ServesWhoComesWithItsClassObjectAfterTheDoorIsShut)
+TEST_F(Relay, ServesAClientThatGotTheClassObjectBeforeItWasRevoked)
 {
     const auto comesLate = [] {
         ComPointer<IClassFactory> factory;

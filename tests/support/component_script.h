@@ -3,7 +3,7 @@
 // reads the script at every call.
 #pragma once
 
-#include "cape/com_pointer.h"
+#include "cape/com/com_pointer.h"
 #include "tests/support/automation_values.h"
 
 #include <functional>

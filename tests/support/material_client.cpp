@@ -1,6 +1,6 @@
 #include "tests/support/material_client.h"
 
-#include "cape/com_pointer.h"
+#include "cape/com/com_pointer.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 // A basis or label that is a null pointer is handed over as a null BSTR.
 #pragma once
 
-#include "cape/cape_open.h"
+#include "cape/com/cape_open.h"
 #include "tests/support/automation_values.h"
 
 #include <ostream>

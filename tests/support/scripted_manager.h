@@ -1,7 +1,7 @@
 // The scripted property package manager, and the relay that a test puts in place of the real one.
 #pragma once
 
-#include "cape/relay_interface.h"
+#include "cape/com/relay_interface.h"
 #include "tests/support/scripted_package.h"
 
 namespace support {

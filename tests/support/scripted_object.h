@@ -2,7 +2,7 @@
 // which count their references apart.
 #pragma once
 
-#include "cape/cape_open.h"
+#include "cape/com/cape_open.h"
 #include "tests/support/component_script.h"
 
 #include <cstring>

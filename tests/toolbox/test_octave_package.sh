@@ -14,10 +14,9 @@ fail() {
     exit 1
 }
 
-scripts/stage_linux.sh "$work/linux"
 mkdir "$work/first" "$work/second" "$work/home" "$work/empty"
-scripts/dist_octave.sh "$work/linux" "$work/first"
-scripts/dist_octave.sh "$work/linux" "$work/second"
+scripts/dist_octave.sh "$work/first"
+scripts/dist_octave.sh "$work/second"
 package=$(echo "$work"/first/*.tar.gz)
 cmp "$package" "$work/second/$(basename "$package")"
 

@@ -1,6 +1,6 @@
 // CapeOpen11.tlb against the declarations in cape/: what the compiler lays out, callers in other processes and scripts
 // find by the library.
-#include "cape/cape_open.h"
+#include "cape/com/cape_open.h"
 #include "tests/type_library/library_view.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // A type library read from a file, in words that can be compared with declarations.
 #pragma once
 
-#include "cape/com_pointer.h"
+#include "cape/com/com_pointer.h"
 #include "tests/type_library/interface_shape.h"
 
 #include <map>

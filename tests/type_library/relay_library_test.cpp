@@ -1,5 +1,5 @@
 // The type library that the relay carries, by which calls get to it.
-#include "cape/relay_interface.h"
+#include "cape/com/relay_interface.h"
 #include "tests/type_library/library_view.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 // What a host needs to use the library: its exports, and values for arguments.
 #pragma once
 
-#include "cape/cape_open.h"
-#include "cape/com_pointer.h"
+#include "cape/com/cape_open.h"
+#include "cape/com/com_pointer.h"
 #include "reference/com/automation.h"
 
 #include <string>

@@ -2,7 +2,7 @@
 // to refuse a method, and notes what it was asked.
 #pragma once
 
-#include "cape/cape_open.h"
+#include "cape/com/cape_open.h"
 #include "reference/com/component.h"
 
 #include <limits>

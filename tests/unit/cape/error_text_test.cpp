@@ -1,7 +1,7 @@
 #include "cape/error_text.h"
 
-#include "cape/cape_open.h"
-#include "cape/com_object.h"
+#include "cape/com/cape_open.h"
+#include "cape/com/com_object.h"
 #include "cape/error_state.h"
 
 #include <gtest/gtest.h>

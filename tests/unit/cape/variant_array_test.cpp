@@ -1,6 +1,6 @@
 #include "cape/variant_array.h"
 
-#include "cape/bstr.h"
+#include "cape/com/bstr.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // The calculation commands with values in the material that no setter lets a package store: they
 // take what is there and do not rely on its shape.
 #include "commands/calculation_commands.h"
-#include "gateway/global_text.h"
-#include "gateway/settings.h"
+#include "gateway/state/global_text.h"
+#include "gateway/state/settings.h"
 #include "material/material_object.h"
 #include "packages/package_table.h"
 #include "tests/support/matlab_array.h"

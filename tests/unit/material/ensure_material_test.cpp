@@ -1,6 +1,6 @@
 // How a package gets its material, and gets it once only.
 #include "cape/error_text.h"
-#include "gateway/global_text.h"
+#include "gateway/state/global_text.h"
 #include "material/ensure_material.h"
 #include "material/material_object.h"
 #include "tests/unit/material/package_view.h"

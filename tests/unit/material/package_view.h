@@ -2,9 +2,9 @@
 // the error interfaces of the same object.
 #pragma once
 
-#include "cape/bstr.h"
-#include "cape/cape_open.h"
-#include "cape/com_pointer.h"
+#include "cape/com/bstr.h"
+#include "cape/com/cape_open.h"
+#include "cape/com/com_pointer.h"
 #include "platform/platform.h"
 
 #include <gtest/gtest.h>

@@ -16,8 +16,8 @@ protected:
     }
 
     TextArgument vaporLiquid{{OLESTR("Vapor"), OLESTR("Liquid")}};
-    TextArgument texts{{OLESTR("1")}};
-    DoubleArgument missing{{undefinedValue}};
+    TextArgument texts{OLESTR("1")};
+    DoubleArgument missing{undefinedValue};
 };
 
 // Phases of which one has an empty label: a null label still names none.

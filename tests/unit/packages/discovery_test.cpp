@@ -1,5 +1,5 @@
 // Sources of a kind that no registry produces.
-#include "gateway/global_text.h"
+#include "gateway/state/global_text.h"
 #include "packages/discovery.h"
 #include "packages/package_creation.h"
 

@@ -1,5 +1,5 @@
 // What the table holds while a record of it is being destroyed.
-#include "gateway/global_lists.h"
+#include "gateway/state/global_lists.h"
 #include "packages/package_table.h"
 #include "tests/unit/support/without_names.h"
 

@@ -20,8 +20,8 @@ const LPCWSTR missingFractions = OLESTR("One or more missing phase fractions in 
 const LPCWSTR missingCompositions = OLESTR("One or more missing compositions in basis conversion");
 const LPCWSTR zeroTotal = OLESTR("Zero or negative total total phase fraction in basis conversion");
 
-using FractionConversion = bool (*)(const CMaterialObject &, const double *, double *, WideString &);
-using PhaseConversion = bool (*)(const CMaterialObject &, std::int32_t, double, double &, WideString &);
+using FractionConversion = bool (*)(MolecularWeights, const double *, double *, WideString &);
+using PhaseConversion = bool (*)(const PhaseAmounts &, std::int32_t, double, double &, WideString &);
 
 const FractionConversion bothFractionConversions[] = {MassToMoleFractions, MoleToMassFractions};
 
@@ -37,7 +37,7 @@ WideString phaseRefusal(PhaseConversion convert, TestMaterial &test, std::int32_
 {
     WideString message;
     double result = untouched;
-    EXPECT_FALSE(convert(test.material(), phase, 0.5, result, message));
+    EXPECT_FALSE(convert(test.material().phaseAmounts(), phase, 0.5, result, message));
     EXPECT_EQ(untouched, result);
     return message;
 }
@@ -45,7 +45,7 @@ WideString phaseRefusal(PhaseConversion convert, TestMaterial &test, std::int32_
 WideString fractionRefusal(FractionConversion convert, TestMaterial &test, std::vector<double> source)
 {
     WideString message;
-    EXPECT_FALSE(convert(test.material(), source.data(), source.data(), message));
+    EXPECT_FALSE(convert(test.package().molecularWeights, source.data(), source.data(), message));
     return message;
 }
 
@@ -76,7 +76,7 @@ TEST(MassToMoleFractions, DividesByTheMolecularWeights)
     const double source[] = {0.5, 0.5};
     double target[2];
     WideString message;
-    ASSERT_TRUE(MassToMoleFractions(test.material(), source, target, message));
+    ASSERT_TRUE(MassToMoleFractions(test.package().molecularWeights, source, target, message));
     EXPECT_DOUBLE_EQ(2.0 / 3, target[0]);
     EXPECT_DOUBLE_EQ(1.0 / 3, target[1]);
     EXPECT_TRUE(message.empty());
@@ -89,7 +89,7 @@ TEST(MoleToMassFractions, MultipliesByTheMolecularWeights)
     const double source[] = {0.5, 0.5};
     double target[2];
     WideString message;
-    ASSERT_TRUE(MoleToMassFractions(test.material(), source, target, message));
+    ASSERT_TRUE(MoleToMassFractions(test.package().molecularWeights, source, target, message));
     EXPECT_DOUBLE_EQ(1.0 / 3, target[0]);
     EXPECT_DOUBLE_EQ(2.0 / 3, target[1]);
 }
@@ -100,10 +100,10 @@ TEST(FractionConversions, NormaliseInPassing)
     const double source[] = {7, 7};
     double target[2];
     WideString message;
-    ASSERT_TRUE(MassToMoleFractions(test.material(), source, target, message));
+    ASSERT_TRUE(MassToMoleFractions(test.package().molecularWeights, source, target, message));
     EXPECT_DOUBLE_EQ(2.0 / 3, target[0]);
     EXPECT_DOUBLE_EQ(1.0 / 3, target[1]);
-    ASSERT_TRUE(MoleToMassFractions(test.material(), source, target, message));
+    ASSERT_TRUE(MoleToMassFractions(test.package().molecularWeights, source, target, message));
     EXPECT_DOUBLE_EQ(1.0 / 3, target[0]);
     EXPECT_DOUBLE_EQ(2.0 / 3, target[1]);
 }
@@ -113,9 +113,9 @@ TEST(FractionConversions, WorkInPlaceAndBackAgain)
     TestMaterial test({16.04, 44.1, 72.15});
     double fractions[] = {0.2, 0.5, 0.3};
     WideString message;
-    ASSERT_TRUE(MassToMoleFractions(test.material(), fractions, fractions, message));
+    ASSERT_TRUE(MassToMoleFractions(test.package().molecularWeights, fractions, fractions, message));
     EXPECT_GT(fractions[0], 0.2);
-    ASSERT_TRUE(MoleToMassFractions(test.material(), fractions, fractions, message));
+    ASSERT_TRUE(MoleToMassFractions(test.package().molecularWeights, fractions, fractions, message));
     EXPECT_NEAR(0.2, fractions[0], 1e-15);
     EXPECT_NEAR(0.5, fractions[1], 1e-15);
     EXPECT_NEAR(0.3, fractions[2], 1e-15);
@@ -158,12 +158,12 @@ TEST(FractionConversions, StopAtTheFirstMissingWeightWithTheEntriesBeforeItWritt
         const double source[] = {0.5, 0.25, 0.25};
         double target[] = {untouched, untouched, untouched};
         WideString message;
-        EXPECT_FALSE(MassToMoleFractions(test.material(), source, target, message));
+        EXPECT_FALSE(MassToMoleFractions(test.package().molecularWeights, source, target, message));
         EXPECT_EQ(missingWeights, message);
         EXPECT_EQ(0.025, target[0]); // 0.5 / 20
         EXPECT_EQ(untouched, target[1]);
         EXPECT_EQ(untouched, target[2]);
-        EXPECT_FALSE(MoleToMassFractions(test.material(), source, target, message));
+        EXPECT_FALSE(MoleToMassFractions(test.package().molecularWeights, source, target, message));
         EXPECT_EQ(missingWeights, message);
         EXPECT_EQ(10, target[0]); // 0.5 * 20
         EXPECT_EQ(untouched, target[1]);
@@ -175,16 +175,16 @@ TEST(MeanMolecularWeight, IsTheSumOverTheCompounds)
 {
     TestMaterial test({10, 40});
     const double moleFractions[] = {0.5, 0.5};
-    EXPECT_DOUBLE_EQ(25, MeanMolecularWeight(test.package(), moleFractions));
+    EXPECT_DOUBLE_EQ(25, MeanMolecularWeight(test.package().molecularWeights, moleFractions));
 }
 
 // 0.5 / 25 = 0.02 and 0.5 / 10 = 0.05 of 0.07 mol in all.
 TEST_F(TwoPhases, AreConvertedFromMassToMole)
 {
     setFractions(0.5, 0.5, 1);
-    ASSERT_TRUE(MassToMolePhaseFraction(test.material(), 0, 0.5, result, message));
+    ASSERT_TRUE(MassToMolePhaseFraction(test.material().phaseAmounts(), 0, 0.5, result, message));
     EXPECT_DOUBLE_EQ(2.0 / 7, result);
-    ASSERT_TRUE(MassToMolePhaseFraction(test.material(), 1, 0.5, result, message));
+    ASSERT_TRUE(MassToMolePhaseFraction(test.material().phaseAmounts(), 1, 0.5, result, message));
     EXPECT_DOUBLE_EQ(5.0 / 7, result);
     EXPECT_TRUE(message.empty());
 }
@@ -193,9 +193,9 @@ TEST_F(TwoPhases, AreConvertedFromMassToMole)
 TEST_F(TwoPhases, AreConvertedFromMoleToMass)
 {
     setFractions(0.4, 0.6, 0);
-    ASSERT_TRUE(MoleToMassPhaseFraction(test.material(), 0, 0.4, result, message));
+    ASSERT_TRUE(MoleToMassPhaseFraction(test.material().phaseAmounts(), 0, 0.4, result, message));
     EXPECT_DOUBLE_EQ(0.625, result);
-    ASSERT_TRUE(MoleToMassPhaseFraction(test.material(), 1, 0.6, result, message));
+    ASSERT_TRUE(MoleToMassPhaseFraction(test.material().phaseAmounts(), 1, 0.6, result, message));
     EXPECT_DOUBLE_EQ(0.375, result);
     EXPECT_TRUE(message.empty());
 }
@@ -205,10 +205,10 @@ TEST_F(TwoPhases, MayHaveTheirCompositionsOnAMassBasis)
 {
     test.setPhaseComposition(0, {0.2, 0.8}, 1);
     setFractions(0.5, 0.5, 1);
-    ASSERT_TRUE(MassToMolePhaseFraction(test.material(), 0, 0.5, result, message));
+    ASSERT_TRUE(MassToMolePhaseFraction(test.material().phaseAmounts(), 0, 0.5, result, message));
     EXPECT_DOUBLE_EQ(2.0 / 7, result);
     setFractions(0.4, 0.6, 0);
-    ASSERT_TRUE(MoleToMassPhaseFraction(test.material(), 0, 0.4, result, message));
+    ASSERT_TRUE(MoleToMassPhaseFraction(test.material().phaseAmounts(), 0, 0.4, result, message));
     EXPECT_DOUBLE_EQ(0.625, result);
     EXPECT_EQ(0.2, test->phaseComposition[0][0]);
     EXPECT_EQ(0.8, test->phaseComposition[0][1]);
@@ -217,10 +217,10 @@ TEST_F(TwoPhases, MayHaveTheirCompositionsOnAMassBasis)
 TEST_F(TwoPhases, ConvertTheValueAtHandAndNotTheStoredOne)
 {
     setFractions(0.5, 0.5, 1);
-    ASSERT_TRUE(MassToMolePhaseFraction(test.material(), 0, 1, result, message));
+    ASSERT_TRUE(MassToMolePhaseFraction(test.material().phaseAmounts(), 0, 1, result, message));
     EXPECT_DOUBLE_EQ(4.0 / 7, result);
     setFractions(0.4, 0.6, 0);
-    ASSERT_TRUE(MoleToMassPhaseFraction(test.material(), 1, 1.2, result, message));
+    ASSERT_TRUE(MoleToMassPhaseFraction(test.material().phaseAmounts(), 1, 1.2, result, message));
     EXPECT_DOUBLE_EQ(0.75, result);
 }
 
@@ -267,11 +267,11 @@ TEST_F(TwoPhases, AreNotDisturbedByAnAbsentPhaseWithoutFractionAndComposition)
     setFractions(1, QuietNaN, 1);
     test.setPhaseComposition(1, {QuietNaN, QuietNaN}, 0);
     test->phasePresent[1] = 0;
-    ASSERT_TRUE(MassToMolePhaseFraction(test.material(), 0, 1, result, message));
+    ASSERT_TRUE(MassToMolePhaseFraction(test.material().phaseAmounts(), 0, 1, result, message));
     EXPECT_EQ(1, result);
     setFractions(1, QuietNaN, 0);
     test->phasePresent[1] = 0;
-    ASSERT_TRUE(MoleToMassPhaseFraction(test.material(), 0, 1, result, message));
+    ASSERT_TRUE(MoleToMassPhaseFraction(test.material().phaseAmounts(), 0, 1, result, message));
     EXPECT_EQ(1, result);
 }
 
@@ -283,7 +283,7 @@ TEST(PhaseFractionConversions, GiveOneForTheOnlyPhase)
         test.setPhaseFraction(0, 1, phaseCase.basis);
         WideString message;
         double result = untouched;
-        ASSERT_TRUE(phaseCase.convert(test.material(), 0, 1, result, message));
+        ASSERT_TRUE(phaseCase.convert(test.material().phaseAmounts(), 0, 1, result, message));
         EXPECT_EQ(1, result);
     }
 }
@@ -335,9 +335,9 @@ TEST_F(TwoPhases, NeedNoMassToBeConvertedToMass)
 {
     setFractions(0.5, 0.5, 0);
     test.setPhaseComposition(1, {0, 0}, 0);
-    ASSERT_TRUE(MoleToMassPhaseFraction(test.material(), 0, 0.5, result, message));
+    ASSERT_TRUE(MoleToMassPhaseFraction(test.material().phaseAmounts(), 0, 0.5, result, message));
     EXPECT_EQ(1, result);
-    ASSERT_TRUE(MoleToMassPhaseFraction(test.material(), 1, 0.5, result, message));
+    ASSERT_TRUE(MoleToMassPhaseFraction(test.material().phaseAmounts(), 1, 0.5, result, message));
     EXPECT_EQ(0, result);
 }
 

@@ -2,14 +2,29 @@
 
 #include "cape/missing_value.h"
 #include "tests/unit/support/allocation_watch.h"
-#include "tests/unit/support/test_material.h"
 
 #include <limits>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 namespace {
+
+// The compounds of a mixture, and room to convert in.
+struct Compounds {
+    explicit Compounds(std::vector<double> molecularWeights)
+        : weights(std::move(molecularWeights)), scratch(weights.size() * weights.size())
+    {
+    }
+    MixtureComposition with(const double *fractions, std::int32_t basis)
+    {
+        return {weights, fractions, basis, scratch.data()};
+    }
+
+    std::vector<double> weights; // g/mol
+    std::vector<double> scratch;
+};
 
 constexpr double minusLargest = -std::numeric_limits<double>::max();
 constexpr double untouched = -77;
@@ -22,12 +37,11 @@ protected:
 
     bool convert(std::vector<double> &values, std::int32_t power, double baseValue = 0)
     {
-        return ChainRuleConvert(test.material(), values.data(), values.data(),
-                                static_cast<std::uint32_t>(values.size()), power, moleFractions, 0, message, 1,
-                                baseValue);
+        return ChainRuleConvert(test.with(moleFractions, 0), values.data(), values.data(),
+                                static_cast<std::uint32_t>(values.size()), power, message, 1, baseValue);
     }
 
-    TestMaterial test;
+    Compounds test;
     const double moleFractions[2] = {0.5, 0.5};
     const double massFractions[2] = {0.2, 0.8};
     WideString message;
@@ -54,12 +68,12 @@ TEST(ConversionPower, IsThePropertysOwnTowardsMassAndItsNegativeTowardsMole)
 // 1000 mol/m3 of 0.018 kg/mol each.
 TEST(ChainRuleConvert, TurnsAPureDensityToKilograms)
 {
-    TestMaterial test({18});
+    Compounds test({18});
     const double composition[] = {1};
     const double source = 1000;
     double target = untouched;
     WideString message;
-    ASSERT_TRUE(ChainRuleConvert(test.material(), &source, &target, 1, 1, composition, 0, message, 1, 0));
+    ASSERT_TRUE(ChainRuleConvert(test.with(composition, 0), &source, &target, 1, 1, message, 1, 0));
     EXPECT_DOUBLE_EQ(18, target);
     EXPECT_EQ(1000, source);
     EXPECT_TRUE(message.empty());
@@ -68,11 +82,11 @@ TEST(ChainRuleConvert, TurnsAPureDensityToKilograms)
 // 1800 J/mol in 0.018 kg/mol.
 TEST(ChainRuleConvert, TurnsAPureEnthalpyToKilograms)
 {
-    TestMaterial test({18});
+    Compounds test({18});
     const double composition[] = {1};
     double value = 1800;
     WideString message;
-    ASSERT_TRUE(ChainRuleConvert(test.material(), &value, &value, 1, -1, composition, 0, message, 1, 0));
+    ASSERT_TRUE(ChainRuleConvert(test.with(composition, 0), &value, &value, 1, -1, message, 1, 0));
     EXPECT_DOUBLE_EQ(100000, value);
 }
 
@@ -99,17 +113,17 @@ TEST_F(ChainRule, ComesBackWithTheOppositePower)
 TEST_F(ChainRule, FormsTheMoleFractionsOfAMassComposition)
 {
     double value = 1000;
-    ASSERT_TRUE(ChainRuleConvert(test.material(), &value, &value, 1, 1, massFractions, 1, message, 1, 0));
+    ASSERT_TRUE(ChainRuleConvert(test.with(massFractions, 1), &value, &value, 1, 1, message, 1, 0));
     EXPECT_DOUBLE_EQ(25, value);
     EXPECT_EQ(0.2, massFractions[0]);
 }
 
-// As a material's getter does it: the mole fractions in the scratch area are used up by then.
+// As whoever reads a stored value does it: the mole fractions in the scratch area are used up by then.
 TEST_F(ChainRule, MayWriteToTheScratchAreaAlsoWithAMassComposition)
 {
     const double source[] = {1000, 2000, 3000, 4000};
-    double *const scratch = test->conversionScratch.get();
-    ASSERT_TRUE(ChainRuleConvert(test.material(), source, scratch, 4, 1, massFractions, 1, message, 1, 0));
+    double *const scratch = test.scratch.data();
+    ASSERT_TRUE(ChainRuleConvert(test.with(massFractions, 1), source, scratch, 4, 1, message, 1, 0));
     for (int k = 0; k < 4; ++k)
         EXPECT_DOUBLE_EQ(25.0 * (k + 1), scratch[k]);
 }
@@ -119,7 +133,7 @@ TEST_F(ChainRule, TakesMoleFractionsAsTheyAre)
 {
     const double unnormalised[] = {1, 1};
     double value = 1000;
-    ASSERT_TRUE(ChainRuleConvert(test.material(), &value, &value, 1, 1, unnormalised, 0, message, 1, 0));
+    ASSERT_TRUE(ChainRuleConvert(test.with(unnormalised, 0), &value, &value, 1, 1, message, 1, 0));
     EXPECT_DOUBLE_EQ(50, value);
 }
 
@@ -203,7 +217,7 @@ TEST_F(ChainRule, RefusesAnotherCountThanThatOfTheCompoundsAfterScaling)
 TEST_F(ChainRule, TouchesOnlyEveryThirdElementWithAStrideOfThree)
 {
     double values[] = {100, untouched, untouched, -50, untouched, untouched};
-    ASSERT_TRUE(ChainRuleConvert(test.material(), values, values, 2, 1, moleFractions, 0, message, 3, 200));
+    ASSERT_TRUE(ChainRuleConvert(test.with(moleFractions, 0), values, values, 2, 1, message, 3, 200));
     EXPECT_DOUBLE_EQ(4.5, values[0]);
     EXPECT_DOUBLE_EQ(6.75, values[3]);
     for (const int k : {1, 2, 4, 5})
@@ -213,7 +227,7 @@ TEST_F(ChainRule, TouchesOnlyEveryThirdElementWithAStrideOfThree)
 TEST_F(ChainRule, WritesNothingForNoValues)
 {
     double value = untouched;
-    ASSERT_TRUE(ChainRuleConvert(test.material(), &value, &value, 0, 1, moleFractions, 0, message, 1, 0));
+    ASSERT_TRUE(ChainRuleConvert(test.with(moleFractions, 0), &value, &value, 0, 1, message, 1, 0));
     EXPECT_EQ(untouched, value);
 }
 
@@ -225,7 +239,7 @@ TEST_F(ChainRule, WritesNothingWhenACompositionEntryIsMissing)
             const double source = 1000;
             double target = untouched;
             message.clear();
-            EXPECT_FALSE(ChainRuleConvert(test.material(), &source, &target, 1, 1, composition, basis, message, 1, 0));
+            EXPECT_FALSE(ChainRuleConvert(test.with(composition, basis), &source, &target, 1, 1, message, 1, 0));
             EXPECT_EQ(OLESTR("One or more missing composition values in basis conversion"), message);
             EXPECT_EQ(untouched, target);
         }
@@ -235,12 +249,12 @@ TEST(ChainRuleConvert, WritesNothingWhenAMolecularWeightIsMissing)
 {
     for (const double missing : {QuietNaN, minusLargest})
         for (const std::int32_t basis : {0, 1}) {
-            TestMaterial test({10, missing});
+            Compounds test({10, missing});
             const double composition[] = {1, 0};
             const double source = 1000;
             double target = untouched;
             WideString message;
-            EXPECT_FALSE(ChainRuleConvert(test.material(), &source, &target, 1, 1, composition, basis, message, 1, 0));
+            EXPECT_FALSE(ChainRuleConvert(test.with(composition, basis), &source, &target, 1, 1, message, 1, 0));
             EXPECT_EQ(OLESTR("One or more missing molecular weights in basis conversion"), message);
             EXPECT_EQ(untouched, target);
         }
@@ -248,11 +262,11 @@ TEST(ChainRuleConvert, WritesNothingWhenAMolecularWeightIsMissing)
 
 TEST(ChainRuleConvert, LooksAtTheCompositionBeforeTheWeights)
 {
-    TestMaterial test({10, QuietNaN});
+    Compounds test({10, QuietNaN});
     const double composition[] = {QuietNaN, 1};
     double value = 1000;
     WideString message;
-    EXPECT_FALSE(ChainRuleConvert(test.material(), &value, &value, 1, 1, composition, 0, message, 1, 0));
+    EXPECT_FALSE(ChainRuleConvert(test.with(composition, 0), &value, &value, 1, 1, message, 1, 0));
     EXPECT_EQ(OLESTR("One or more missing composition values in basis conversion"), message);
 }
 
@@ -260,7 +274,7 @@ TEST_F(ChainRule, GivesTheFailureOfTheCompositionsConversionAsItIs)
 {
     const double zeros[] = {0, 0};
     double value = 1000;
-    EXPECT_FALSE(ChainRuleConvert(test.material(), &value, &value, 1, 1, zeros, 1, message, 1, 0));
+    EXPECT_FALSE(ChainRuleConvert(test.with(zeros, 1), &value, &value, 1, 1, message, 1, 0));
     EXPECT_EQ(OLESTR("Zero or negative total composition in basis conversion"), message);
     EXPECT_EQ(1000, value);
 }
@@ -281,7 +295,7 @@ TEST_F(ChainRule, AllocatesNothing)
     for (const std::int32_t power : {1, -1})
         for (const double baseValue : {0.0, 200.0})
             converted =
-                ChainRuleConvert(test.material(), values, values, 2, power, massFractions, 1, message, 1, baseValue) &&
+                ChainRuleConvert(test.with(massFractions, 1), values, values, 2, power, message, 1, baseValue) &&
                 converted;
     const std::size_t allocations = watch.count();
     EXPECT_TRUE(converted);

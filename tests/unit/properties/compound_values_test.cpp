@@ -1,7 +1,6 @@
 #include "properties/chain_rule.h"
 
 #include "cape/missing_value.h"
-#include "packages/open_package.h"
 
 #include <cmath>
 #include <limits>
@@ -20,12 +19,9 @@ protected:
     bool convert(const std::vector<double> &molecularWeights, std::int32_t power, std::vector<double> &values,
                  std::int32_t stride = 1)
     {
-        package.molecularWeights = molecularWeights;
-        package.compoundIds.assign(molecularWeights.size(), OLESTR("compound"));
-        return ConvertCompoundValues(package, power, values.data(), message, stride);
+        return ConvertCompoundValues(molecularWeights, power, values.data(), message, stride);
     }
 
-    OpenPackage package;
     WideString message;
 };
 

@@ -1,7 +1,7 @@
 // A package record filled by hand and a material of it, for tests that need no package.
 #pragma once
 
-#include "cape/com_object.h"
+#include "cape/com/com_object.h"
 #include "cape/variant_array.h"
 #include "material/material_object.h"
 #include "packages/open_package.h"

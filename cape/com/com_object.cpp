@@ -1,0 +1,3 @@
+#include "cape/com/com_object.h"
+
+ComModule Module;

@@ -1,3 +1,0 @@
-#include "cape/com_object.h"
-
-ComModule Module;

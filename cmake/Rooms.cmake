@@ -1,0 +1,60 @@
+# Makes the targets of the rooms from rooms.txt, the one place that says which room may use which.
+set(ROOMS_TABLE ${PROJECT_SOURCE_DIR}/rooms.txt)
+set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${ROOMS_TABLE})
+file(STRINGS ${ROOMS_TABLE} ROOMS_LINES REGEX "^[^#]")
+
+# The target of a room: gateway_state for gateway/state.
+function(room_target room result)
+    string(REPLACE "/" "_" target ${room})
+    set(${result} ${target} PARENT_SCOPE)
+endfunction()
+
+# The rooms that a room may use, as the table names them.
+function(rooms_below room result)
+    foreach(line IN LISTS ROOMS_LINES)
+        if(line MATCHES "^([^ :]+): *(.*)$" AND CMAKE_MATCH_1 STREQUAL room)
+            string(REGEX MATCHALL "[^ ]+" below "${CMAKE_MATCH_2}")
+            set(${result} ${below} PARENT_SCOPE)
+            return()
+        endif()
+    endforeach()
+    message(FATAL_ERROR "rooms.txt has no line for ${room}")
+endfunction()
+
+# add_room(SOURCE...): the folder that calls it is a room, an object library that sees the rooms below it and no others.
+# Names its objects for scripts/check_calls.sh.
+function(add_room)
+    cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY ${PROJECT_SOURCE_DIR} OUTPUT_VARIABLE room)
+    room_target(${room} target)
+    add_library(${target} OBJECT ${ARGN})
+    target_link_libraries(${target} PUBLIC project_options)
+    rooms_below(${room} below)
+    foreach(other IN LISTS below)
+        room_target(${other} other_target)
+        target_link_libraries(${target} PUBLIC ${other_target})
+    endforeach()
+    file(GENERATE OUTPUT ${PROJECT_BINARY_DIR}/objects/${target}.txt
+         CONTENT "${room}\n$<JOIN:$<TARGET_OBJECTS:${target}>,\n>\n")
+endfunction()
+
+# link_rooms(TARGET SCOPE ROOM...): links a target with rooms and with all that is below them. Objects, unlike archives, have to
+# be named one by one.
+function(link_rooms target scope)
+    set(waiting ${ARGN})
+    set(linked "")
+    while(waiting)
+        list(POP_FRONT waiting room)
+        if(room IN_LIST linked)
+            continue()
+        endif()
+        list(APPEND linked ${room})
+        room_target(${room} room_library)
+        target_link_libraries(${target} ${scope} ${room_library})
+        get_target_property(type ${room_library} TYPE)
+        if(type STREQUAL OBJECT_LIBRARY AND NOT scope STREQUAL PRIVATE)
+            target_link_libraries(${target} ${scope} $<TARGET_OBJECTS:${room_library}>)
+        endif()
+        rooms_below(${room} below)
+        list(APPEND waiting ${below})
+    endwhile()
+endfunction()

@@ -1,0 +1,11 @@
+// The process-wide settings that commands 17 and 18 write.
+#pragma once
+
+#include <cstdint>
+
+struct Settings {
+    std::int32_t defaultBasis = 0; // 0 mole, 1 mass: of composition arguments and of results
+    std::int32_t showWarnings = 1; // non-zero: warnings and dialogs reach the user
+};
+
+extern Settings GlobalSettings;

@@ -1,0 +1,17 @@
+# Run by `cmake --install`: what the compiler's runtime, which is linked into the binaries, asks to be handed on, and NSIS.
+function(add_licence name source)
+    file(READ ${source} text)
+    foreach(phrase IN LISTS ARGN)
+        string(FIND "${text}" "${phrase}" found)
+        if(found EQUAL -1)
+            message(FATAL_ERROR "${source} does not hold the text for ${phrase}.")
+        endif()
+    endforeach()
+    string(REPLACE "\n" "\r\n" text "${text}")
+    file(WRITE "$ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}/licences/${name}" "${text}")
+endfunction()
+
+add_licence(mingw-w64.txt /usr/share/doc/mingw-w64-common/copyright winpthreads)
+add_licence(gcc.txt /usr/share/doc/gcc-mingw-w64-base/copyright "GCC RUNTIME LIBRARY EXCEPTION")
+add_licence(GPL-3.txt /usr/share/common-licenses/GPL-3)
+add_licence(nsis.txt /usr/share/doc/nsis/copyright)
