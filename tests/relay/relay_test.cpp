@@ -306,11 +306,11 @@ TEST_F(Relay, ServesAClientThatGotTheClassObjectBeforeItWasRevoked)
 {
     const auto comesLate = [] {
         ComPointer<IClassFactory> factory;
-        EXPECT_EQ(CoGetClassObject(CLSID_Verdanth6432Relay, CLSCTX_LOCAL_SERVER, nullptr, InterfaceId<IClassFactory>,
-                                   factory.outVoid()),
-                  S_OK);
         ComPointer<IVerdanth6432Relay> relay;
-        EXPECT_EQ(factory->CreateInstance(nullptr, InterfaceId<IVerdanth6432Relay>, relay.outVoid()), S_OK);
+        if (CoGetClassObject(CLSID_Verdanth6432Relay, CLSCTX_LOCAL_SERVER, nullptr, InterfaceId<IClassFactory>,
+                             factory.outVoid()) != S_OK ||
+            factory->CreateInstance(nullptr, InterfaceId<IVerdanth6432Relay>, relay.outVoid()) != S_OK)
+            return false;
         relay.reset();
         Sleep(750);
         return factory->CreateInstance(nullptr, InterfaceId<IVerdanth6432Relay>, relay.outVoid()) == S_OK &&
