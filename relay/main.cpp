@@ -16,16 +16,22 @@
 
 namespace {
 
+constexpr DWORD idleMilliseconds = 500;    // for a client that connects again at once: a new process takes longer
+constexpr DWORD closedMilliseconds = 1000; // by then the calls of clients that had connected have arrived
+
 HRESULT serve()
 {
     StartProcessLife();
     ClassObject classObject;
     if (FAILED(classObject.registration()))
         return classObject.registration();
-    LiveUntilReleased();
+    do
+        LiveUntilReleased();
+    while (!StaysReleased(idleMilliseconds));
     classObject.close();
-    // A client that connected while the class was being revoked is served to the end.
-    while (!NobodyIsLeft())
+    // The call of a client that connected before the class was revoked may still be on its way; it is served to the
+    // end.
+    while (!StaysReleased(closedMilliseconds))
         LiveUntilReleased();
     return S_OK;
 }

@@ -12,7 +12,7 @@ constexpr DWORD farewellMilliseconds = 10'000;  // that components have to shut 
 // own.
 HANDLE wake = nullptr;
 
-std::mutex mutex; // guards everything below
+std::mutex mutex; // guards all variables below
 unsigned holds = 0;
 bool everHeld = false;
 std::set<DWORD> clients; // all on record; their handles stay open, so that no id is reused
@@ -20,6 +20,12 @@ unsigned livingClients = 0;
 bool allAreWatched = true; // false: there is a client that we may not wait for, which may be alive
 
 bool nobodyIsLeft() { return holds == 0 || (allAreWatched && !clients.empty() && livingClients == 0); }
+
+bool isReleased()
+{
+    const std::lock_guard lock(mutex);
+    return nobodyIsLeft();
+}
 
 bool wasHeld()
 {
@@ -47,7 +53,7 @@ void CALLBACK clientDied(void *, BOOLEAN)
     }
     // A component that hangs blocks the main thread for ever.
     Sleep(farewellMilliseconds);
-    if (NobodyIsLeft())
+    if (isReleased())
         TerminateProcess(GetCurrentProcess(), ERROR_TIMEOUT);
 }
 
@@ -88,7 +94,7 @@ void LiveUntilReleased()
     for (;;) {
         const DWORD reason = MsgWaitForMultipleObjectsEx(1, &wake, wasHeld() ? INFINITE : firstHoldMilliseconds,
                                                          QS_ALLINPUT, MWMO_INPUTAVAILABLE);
-        if (reason == WAIT_OBJECT_0 && NobodyIsLeft())
+        if (reason == WAIT_OBJECT_0 && isReleased())
             return;
         if (reason == WAIT_TIMEOUT && !wasHeld())
             return;
@@ -96,8 +102,15 @@ void LiveUntilReleased()
     }
 }
 
-bool NobodyIsLeft()
+bool StaysReleased(DWORD milliseconds)
 {
-    const std::lock_guard lock(mutex);
-    return nobodyIsLeft();
+    const DWORD start = GetTickCount();
+    for (DWORD passed = 0; isReleased(); passed = GetTickCount() - start) {
+        if (passed >= milliseconds)
+            return true;
+        // Only the main thread lets a client hold the process, while it handles a message.
+        MsgWaitForMultipleObjectsEx(0, nullptr, milliseconds - passed, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+        dispatchMessages();
+    }
+    return false;
 }

@@ -19,6 +19,6 @@ inline constexpr DWORD unknownClient = 0; // its death cannot be observed, so it
 // no client ever connected.
 void LiveUntilReleased();
 
-// Whether nobody holds the process. Once LiveUntilReleased has returned and no new client can connect, this tells
-// whether one connected in between.
-bool NobodyIsLeft();
+// Runs it for that long after that, and returns whether nobody has held the process again; false as soon as a client
+// does.
+bool StaysReleased(DWORD milliseconds);

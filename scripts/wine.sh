@@ -13,10 +13,10 @@
 # server outlives the programs for a while, and ends by itself when nobody asks for it any more.
 set -eu
 
-# Every Windows program has a page that it shares with Wine's server at 0x7ffe0000. Linux puts the heap of Debian's loader,
-# which is not told to keep clear of that, at random between 0x7d000000 and 0xbd000000: one start in some 8,000 finds the
-# page taken and ends at once, without a word. Not at random, the heap begins far enough below. What a program starts
-# inherits this. Where it is forbidden, as in some containers, the tests of the test bed tell.
+# Every Windows program needs the page at 0x7ffe0000, and Debian's Wine comes without the preloader that keeps it free.
+# Linux puts the heap of Wine's loader at random between 0x7d000000 and 0xbd000000: in one start of some 8,000 it takes
+# that page, and the program ends at once, without a word. Not at random, the heap begins right behind the loader, far
+# enough below. What a program starts inherits this. Where it is forbidden, as in some containers, a test tells.
 { read -r personality </proc/self/personality; } 2>/dev/null || personality=40000
 if [ $((0x$personality & 0x40000)) -eq 0 ] && setarch -R true 2>/dev/null; then
     exec setarch -R "$0" "$@"
@@ -32,7 +32,7 @@ idle_seconds=60
 window_seconds=1800
 
 export WINEPREFIX="$build/wine"
-# Of Wine's own messages only why a program could not begin, for want of room.
+# Of Wine's own messages only those on memory: why a program could not begin.
 export WINEDEBUG="${WINEDEBUG:--all,err+virtual}"
 # The same code page and language everywhere, whoever runs the tests.
 export LC_ALL=C.UTF-8
