@@ -29,7 +29,7 @@ add_results() {
         failed=$((failed + 1))
         return
     fi
-    echo "$counted" | sed '$d'
+    echo "$counted" | sed "\$d; s/^/$1: /"
     read -r good bad left_out <<EOF
 $(echo "$counted" | tail -n 1)
 EOF

@@ -59,6 +59,18 @@ private:
     BYTE former[1024];
 };
 
+// While it lives, the library finds no viewer wherever it looks.
+class NoViewers {
+public:
+    std::vector<std::string> tried;
+
+private:
+    LibraryCall<"LoadLibraryA", decltype(LoadLibraryA)> loads{LoadLibraryA, [this](LPCSTR name) -> HMODULE {
+                                                                  tried.push_back(name);
+                                                                  return nullptr;
+                                                              }};
+};
+
 std::string folderOfTheLibrary()
 {
     const HMODULE library = LoadLibraryW(OLESTR("Verdanth.mexw64"));
@@ -162,31 +174,22 @@ TEST_F(HelpCommand, AViewerWhoseRegistrationCannotBeReadIsLoadedByItsName)
     registerViewer("help_viewer.dll");
     LibraryCall<"RegQueryValueExA", decltype(RegQueryValueExA)> queries(
         RegQueryValueExA, [](HKEY, LPCSTR, LPDWORD, LPDWORD, LPBYTE, LPDWORD) { return LSTATUS(5); });
-    std::vector<std::string> loaded;
-    LibraryCall<"LoadLibraryA", decltype(LoadLibraryA)> loads(LoadLibraryA, [&](LPCSTR name) -> HMODULE {
-        loaded.push_back(name);
-        return nullptr;
-    });
+    NoViewers none;
     EXPECT_EQ(showHelp(), "Failed to load help file");
-    EXPECT_EQ(loaded, std::vector<std::string>{"hhctrl.ocx"});
+    EXPECT_EQ(none.tried, std::vector<std::string>{"hhctrl.ocx"});
 }
 
 TEST_F(HelpCommand, ARegisteredPathIsTakenUpTo260Bytes)
 {
     const std::string longest(255, 'v'); // with ".dll" and its terminator 260
-    std::vector<std::string> loaded;
-    LibraryCall<"LoadLibraryA", decltype(LoadLibraryA)> loads(LoadLibraryA, [&](LPCSTR name) -> HMODULE {
-        loaded.push_back(name);
-        return nullptr;
-    });
+    NoViewers none;
     registerViewer(longest + ".dll");
     EXPECT_EQ(showHelp(), "Failed to load help file");
-    EXPECT_EQ(loaded, (std::vector<std::string>{longest + ".dll", "hhctrl.ocx"}));
+    EXPECT_EQ(none.tried, (std::vector<std::string>{longest + ".dll", "hhctrl.ocx"}));
 }
 
 TEST_F(HelpCommand, ARegisteredPathOf260BytesWithoutATerminatorIsCut)
 {
-    std::vector<std::string> loaded;
     LibraryCall<"RegQueryValueExA", decltype(RegQueryValueExA)> queries(
         RegQueryValueExA, [](HKEY, LPCSTR, LPDWORD, LPDWORD type, LPBYTE data, LPDWORD size) {
             *type = REG_SZ;
@@ -194,25 +197,18 @@ TEST_F(HelpCommand, ARegisteredPathOf260BytesWithoutATerminatorIsCut)
             std::fill_n(data, 260, BYTE('v'));
             return LSTATUS(ERROR_SUCCESS);
         });
-    LibraryCall<"LoadLibraryA", decltype(LoadLibraryA)> loads(LoadLibraryA, [&](LPCSTR name) -> HMODULE {
-        loaded.push_back(name);
-        return nullptr;
-    });
+    NoViewers none;
     EXPECT_EQ(showHelp(), "Failed to load help file");
-    EXPECT_EQ(loaded, (std::vector<std::string>{std::string(259, 'v'), "hhctrl.ocx"}));
+    EXPECT_EQ(none.tried, (std::vector<std::string>{std::string(259, 'v'), "hhctrl.ocx"}));
 }
 
 TEST_F(HelpCommand, ARegisteredPathOfMoreThan260BytesIsNone)
 {
     const std::string tooLong(256, 'v');
-    std::vector<std::string> loaded;
-    LibraryCall<"LoadLibraryA", decltype(LoadLibraryA)> loads(LoadLibraryA, [&](LPCSTR name) -> HMODULE {
-        loaded.push_back(name);
-        return nullptr;
-    });
+    NoViewers none;
     registerViewer(tooLong + ".dll");
     EXPECT_EQ(showHelp(), "Failed to load help file");
-    EXPECT_EQ(loaded, std::vector<std::string>{"hhctrl.ocx"});
+    EXPECT_EQ(none.tried, std::vector<std::string>{"hhctrl.ocx"});
 }
 
 TEST_F(HelpCommand, WithoutMemoryForThePathFailsBeforeTheLibraryIsAskedForIt)
@@ -231,11 +227,7 @@ TEST_F(HelpCommand, ARegisteredPathThatGrowsBeyond260BytesIsNone)
 {
     SetEnvironmentVariableA("VERDANTH_TEST_VIEWER", std::string(256, 'v').c_str());
     registerViewer("%VERDANTH_TEST_VIEWER%.dll", REG_EXPAND_SZ);
-    std::vector<std::string> loaded;
-    LibraryCall<"LoadLibraryA", decltype(LoadLibraryA)> loads(LoadLibraryA, [&](LPCSTR name) -> HMODULE {
-        loaded.push_back(name);
-        return nullptr;
-    });
+    NoViewers none;
     EXPECT_EQ(showHelp(), "Failed to load help file");
-    EXPECT_EQ(loaded, std::vector<std::string>{"hhctrl.ocx"});
+    EXPECT_EQ(none.tried, std::vector<std::string>{"hhctrl.ocx"});
 }

@@ -23,6 +23,9 @@ public:
     ImportSlot &operator=(const ImportSlot &) = delete;
 
 private:
+    static AnyFunction *find(const char *name, AnyFunction system); // null when there is none
+    static void write(AnyFunction *slot, AnyFunction function);
+
     AnyFunction *slot;
     AnyFunction before = nullptr;
 };

@@ -1,7 +1,5 @@
 #include "tests/mex/support/library_call.h"
 
-#include <gtest/gtest.h>
-
 #include <cstring>
 #include <dlfcn.h>
 #include <elf.h>
@@ -83,33 +81,21 @@ int searchLibrary(dl_phdr_info *library, std::size_t, void *argument)
     return 1;
 }
 
-void write(ImportSlot::AnyFunction *slot, ImportSlot::AnyFunction function)
+} // namespace
+
+ImportSlot::AnyFunction *ImportSlot::find(const char *, AnyFunction system)
+{
+    Search search = {system, nullptr};
+    dl_iterate_phdr(searchLibrary, &search);
+    return search.found;
+}
+
+void ImportSlot::write(AnyFunction *slot, AnyFunction function)
 {
     const auto page = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
     const auto start = reinterpret_cast<std::uintptr_t>(slot) & ~(page - 1);
     mprotect(reinterpret_cast<void *>(start), page, PROT_READ | PROT_WRITE);
     *slot = function;
-}
-
-} // namespace
-
-ImportSlot::ImportSlot(const char *name, AnyFunction system, AnyFunction replacement)
-{
-    Search search = {system, nullptr};
-    dl_iterate_phdr(searchLibrary, &search);
-    slot = search.found;
-    if (!slot) {
-        ADD_FAILURE() << "the library does not call " << name;
-        return;
-    }
-    before = *slot;
-    write(slot, replacement);
-}
-
-ImportSlot::~ImportSlot()
-{
-    if (slot)
-        write(slot, before);
 }
 
 namespace {

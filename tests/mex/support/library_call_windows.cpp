@@ -1,8 +1,6 @@
 // The library's import table says from where it calls the system.
 #include "tests/mex/support/library_call.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -33,31 +31,19 @@ ImportSlot::AnyFunction *findSlot(HMODULE module, const char *function)
     return nullptr;
 }
 
-void write(ImportSlot::AnyFunction *slot, ImportSlot::AnyFunction function)
+} // namespace
+
+ImportSlot::AnyFunction *ImportSlot::find(const char *name, AnyFunction)
+{
+    return findSlot(GetModuleHandleW(L"Verdanth.mexw64"), name);
+}
+
+void ImportSlot::write(AnyFunction *slot, AnyFunction function)
 {
     DWORD protection = 0;
     VirtualProtect(slot, sizeof *slot, PAGE_READWRITE, &protection);
     *slot = function;
     VirtualProtect(slot, sizeof *slot, protection, &protection);
-}
-
-} // namespace
-
-ImportSlot::ImportSlot(const char *name, AnyFunction, AnyFunction replacement)
-    : slot(findSlot(GetModuleHandleW(L"Verdanth.mexw64"), name))
-{
-    if (!slot) {
-        ADD_FAILURE() << "the library imports no " << name;
-        return;
-    }
-    before = *slot;
-    write(slot, replacement);
-}
-
-ImportSlot::~ImportSlot()
-{
-    if (slot)
-        write(slot, before);
 }
 
 namespace {
