@@ -2,26 +2,15 @@
 
 #include "reference/engine/eos/gas_constant.h"
 #include "reference/engine/equilibrium/flash_tp.h"
+#include "reference/engine/equilibrium/phase_transfer.h"
 #include "reference/engine/numerics/symmetric_solve.h"
 #include "reference/engine/phase/phase_evaluation.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace reference {
 
 namespace {
-
-void giveWholeFeed(const Feed &feed, double temperature, double pressure, FlashResult &result)
-{
-    result.temperature = temperature;
-    result.pressure = pressure;
-    result.vaporPresent = feed.phases == FlashPhases::vaporOnly;
-    result.liquidPresent = !result.vaporPresent;
-    result.vaporFraction = result.vaporPresent ? 1.0 : 0.0;
-    result.liquidFraction = result.liquidPresent ? 1.0 : 0.0;
-    std::copy_n(feed.z, feed.size(), (result.vaporPresent ? result.vapor : result.liquid).begin());
-}
 
 // What the moles that pass from one phase to the other add to the slopes. With g the difference of the
 // logarithms of the fugacities, v the moles of vapour and M = dg/dv, the mixture in equilibrium has
@@ -31,31 +20,19 @@ void addTransfer(const Feed &feed, const Isotherm &isotherm, const PhaseProperti
 {
     const int n = feed.size();
     const double T = isotherm.temperature;
-    PairArray matrix;
-    PairArray liquidMatrix;
-    lnPhiByMoles(feed.model, isotherm, vapor.state, matrix);
-    lnPhiByMoles(feed.model, isotherm, liquid.state, liquidMatrix);
-    CompoundArray scale;
+    PhaseTransfer transfer(feed.model, isotherm, {phases.vaporFraction, phases.liquidFraction}, feed.z, vapor.state,
+                           phases.vapor, liquid.state, phases.liquid);
     CompoundArray byT{};
     CompoundArray byP{};
     for (int i = 0; i < n; ++i) {
-        scale[i] = std::sqrt(phases.liquid[i]) * std::sqrt(phases.vapor[i] / feed.z[i]);
-        byT[i] = scale[i] * (vapor.slopes.lnPhiByT[i] - liquid.slopes.lnPhiByT[i]);
-        byP[i] = scale[i] * (vapor.slopes.lnPhiByP[i] - liquid.slopes.lnPhiByP[i]);
+        byT[i] = transfer.scale[i] * (vapor.slopes.lnPhiByT[i] - liquid.slopes.lnPhiByT[i]);
+        byP[i] = transfer.scale[i] * (vapor.slopes.lnPhiByP[i] - liquid.slopes.lnPhiByP[i]);
     }
-    for (int j = 0; j < n; ++j) {
-        double *column = columnOf(matrix, n, j);
-        const double *liquidColumn = columnOf(liquidMatrix, n, j);
-        for (int i = j; i < n; ++i)
-            column[i] = scale[i] * scale[j] *
-                        (phases.liquidFraction * column[i] + phases.vaporFraction * liquidColumn[i] - 1.0);
-        column[j] += 1.0;
-    }
-    factorDescent(n, matrix);
+    factorDescent(n, transfer.matrix);
     CompoundArray movedByT = byT;
     CompoundArray movedByP = byP;
-    solveFactored(n, matrix, movedByT);
-    solveFactored(n, matrix, movedByP);
+    solveFactored(n, transfer.matrix, movedByT);
+    solveFactored(n, transfer.matrix, movedByP);
     double TT = 0.0;
     double TP = 0.0;
     double PP = 0.0;
@@ -74,10 +51,13 @@ void addTransfer(const Feed &feed, const Isotherm &isotherm, const PhaseProperti
 
 bool Equilibrium::find(const Feed &feed, double temperature, double pressure)
 {
-    if (feed.phases != FlashPhases::vaporAndLiquid)
-        giveWholeFeed(feed, temperature, pressure, phases);
-    else if (flashTP(feed.model, temperature, pressure, feed.fractions(), phases) != FlashStatus::solved)
+    if (feed.phases != FlashPhases::vaporAndLiquid) {
+        phases.temperature = temperature;
+        phases.pressure = pressure;
+        phases.setOnePhase(feed.phases == FlashPhases::vaporOnly, feed.fractions());
+    } else if (flashTP(feed.model, temperature, pressure, feed.fractions(), phases) != FlashStatus::solved) {
         return false;
+    }
 
     const Isotherm isotherm(feed.model, temperature);
     PhaseProperties vapor;

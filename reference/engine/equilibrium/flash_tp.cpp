@@ -3,8 +3,6 @@
 #include "reference/engine/equilibrium/present_compounds.h"
 #include "reference/engine/equilibrium/two_phase_split.h"
 
-#include <algorithm>
-
 namespace reference {
 
 namespace {
@@ -33,15 +31,6 @@ void givePhases(const TwoPhases &phases, const PresentCompounds &present, FlashR
     result.liquid = swap ? phases.y : phases.x;
     present.spread(result.vapor);
     present.spread(result.liquid);
-}
-
-void giveOnePhase(const FlashProblem &problem, std::span<const double> z, FlashResult &result)
-{
-    result.liquidPresent = isLiquid(problem);
-    result.vaporPresent = !result.liquidPresent;
-    result.vaporFraction = result.vaporPresent ? 1.0 : 0.0;
-    result.liquidFraction = result.liquidPresent ? 1.0 : 0.0;
-    std::ranges::copy(z, (result.vaporPresent ? result.vapor : result.liquid).begin());
 }
 
 // Looks for what the feed splits into: first as Wilson suggests, which mostly succeeds where there
@@ -84,7 +73,7 @@ FlashStatus flashPresent(const MixtureModel &model, double temperature, double p
             return FlashStatus::solved;
         }
     }
-    giveOnePhase(problem, z, result);
+    result.setOnePhase(!isLiquid(problem), z);
     return FlashStatus::solved;
 }
 

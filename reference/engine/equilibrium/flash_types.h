@@ -3,6 +3,9 @@
 
 #include "reference/engine/numerics/compound_arrays.h"
 
+#include <algorithm>
+#include <span>
+
 namespace reference {
 
 // What may be given of the whole mixture. Molar values are per mole of feed, with the zero points of
@@ -99,6 +102,16 @@ struct FlashResult {
     double liquidFraction; // the rest, with all its digits when it is small
     CompoundArray vapor;   // mole fractions, where present
     CompoundArray liquid;
+
+    // All of a feed, whose fractions z are, becomes one phase.
+    void setOnePhase(bool isVapor, std::span<const double> z)
+    {
+        vaporPresent = isVapor;
+        liquidPresent = !isVapor;
+        vaporFraction = isVapor ? 1.0 : 0.0;
+        liquidFraction = isVapor ? 0.0 : 1.0;
+        std::ranges::copy(z, (isVapor ? vapor : liquid).begin());
+    }
 };
 
 } // namespace reference

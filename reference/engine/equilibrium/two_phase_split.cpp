@@ -1,5 +1,7 @@
 #include "reference/engine/equilibrium/two_phase_split.h"
 
+#include "reference/engine/equilibrium/phase_transfer.h"
+
 #include "reference/engine/numerics/symmetric_solve.h"
 #include "reference/engine/phase/phase_evaluation.h"
 
@@ -38,37 +40,23 @@ void substitute(const FlashProblem &problem, TwoPhases &phases)
         phases.lnK[i] = phases.liquid.lnPhi[i] - phases.vapor.lnPhi[i];
 }
 
-// Moves lnK by the step of Newton's method for the least Gibbs energy in the mole numbers of the
-// vapour, scaled as in Michelsen, Mollerup, Thermodynamic Models, 2nd ed. (2007), chapter 10.
+// Moves lnK by the step of Newton's method for the least Gibbs energy in the mole numbers of the vapor.
 void newtonDirection(const FlashProblem &problem, const TwoPhases &phases, CompoundArray &change)
 {
     const int n = problem.model.size;
     const double both = phases.amounts.vapor * phases.amounts.liquid;
-    PairArray matrix;
-    PairArray liquidMatrix;
-    CompoundArray scale;
+    PhaseTransfer transfer(problem.model, problem.isotherm, phases.amounts, problem.z, phases.vapor, phases.y,
+                           phases.liquid, phases.x);
     CompoundArray step;
-    lnPhiByMoles(problem.model, problem.isotherm, phases.vapor, matrix);
-    lnPhiByMoles(problem.model, problem.isotherm, phases.liquid, liquidMatrix);
-    for (int i = 0; i < n; ++i) {
-        scale[i] = std::sqrt(phases.x[i]) * std::sqrt(phases.y[i] / problem.z[i]);
-        step[i] = -both * scale[i] * phases.lnFugacityRatio[i];
-    }
-    for (int j = 0; j < n; ++j) {
-        double *column = columnOf(matrix, n, j);
-        const double *liquidColumn = columnOf(liquidMatrix, n, j);
-        for (int i = j; i < n; ++i)
-            column[i] = scale[i] * scale[j] *
-                        (phases.amounts.liquid * column[i] + phases.amounts.vapor * liquidColumn[i] - 1.0);
-        column[j] += 1.0;
-    }
-    solveDescent(n, matrix, step);
+    for (int i = 0; i < n; ++i)
+        step[i] = -both * transfer.scale[i] * phases.lnFugacityRatio[i];
+    solveDescent(n, transfer.matrix, step);
 
     double moved = 0.0;
     for (int i = 0; i < n; ++i)
-        moved += scale[i] * step[i];
+        moved += transfer.scale[i] * step[i];
     for (int i = 0; i < n; ++i)
-        change[i] = (step[i] / scale[i] - moved) / both;
+        change[i] = (step[i] / transfer.scale[i] - moved) / both;
 }
 
 // One Newton step, shortened until the Gibbs energy falls or, where that has no digits left, the
