@@ -3,6 +3,7 @@
 help:
 	@echo "make demo     a property package in use, from the registry to a flash"
 	@echo "make test     all tests: native with sanitizers, native, and the Windows build under Wine"
+	@echo "make check    what to run before each commit: the native tests with sanitizers"
 	@echo "make bench    the measurements in bench/"
 	@echo "make coverage the lines of the library that the native tests reach, into build/linux-coverage/coverage"
 	@echo "make plots    draws the plots of the user guide anew"
@@ -13,7 +14,7 @@ help:
 	@echo "make lint-all the same, clang-tidy over what was clean the last time, too"
 	@echo "make clean    removes build/ and dist/"
 	@echo
-	@echo "demo and test first install what this machine lacks (Debian, Ubuntu)."
+	@echo "demo, test and check first install what this machine lacks (Debian, Ubuntu)."
 
 demo:
 	@scripts/bootstrap.sh
@@ -22,6 +23,10 @@ demo:
 test:
 	@scripts/bootstrap.sh
 	@scripts/test.sh
+
+check:
+	@scripts/bootstrap.sh
+	@scripts/check.sh
 
 bench:
 	@scripts/bootstrap.sh bench
@@ -59,4 +64,4 @@ clean:
 	@[ ! -d build/wine ] || scripts/wine.sh --kill
 	@rm -rf build dist
 
-.PHONY: help demo test bench coverage plots dist check-dist format lint lint-all clean
+.PHONY: help demo test check bench coverage plots dist check-dist format lint lint-all clean

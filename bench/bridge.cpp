@@ -1,17 +1,17 @@
 // Cost of the bridge to Octave: the same calls of the reference package from C++ and from Octave, where bridge.m makes
 // them. Fails when a call for one condition costs too much more in Octave, or one for many.
-#include "platform/matlab/standin.h"
+#include "host/command.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
-#include <string_view>
 #include <vector>
 
 extern "C" void mexFunction(int nlhs, mxArray *plhs[], int nrhs, const mxArray *prhs[]);
+
+using namespace host;
 
 namespace {
 
@@ -23,29 +23,12 @@ constexpr int calls = 500;
 constexpr std::size_t conditions = 100000;
 constexpr std::array moleFractions = {0.8, 0.08, 0.05, 0.02, 0.0, 0.01, 0.0, 0.0, 0.02, 0.02, 0.0};
 
-mxArray *column(const std::vector<double> &values)
-{
-    mxArray *array = mxCreateDoubleMatrix_730(values.size(), 1, mxREAL);
-    std::copy(values.begin(), values.end(), mxGetPr(array));
-    return array;
-}
-
-mxArray *number(double value) { return column({value}); }
-
-mxArray *text(std::string_view ascii)
-{
-    const mwSize dimensions[] = {1, ascii.size()};
-    mxArray *array = mxCreateCharArray_730(2, dimensions);
-    std::copy(ascii.begin(), ascii.end(), mxGetChars(array));
-    return array;
-}
-
 // The composition, once or for each of many conditions.
-mxArray *composition(std::size_t rows)
+Array composition(std::size_t rows)
 {
-    mxArray *array = mxCreateDoubleMatrix_730(rows, moleFractions.size(), mxREAL);
+    Array array = Zeros({rows, moleFractions.size()});
     for (std::size_t i = 0; i < moleFractions.size(); ++i)
-        std::fill_n(mxGetPr(array) + i * rows, rows, moleFractions[i]);
+        std::fill_n(mxGetPr(array.get()) + i * rows, rows, moleFractions[i]);
     return array;
 }
 
@@ -57,33 +40,19 @@ std::vector<double> temperatures(std::size_t count)
     return values;
 }
 
-mxArray *call(const std::vector<const mxArray *> &arguments)
-{
-    mxArray *result = nullptr;
-    if (!mexStandInCall(mexFunction, 1, &result, static_cast<int>(arguments.size()),
-                        const_cast<const mxArray **>(arguments.data()), mexLEAVE_UNWIND)) {
-        std::fprintf(stderr, "bridge: %s\n", mexStandInError());
-        std::exit(EXIT_FAILURE);
-    }
-    return result;
-}
-
 // Processor time of one call of command 22, the least of some; arguments are there, as they are in a script.
-double secondsOfCall(const mxArray *handle, std::size_t rows, int callCount)
+double secondsOfCall(const Array &handle, std::size_t rows, int callCount)
 {
-    const std::vector<const mxArray *> arguments = {
-        number(22),    number(1),         handle,       text("density"), column(temperatures(rows)),
-        number(1.0e5), composition(rows), text("Vapor")};
+    const std::vector<Array> arguments = {
+        Scalar(1),         handle,       Text("density"), Column(temperatures(rows)), Scalar(1.0e5),
+        composition(rows), Text("Vapor")};
     double best = 1e9;
     for (int repetition = 0; repetition < repetitions; ++repetition) {
         const std::clock_t start = std::clock();
         for (int i = 0; i < callCount; ++i)
-            mxDestroyArray(call(arguments));
+            Command(mexFunction, 22, 1, arguments);
         best = std::min(best, static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC / callCount);
     }
-    for (const mxArray *argument : arguments)
-        if (argument != handle)
-            mxDestroyArray(const_cast<mxArray *>(argument));
     return best;
 }
 
@@ -114,7 +83,7 @@ Seconds secondsInOctave()
 
 int main()
 {
-    const mxArray *handle = call({number(3), text("Verdanth Reference Packages"), text("Natural gas")});
+    const Array handle = Command(mexFunction, 3, 1, {Text("Verdanth Reference Packages"), Text("Natural gas")}).front();
     Seconds here;
     Seconds octave;
     for (int round = 0; round < rounds; ++round) {

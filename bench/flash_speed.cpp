@@ -2,7 +2,8 @@
 // phases: how many per second on one core, and that none of them allocates. Other flashes of the same gas
 // beside it.
 #include "bench/support/allocations.h"
-#include "reference/engine/flash.h"
+#include "reference/engine/equilibrium/flash_tp.h"
+#include "reference/engine/flash/flash.h"
 
 #include <benchmark/benchmark.h>
 

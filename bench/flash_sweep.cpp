@@ -2,7 +2,7 @@
 // many refused for a reason that is true, and what time they took. Ends with 1 if any answer is wrong, or if more than
 // one of a thousand were refused that have a solution.
 #include "tests/reference/engine/flash_sweep.h"
-#include "reference/engine/flash_reason.h"
+#include "reference/engine/flash/flash_reason.h"
 
 #include <chrono>
 #include <cstdio>

@@ -1,7 +1,8 @@
 // What the engine of the reference packages takes for the fugacity coefficients of a natural gas of
 // ten compounds: given what depends on temperature alone, with it, and for all their derivatives.
 #include "bench/support/allocations.h"
-#include "reference/engine/phase_state.h"
+#include "reference/engine/phase/phase_evaluation.h"
+#include "reference/engine/phase/phase_state.h"
 
 #include <benchmark/benchmark.h>
 

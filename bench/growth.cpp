@@ -7,13 +7,15 @@
 
 #include <benchmark/benchmark.h>
 
+using namespace host;
+
 namespace {
 
 void calculate(std::size_t conditions, std::size_t compounds)
 {
     Call(22, 1,
-         {Number(3), Handle(), Text("volume enthalpy entropy"), Matrix(conditions, 1, 300), Matrix(conditions, 1, 1e5),
-          Matrix(conditions, compounds, 1.0 / static_cast<double>(compounds)), Text("Vapor")});
+         {Scalar(3), Handle(), Text("volume enthalpy entropy"), Filled(conditions, 1, 300), Filled(conditions, 1, 1e5),
+          Filled(conditions, compounds, 1.0 / static_cast<double>(compounds)), Text("Vapor")});
 }
 
 void conditionCount(benchmark::State &state)

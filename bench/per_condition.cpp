@@ -17,6 +17,8 @@
 #include <functional>
 #include <vector>
 
+using namespace host;
+
 namespace {
 
 constexpr std::size_t conditions = 100000;
@@ -108,23 +110,23 @@ void floorBatch()
 void singlePhase(std::size_t n)
 {
     Call(22, 1,
-         {Number(3), Handle(), Text("volume enthalpy entropy"), Matrix(n, 1, 300), Matrix(n, 1, 1e5),
-          Matrix(n, compounds, 0.5), Text("Vapor")});
+         {Scalar(3), Handle(), Text("volume enthalpy entropy"), Filled(n, 1, 300), Filled(n, 1, 1e5),
+          Filled(n, compounds, 0.5), Text("Vapor")});
 }
 
 void twoPhase(std::size_t n)
 {
     Call(23, 1,
-         {Number(3), Handle(), Text("surfaceTension surfaceTension.Dtemperature surfaceTension.Dpressure"),
-          Matrix(n, 1, 300), Matrix(n, 1, 1e5), Matrix(n, compounds, 0.5), Matrix(n, compounds, 0.5), Text("Vapor"),
+         {Scalar(3), Handle(), Text("surfaceTension surfaceTension.Dtemperature surfaceTension.Dpressure"),
+          Filled(n, 1, 300), Filled(n, 1, 1e5), Filled(n, compounds, 0.5), Filled(n, compounds, 0.5), Text("Vapor"),
           Text("Liquid")});
 }
 
 void batch(std::size_t n)
 {
     Call(25, 1,
-         {Handle(), Matrix(n, compounds, 0.5), Text("Temperature"), Matrix(n, 1, 300), Text("Pressure"),
-          Matrix(n, 1, 1e5), Text("Unspecified"), Number(3), Text("volume enthalpy entropy")});
+         {Handle(), Filled(n, compounds, 0.5), Text("Temperature"), Filled(n, 1, 300), Text("Pressure"),
+          Filled(n, 1, 1e5), Text("Unspecified"), Scalar(3), Text("volume enthalpy entropy")});
 }
 
 std::size_t allocationsOf(void (*command)(std::size_t), std::size_t n)

@@ -15,6 +15,24 @@ target_compile_options(test_code INTERFACE -O0 -g1)
 target_precompile_headers(test_code INTERFACE <gtest/gtest.h> <functional> <string> <vector>
                           "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/platform/platform.h>")
 
+# Adds the suites of a GoogleTest program to CTest as PREFIX and the suite's name, each run in a process of its own, with
+# the test properties that follow. Their cases are counted one by one: scripts/run_suite.py.
+function(add_suites target prefix)
+    set(suites ${CMAKE_CURRENT_BINARY_DIR}/${prefix}${target}.cmake)
+    file(GENERATE OUTPUT ${suites} CONTENT
+"set(target ${target})
+set(prefix ${prefix})
+set(program $<TARGET_FILE:${target}>)
+set(emulator \"$<TARGET_PROPERTY:${target},CROSSCOMPILING_EMULATOR>\")
+set(runner ${PROJECT_SOURCE_DIR}/scripts/run_suite.py)
+set(cases ${PROJECT_BINARY_DIR}/test-cases)
+set(folder ${CMAKE_CURRENT_BINARY_DIR})
+set(properties \"${ARGN}\")
+include(${PROJECT_SOURCE_DIR}/cmake/discover_suites.cmake)
+")
+    set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${suites})
+endfunction()
+
 if(WIN32)
     # Before anything else CTest gets Wine up, which takes longer the first time than a test may.
     configure_file(${PROJECT_SOURCE_DIR}/cmake/wine-up.cmake.in ${PROJECT_BINARY_DIR}/wine-up.cmake @ONLY)

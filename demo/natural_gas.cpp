@@ -4,6 +4,8 @@
 
 #include <cstdio>
 
+using namespace host;
+
 namespace {
 
 constexpr const char *managerName = "Verdanth Reference Packages";
@@ -46,7 +48,7 @@ struct Phases {
 
 // Compositions are given in the default basis: mole fractions become mass fractions with the
 // molecular weights, a constant of the package.
-std::vector<double> massFractions(const std::vector<double> &moleFractions, const double *molecularWeights)
+std::vector<double> massFractions(const std::vector<double> &moleFractions, const std::vector<double> &molecularWeights)
 {
     double total = 0;
     std::vector<double> fractions(moleFractions);
@@ -57,16 +59,17 @@ std::vector<double> massFractions(const std::vector<double> &moleFractions, cons
     return fractions;
 }
 
-Phases flash(Session &session, const mxArray *package, const std::vector<std::string> &compounds)
+Phases flash(Session &session, const Array &package, const std::vector<std::string> &compounds)
 {
     const std::vector<double> composition = compositionFor(compounds);
-    const Arrays results = session.call(24, 5,
-                                        {Session::copyOfHandle(package), Row(composition), Text("Temperature"),
-                                         Number(temperature), Text("Pressure"), Number(pressure), Text("Unspecified")});
+    const std::vector<Array> results =
+        session.call(24, 5,
+                     {package, Row(composition), Text("Temperature"), Scalar(temperature), Text("Pressure"),
+                      Scalar(pressure), Text("Unspecified")});
     Phases phases;
-    phases.labels = TextsOf(results[0]);
-    const double *fractions = mxGetPr(results[1]);
-    const double *compositions = mxGetPr(results[2]);
+    phases.labels = Printable(results[0].texts());
+    const std::vector<double> fractions = results[1].numbers();
+    phases.compositions = results[2].matrix();
     const std::size_t count = phases.labels.size();
     std::printf("\nFlash at %g K and %g bar\n\n    %-20s %10s", temperature, pressure / 1e5, "mole fraction", "feed");
     for (const std::string &label : phases.labels)
@@ -75,14 +78,10 @@ Phases flash(Session &session, const mxArray *package, const std::vector<std::st
     for (std::size_t p = 0; p < count; ++p)
         std::printf(" %10.6f", fractions[p]);
     std::printf("\n");
-    phases.compositions.assign(count, {});
     for (std::size_t i = 0; i < compounds.size(); ++i) {
         std::printf("    %-20s %10.6f", compounds[i].c_str(), composition[i]);
-        for (std::size_t p = 0; p < count; ++p) {
-            const double fraction = compositions[p + i * count];
-            phases.compositions[p].push_back(fraction);
-            std::printf(" %10.6f", fraction);
-        }
+        for (std::size_t p = 0; p < count; ++p)
+            std::printf(" %10.6f", phases.compositions[p][i]);
         std::printf("\n");
     }
     return phases;
@@ -90,28 +89,27 @@ Phases flash(Session &session, const mxArray *package, const std::vector<std::st
 
 // Density and enthalpy of one phase of fixed composition over ten temperatures, in the basis that
 // was set last.
-void tabulate(Session &session, const mxArray *package, const std::string &phase,
-              const std::vector<double> &composition)
+void tabulate(Session &session, const Array &package, const std::string &phase, const std::vector<double> &composition)
 {
     std::vector<double> temperatures(10);
     for (std::size_t i = 0; i < temperatures.size(); ++i)
         temperatures[i] = 200 + 5.0 * static_cast<double>(i);
-    const mxArray *values = session.call(22, {Number(2), Session::copyOfHandle(package), Texts({"density", "enthalpy"}),
-                                              Column(temperatures), Number(pressure), Row(composition), Text(phase)});
-    const std::string densityUnit = TextOf(session.call(19, {Text("density")}));
-    const std::string enthalpyUnit = TextOf(session.call(19, {Text("enthalpy")}));
-    const double *density = mxGetPr(mxGetCell_730(values, 0));
-    const double *enthalpy = mxGetPr(mxGetCell_730(values, 1));
+    const Array values = session.call(22, {Scalar(2), package, Texts({"density", "enthalpy"}), Column(temperatures),
+                                           Scalar(pressure), Row(composition), Text(phase)});
+    const std::string densityUnit = Printable(session.call(19, {Text("density")}).text());
+    const std::string enthalpyUnit = Printable(session.call(19, {Text("enthalpy")}).text());
+    const std::vector<double> density = values.element(0).numbers();
+    const std::vector<double> enthalpy = values.element(1).numbers();
     std::printf("\n    %-10s %16s %18s\n", "T / K", ("density / (" + densityUnit + ")").c_str(),
                 ("enthalpy / (" + enthalpyUnit + ")").c_str());
     for (std::size_t c = 0; c < temperatures.size(); ++c)
         std::printf("    %-10g %16.5f %18.3f\n", temperatures[c], density[c], enthalpy[c]);
 }
 
-void tabulateInBasis(Session &session, const mxArray *package, const Phases &phases, const std::string &basis)
+void tabulateInBasis(Session &session, const Array &package, const Phases &phases, const std::string &basis)
 {
     session.call(18, 0, {Text(basis)});
-    const double *weights = mxGetPr(session.call(16, {Session::copyOfHandle(package), Text("molecularWeight")}));
+    const std::vector<double> weights = session.call(16, {package, Text("molecularWeight")}).numbers();
     for (std::size_t p = 0; p < phases.labels.size(); ++p) {
         const std::vector<double> &moleFractions = phases.compositions[p];
         std::printf("\n%s of this composition at %g bar, %s basis\n", phases.labels[p].c_str(), pressure / 1e5,
@@ -126,15 +124,15 @@ void tabulateInBasis(Session &session, const mxArray *package, const Phases &pha
 int main()
 {
     Session session;
-    std::printf("%s\n\n", TextOf(session.call(26, {})).c_str());
-    printList("Property package managers and stand-alone packages", TextsOf(session.call(1, {})));
-    printList("\nPackages of \"Verdanth Reference Packages\"", TextsOf(session.call(2, {Text(managerName)})));
-    const mxArray *package = session.call(3, {Text(managerName), Text(packageName)});
-    const std::vector<std::string> compounds = TextsOf(session.call(7, {Session::copyOfHandle(package)}));
+    std::printf("%s\n\n", Printable(session.call(26, {}).text()).c_str());
+    printList("Property package managers and stand-alone packages", Printable(session.call(1, {}).texts()));
+    printList("\nPackages of \"Verdanth Reference Packages\"", Printable(session.call(2, {Text(managerName)}).texts()));
+    const Array package = session.call(3, {Text(managerName), Text(packageName)});
+    const std::vector<std::string> compounds = Printable(session.call(7, {package}).texts());
 
     const Phases phases = flash(session, package, compounds);
     tabulateInBasis(session, package, phases, "mole");
     tabulateInBasis(session, package, phases, "mass");
-    session.call(4, 0, {Session::copyOfHandle(package)});
+    session.call(4, 0, {package});
     return 0;
 }

@@ -3,8 +3,8 @@
 
     docs/build.py VERSION FOLDER
 
-The pages of the functions come from the help texts in toolbox/, so that the two can't differ; the others are in
-docs/pages/. docs/contents.txt puts all of them in order.
+The pages of the functions come from the help texts in toolbox/, and the tables of properties from the vocabulary of the
+library, so that they can't differ from these; the other pages are in docs/pages/. docs/contents.txt puts all of them in order.
 """
 
 import html
@@ -13,10 +13,12 @@ import re
 import shutil
 import sys
 
-from help_text import FunctionHelp, help_files
-
 DOCS = pathlib.Path(__file__).resolve().parent
 TOOLBOX = DOCS.parent / "toolbox"
+sys.path.append(str(DOCS.parent / "properties"))
+
+from help_text import FunctionHelp, help_files  # pylint: disable=wrong-import-position
+from vocabulary import vocabulary  # pylint: disable=wrong-import-position
 
 PAGE = """<!DOCTYPE HTML PUBLIC "-//W3C//DTD HTML 4.01//EN" "http://www.w3.org/TR/html4/strict.dtd">
 <html lang="en">
@@ -32,13 +34,13 @@ PAGE = """<!DOCTYPE HTML PUBLIC "-//W3C//DTD HTML 4.01//EN" "http://www.w3.org/T
 </html>
 """
 
-KINDS = (
-    ("constant", "Compound constants"),
-    ("temperature", "Temperature-dependent properties of pure compounds"),
-    ("pressure", "Pressure-dependent properties of pure compounds"),
-    ("phase", "Single-phase properties"),
-    ("pair", "Two-phase properties"),
-)
+KINDS = {
+    "constant": "Compound constants",
+    "temperature-dependent": "Temperature-dependent properties of pure compounds",
+    "pressure-dependent": "Pressure-dependent properties of pure compounds",
+    "single-phase": "Single-phase properties",
+    "two-phase": "Two-phase properties",
+}
 SHAPES = {"0": "one value", "1": "each compound", "2": "pairs of compounds"}
 
 
@@ -75,15 +77,14 @@ def resolve_links(text, helps):
 
 
 def property_tables():
-    """The tables of docs/properties.txt; its columns are kind, name, shape, unit in mole basis, unit in mass basis."""
-    rows = {kind: [] for kind, _ in KINDS}
-    for line in (DOCS / "properties.txt").read_text(encoding="ascii").splitlines():
-        if line and not line.startswith("#"):
-            kind, name, shape, *units = line.split("\t")
-            mole, mass = (html.escape(unit) or "none" for unit in units)
-            rows[kind].append(f"<tr><td><code>{name}</code></td><td>{SHAPES[shape]}</td><td>{mole}</td><td>{mass}</td></tr>")
+    """One table for each kind of properties."""
+    rows = {kind: [] for kind in KINDS}
+    for row in vocabulary():
+        units = "".join(f"<td>{html.escape(row[unit]) or 'none'}</td>" for unit in ("mole_unit", "mass_unit"))
+        rows[row["kind"]].append(f"<tr><td><code>{row['name']}</code></td><td>{SHAPES[row['dimensions']]}</td>{units}</tr>")
     head = "<tr><th>name</th><th>values</th><th>unit, mole basis</th><th>unit, mass basis</th></tr>"
-    return "\n".join(f'<h2><a name="{kind}"></a>{title}</h2>\n<table>\n{head}\n' + "\n".join(rows[kind]) + "\n</table>" for kind, title in KINDS)
+    return "\n".join(f'<h2><a name="{kind}"></a>{title}</h2>\n<table>\n{head}\n' + "\n".join(rows[kind]) + "\n</table>"
+                     for kind, title in KINDS.items())
 
 
 def function_table(helps):

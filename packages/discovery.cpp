@@ -1,7 +1,7 @@
 #include "packages/discovery.h"
 
+#include "cape/com/registry_key.h"
 #include "gateway/state/global_lists.h"
-#include "packages/registry_key.h"
 
 #include <memory>
 #include <new>

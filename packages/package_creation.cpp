@@ -5,9 +5,9 @@
 #include "packages/component.h"
 #include "packages/package_manager.h"
 #include "packages/package_table.h"
+#include "platform/keep_reachable.h"
 
 #include <memory>
-#include <vector>
 
 namespace {
 
@@ -25,12 +25,11 @@ bool createStandAlone(const PackageSource &source, ComPointer<IDispatch> &packag
 }
 
 // A package name is never freed once a manager has it: managers keep the pointer they are given.
-// The list keeps the names reachable, so that a leak checker can tell intent from accident.
 BSTR lendForGood(const WideString &packageName)
 {
-    static auto *const lent = new std::vector<BSTR>;
-    lent->push_back(SysAllocString(packageName.c_str()));
-    return lent->back();
+    const BSTR name = SysAllocString(packageName.c_str());
+    keepReachable(name);
+    return name;
 }
 
 bool createThroughManager(const PackageSource &source, const WideString &packageName, ComPointer<IDispatch> &package)

@@ -3,9 +3,9 @@
 #include "cape/com/bstr.h"
 #include "cape/com/cape_open.h"
 #include "cape/com/com_pointer.h"
+#include "cape/com/registry_key.h"
 #include "cape/com/relay_interface.h"
 #include "gateway/state/warning.h"
-#include "packages/registry_key.h"
 
 #include <memory>
 #include <utility>

@@ -1,7 +1,5 @@
 #include "properties/vocabulary.h"
 
-#include "properties/vocabulary_rows.h"
-
 PropertyTable constantProperties;
 PropertyTable tDependentProperties;
 PropertyTable pDependentProperties;
@@ -10,17 +8,11 @@ PropertyTable twoPhaseProperties;
 
 namespace {
 
-struct TableOfKind {
-    PropertyKind kind;
-    PropertyTable *table;
-};
+#include "properties/vocabulary_rows.inc"
 
-constexpr TableOfKind tables[] = {
-    {CompoundConstant, &constantProperties},
-    {TemperatureDependent, &tDependentProperties},
-    {PressureDependent, &pDependentProperties},
-    {SinglePhase, &singlePhaseProperties},
-    {TwoPhase, &twoPhaseProperties},
+// By kind, which is the order of clearing too.
+constexpr PropertyTable *tables[] = {
+    &constantProperties, &tDependentProperties, &pDependentProperties, &singlePhaseProperties, &twoPhaseProperties,
 };
 
 bool tablesBuilt = false;
@@ -32,9 +24,8 @@ void BuildPropertyTables()
     if (tablesBuilt)
         return;
     tablesBuilt = true;
-    for (const auto &[kind, table] : tables)
-        for (const PropertyInfo &row : PropertyRows(kind))
-            table->try_emplace(WSTRMapKeyString(row.name), &row);
+    for (const PropertyInfo &row : rows)
+        tables[row.kind]->try_emplace(WSTRMapKeyString(row.name), &row);
 }
 
 void ClearPropertyTables()
@@ -42,6 +33,6 @@ void ClearPropertyTables()
     if (!tablesBuilt)
         return;
     tablesBuilt = false;
-    for (const auto &[kind, table] : tables)
+    for (PropertyTable *table : tables)
         table->clear();
 }

@@ -13,7 +13,7 @@ namespace {
 
 RelayFactory mainFactory;
 
-// The process that makes the call which this thread is serving.
+// The process whose call this thread is serving.
 void noteCaller()
 {
     unsigned long processId = 0;
@@ -23,7 +23,7 @@ void noteCaller()
         NoteClient(processId);
 }
 
-// What clients get to see: notes who they are and passes them on to the main thread.
+// The factory that clients get: records who they are and passes their calls on to the main thread.
 class FrontFactory final : public IClassFactory {
 public:
     explicit FrontFactory(IClassFactory *mainThreads) : factory(mainThreads) {}
@@ -77,7 +77,7 @@ void ClassObject::close()
     waitFor(closed);
 }
 
-// The other thread may want something of this one.
+// The other thread may need this one to handle a call.
 void ClassObject::waitFor(HANDLE event) const
 {
     DWORD index = 0;
@@ -93,7 +93,7 @@ DWORD WINAPI ClassObject::run(void *self)
 
 void ClassObject::serve()
 {
-    static ComPointer<IClassFactory> factory; // both are for calls that may still come
+    static ComPointer<IClassFactory> factory; // neither is destroyed: calls may still arrive
     result = CoGetInterfaceAndReleaseStream(std::exchange(factoryStream, nullptr), InterfaceId<IClassFactory>,
                                             factory.outVoid());
     static FrontFactory front(factory.get());

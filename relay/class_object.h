@@ -1,11 +1,11 @@
-// The relay's class as COM knows it while the process runs.
+// The relay's class object, registered with COM while the process runs.
 #pragma once
 
 #include "platform/platform.h"
 
-// Lets clients in. To be made by the main thread, in its single-threaded apartment, where relays are made, too; but it
-// is another thread's apartment that clients come in by, because only there COM tells which process calls. That thread
-// stays for calls that are under way, to the end of the process.
+// Admits clients. Construct it on the main thread, in the single-threaded apartment where the relays are created.
+// Clients connect through the apartment of a second thread, because only there does COM tell which process is calling.
+// That thread stays until the process ends, for calls that are still in progress.
 class ClassObject {
 public:
     ClassObject();
@@ -14,14 +14,14 @@ public:
 
     HRESULT registration() const { return result; } // of the class
 
-    void close(); // lets no new clients in
+    void close(); // admits no more clients
 
 private:
     static DWORD WINAPI run(void *self);
     void serve();
     void waitFor(HANDLE event) const;
 
-    IStream *factoryStream = nullptr; // the main thread's factory on its way to the other
+    IStream *factoryStream = nullptr; // the main thread's factory, marshalled for the other thread
     HANDLE opened = CreateEventW(nullptr, TRUE, FALSE, nullptr);
     HANDLE closing = CreateEventW(nullptr, TRUE, FALSE, nullptr);
     HANDLE closed = CreateEventW(nullptr, TRUE, FALSE, nullptr);

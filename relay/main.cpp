@@ -1,12 +1,12 @@
 // Verdanth6432Relay: a 32-bit local COM server that creates 32-bit in-process components for 64-bit processes.
 //
-//   /RegServer      registers it, which takes an administrator
-//   /UnregServer    takes the registration back
-//   /RegTypeLib     registers the CAPE-OPEN type library beside it where there is none, which takes one, too
-//   /UnregTypeLib   takes that back
-//   -Embedding      serves; COM starts it so
+//   /RegServer      registers it; needs administrator rights
+//   /UnregServer    removes the registration
+//   /RegTypeLib     registers the CAPE-OPEN type library beside it where none is registered; needs them, too
+//   /UnregTypeLib   removes that
+//   -Embedding      serves clients; this is how COM starts it
 //
-// It shows no window. The exit code of the registrations is 0, or the failure's result.
+// It shows no window. The exit code of the registrations is 0, or the HRESULT of the error.
 #include "relay/class_object.h"
 #include "relay/process_life.h"
 #include "relay/registration.h"
@@ -16,21 +16,27 @@
 
 namespace {
 
+constexpr DWORD idleMilliseconds = 500;    // for a client that connects again at once: a new process takes longer
+constexpr DWORD closedMilliseconds = 1000; // by then the calls of clients that had connected have arrived
+
 HRESULT serve()
 {
     StartProcessLife();
     ClassObject classObject;
     if (FAILED(classObject.registration()))
         return classObject.registration();
-    LiveUntilReleased();
+    do
+        LiveUntilReleased();
+    while (!StaysReleased(idleMilliseconds));
     classObject.close();
-    // Somebody may have come in while the door was being shut, and is served to the end.
-    while (!NobodyIsLeft())
+    // The call of a client that connected before the class was revoked may still be on its way; it is served to the
+    // end.
+    while (!StaysReleased(closedMilliseconds))
         LiveUntilReleased();
     return S_OK;
 }
 
-// The one switch on the command line, in lower case and without its sign; empty for anything else.
+// The only switch on the command line, in lower case and without its / or -; empty for anything else.
 WideString switchOf(const char *commandLine)
 {
     const std::string_view line = commandLine ? commandLine : "";
@@ -46,7 +52,7 @@ WideString switchOf(const char *commandLine)
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR commandLine, int)
 {
-    // A component that can't be loaded, or crashes, is told by a result.
+    // A component that cannot be loaded, or crashes, is reported by an HRESULT.
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
     const WideString word = switchOf(commandLine);
     HRESULT hr = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
@@ -65,7 +71,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR commandLine, int)
     else
         hr = E_INVALIDARG;
     CoUninitialize();
-    // Another thread may be in a call still: nothing is to be taken down under it.
+    // Another thread may still be in a call, so nothing is torn down.
     TerminateProcess(GetCurrentProcess(), static_cast<UINT>(hr));
     return hr;
 }

@@ -6,20 +6,26 @@
 namespace {
 
 constexpr DWORD firstHoldMilliseconds = 60'000; // by then a client that started the process has asked for a relay
-constexpr DWORD farewellMilliseconds = 10'000;  // for components to end in, when all clients are dead
+constexpr DWORD farewellMilliseconds = 10'000;  // that components have to shut down when all clients are dead
 
-// Set when there may be nothing to live for any more. A message would not do: it gets lost where a component waits in
-// a loop of its own.
+// Set when the process may have to end. A message would not do: it gets lost while a component waits in a loop of its
+// own.
 HANDLE wake = nullptr;
 
-std::mutex mutex; // for all below
+std::mutex mutex; // guards all variables below
 unsigned holds = 0;
 bool everHeld = false;
-std::set<DWORD> clients; // all that were noted; their handles stay open, so that no id is used again
+std::set<DWORD> clients; // all on record; their handles stay open, so that no id is reused
 unsigned livingClients = 0;
-bool allAreWatched = true; // a client that may not be waited for may be alive
+bool allAreWatched = true; // false: there is a client that we may not wait for, which may be alive
 
 bool nobodyIsLeft() { return holds == 0 || (allAreWatched && !clients.empty() && livingClients == 0); }
+
+bool isReleased()
+{
+    const std::lock_guard lock(mutex);
+    return nobodyIsLeft();
+}
 
 bool wasHeld()
 {
@@ -45,9 +51,9 @@ void CALLBACK clientDied(void *, BOOLEAN)
             return;
         SetEvent(wake);
     }
-    // A component that is stuck holds up the main thread for ever.
+    // A component that hangs blocks the main thread for ever.
     Sleep(farewellMilliseconds);
-    if (NobodyIsLeft())
+    if (isReleased())
         TerminateProcess(GetCurrentProcess(), ERROR_TIMEOUT);
 }
 
@@ -88,7 +94,7 @@ void LiveUntilReleased()
     for (;;) {
         const DWORD reason = MsgWaitForMultipleObjectsEx(1, &wake, wasHeld() ? INFINITE : firstHoldMilliseconds,
                                                          QS_ALLINPUT, MWMO_INPUTAVAILABLE);
-        if (reason == WAIT_OBJECT_0 && NobodyIsLeft())
+        if (reason == WAIT_OBJECT_0 && isReleased())
             return;
         if (reason == WAIT_TIMEOUT && !wasHeld())
             return;
@@ -96,8 +102,15 @@ void LiveUntilReleased()
     }
 }
 
-bool NobodyIsLeft()
+bool StaysReleased(DWORD milliseconds)
 {
-    const std::lock_guard lock(mutex);
-    return nobodyIsLeft();
+    const DWORD start = GetTickCount();
+    for (DWORD passed = 0; isReleased(); passed = GetTickCount() - start) {
+        if (passed >= milliseconds)
+            return true;
+        // Only the main thread lets a client hold the process, while it handles a message.
+        MsgWaitForMultipleObjectsEx(0, nullptr, milliseconds - passed, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+        dispatchMessages();
+    }
+    return false;
 }

@@ -1,24 +1,24 @@
-// How long the process lives: as long as somebody holds a relay, and one of its clients lives.
+// How long the process runs: as long as somebody holds a relay and at least one of its clients is alive.
 #pragma once
 
 #include "platform/platform.h"
 
-// To be called before anybody can hold the process.
+// Call this before anybody can hold the process.
 void StartProcessLife();
 
 // A relay, or a lock; from any thread.
 void HoldProcess();
 void LetGoOfProcess();
 
-// A client by its process. A client that dies lets go of nothing, and not every system notices that for it: when all
-// clients are dead the process ends, whatever they held.
+// Records a client by its process. A client that dies releases nothing, and not every system does so on its behalf:
+// when all clients are dead the process ends, whatever they held.
 void NoteClient(DWORD processId);
-inline constexpr DWORD unknownClient = 0; // nobody can tell when it dies, so it counts as living
+inline constexpr DWORD unknownClient = 0; // its death cannot be observed, so it counts as alive
 
-// Handles the messages of the main thread until nobody holds the process any more, or all clients are dead; or nobody
-// ever came.
+// Runs the main thread's message loop until nobody holds the process any more, until all clients are dead, or because
+// no client ever connected.
 void LiveUntilReleased();
 
-// Whether there is nothing to live for. Once LiveUntilReleased has returned and no new clients can come, this tells
-// whether one came in between.
-bool NobodyIsLeft();
+// Runs it for that long after that, and returns whether nobody has held the process again; false as soon as a client
+// does.
+bool StaysReleased(DWORD milliseconds);

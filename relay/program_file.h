@@ -1,4 +1,4 @@
-// Where this program lies, and what comes with it.
+// The path of this program, and of the files installed with it.
 #pragma once
 
 #include "platform/platform.h"

@@ -17,7 +17,7 @@ HRESULT registerTypeLibrary(const WideString &path)
 {
     ComPointer<ITypeLib> library;
     HRESULT hr = LoadTypeLibEx(path.c_str(), REGKIND_REGISTER, library.out());
-    // The entry is one for 32-bit programs; 64-bit ones can read this file, too.
+    // The entry is made for 32-bit programs; 64-bit ones can read this file, too.
     if (SUCCEEDED(hr))
         hr = WriteText(0, libraryKey + L"\\" + libraryVersion + L"\\0\\win64", nullptr, path);
     if (SUCCEEDED(hr))

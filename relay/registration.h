@@ -1,9 +1,9 @@
-// The relay in the class registry: the class in both views, so that clients of both kinds find it, and the type
-// library by which calls get from one process to another.
+// Registers the relay: its class in both registry views, so that 32-bit and 64-bit clients find it, and the type
+// library that calls between processes are marshalled by.
 #pragma once
 
 #include "platform/platform.h"
 
-// Give the first failure. Administrators can do it.
+// Both need administrator rights, and return the first error.
 HRESULT RegisterServer();
-HRESULT UnregisterServer(); // what is not there is no failure
+HRESULT UnregisterServer(); // entries that do not exist are not an error

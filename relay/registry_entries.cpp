@@ -1,13 +1,10 @@
 #include "relay/registry_entries.h"
 
+#include "cape/com/registry_key.h"
+
 namespace {
 
 constexpr LPCWSTR automationMarshaller = L"{00020424-0000-0000-C000-000000000046}";
-
-HRESULT resultOf(LSTATUS status)
-{
-    return status == ERROR_SUCCESS ? S_OK : static_cast<HRESULT>(0x80070000u | static_cast<unsigned>(status));
-}
 
 WideString interfaceKey(REFIID iid) { return L"Interface\\" + IdentifierText(iid); }
 
@@ -22,41 +19,27 @@ WideString IdentifierText(REFGUID id)
 
 WideString ReadText(REGSAM view, const WideString &path, LPCWSTR name)
 {
-    HKEY key = nullptr;
-    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, path.c_str(), 0, KEY_READ | view, &key) != ERROR_SUCCESS)
+    const RegistryKey key(HKEY_CLASSES_ROOT, path.c_str(), KEY_READ | view);
+    if (!key)
         return {};
     WCHAR text[1024] = {};
     DWORD size = sizeof text - sizeof(WCHAR);
     DWORD type = REG_NONE;
-    const LSTATUS status = RegQueryValueExW(key, name, nullptr, &type, reinterpret_cast<BYTE *>(text), &size);
-    RegCloseKey(key);
+    const LSTATUS status = RegQueryValueExW(key.get(), name, nullptr, &type, reinterpret_cast<BYTE *>(text), &size);
     return status == ERROR_SUCCESS && type == REG_SZ ? text : WideString();
 }
 
 HRESULT WriteText(REGSAM view, const WideString &path, LPCWSTR name, const WideString &value)
 {
-    HKEY key = nullptr;
-    LSTATUS status =
-        RegCreateKeyExW(HKEY_CLASSES_ROOT, path.c_str(), 0, nullptr, 0, KEY_WRITE | view, nullptr, &key, nullptr);
-    if (status != ERROR_SUCCESS)
-        return resultOf(status);
-    status = RegSetValueExW(key, name, 0, REG_SZ, reinterpret_cast<const BYTE *>(value.c_str()),
-                            static_cast<DWORD>((value.size() + 1) * sizeof(WCHAR)));
-    RegCloseKey(key);
-    return resultOf(status);
+    return ResultOf(RegistryKey::create(HKEY_CLASSES_ROOT, path.c_str(), view).setText(name, value));
 }
 
 HRESULT RemoveKey(REGSAM view, const WideString &path)
 {
     const std::size_t last = path.rfind(L'\\');
-    HKEY parent = nullptr;
-    LSTATUS status = RegOpenKeyExW(HKEY_CLASSES_ROOT, path.substr(0, last).c_str(), 0,
-                                   KEY_READ | KEY_WRITE | DELETE | view, &parent);
-    if (status == ERROR_SUCCESS) {
-        status = RegDeleteTreeW(parent, path.substr(last + 1).c_str());
-        RegCloseKey(parent);
-    }
-    return resultOf(status == ERROR_FILE_NOT_FOUND ? ERROR_SUCCESS : status);
+    const RegistryKey parent(HKEY_CLASSES_ROOT, path.substr(0, last).c_str(), KEY_READ | KEY_WRITE | DELETE | view);
+    const LSTATUS status = parent ? RegDeleteTreeW(parent.get(), path.substr(last + 1).c_str()) : parent.result();
+    return ResultOf(status == ERROR_FILE_NOT_FOUND ? ERROR_SUCCESS : status);
 }
 
 HRESULT EnterInterface(REFIID iid, const WideString &name, REFGUID libraryId, const WideString &libraryVersion)

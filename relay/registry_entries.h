@@ -1,4 +1,4 @@
-// Entries below HKEY_CLASSES_ROOT, where 32-bit and 64-bit programs see different ones.
+// Entries under HKEY_CLASSES_ROOT, of which 32-bit and 64-bit programs have separate views.
 #pragma once
 
 #include "platform/platform.h"
@@ -8,18 +8,18 @@ inline constexpr REGSAM registryViews[] = {KEY_WOW64_32KEY, KEY_WOW64_64KEY};
 
 WideString IdentifierText(REFGUID id); // in braces
 
-// A text of a key, empty when there is no such text; the key's own with a null `name`.
+// The text of a named value of a key, or of its default value for a null `name`; empty when there is none.
 WideString ReadText(REGSAM view, const WideString &path, LPCWSTR name);
 
-// Makes the key if need be.
+// Creates the key if necessary.
 HRESULT WriteText(REGSAM view, const WideString &path, LPCWSTR name, const WideString &value);
 
-// A key with all below it; what is not there is no failure.
+// Deletes a key and everything under it; a key that does not exist is not an error.
 HRESULT RemoveKey(REGSAM view, const WideString &path);
 
-// An interface by whose type library calls get from one process to another, in both views: what RegisterTypeLib enters
-// of it differs from system to system in the views it reaches.
+// Registers, in both views, an interface that is marshalled by its type library: which views RegisterTypeLib writes to
+// differs between systems.
 HRESULT EnterInterface(REFIID iid, const WideString &name, REFGUID libraryId, const WideString &libraryVersion);
 
-// Takes it back from both views, but where it belongs to another library by now, or another version.
+// Removes it from both views, except where it now belongs to another library or another version.
 HRESULT RemoveInterface(REFIID iid, REFGUID libraryId, const WideString &libraryVersion);

@@ -54,7 +54,7 @@ HRESULT STDMETHODCALLTYPE RelayFactory::CreateInstance(IUnknown *outer, REFIID i
     *object = nullptr;
     if (outer)
         return CLASS_E_NOAGGREGATION;
-    // A relay that came and went would end the process.
+    // The release of a temporary relay would end the process.
     if (!(iid == InterfaceId<IUnknown>)&&!(iid == InterfaceId<IDispatch>)&&!(iid == InterfaceId<IVerdanth6432Relay>))
         return E_NOINTERFACE;
     return (new CComObject<Relay>)->QueryInterface(iid, object);

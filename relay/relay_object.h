@@ -1,11 +1,11 @@
-// The object that clients hold, and what makes it.
+// The object that clients hold, and its factory.
 #pragma once
 
 #include "cape/com/com_object.h"
 #include "cape/com/relay_interface.h"
 
-// Each keeps the process: when the last is gone, `lastReleased` of it is called. Lives in the apartment of the main
-// thread, as most 32-bit components want to.
+// Each relay holds the process, which ends when the last is released. It lives in the apartment of the main thread,
+// which most 32-bit components expect.
 class Relay : public DualInterface<IVerdanth6432Relay, LIBID_Verdanth6432Relay>,
               public CComObjectRootEx<CComSingleThreadModel>,
               public CComCoClass<CLSID_Verdanth6432Relay> {
@@ -17,11 +17,11 @@ public:
 
     void *FindInterface(REFIID iid);
 
-    // Gives the failure of the step that failed. Only class ids in braces are taken, no program ids.
+    // Returns the error of the step that failed. Accepts class ids in braces only, not program ids.
     HRESULT STDMETHODCALLTYPE CreateObject32(BSTR classIdText, IUnknown **object) override;
 };
 
-// Makes relays. One serves the process; counting its references has no effect.
+// Creates relays. There is one for the process; its reference count has no effect.
 class RelayFactory final : public IClassFactory {
 public:
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void **object) override;

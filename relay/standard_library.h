@@ -1,12 +1,13 @@
-// The CAPE-OPEN 1.1 type library, CapeOpen11.tlb beside the program, in the registry. By it the calls of packages get
-// from one process to another. Most machines have the library from a package; for one that has none, there is this.
+// Registers the CAPE-OPEN 1.1 type library, CapeOpen11.tlb beside the program, by which calls to packages are
+// marshalled between processes. On most machines some package has installed that library already; this is for the
+// others.
 #pragma once
 
 #include "platform/platform.h"
 
-// Enters it for programs of both kinds, unless somebody else's is registered and can be loaded. Gives the first
-// failure; administrators can do it.
+// Registers it for 32-bit and 64-bit programs, unless another one is registered and can be loaded. Needs administrator
+// rights; returns the first error.
 HRESULT RegisterStandardLibrary();
 
-// Takes it back, if it is this one that is registered.
+// Unregisters it, if it is this file that is registered.
 HRESULT UnregisterStandardLibrary();

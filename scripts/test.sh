@@ -21,28 +21,26 @@ passed=0
 failed=0
 skipped=0
 
-count() { grep -c "$1" "$2" || true; }
-
 # Counts what CTest wrote down about a preset's tests; $2 is CTest's exit code.
 add_results() {
     results=build/$1/test-results.xml
-    if [ ! -s "$results" ]; then
+    if [ ! -s "$results" ] || ! counted=$(scripts/count_tests.py "$results" "build/$1/test-cases"); then
         echo "$1: CTest left no results."
         failed=$((failed + 1))
         return
     fi
-    all=$(count '<testcase ' "$results")
-    good=$(count '<testcase .*status="run"' "$results")
-    left_out=$(count '<skipped message="SKIP_' "$results")
-    bad=$((all - good - left_out))
-    if [ "$all" -eq 0 ]; then
+    echo "$counted" | sed "\$d; s/^/$1: /"
+    read -r good bad left_out <<EOF
+$(echo "$counted" | tail -n 1)
+EOF
+    if [ $((good + bad + left_out)) -eq 0 ]; then
         echo "$1: no test ran."
         bad=1
     elif [ "$2" -ne 0 ] && [ "$bad" -eq 0 ]; then
         echo "$1: CTest ended with $2 though no single test failed."
         bad=1
     fi
-    echo "$1: $good of $all tests passed, $left_out skipped."
+    echo "$1: $good of $((good + bad + left_out)) tests passed, $left_out skipped."
     passed=$((passed + good))
     failed=$((failed + bad))
     skipped=$((skipped + left_out))
@@ -58,7 +56,7 @@ run_preset() {
         failed=$((failed + 1))
         return
     fi
-    rm -f "build/$1/test-results.xml"
+    rm -rf "build/$1/test-results.xml" "build/$1/test-cases"
     ctest --preset "$1" --output-junit "$PWD/build/$1/test-results.xml" 8>&-
     add_results "$1" $?
 }

@@ -13,6 +13,15 @@
 # server outlives the programs for a while, and ends by itself when nobody asks for it any more.
 set -eu
 
+# Every Windows program needs the page at 0x7ffe0000, and Debian's Wine comes without the preloader that keeps it free.
+# Linux puts the heap of Wine's loader at random between 0x7d000000 and 0xbd000000: in one start of some 8,000 it takes
+# that page, and the program ends at once, without a word. Not at random, the heap begins right behind the loader, far
+# enough below. What a program starts inherits this. Where it is forbidden, as in some containers, a test tells.
+{ read -r personality </proc/self/personality; } 2>/dev/null || personality=40000
+if [ $((0x$personality & 0x40000)) -eq 0 ] && setarch -R true 2>/dev/null; then
+    exec setarch -R "$0" "$@"
+fi
+
 root=$(cd "$(dirname "$0")/.." && pwd)
 build=$root/build
 lock=$build/wine.lock
@@ -23,7 +32,8 @@ idle_seconds=60
 window_seconds=1800
 
 export WINEPREFIX="$build/wine"
-export WINEDEBUG="${WINEDEBUG:--all}"
+# Of Wine's own messages only those on memory: why a program could not begin.
+export WINEDEBUG="${WINEDEBUG:--all,err+virtual}"
 # The same code page and language everywhere, whoever runs the tests.
 export LC_ALL=C.UTF-8
 unset DISPLAY WAYLAND_DISPLAY WINEARCH LANGUAGE
@@ -108,7 +118,10 @@ bring_up() {
     if ! is_up; then
         quietly wineserver "-p$idle_seconds" || true
         # The first program brings up Wine's services, which inherit its output and would keep a pipe open.
-        quietly "$wine" cmd /c exit
+        quietly "$wine" cmd /c exit || {
+            echo "wine.sh: Wine's services did not start; see $build/wine.log" >&2
+            return 1
+        }
     fi
     # The first window of all starts a desktop, which inherits its program's output, too, and ends a second after the
     # last window. With a window that stays for a while, a test is not kept waiting for that.
@@ -161,7 +174,7 @@ case ${1-} in
 *)
     ensure_up
     # The shell stays, holding the lock; the program, and what it starts, do not get it. How a program ended is noted:
-    # a start that Wine itself spoils says nothing.
+    # CTest tells no exit codes.
     "$wine" "$@" 9>&- || {
         status=$?
         echo "$(date +%T) $*: exit code $status" >>"$build/wine.log"

@@ -3,6 +3,8 @@
 
 #include "platform/platform.h"
 
+#include <algorithm>
+#include <string_view>
 #include <utility>
 
 class Bstr {
@@ -10,6 +12,11 @@ public:
     Bstr() = default;
     explicit Bstr(LPCWSTR source) : text(SysAllocString(source)) {} // null for a null source
     explicit Bstr(const WideString &source) : text(SysAllocString(source.c_str())) {}
+    explicit Bstr(std::string_view ascii) : text(SysAllocStringLen(nullptr, static_cast<UINT>(ascii.size())))
+    {
+        if (text)
+            std::copy(ascii.begin(), ascii.end(), text);
+    }
     Bstr(const Bstr &) = delete;
     Bstr &operator=(const Bstr &) = delete;
     Bstr(Bstr &&other) noexcept : text(std::exchange(other.text, nullptr)) {}
@@ -21,6 +28,7 @@ public:
     ~Bstr() { SysFreeString(text); }
 
     BSTR get() const { return text; }
+    BSTR detach() { return std::exchange(text, nullptr); } // the caller frees it
 
     // Frees the old text and takes a copy of the new one; null empties.
     void assign(LPCWSTR source) { take(SysAllocString(source)); }

@@ -1,5 +1,6 @@
 // Command 16: a compound constant of all compounds.
 #include "cape/com/bstr.h"
+#include "cape/com/variant.h"
 #include "cape/error_text.h"
 #include "cape/missing_value.h"
 #include "gateway/call/failure_text.h"
@@ -76,11 +77,9 @@ Verdict readElements(bool &textSeen)
     textSeen = false;
     bool numberSeen = false;
     for (std::size_t i = 0; i < count; ++i) {
-        VARIANT element;
-        ResultArray.GetVariant(static_cast<std::int32_t>(i), element);
-        const bool consistent = takeElement(i, element, textSeen, numberSeen);
-        VariantClear(&element);
-        if (!consistent)
+        Variant element;
+        ResultArray.GetVariant(static_cast<std::int32_t>(i), *element.out());
+        if (!takeElement(i, element.get(), textSeen, numberSeen))
             return Verdict::refuse("Inconsistent return data type from GetCompoundConstant");
     }
     return Verdict::done();

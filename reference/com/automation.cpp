@@ -1,7 +1,6 @@
 #include "reference/com/automation.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace reference {
 
@@ -9,19 +8,7 @@ namespace {
 
 OLECHAR lower(OLECHAR c) { return c >= 'A' && c <= 'Z' ? static_cast<OLECHAR>(c + ('a' - 'A')) : c; }
 
-BSTR newText(std::string_view ascii)
-{
-    BSTR text = SysAllocStringLen(nullptr, static_cast<UINT>(ascii.size()));
-    if (text)
-        std::copy(ascii.begin(), ascii.end(), text);
-    return text;
-}
-
 } // namespace
-
-Text::Text(std::string_view ascii) : string(newText(ascii)) {}
-
-BSTR Text::detach() { return std::exchange(string, nullptr); }
 
 template <class Element> Element *Value::makeArray(VARTYPE type, int count)
 {
@@ -43,7 +30,7 @@ void Value::setText(std::string_view ascii)
 {
     VariantClear(&variant);
     variant.vt = VT_BSTR;
-    variant.bstrVal = newText(ascii);
+    variant.bstrVal = Bstr(ascii).detach();
 }
 
 void Value::setNumber(double number)
@@ -59,19 +46,6 @@ bool Value::setNumbers(const double *values, int count)
     if (elements)
         std::copy_n(values, count, elements);
     return elements != nullptr;
-}
-
-HRESULT Value::give(VARIANT *result)
-{
-    *result = variant;
-    VariantInit(&variant);
-    return S_OK;
-}
-
-HRESULT Value::replace(VARIANT *argument)
-{
-    VariantClear(argument);
-    return give(argument);
 }
 
 bool sameWord(const OLECHAR *text, std::size_t length, std::string_view word)

@@ -1,7 +1,8 @@
-// Automation values with an owner, and lists as they come in arguments.
+// Automation values as they are made, and lists as they come in arguments.
 #pragma once
 
-#include "platform/platform.h"
+#include "cape/com/bstr.h"
+#include "cape/com/variant.h"
 
 #include <functional>
 #include <iterator>
@@ -10,69 +11,35 @@
 
 namespace reference {
 
-// A BSTR of its own.
-class Text {
+// A VARIANT with functions to fill it.
+class Value : public Variant {
 public:
-    Text() = default;
-    explicit Text(LPCWSTR text) : string(SysAllocString(text)) {}
-    explicit Text(std::string_view ascii);
-    Text(const Text &) = delete;
-    Text &operator=(const Text &) = delete;
-    ~Text() { SysFreeString(string); }
-
-    BSTR get() const { return string; }
-    BSTR *out() { return &string; } // for a call that fills it; must be empty
-    BSTR detach();
-
-private:
-    BSTR string = nullptr;
-};
-
-// A VARIANT of its own.
-class Value {
-public:
-    Value() { VariantInit(&variant); }
-    Value(const Value &) = delete;
-    Value &operator=(const Value &) = delete;
-    ~Value() { VariantClear(&variant); }
-
-    const VARIANT &get() const { return variant; }
-    VARIANT *out() { return &variant; } // for a call that fills it; must be empty
-
-    // New zero-based arrays in place of what is held; null when there is no memory. The elements
-    // belong to the array and start as zero, null and empty.
+    // New zero-based arrays in place of the old value; null when out of memory. The elements belong to
+    // the array and start as zero, null and empty.
     double *makeNumbers(int count);
     LONG *makeIntegers(int count);
     BSTR *makeTexts(int count);
     VARIANT *makeVariants(int count);
 
-    // A new value in place of what is held.
+    // A new value in place of the old one.
     void setText(std::string_view ascii);
     void setNumber(double number);
-    bool setNumbers(const double *values, int count); // false when there is no memory
+    bool setNumbers(const double *values, int count); // false when out of memory
 
-    // A new array with one text, which `text` gives, for each row of a table. False when there is no
-    // memory.
+    // A new array of the texts that `text` gives for each row of a table. False when out of memory.
     template <class Table, class Function> bool setTexts(const Table &table, Function text)
     {
         BSTR *element = makeTexts(static_cast<int>(std::size(table)));
         if (!element)
             return false;
         for (const auto &row : table)
-            if (!(*element++ = Text(std::string_view(std::invoke(text, row))).detach()))
+            if (!(*element++ = Bstr(std::string_view(std::invoke(text, row))).detach()))
                 return false;
         return true;
     }
 
-    // Moves the value to an argument that is filled for the first time, or (replace) to one that
-    // may hold something, which is freed.
-    HRESULT give(VARIANT *result);
-    HRESULT replace(VARIANT *argument);
-
 private:
     template <class Element> Element *makeArray(VARTYPE type, int count);
-
-    VARIANT variant;
 };
 
 // The elements of a one-dimensional array in an argument, for as long as the view lives.
@@ -87,7 +54,7 @@ public:
             SafeArrayUnaccessData(array);
     }
 
-    // False when the value is no one-dimensional array of these elements. To be called once.
+    // False when the value is not a one-dimensional array of these elements. Call it once only.
     bool open(const VARIANT &value)
     {
         if (value.vt != (VT_ARRAY | type) || !value.parray || SafeArrayGetDim(value.parray) != 1)
@@ -114,14 +81,14 @@ private:
 using TextView = ArrayView<BSTR, VT_BSTR>;
 using NumberView = ArrayView<double, VT_R8>;
 
-// Whether a text is the ASCII word, without regard to case; a null text is the empty word.
+// Whether a text equals an ASCII word, without regard to case; a null text equals the empty word.
 bool sameWord(const OLECHAR *text, std::size_t length, std::string_view word);
 bool sameWord(BSTR text, std::string_view word);
 
-// ASCII text as the platform has it.
+// ASCII text as wide text.
 WideString wide(std::string_view ascii);
 
-// The text for a message; a null one is empty.
+// The text in quotes, for a message; a null one is empty.
 WideString quoted(BSTR text);
 
 } // namespace reference

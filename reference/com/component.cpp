@@ -169,7 +169,7 @@ HRESULT Component::Call::refuseFor(const ErrorKind &kind, LPCWSTR what, IUnknown
 {
     WideString description = what;
     ComPointer<ECapeUser> user;
-    Text words;
+    Bstr words;
     if (SUCCEEDED(user.queryFrom(called)) && SUCCEEDED(user->get_description(words.out())) &&
         SysStringLen(words.get()) > 0)
         description.append(words.get(), SysStringLen(words.get()));

@@ -1,5 +1,5 @@
-// What every object of the library has: reference counting, identification, life cycle, the
-// description of its last failure.
+// What all objects of the library have in common: reference counting, identification, life cycle, the
+// description of their last error.
 #pragma once
 
 #include "cape/com/cape_open.h"
@@ -13,7 +13,7 @@ namespace reference {
 // Objects and locks that keep the library loaded.
 extern std::atomic<LONG> libraryUses;
 
-// The IDispatch part of an interface that is called through its table only.
+// The IDispatch part of an interface that is called through its vtable only.
 template <class Interface> class WithoutDispatch : public Interface {
 public:
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT *count) override
@@ -38,7 +38,7 @@ public:
 };
 
 struct ComponentDescription {
-    const CLSID *classId; // by which an equal object can be made, or the manager that makes it
+    const CLSID *classId; // of the object itself, or of the manager that creates it
     std::string_view name;
     std::string_view description;
 };
@@ -64,9 +64,9 @@ public:
     HRESULT STDMETHODCALLTYPE get_ComponentDescription(BSTR *description) override;
     HRESULT STDMETHODCALLTYPE put_ComponentDescription(BSTR description) override;
 
-    // There are no parameters and nothing to edit, the calculations have nothing to tell the
-    // simulation, and nothing is slow enough to be left for Initialize: a component can be used as
-    // soon as it exists, and after Terminate.
+    // There are no parameters and nothing to edit, the calculations send nothing to the simulation
+    // context, and nothing is so slow that it is left to Initialize: a component can be used as soon as
+    // it exists, and after Terminate.
     HRESULT STDMETHODCALLTYPE get_parameters(IDispatch **parameters) override;
     HRESULT STDMETHODCALLTYPE put_simulationContext(IDispatch *context) override;
     HRESULT STDMETHODCALLTYPE Initialize() override;
@@ -89,22 +89,24 @@ public:
     HRESULT STDMETHODCALLTYPE GetSizeMax(ULARGE_INTEGER *size) override;
     HRESULT STDMETHODCALLTYPE InitNew() override;
 
-    // One call of a method, by which its failures are described.
+    // The method being called, for the description of its errors.
     struct Call {
         Component &component;
         LPCWSTR interfaceName;
         LPCWSTR operation;
 
-        // Remembers the failure and gives its result.
+        // Remembers the error and returns its result code.
         HRESULT refuse(const ErrorKind &kind, WideString description) const;
 
-        // For a call out that came back with a failure: the description is `what` and the words that
-        // the called object has for it.
+        // For a call to another object that failed: the description is `what` and that object's own
+        // description.
         HRESULT refuseFor(const ErrorKind &kind, LPCWSTR what, IUnknown *called, HRESULT result) const;
     };
 
 protected:
     virtual ~Component();
+
+    const CLSID &ownClass() const { return classId; }
 
     // The interfaces of the class beyond those above; null for others.
     virtual void *findInterface(REFIID iid) = 0;

@@ -1,4 +1,4 @@
-// The CAPE-OPEN errors that the packages give: result code and the name of the error.
+// The CAPE-OPEN errors that the packages return: result code and name.
 #pragma once
 
 #include "platform/platform.h"

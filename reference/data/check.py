@@ -12,22 +12,8 @@ from tables import FOLDER, by_id, number, rows
 
 R = 8.31446261815324  # J/mol/K, CODATA 2018 (exact)
 
-# Standard atomic weights, abridged (IUPAC, CIAAW 2021).
-WEIGHTS = {"H": 1.008, "He": 4.0026, "C": 12.011, "N": 14.007, "O": 15.999, "F": 18.998, "Ne": 20.180, "S": 32.06,
-           "Cl": 35.45, "Ar": 39.95, "Kr": 83.798, "Xe": 131.29}
-
-# Entropies of the elements at 298.15 K and 1e5 Pa for one atom, J/mol/K: CODATA Key Values for Thermodynamics (1989).
-ELEMENT_ENTROPIES = {"H": 130.680 / 2, "He": 126.153, "C": 5.740, "N": 191.609 / 2, "O": 205.152 / 2, "F": 202.791 / 2,
-                     "Ne": 146.328, "S": 32.054, "Cl": 223.081 / 2, "Ar": 154.846, "Kr": 164.085, "Xe": 169.685}
-
-# Fuller, Ensley, Giddings (1969), cm3/mol: molecules that have a volume of their own, atoms, and what a ring takes off.
-MOLECULE_VOLUMES = {"He": 2.67, "Ne": 5.98, "Ar": 16.2, "Kr": 24.5, "Xe": 32.7, "H2": 6.12, "N2": 18.5, "O2": 16.3,
-                    "CO": 18.0, "CO2": 26.9, "N2O": 35.9, "H3N": 20.7, "H2O": 13.1, "O2S": 41.8}
-ATOM_VOLUMES = {"C": 15.9, "H": 2.31, "O": 6.11, "N": 4.54, "F": 14.7, "Cl": 21.0, "S": 22.9}
+# Fuller, Ensley, Giddings (1969), cm3/mol: what a ring takes off the diffusion volume.
 RING_VOLUME = -18.3
-
-# Heat capacities that no independent value is known for here: tables made from the equation of state itself.
-WITHOUT_KNOWN_HEAT_CAPACITY = {"R-125", "R-134a", "R-143a", "R-152a", "R-1234yf", "R-1234ze(E)"}
 
 
 class Comparison:
@@ -72,6 +58,13 @@ def heat_capacity(row, T):
     return R * sum(number(row[f"a{k}"]) * T**k for k in range(5))
 
 
+def liquid_constant(tables, compound, kind, T):
+    """What a liquid is fitted to: NaN for one without a fit, or at another temperature."""
+    columns = {"viscosity": "viscosity_mPa*s", "thermal_conductivity": "thermal_conductivity_W/m/K"}
+    row = tables.liquid_transport.get(compound)
+    return number(row[columns[kind]]) if row and T == 298.15 else math.nan
+
+
 class Tables:
     def __init__(self, folder):
         self.identities = by_id("identities", folder)
@@ -81,8 +74,16 @@ class Tables:
         self.pressure = by_id("vapor_pressure", folder)
         self.density = by_id("liquid_density", folder)
         self.transport = by_id("transport", folder)
+        self.liquid_transport = by_id("liquid_transport", folder)
         self.interactions = rows("interaction_parameters", folder)
         self.known = rows("known_values", folder)
+        self.elements = {row["element"]: row for row in rows("elements", folder)}
+        self.molecule_volumes = {row["formula"]: number(row["diffusion_volume_cm3/mol"])
+                                 for row in rows("molecule_diffusion_volumes", folder)}
+
+    def total(self, atoms, column):
+        """The sum of what the elements have in a column over the atoms of a molecule."""
+        return sum(number(self.elements[element][column]) * count for element, count in atoms.items())
 
     def constant(self, compound, column):
         return number(self.constants[compound][column])
@@ -97,6 +98,13 @@ def check_completeness(tables, result):
         for compound in ids:
             if compound not in tables.identities:
                 result.complain(compound, f"stands in the table of {name} only")
+    for compound, row in tables.liquid_transport.items():
+        if compound not in tables.identities:
+            result.complain(compound, "stands in the table of liquid_transport only")
+        if not (row["viscosity_mPa*s"] and row["thermal_conductivity_W/m/K"]):
+            result.complain(compound, "is fitted to one of viscosity and thermal conductivity without the other")
+        if float(row["solvent_association"] or 1) < 1:
+            result.complain(compound, f"has the association {row['solvent_association']}, less than none")
 
 
 def check_identities(tables, result):
@@ -117,10 +125,10 @@ def check_identities(tables, result):
         if from_smiles != atoms:
             result.complain(compound, f"SMILES {row['smiles']} is {hill_order(from_smiles)}, not {row['formula']}")
         result.near("molecular weight", compound, tables.constant(compound, "molecular_weight"),
-                    sum(WEIGHTS[element] * count for element, count in atoms.items()), relative=2e-4)
-        volume = MOLECULE_VOLUMES.get(row["formula"])
+                    tables.total(atoms, "atomic_weight_g/mol"), relative=2e-4)
+        volume = tables.molecule_volumes.get(row["formula"])
         if volume is None:
-            volume = sum(ATOM_VOLUMES[element] * count for element, count in atoms.items()) + rings * RING_VOLUME
+            volume = tables.total(atoms, "diffusion_volume_cm3/mol") + rings * RING_VOLUME
         result.near("diffusion volume", compound, number(tables.transport[compound]["diffusion_volume_cm3/mol"]),
                     volume, absolute=1e-6)
 
@@ -189,13 +197,15 @@ def check_formation(tables, result):
         if None in (H, G, S):
             continue
         atoms = atoms_of_formula(tables.identities[compound]["formula"])
-        elements = sum(ELEMENT_ENTROPIES[element] * count for element, count in atoms.items())
+        elements = tables.total(atoms, "entropy_J/mol/K")
         result.near("Gibbs energy of formation", compound, G, H - 0.29815 * (S - elements), absolute=0.45)
 
 
 def check_known_values(tables, result):
-    limits = {"heat_capacity": 0.016, "liquid_density": 0.01, "vapor_pressure": 0.02, "surface_tension": 0.05}
-    with_heat_capacity = set()
+    limits = {"heat_capacity": 0.016, "liquid_density": 0.01, "vapor_pressure": 0.02, "surface_tension": 0.05,
+              "viscosity": 0.04, "thermal_conductivity": 0.05}
+    known = {kind: set() for kind in limits}
+    unknown = {kind: set() for kind in limits}
     for row in tables.known:
         compound, kind = row["id"], row["property"]
         if compound not in tables.identities:
@@ -203,12 +213,16 @@ def check_known_values(tables, result):
             continue
         if kind == "critical_compressibility":
             continue
+        (known if row["value"] else unknown)[kind].add(compound)
+        if not row["value"]:
+            continue
         T = number(row["temperature_K"])
         if kind == "heat_capacity":
             value = heat_capacity(tables.heat[compound], T)
-            with_heat_capacity.add(compound)
         elif kind == "vapor_pressure":
             value = vapor_pressure(tables.pressure[compound], T)
+        elif kind in ("viscosity", "thermal_conductivity"):
+            value = liquid_constant(tables, compound, kind, T)
         else:
             value = liquid_density(tables.density[compound], T)
             if kind == "surface_tension":
@@ -217,9 +231,12 @@ def check_known_values(tables, result):
                 value *= 1e-3 * tables.constant(compound, "molecular_weight")
         result.near(kind.replace("_", " "), compound, value, number(row["value"]), relative=limits[kind],
                     where=f" at {T:g} K ({row['source']})")
-    for compound in tables.identities:
-        if (compound in with_heat_capacity) == (compound in WITHOUT_KNOWN_HEAT_CAPACITY):
-            result.complain(compound, "has no known heat capacity to compare with, or should not have one")
+    needed = {"heat_capacity": tables.identities, "viscosity": tables.liquid_transport,
+              "thermal_conductivity": tables.liquid_transport}
+    for kind, compounds in needed.items():
+        for compound in compounds:
+            if (compound in known[kind]) == (compound in unknown[kind]):
+                result.complain(compound, f"has no known {kind.replace('_', ' ')} to compare with, or should not have one")
 
 
 def check_interactions(tables, result):

@@ -1,17 +1,19 @@
 #!/usr/bin/env python3
 """Turns the tables of this folder into C++.
 
-    generate.py FILE      FILE is written; it is included by reference/engine/compound_data.cpp
+    generate.py FILE [FOLDER]     FILE is written, which reference/engine/compounds/compound_data.cpp includes; FOLDER:
+                                  other tables than those beside it
 """
 import math
 import sys
 
-from tables import by_id, number, rows
+from tables import FOLDER, by_id, number, rows
 
 DEBYE = 3.33564e-30  # C m
 PARACHOR = 1e-3**0.25 * 1e-6  # (mN/m)^0.25 cm3/mol in kg^0.25 m3/(s^0.5 mol)
 MOST_TERMS = 6
 NONE = "notDefined"
+NOT_FITTED = {"viscosity_mPa*s": "", "thermal_conductivity_W/m/K": "", "solvent_association": ""}
 
 
 def cpp(value):
@@ -67,14 +69,15 @@ def liquid_density(row):
     return correlation("linear", T0, scale, ([factor] + factors, [exponent] + exponents), lowest)
 
 
-def compounds():
-    constants, heat, formation, pressure, density, transport = (
-        by_id(name) for name in ("constants", "ideal_gas_heat_capacity", "formation", "vapor_pressure",
-                                 "liquid_density", "transport"))
+def compounds(folder):
+    constants, heat, formation, pressure, density, transport, liquid = (
+        by_id(name, folder) for name in ("constants", "ideal_gas_heat_capacity", "formation", "vapor_pressure",
+                                         "liquid_density", "transport", "liquid_transport"))
     R = 8.31446261815324
-    for row in rows("identities"):
+    for row in rows("identities", folder):
         key = row["id"]
         c, f, t, h = constants[key], formation[key], transport[key], heat[key]
+        fitted = liquid.get(key, NOT_FITTED)
         Tc, pc = number(c["critical_temperature_K"]), number(c["critical_pressure_Pa"])
         Vc = 1e-3 / number(c["critical_density_mol/dm3"])
         fields = {
@@ -100,6 +103,9 @@ def compounds():
             "parachor": cpp(scaled(t["parachor"], PARACHOR)),
             "associationFactor": cpp(number(t["association_factor"])),
             "diffusionVolume": cpp(scaled(t["diffusion_volume_cm3/mol"], 1e-6)),
+            "liquidViscosity": cpp(scaled(fitted["viscosity_mPa*s"], 1e-3)),
+            "liquidThermalConductivity": cpp(number(fitted["thermal_conductivity_W/m/K"])),
+            "solventAssociation": cpp(number(fitted["solvent_association"] or "1")),
             "idealGasHeatCapacity": braces([cpp(number(h[f"a{k}"])) for k in range(5)]),
             "vaporPressure": vapor_pressure(pressure.get(key)),
             "liquidDensity": liquid_density(density.get(key)),
@@ -107,9 +113,9 @@ def compounds():
         yield fields
 
 
-def interactions(column):
-    known = {row["id"] for row in rows("identities")}
-    for row in rows("interaction_parameters"):
+def interactions(column, folder):
+    known = {row["id"] for row in rows("identities", folder)}
+    for row in rows("interaction_parameters", folder):
         for name in (row["first"], row["second"]):
             if name not in known:
                 raise ValueError(f"interaction_parameters.csv: {name} is no compound of the tables")
@@ -119,13 +125,14 @@ def interactions(column):
 
 
 def main():
+    folder = sys.argv[2] if len(sys.argv) > 2 else FOLDER
     lines = ["// Made by reference/data/generate.py from the tables beside it.", "constexpr CompoundData compounds[] = {"]
-    for fields in compounds():
+    for fields in compounds(folder):
         lines += ["    {"] + [f"        .{name} = {value}," for name, value in fields.items()] + ["    },"]
     lines += ["};"]
     for equation, column in (("pengRobinson", "peng_robinson"), ("soaveRedlichKwong", "soave_redlich_kwong")):
         lines += ["", f"constexpr InteractionParameter {equation}Parameters[] = {{ // sorted"]
-        lines += [f'    {{"{a}", "{b}", {cpp(value)}}},' for a, b, value in sorted(interactions(column))]
+        lines += [f'    {{"{a}", "{b}", {cpp(value)}}},' for a, b, value in sorted(interactions(column, folder))]
         lines += ["};"]
     with open(sys.argv[1], "w", encoding="utf-8", newline="\n") as file:
         file.write("\n".join(lines) + "\n")

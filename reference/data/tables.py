@@ -1,8 +1,11 @@
 """Reads the tables of this folder: CSV with a header of comments."""
-import csv
 import os
+import sys
 
 FOLDER = os.path.dirname(os.path.abspath(__file__))
+sys.path.append(os.path.join(FOLDER, "..", "..", "scripts"))
+
+from csv_table import numbered_rows  # pylint: disable=wrong-import-position
 
 
 def number(text):
@@ -12,15 +15,7 @@ def number(text):
 
 def rows(name, folder=FOLDER):
     """The rows of a table as dictionaries of texts. A row of the wrong length is an error."""
-    with open(os.path.join(folder, name + ".csv"), encoding="utf-8", newline="") as file:
-        reader = csv.reader(line for line in file if not line.startswith("#"))
-        heading = next(reader)
-        result = []
-        for cells in reader:
-            if len(cells) != len(heading):
-                raise ValueError(f"{name}.csv: {len(cells)} cells where {len(heading)} belong: {cells}")
-            result.append(dict(zip(heading, cells)))
-    return result
+    return [row for _, row in numbered_rows(os.path.join(folder, name + ".csv"))]
 
 
 def by_id(name, folder=FOLDER):

@@ -1,8 +1,9 @@
 #include "reference/package/compound_constants.h"
 
-#include "reference/engine/flash.h"
-#include "reference/engine/ideal_gas.h"
-#include "reference/engine/saturation.h"
+#include "reference/engine/compounds/ideal_gas.h"
+#include "reference/engine/compounds/saturation.h"
+#include "reference/engine/flash/flash.h"
+#include "reference/engine/quantities/phase_quantity.h"
 
 #include <algorithm>
 #include <cmath>
@@ -82,8 +83,8 @@ KnownRange boilingRange(const CompoundData &compound)
     return {vaporPressure(compound, lowest), vaporPressure(compound, highest)};
 }
 
-// The temperature at which the vapour pressure is the one given. Its logarithm rises nearly straight
-// over 1/T: regula falsi in these, with the Illinois rule for an end that stays.
+// The temperature at which the vapour pressure is the one given. Its logarithm is nearly
+// linear in 1/T: regula falsi in these, with the Illinois rule for an end that stays.
 double boilingTemperature(Compound pure, double pressure)
 {
     const CompoundData &compound = pure.data;
@@ -115,7 +116,7 @@ double boilingTemperature(Compound pure, double pressure)
     return 1.0 / ends[moved].inverse;
 }
 
-// What a boiling compound has of a quantity of its vapour, its liquid, the change between them, or both.
+// A quantity of the saturated vapour, of the liquid, of the change between them, or of both.
 template <PhaseQuantity quantity> double ofLiquid(Compound compound, double kelvin)
 {
     return SaturatedCompound(compound, kelvin).ofLiquid(quantity);

@@ -8,8 +8,8 @@
 
 namespace reference {
 
-// A constant is a number or a text; the other function is null. A number that is not known is NaN, a
-// text that is not known is empty.
+// A constant is a number or a text; the other function is null. An unknown number is NaN, an unknown
+// text is empty.
 struct CompoundConstant {
     std::string_view name;
     double (*number)(const PureCompound &compound);
@@ -23,15 +23,15 @@ struct KnownRange {
     double highest;
 };
 
-// A property of the compound alone that changes with one condition: its temperature (K), or its
-// pressure (Pa). Not to be asked for outside of the range; NaN if it can't be had in it.
+// A property of the pure compound that depends on one condition: the temperature (K), or the pressure
+// (Pa). Call it within the range only; NaN where it cannot be calculated there.
 struct ConditionedProperty {
     std::string_view name;
     double (*value)(const PureCompound &compound, double condition);
     KnownRange (*range)(const CompoundData &compound);
 };
 struct ConditionedProperties {
-    std::string_view condition; // its name
+    std::string_view condition; // name of the condition
     std::string_view unit;
     std::span<const ConditionedProperty> rows;
 };

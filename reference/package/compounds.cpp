@@ -30,7 +30,7 @@ template <class Row> HRESULT readRows(const Component::Call &call, std::span<con
     return S_OK;
 }
 
-// One element of a list of constants: undefined stays empty.
+// Writes one element of a list of constants; an undefined one stays empty.
 void putConstant(const CompoundConstant &constant, const PureCompound &compound, VARIANT &element)
 {
     Value value;
@@ -54,7 +54,7 @@ HRESULT giveNames(const auto &table, VARIANT *properties)
     return names.give(properties);
 }
 
-// For a call none of whose values is known, of which this is the first.
+// Refuses a call none of whose values is known; this property and compound are the first.
 HRESULT refuseUnknown(const Component::Call &call, const ConditionedProperties &table,
                       const ConditionedProperty &property, const CompoundData &compound)
 {

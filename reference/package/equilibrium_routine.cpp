@@ -1,3 +1,4 @@
+#include "reference/engine/quantities/phase_calculation.h"
 #include "reference/package/flash_input.h"
 #include "reference/package/phase_of_present.h"
 #include "reference/package/phase_table.h"
@@ -15,7 +16,7 @@ constexpr auto interfaceName = OLESTR("ICapeThermoEquilibriumRoutine");
 constexpr double notSet = std::numeric_limits<double>::quiet_NaN();
 constexpr LONG atEquilibrium = 1; // CAPE_ATEQUILIBRIUM
 
-// What kind of error a failed flash is.
+// The kind of error that a failed flash is reported as.
 const ErrorKind &kindOf(FlashStatus status)
 {
     return status == FlashStatus::badValue ? errors::outOfBounds : errors::solvingError;
@@ -99,12 +100,10 @@ HRESULT PropertyPackage::readFlashConditions(const Call &call, const FlashInput 
                 return result;
     }
     for (const FlashSpecification *target : targets) {
-        if (target->variable == FlashVariable::temperature)
-            if (const HRESULT result = checkTemperature(call, target->value); FAILED(result))
-                return result;
-        if (target->variable == FlashVariable::pressure)
-            if (const HRESULT result = checkPressure(call, target->value); FAILED(result))
-                return result;
+        if (!isCondition(target->variable))
+            continue;
+        if (const HRESULT result = checkCondition(call, target->variable, target->value); FAILED(result))
+            return result;
     }
     if (const HRESULT result = readComposition(call, composition.get(), feed); FAILED(result))
         return result;
@@ -128,8 +127,8 @@ HRESULT PropertyPackage::leaveOutFormation(const Call &call, const FlashInput &i
     const PhasePoint point = present.point(Root::vapor);
     double withFormation = 0.0;
     double withoutFormation = 0.0;
-    if (!point.calculate(with, Differential::none, {&withFormation, 1}) ||
-        !point.calculate(without, Differential::none, {&withoutFormation, 1}))
+    if (!calculate(point, with, Differential::none, {&withFormation, 1}) ||
+        !calculate(point, without, Differential::none, {&withoutFormation, 1}))
         return call.refuse(errors::propertyNotAvailable, OLESTR("A flash can't be given the ") +
                                                              wide(input.property->name) +
                                                              OLESTR(" where the formation of a compound is not known"));
@@ -139,13 +138,13 @@ HRESULT PropertyPackage::leaveOutFormation(const Call &call, const FlashInput &i
 
 HRESULT PropertyPackage::readFlashValue(const Call &call, const FlashInput &input, FlashSpecification &target) const
 {
-    const Text name(input.property->name);
+    const Bstr name(input.property->name);
     const bool byMass = input.variable == FlashVariable::vaporMassFraction;
     Value value;
     const HRESULT read =
         input.isPhaseFraction
             ? material->GetSinglePhaseProp(name.get(),
-                                           Text(phaseTable()[input.ofLiquid ? liquidPhase : vaporPhase].label).get(),
+                                           Bstr(phaseTable()[input.ofLiquid ? liquidPhase : vaporPhase].label).get(),
                                            byMass ? words.mass.get() : words.mole.get(), value.out())
             : material->GetOverallProp(name.get(), input.property->molar ? words.mole.get() : nullptr, value.out());
     if (FAILED(read))
@@ -211,7 +210,7 @@ HRESULT PropertyPackage::writeEquilibrium(const Call &call, const FlashResult &r
     for (int i = 0; i < phaseCount; ++i) {
         if (!phases[i].present)
             continue;
-        *label++ = Text(phaseTable()[i].label).detach();
+        *label++ = Bstr(phaseTable()[i].label).detach();
         *status++ = atEquilibrium;
     }
     if (const HRESULT written = material->SetPresentPhases(labels.get(), statuses.get()); FAILED(written))
@@ -224,8 +223,8 @@ HRESULT PropertyPackage::writeEquilibrium(const Call &call, const FlashResult &r
         if (!phase.present)
             continue;
         const struct {
-            const Text &property;
-            const Text *basis;
+            const Bstr &property;
+            const Bstr *basis;
             const double *values;
             int count;
         } settings[] = {{words.temperature, nullptr, &result.temperature, 1},
@@ -247,7 +246,7 @@ HRESULT PropertyPackage::writeEquilibrium(const Call &call, const FlashResult &r
 
     const struct {
         bool given;
-        const Text &property;
+        const Bstr &property;
         const double &value;
     } found[] = {{given.temperature, words.temperature, result.temperature},
                  {given.pressure, words.pressure, result.pressure}};

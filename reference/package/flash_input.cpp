@@ -42,11 +42,6 @@ FlashVerdict readPhaseFraction(BSTR basis, BSTR label, FlashInput &input)
     return {};
 }
 
-bool isVaporFraction(FlashVariable variable)
-{
-    return variable == FlashVariable::vaporFraction || variable == FlashVariable::vaporMassFraction;
-}
-
 } // namespace
 
 FlashVerdict readFlashInput(const VARIANT &argument, FlashInput &input)
@@ -60,7 +55,7 @@ FlashVerdict readFlashInput(const VARIANT &argument, FlashInput &input)
     if (found == std::end(properties))
         return {&errors::limitedImplementation, OLESTR("A flash can't be given the property ") + quoted(parts[0])};
     input = {found, found->variable};
-    if (isVaporFraction(input.variable))
+    if (isFraction(input.variable))
         return readPhaseFraction(parts[1], parts[2], input);
     if (!sameWord(parts[2], "Overall"))
         return {&errors::limitedImplementation, OLESTR("A flash can be given the ") + wide(found->name) +

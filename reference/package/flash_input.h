@@ -1,22 +1,22 @@
-// What a flash is given, as the arguments of a call and the material tell it.
+// The specifications of a flash, as read from the arguments of a call and from the material.
 #pragma once
 
 #include "reference/com/component.h"
-#include "reference/engine/flash.h"
+#include "reference/engine/flash/flash.h"
 
 #include <string_view>
 
 namespace reference {
 
-// A property that a flash can be given.
+// A property that a flash can be specified by.
 struct FlashProperty {
     std::string_view name;
     FlashVariable variable;
-    bool molar;     // read per mole; the others without basis, but for phaseFraction
+    bool molar;     // read per mole; the others have no basis, except phaseFraction
     bool formation; // includes the formation from the elements, which the flash leaves out
 };
 
-// One of the two.
+// One of the two specifications.
 struct FlashInput {
     const FlashProperty *property = nullptr;
     FlashVariable variable = FlashVariable::temperature;
@@ -24,7 +24,7 @@ struct FlashInput {
     bool ofLiquid = false; // a phase fraction that is the liquid's; `variable` is the vapour's
 };
 
-// What is wrong with a flash. Without a kind nothing is.
+// What is wrong with a specification; nothing if `kind` is null.
 struct FlashVerdict {
     const ErrorKind *kind = nullptr;
     WideString description;
@@ -32,10 +32,10 @@ struct FlashVerdict {
     bool isGood() const { return kind == nullptr; }
 };
 
-// Reads an array of property, basis, phase, and perhaps a compound, which no property here needs.
+// Reads an array of property, basis, phase and optionally a compound, which no property here needs.
 FlashVerdict readFlashInput(const VARIANT &argument, FlashInput &input);
 
-// Reads both, and judges whether they can determine a state.
+// Reads both, and checks that together they can determine a state.
 FlashVerdict readFlashInputs(const VARIANT &first, const VARIANT &second, FlashInput (&inputs)[2]);
 
 // An empty text is "Unspecified".

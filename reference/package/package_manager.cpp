@@ -2,7 +2,6 @@
 
 #include "reference/package/package_table.h"
 #include "reference/package/property_package.h"
-#include "reference/server/class_table.h"
 
 namespace reference {
 
@@ -33,7 +32,7 @@ HRESULT STDMETHODCALLTYPE PackageManager::GetPropertyPackage(BSTR name, IDispatc
     for (const PackageDefinition &definition : packageTable()) {
         if (!sameWord(name, definition.name))
             continue;
-        auto *made = new PropertyPackage({&managerClass, definition.name, definition.description}, definition);
+        auto *made = new PropertyPackage({&ownClass(), definition.name, definition.description}, definition);
         *package = static_cast<ICapeIdentification *>(made); // with the reference that it starts with
         return S_OK;
     }

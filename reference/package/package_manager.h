@@ -1,4 +1,4 @@
-// The CAPE-OPEN 1.1 property package manager: lists the packages and makes them.
+// The CAPE-OPEN 1.1 property package manager: lists the packages and creates them.
 #pragma once
 
 #include "reference/com/component.h"
@@ -18,7 +18,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE GetPropertyPackageList(VARIANT *names) override;
 
-    // A new package at each call, which lives without the manager. Names are taken in any case.
+    // Creates a new package at each call, which does not depend on the manager. Names are case-insensitive.
     HRESULT STDMETHODCALLTYPE GetPropertyPackage(BSTR name, IDispatch **package) override;
 
 private:

@@ -1,7 +1,7 @@
 // The packages that the library has.
 #pragma once
 
-#include "reference/engine/equation_of_state.h"
+#include "reference/engine/eos/equation_of_state.h"
 
 #include <span>
 #include <string_view>
@@ -12,12 +12,12 @@ struct PackageDefinition {
     std::string_view name;
     std::string_view description;
     EquationOfState equation;
-    std::span<const std::string_view> compounds; // ids of the compound table; all of it where there are none
+    std::span<const std::string_view> compounds; // ids in the compound table; empty for all of them
 };
 
 std::span<const PackageDefinition> packageTable();
 
-// The package that can be had without a manager.
+// The package that can be created without a manager.
 const PackageDefinition &naturalGas();
 
 } // namespace reference

@@ -1,9 +1,9 @@
-// A phase without the compounds of which there is nothing in it. What needs a constant that such a
-// compound lacks can be had all the same, as long as nothing is asked of the compound itself.
+// A phase without its absent compounds, those of mole fraction zero. It has quantities that the whole phase lacks
+// because a constant of an absent compound is unknown, as long as they are not properties of that compound.
 #pragma once
 
-#include "reference/engine/phase_point.h"
-#include "reference/engine/present_compounds.h"
+#include "reference/engine/equilibrium/present_compounds.h"
+#include "reference/engine/phase/phase_point.h"
 
 namespace reference {
 

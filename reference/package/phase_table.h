@@ -1,7 +1,7 @@
 // The phases of a package.
 #pragma once
 
-#include "reference/engine/phase_state.h"
+#include "reference/engine/phase/phase_state.h"
 
 #include "platform/platform.h"
 
@@ -21,7 +21,7 @@ enum PhaseIndex { vaporPhase, liquidPhase, phaseCount };
 
 std::span<const PhaseRow, phaseCount> phaseTable();
 
-// The phase of a label in any case; null for another.
+// The phase with this label, compared without regard to case; null if there is none.
 const PhaseRow *findPhase(BSTR label);
 
 } // namespace reference

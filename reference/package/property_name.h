@@ -1,8 +1,8 @@
-// Names of properties with the derivative that they ask for, such as "enthalpy.Dpressure".
+// Names of properties, with the derivative that they may name, such as "enthalpy.Dpressure".
 #pragma once
 
 #include "reference/com/automation.h"
-#include "reference/engine/phase_quantity.h"
+#include "reference/engine/quantities/phase_quantity.h"
 
 #include <optional>
 #include <span>
@@ -11,7 +11,7 @@
 
 namespace reference {
 
-// What a name asks for.
+// What a name stands for.
 template <class Quantity> struct PropertyRequest {
     Quantity quantity;
     Differential differential;
@@ -21,7 +21,7 @@ template <class Quantity> struct PropertyRequest {
 inline constexpr std::string_view derivativeSuffixes[differentialCount] = {"", ".Dtemperature", ".Dpressure", ".Dmoles",
                                                                            ".DmolFraction"};
 
-// Reads a name in any case. None for what is not among the quantities, or no derivative.
+// Parses a name without regard to case. None for an unknown quantity or derivative.
 template <class Quantity>
 std::optional<PropertyRequest<Quantity>> readPropertyName(std::span<const QuantityShape> quantities, BSTR name)
 {
@@ -39,7 +39,7 @@ std::optional<PropertyRequest<Quantity>> readPropertyName(std::span<const Quanti
     return {};
 }
 
-// The name of a quantity, and those of its derivatives behind it.
+// The name of a quantity, followed by those of its derivatives.
 inline void addNames(const QuantityShape &shape, std::vector<std::string> &names)
 {
     for (const std::string_view suffix : derivativeSuffixes)

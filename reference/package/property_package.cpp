@@ -8,12 +8,6 @@ namespace reference {
 
 namespace {
 
-// Properties can be had wherever a flash may end.
-constexpr double lowestTemperature = lowestFlashTemperature;
-constexpr double highestTemperature = highestFlashTemperature;
-constexpr double lowestPressure = lowestFlashPressure;
-constexpr double highestPressure = highestFlashPressure;
-
 // Scales amounts, which may not be below zero, to sum to one.
 bool normalise(const NumberView &amounts, CompoundArray &fractions)
 {
@@ -129,22 +123,15 @@ HRESULT PropertyPackage::needMaterial(const Call &call) const
     return material ? S_OK : call.refuse(errors::badInvocationOrder, OLESTR("No material is set"));
 }
 
-HRESULT PropertyPackage::checkTemperature(const Call &call, double temperature) const
+HRESULT PropertyPackage::checkCondition(const Call &call, FlashVariable condition, double value) const
 {
-    if (std::isnan(temperature))
-        return call.refuse(errors::invalidArgument, OLESTR("The temperature is not a number"));
-    if (temperature < lowestTemperature || temperature > highestTemperature)
-        return call.refuse(errors::outOfBounds, OLESTR("The temperature must be from 20 to 1500 K"));
-    return S_OK;
-}
-
-HRESULT PropertyPackage::checkPressure(const Call &call, double pressure) const
-{
-    if (std::isnan(pressure))
-        return call.refuse(errors::invalidArgument, OLESTR("The pressure is not a number"));
-    if (pressure < lowestPressure || pressure > highestPressure)
-        return call.refuse(errors::outOfBounds, OLESTR("The pressure must be from 0.01 to 1e8 Pa"));
-    return S_OK;
+    if (flashLimitsOf(condition).contain(value))
+        return S_OK;
+    const WideString name = OLESTR("The ") + wide(flashVariableName(condition));
+    if (std::isnan(value))
+        return call.refuse(errors::invalidArgument, name + OLESTR(" is not a number"));
+    const LimitsText limits(condition, LimitsText::Form::brief);
+    return call.refuse(errors::outOfBounds, name + OLESTR(" must be ") + wide(limits.text.data()));
 }
 
 HRESULT PropertyPackage::readComposition(const Call &call, const VARIANT &amounts, CompoundArray &fractions) const
@@ -162,9 +149,9 @@ HRESULT PropertyPackage::readComposition(const Call &call, const VARIANT &amount
 HRESULT PropertyPackage::readMixture(const Call &call, double temperature, double pressure, const VARIANT &amounts,
                                      CompoundArray &fractions) const
 {
-    HRESULT result = checkTemperature(call, temperature);
+    HRESULT result = checkCondition(call, FlashVariable::temperature, temperature);
     if (SUCCEEDED(result))
-        result = checkPressure(call, pressure);
+        result = checkCondition(call, FlashVariable::pressure, pressure);
     return FAILED(result) ? result : readComposition(call, amounts, fractions);
 }
 

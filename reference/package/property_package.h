@@ -1,10 +1,10 @@
-// A CAPE-OPEN 1.1 property package over the engine.
+// A CAPE-OPEN 1.1 property package that calculates with the engine.
 #pragma once
 
 #include "cape/com/com_pointer.h"
 #include "reference/com/component.h"
-#include "reference/engine/flash.h"
-#include "reference/engine/phase_point.h"
+#include "reference/engine/flash/flash.h"
+#include "reference/engine/phase/phase_point.h"
 #include "reference/package/package_table.h"
 
 #include <vector>
@@ -28,11 +28,11 @@ public:
     ULONG STDMETHODCALLTYPE AddRef() override { return Component::AddRef(); }
     ULONG STDMETHODCALLTYPE Release() override { return Component::Release(); }
 
-    HRESULT STDMETHODCALLTYPE Terminate() override; // lets go of the material
+    HRESULT STDMETHODCALLTYPE Terminate() override; // releases the material
 
-    // The material's compounds are found among the package's by their ids, those with other ids by
-    // their CAS numbers: any part of the package's, in any order, each once. A second material takes
-    // the place of the first; one that is refused leaves the first in place.
+    // The material's compounds are matched with the package's by id or, where the id is unknown, by CAS
+    // number: any subset of them in any order, each once. A second material replaces the first; one that
+    // is refused leaves the first in place.
     HRESULT STDMETHODCALLTYPE SetMaterial(IDispatch *material) override;
     HRESULT STDMETHODCALLTYPE UnsetMaterial() override;
 
@@ -54,7 +54,7 @@ public:
     HRESULT STDMETHODCALLTYPE GetPhaseList(VARIANT *phaseLabels, VARIANT *statesOfAggregation,
                                            VARIANT *keyCompoundIds) override;
 
-    // Enthalpy and entropy are those of engine/phase_properties.h: without formation.
+    // Enthalpy and entropy are those of engine/phase/phase_properties.h: without formation.
     HRESULT STDMETHODCALLTYPE CalcAndGetLnPhi(BSTR phaseLabel, double temperature, double pressure, VARIANT moleNumbers,
                                               INT flags, VARIANT *lnPhi, VARIANT *lnPhiDT, VARIANT *lnPhiDP,
                                               VARIANT *lnPhiDn) override;
@@ -77,32 +77,31 @@ private:
     ~PropertyPackage() override = default;
     void *findInterface(REFIID iid) override;
 
-    // The package's compound with this text in a column of the data, in any case; null for none.
+    // The package's compound with this text in a column of the data, compared without regard to case; null if none.
     const CompoundData *findCompound(BSTR text, std::string_view CompoundData::*column) const;
 
-    // The compounds that a material has, in its order.
+    // The compounds of a material, in its order.
     HRESULT readMaterialCompounds(const Call &call, ICapeThermoCompounds &list,
                                   std::vector<const CompoundData *> &chosen) const;
 
     // The compounds that an argument names: all of the package for an empty one.
     HRESULT readCompounds(const Call &call, const VARIANT &argument, std::vector<const CompoundData *> &chosen) const;
 
-    // Gives what compounds have of properties that change with a condition. Where only a part is known
-    // the rest is NaN; it refuses when nothing is.
+    // Gives properties of pure compounds that depend on a condition. Values that are unknown are NaN; it
+    // refuses when none is known.
     HRESULT giveConditioned(const Call &call, const ConditionedProperties &table, double condition,
                             const VARIANT &properties, const VARIANT &compoundIds, VARIANT *values) const;
 
     // Refuses when no material is set.
     HRESULT needMaterial(const Call &call) const;
 
-    // Refuse conditions that are out of the range of the models.
-    HRESULT checkTemperature(const Call &call, double temperature) const;
-    HRESULT checkPressure(const Call &call, double pressure) const;
+    // Refuses a temperature or pressure outside the range of the models.
+    HRESULT checkCondition(const Call &call, FlashVariable condition, double value) const;
 
     // Amounts of the material's compounds, scaled to sum to one.
     HRESULT readComposition(const Call &call, const VARIANT &amounts, CompoundArray &fractions) const;
 
-    // The three together.
+    // Checks the conditions and reads the composition.
     HRESULT readMixture(const Call &call, double temperature, double pressure, const VARIANT &amounts,
                         CompoundArray &fractions) const;
 
@@ -118,7 +117,7 @@ private:
 
     bool offers(auto... asked) const;
 
-    // What a write of a property to the material came to.
+    // Turns a failed write of a property to the material into a refusal.
     HRESULT refuseWrite(const Call &call, HRESULT written) const;
 
     // The phases that the material lets a flash use.
@@ -129,11 +128,11 @@ private:
                                 CompoundArray &feed) const;
     HRESULT readFlashValue(const Call &call, const FlashInput &input, FlashSpecification &target) const;
 
-    // What the flash takes for a value that includes the formation of the feed.
+    // Subtracts the formation of the feed from a value that includes it.
     HRESULT leaveOutFormation(const Call &call, const FlashInput &input, const CompoundArray &feed,
                               double &value) const;
 
-    // The overall conditions are written when they were not given.
+    // The overall temperature and pressure are written where they were not given.
     struct GivenConditions {
         bool temperature;
         bool pressure;
@@ -145,14 +144,14 @@ private:
     ComPointer<ICapeThermoMaterial> material;
     MixtureModel model; // of the material's compounds, in the material's order
 
-    // What materials are asked and told by, made once.
+    // Identifiers for calls to the material, allocated once.
     struct {
-        Text mole{"mole"};
-        Text mass{"mass"};
-        Text temperature{"temperature"};
-        Text pressure{"pressure"};
-        Text fraction{"fraction"};
-        Text phaseFraction{"phaseFraction"};
+        Bstr mole{"mole"};
+        Bstr mass{"mass"};
+        Bstr temperature{"temperature"};
+        Bstr pressure{"pressure"};
+        Bstr fraction{"fraction"};
+        Bstr phaseFraction{"phaseFraction"};
     } words;
 };
 

@@ -1,4 +1,7 @@
-#include "reference/engine/phase_point.h"
+#include "reference/engine/phase/phase_evaluation.h"
+#include "reference/engine/phase/phase_point.h"
+#include "reference/engine/quantities/phase_calculation.h"
+#include "reference/engine/quantities/phase_pair.h"
 #include "reference/package/phase_of_present.h"
 #include "reference/package/phase_table.h"
 #include "reference/package/property_name.h"
@@ -37,16 +40,16 @@ HRESULT giveNames(const std::vector<std::string> &list, VARIANT *properties)
     return names.give(properties);
 }
 
-// The values of a phase; a single one also where it is missing for compounds of which there is nothing.
+// The values of a phase. A single value can be had even where absent compounds lack a constant that it needs.
 bool calculateValues(const PhasePoint &phase, Root root, PhaseQuantity quantity, Differential differential,
                      std::span<double> values)
 {
-    if (phase.calculate(quantity, differential, values))
+    if (calculate(phase, quantity, differential, values))
         return true;
     if (values.size() != 1)
         return false;
     const PhaseOfPresent present(phase);
-    return present.point(root).calculate(quantity, differential, values);
+    return calculate(present.point(root), quantity, differential, values);
 }
 
 // The properties that a call asks for; the names are those of the argument.
@@ -54,7 +57,7 @@ template <class Quantity> struct Requests {
     TextView names;
     std::vector<PropertyRequest<Quantity>> list;
 
-    // `owner` is what has the properties, as the message has it.
+    // `owner` is what the message calls the owner of the properties.
     HRESULT read(const Component::Call &call, std::span<const QuantityShape> quantities, LPCWSTR owner,
                  const VARIANT &properties)
     {
@@ -70,8 +73,8 @@ template <class Quantity> struct Requests {
         return S_OK;
     }
 
-    // Makes the values of all, and only then gives them to `write`, so that the material is left as it
-    // is when one of them can't be had. `calculate` fills the values of a request, or refuses.
+    // Calculates all values before it gives any to `write`, so that the material stays as it is when one
+    // of them is not available. `calculate` fills the values of a request, or refuses.
     template <class Calculate, class Write>
     HRESULT answer(const Component::Call &call, int compounds, Calculate calculate, Write write) const
     {
@@ -230,7 +233,7 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcTwoPhaseProp(VARIANT properties, 
         });
 }
 
-// Whether a property can be had of one compound of the package at least.
+// Whether a property is available for at least one compound of the package.
 bool PropertyPackage::offers(auto... asked) const
 {
     return std::ranges::any_of(compounds, [&](const CompoundData *compound) {

@@ -1,6 +1,9 @@
 #include "reference/package/saturated_compound.h"
 
-#include "reference/engine/flash.h"
+#include "reference/engine/flash/flash.h"
+#include "reference/engine/quantities/phase_calculation.h"
+#include "reference/engine/quantities/phase_pair.h"
+#include "reference/engine/quantities/phase_quantity.h"
 
 #include <limits>
 
@@ -9,8 +12,8 @@ namespace reference {
 namespace {
 
 constexpr double notKnown = std::numeric_limits<double>::quiet_NaN();
-constexpr double thinPressure = 1.0; // Pa
-constexpr double whole = 1.0;        // the mole fraction of a compound alone
+constexpr double lowPressure = 1.0; // Pa
+constexpr double whole = 1.0;       // mole fraction of a pure compound
 
 MixtureModel modelOf(const PureCompound &compound)
 {
@@ -21,7 +24,7 @@ MixtureModel modelOf(const PureCompound &compound)
 double valueOf(const std::optional<PhasePoint> &point, PhaseQuantity quantity)
 {
     double value = 0.0;
-    return point && point->calculate(quantity, Differential::none, {&value, 1}) ? value : notKnown;
+    return point && calculate(*point, quantity, Differential::none, {&value, 1}) ? value : notKnown;
 }
 
 } // namespace
@@ -50,13 +53,13 @@ double SaturatedCompound::ofBoth(PairQuantity quantity) const
 double ofThinGas(const PureCompound &compound, PhaseQuantity quantity, double kelvin)
 {
     const MixtureModel model = modelOf(compound);
-    return valueOf(PhasePoint(model, kelvin, thinPressure, {&whole, 1}, Root::vapor), quantity);
+    return valueOf(PhasePoint(model, kelvin, lowPressure, {&whole, 1}, Root::vapor), quantity);
 }
 
 double secondVirialCoefficient(const PureCompound &compound, double kelvin)
 {
     const MixtureModel model = modelOf(compound);
-    return PhasePoint(model, kelvin, thinPressure, {&whole, 1}, Root::vapor).bulk({}).residual.residualVolume.value;
+    return PhasePoint(model, kelvin, lowPressure, {&whole, 1}, Root::vapor).bulk({}).residual.residualVolume.value;
 }
 
 } // namespace reference

@@ -1,7 +1,8 @@
-// A pure compound that boils, by the equation of state of a package.
+// A pure compound at saturation, by the equation of state of a package.
 #pragma once
 
-#include "reference/engine/phase_point.h"
+#include "reference/engine/phase/phase_point.h"
+#include "reference/engine/quantities/phase_quantity.h"
 
 #include <optional>
 
@@ -14,7 +15,7 @@ struct PureCompound {
 
 class SaturatedCompound {
 public:
-    // The compound at a temperature; it may not boil there.
+    // The compound at a temperature, where it need not have a saturated state.
     SaturatedCompound(const PureCompound &compound, double kelvin);
     SaturatedCompound(const SaturatedCompound &) = delete;
     SaturatedCompound &operator=(const SaturatedCompound &) = delete;
@@ -32,7 +33,7 @@ private:
     std::optional<PhasePoint> liquid;
 };
 
-// One value of the compound as a gas so thin that it is ideal, and its second virial coefficient,
+// A value of the compound as a gas so dilute that it is ideal, and its second virial coefficient,
 // m3/mol.
 double ofThinGas(const PureCompound &compound, PhaseQuantity quantity, double kelvin);
 double secondVirialCoefficient(const PureCompound &compound, double kelvin);

@@ -1,4 +1,5 @@
-#include "reference/engine/mixture_model.h"
+#include "reference/engine/eos/gas_constant.h"
+#include "reference/engine/phase/mixture_model.h"
 #include "reference/package/property_package.h"
 
 namespace reference {

@@ -18,11 +18,11 @@ struct ComClass {
     ComponentDescription description; // Name and Description are registered
     std::string_view programId;
     std::string_view category;                                     // in braces
-    Component *(*create)(const ComponentDescription &description); // with one reference; null without memory
+    Component *(*create)(const ComponentDescription &description); // with one reference; null when out of memory
 };
 std::span<const ComClass> classTable();
 
-// A category of components, which every installer enters that finds it missing.
+// A category of components, which any installer registers if it is missing.
 struct ComponentCategory {
     std::string_view id; // in braces
     std::string_view description;

@@ -2,12 +2,13 @@
 #include "reference/server/registration.h"
 
 #include "cape/com/com_pointer.h"
+#include "cape/com/registry_key.h"
 
 namespace reference {
 
 namespace {
 
-// Makes objects of one class. Starts with one reference, the creator's.
+// Creates objects of one class. Starts with one reference, the creator's.
 class ClassFactory final : public IClassFactory {
 public:
     explicit ClassFactory(const ComClass *entry) : made(entry) { ++libraryUses; }
@@ -59,19 +60,7 @@ private:
     ULONG references = 1;
 };
 
-LSTATUS writeEntry(const WideString &path, const WideString &name, const WideString &value)
-{
-    HKEY key = nullptr;
-    LSTATUS status = RegCreateKeyExW(HKEY_CLASSES_ROOT, path.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr);
-    if (status != ERROR_SUCCESS)
-        return status;
-    const auto bytes = static_cast<DWORD>((value.size() + 1) * sizeof(WCHAR));
-    status = RegSetValueExW(key, name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE *>(value.c_str()), bytes);
-    RegCloseKey(key);
-    return status;
-}
-
-// The full path of this library, which is loaded; empty if it can't be had.
+// The full path of this library, which is loaded; empty on failure.
 WideString libraryPath()
 {
     const HMODULE library = LoadLibraryW(OLESTR("VerdanthReference.dll"));
@@ -111,10 +100,10 @@ extern "C" HRESULT STDAPICALLTYPE DllRegisterServer()
     LSTATUS status = ERROR_MOD_NOT_FOUND;
     const bool done =
         !path.empty() && describeRegistration(path, [&](const auto &key, const auto &name, const auto &value) {
-            status = writeEntry(key, name, value);
+            status = RegistryKey::create(HKEY_CLASSES_ROOT, key.c_str()).setText(name.c_str(), value);
             return status == ERROR_SUCCESS;
         });
-    return done ? S_OK : static_cast<HRESULT>(0x80070000u | static_cast<unsigned>(status)); // a Win32 error as HRESULT
+    return done ? S_OK : ResultOf(status);
 }
 
 extern "C" HRESULT STDAPICALLTYPE DllUnregisterServer()
@@ -123,7 +112,7 @@ extern "C" HRESULT STDAPICALLTYPE DllUnregisterServer()
     for (const WideString &key : registeredKeys()) {
         const LSTATUS status = RegDeleteTreeW(HKEY_CLASSES_ROOT, key.c_str());
         if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND)
-            result = static_cast<HRESULT>(0x80070000u | static_cast<unsigned>(status));
+            result = ResultOf(status);
     }
     return result;
 }

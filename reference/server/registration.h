@@ -1,4 +1,4 @@
-// What the library enters into the class registry.
+// The entries of the library in the class registry.
 #pragma once
 
 #include "reference/server/class_table.h"
@@ -12,12 +12,12 @@ namespace reference {
 // All values are texts.
 using RegistryWriter = std::function<bool(const WideString &key, const WideString &name, const WideString &value)>;
 
-// Gives all entries for a library at `libraryPath` to the writer, until it answers false. True when
-// it took all of them.
+// Passes all entries for a library at `libraryPath` to the writer, until it returns false. True when
+// all were written.
 bool describeRegistration(const WideString &libraryPath, const RegistryWriter &write);
 
-// The keys that describeRegistration made for the classes, whole; the categories are others' as well
-// and stay.
+// The keys that describeRegistration creates for the classes, to be deleted with everything in them. The
+// categories stay, because others use them, too.
 std::vector<WideString> registeredKeys();
 
 } // namespace reference

@@ -1,5 +1,5 @@
-// Prints the registration as text of a .reg file, for where the class registry is filled from such
-// files. The argument is the name of the library beside the folder of the file.
+// Prints the registration in the format of .reg files, for platforms that fill the class registry from
+// such files. The argument is the file name of the library, which lies next to the folder of the .reg file.
 #include "reference/server/registration.h"
 
 #include <cstdio>

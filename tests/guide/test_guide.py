@@ -122,14 +122,25 @@ class Guide(unittest.TestCase):
                            env=os.environ | {"SOURCE_DATE_EPOCH": "1795279000"})
             self.assertEqual((pathlib.Path(folder) / "Verdanth.chm").read_bytes(), (GUIDE / "Verdanth.chm").read_bytes())
 
-    def test_the_tables_have_every_property_that_the_library_knows(self):
-        rows = (SOURCE / "properties/vocabulary_rows.cpp").read_text(encoding="utf-8")
-        lists_of_names = re.findall(r"\{(OLESTR[^{}]*)\}\}", rows)
-        known = [name for names in lists_of_names for name in re.findall(r'OLESTR\("([^"]+)"\)', names)]
-        listed = [line.split("\t")[1] for line in (SOURCE / "docs/properties.txt").read_text(encoding="ascii").splitlines()
-                  if line and not line.startswith("#")]
-        self.assertEqual(len(listed), 43 + 33 + 4 + 38 + 3)
-        self.assertEqual(sorted(known), sorted(listed))
+    def test_every_property_has_its_row(self):
+        page = (GUIDE / "properties.html").read_text(encoding="ascii")
+        row = re.compile("<tr><td><code>(.*)</code></td><td>(.*)</td><td>(.*)</td><td>(.*)</td></tr>")
+        tables = [row.findall(table) for table in re.split('<h2><a name="[a-z-]+"></a>', page)[1:]]
+        self.assertEqual([len(rows) for rows in tables], [43, 33, 4, 38, 3])
+        for rows in tables:
+            names = [name for name, *_ in rows]
+            self.assertEqual(names, sorted(names, key=str.lower))
+        constants, temperature, pressure, single, pair = tables
+        self.assertIn(("triplePointTemperature ", "each compound", "K", "K"), constants)
+        self.assertIn(("SMILESformula", "each compound", "none", "none"), constants)
+        self.assertIn(("molecularWeight", "each compound", "gr / mol", "gr / mol"), constants)
+        self.assertIn(("liquidDensityAt25C", "each compound", "mol / m3", "kg / m3"), constants)
+        self.assertIn(("idealGasEntropy", "each compound", "J / mol / K", "J / kg / K"), temperature)
+        self.assertIn(("meltingTemperature", "each compound", "K", "K"), pressure)
+        self.assertIn(("molecularWeight", "one value", "gr / mol", "gr / mol"), single)
+        self.assertIn(("diffusionCoefficient", "pairs of compounds", "m2 / s", "m2 / s"), single)
+        self.assertEqual(pair, [("kvalue", "each compound", "none", "none"), ("logKvalue", "each compound", "none", "none"),
+                                ("surfaceTension", "one value", "N m", "N m")])
 
 
 def version_of_project():

@@ -48,8 +48,8 @@ public:
         ComPointer<ICapeDiagnostic> diagnostic;
         if (FAILED(diagnostic.queryFrom(context)))
             return E_FAIL;
-        const reference::Text logged(OLESTR("logged by 32 bits, 100%"));
-        const reference::Text shown(OLESTR("shown by 32 bits"));
+        const Bstr logged(OLESTR("logged by 32 bits, 100%"));
+        const Bstr shown(OLESTR("shown by 32 bits"));
         HRESULT hr = diagnostic->LogMessage(logged.get());
         if (SUCCEEDED(hr))
             hr = diagnostic->PopUpMessage(shown.get());

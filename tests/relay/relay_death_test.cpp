@@ -81,7 +81,7 @@ TEST_F(RelayDeath, BetweenCommandsIsAnErrorOfTheNextAndSilentInABatchWithoutWarn
     const CallResult failed = call(1, density);
     EXPECT_FALSE(failed.returned);
     EXPECT_TRUE(failed.error.starts_with("CalcSinglePhaseProp failed")) << failed.error;
-    mustReturn(0, {Scalar(17), Scalar(0)});
+    showWarnings(false);
     const CallResult batch = vaporFractions(handle, {220, 230}, {40e5, 40e5});
     for (const double row : batch[0].element(0).numbers())
         EXPECT_TRUE(std::isnan(row));

@@ -1,8 +1,8 @@
 // What tests have in common that reach 32-bit packages through the real relay, from mexFunction on.
 #pragma once
 
-#include "tests/mex/command_test.h"
 #include "tests/relay/installation.h"
+#include "tests/support/mex_test.h"
 
 namespace support {
 
@@ -21,11 +21,11 @@ inline const std::vector<WideString> packagesOfManager =
            "All compounds (Peng-Robinson)", "All compounds (Soave-Redlich-Kwong)"});
 
 // The relay goes when the library is cleared.
-class ThroughRelay : public CommandTest {
+class ThroughRelay : public MexTest {
 protected:
     void TearDown() override
     {
-        CommandTest::TearDown();
+        MexTest::TearDown();
         EXPECT_TRUE(installation::relaysEnd()) << "a relay stays";
     }
 

@@ -90,6 +90,12 @@ RegisteredClass PackageClass(AnyText name, AnyText classIdText)
     return namedClass(name, classIdText, packageCategory);
 }
 
+RegisteredClass In32BitView(RegisteredClass entry)
+{
+    entry.view = RegistryView::wow64;
+    return entry;
+}
+
 ClassRegistration::ClassRegistration()
 {
     removeThermoClasses(RegistryView::native);

@@ -33,6 +33,7 @@ struct RegisteredClass {
 
 RegisteredClass ManagerClass(AnyText name, AnyText classIdText);
 RegisteredClass PackageClass(AnyText name, AnyText classIdText);
+RegisteredClass In32BitView(RegisteredClass entry);
 
 // Writes classes and removes them again. What it finds of managers and packages when it is made,
 // it removes for good: a test sees its own classes only.

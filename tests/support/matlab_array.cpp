@@ -2,214 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <type_traits>
-
 namespace support {
 
-namespace {
+Array Text(const AnyText &text) { return host::Text(text.wide); }
 
-template <class Value> Array filled(mxClassID classId, mwSize rows, mwSize columns, const std::vector<Value> &values)
-{
-    const mwSize dimensions[] = {rows, columns};
-    Array array(mxCreateNumericArray_730(2, dimensions, classId, mxREAL));
-    std::copy(values.begin(), values.end(), static_cast<Value *>(mxGetData(array.get())));
-    return array;
-}
-
-Array cellOf(mwSize rows, mwSize columns, const std::vector<Array> &elements)
-{
-    const mwSize dimensions[] = {rows, columns};
-    Array cell(mxCreateCellArray_730(2, dimensions));
-    for (std::size_t i = 0; i < elements.size(); ++i)
-        if (elements[i])
-            mxSetCell_730(cell.get(), i, mxDuplicateArray(elements[i].get()));
-    return cell;
-}
-
-template <class Value> std::vector<Value> contents(const Array &array)
-{
-    const Value *first = static_cast<const Value *>(mxGetData(array.get()));
-    return {first, first + array.count()};
-}
-
-} // namespace
-
-Array::Array(mxArray *owned) : array(owned, mxDestroyArray) {}
-
-bool Array::is(mxClassID expected) const
-{
-    if (!array) {
-        ADD_FAILURE() << "there is no array";
-        return false;
-    }
-    if (classId() != expected) {
-        ADD_FAILURE() << "the array is of class " << classId() << ", not " << expected;
-        return false;
-    }
-    return true;
-}
-
-mxClassID Array::classId() const { return array ? mxGetClassID(get()) : mxUNKNOWN_CLASS; }
-
-std::vector<std::size_t> Array::dimensions() const
-{
-    if (!array)
-        return {};
-    const mwSize *first = mxGetDimensions(get());
-    return {first, first + mxGetNumberOfDimensions(get())};
-}
-
-std::size_t Array::count() const { return array ? mxGetNumberOfElements(get()) : 0; }
-
-bool Array::isScalar(mxClassID expected) const
-{
-    if (!is(expected))
-        return false;
-    if (count() != 1)
-        ADD_FAILURE() << "the array has " << count() << " elements, not 1";
-    return count() == 1;
-}
-
-double Array::number() const { return isScalar(mxDOUBLE_CLASS) ? numbers()[0] : 0; }
-
-std::vector<double> Array::numbers() const
-{
-    if (!is(mxDOUBLE_CLASS))
-        return {};
-    EXPECT_FALSE(mxIsComplex(get())) << "the array is complex";
-    return contents<double>(*this);
-}
-
-std::vector<std::vector<double>> Array::matrix() const
-{
-    const std::vector<double> values = numbers();
-    if (values.empty())
-        return {};
-    const std::size_t rowCount = mxGetM(get());
-    std::vector<std::vector<double>> rows(rowCount);
-    for (std::size_t i = 0; i < values.size(); ++i)
-        rows[i % rowCount].push_back(values[i]);
-    return rows;
-}
-
-std::int32_t Array::int32() const { return isScalar(mxINT32_CLASS) ? int32s()[0] : 0; }
-
-std::vector<std::int32_t> Array::int32s() const
-{
-    if (!is(mxINT32_CLASS))
-        return {};
-    return contents<std::int32_t>(*this);
-}
-
-WideString Array::text() const
-{
-    if (!is(mxCHAR_CLASS))
-        return {};
-    EXPECT_EQ(dimensions(), (std::vector<std::size_t>{1, count()})) << "the text is not one row";
-    return {mxGetChars(get()), count()};
-}
-
-std::vector<WideString> Array::texts() const
-{
-    if (!is(mxCELL_CLASS))
-        return {};
-    EXPECT_EQ(dimensions(), (std::vector<std::size_t>{count(), count() == 0 ? 0u : 1u})) << "the cell is no column";
-    std::vector<WideString> result;
-    for (std::size_t i = 0; i < count(); ++i)
-        result.push_back(element(i).text());
-    return result;
-}
-
-Array Array::element(std::size_t index) const
-{
-    Array result;
-    if (!is(mxCELL_CLASS))
-        return result;
-    EXPECT_LT(index, count());
-    if (mxArray *found = mxGetCell_730(get(), index))
-        result.array = std::shared_ptr<mxArray>(array, found);
-    return result;
-}
-
-std::vector<std::vector<double>> Array::cellMatrix(std::size_t index) const { return element(index).matrix(); }
-
-Array Scalar(double value) { return filled<double>(mxDOUBLE_CLASS, 1, 1, {value}); }
-
-Array Column(std::vector<double> values) { return filled(mxDOUBLE_CLASS, values.size(), 1, values); }
-
-Array Row(std::vector<double> values) { return filled(mxDOUBLE_CLASS, 1, values.size(), values); }
-
-Array Matrix(std::vector<std::vector<double>> rows)
-{
-    const std::size_t columns = rows.empty() ? 0 : rows[0].size();
-    std::vector<double> values;
-    for (std::size_t column = 0; column < columns; ++column)
-        for (const std::vector<double> &row : rows)
-            values.push_back(row.at(column));
-    return filled(mxDOUBLE_CLASS, rows.size(), columns, values);
-}
-
-Array Zeros(std::vector<mwSize> dimensions)
-{
-    return Array(mxCreateNumericArray_730(dimensions.size(), dimensions.data(), mxDOUBLE_CLASS, mxREAL));
-}
-
-Array Empty() { return Zeros({0, 0}); }
-
-Array Complex(double real, double imaginary)
-{
-    Array array(mxCreateDoubleMatrix_730(1, 1, mxCOMPLEX));
-    *mxGetPr(array.get()) = real;
-    *mxGetPi(array.get()) = imaginary;
-    return array;
-}
-
-Array ComplexColumn(std::vector<double> real)
-{
-    Array array(mxCreateDoubleMatrix_730(real.size(), 1, mxCOMPLEX));
-    std::copy(real.begin(), real.end(), mxGetPr(array.get()));
-    return array;
-}
-
-Array Int32(std::int32_t value) { return filled<std::int32_t>(mxINT32_CLASS, 1, 1, {value}); }
-
-Array Int32Column(std::vector<std::int32_t> values) { return filled(mxINT32_CLASS, values.size(), 1, values); }
-
-Array Logical(bool value) { return Array(mxCreateLogicalScalar(value)); }
-
-Array Single(float value) { return filled<float>(mxSINGLE_CLASS, 1, 1, {value}); }
-
-Array SingleColumn(std::vector<float> values) { return filled(mxSINGLE_CLASS, values.size(), 1, values); }
-
-Array Text(AnyText text)
-{
-    const mwSize dimensions[] = {1, text.wide.size()};
-    Array array(mxCreateCharArray_730(2, dimensions));
-    std::copy(text.wide.begin(), text.wide.end(), mxGetChars(array.get()));
-    return array;
-}
-
-Array EmptyText()
-{
-    const mwSize dimensions[] = {0, 0};
-    return Array(mxCreateCharArray_730(2, dimensions));
-}
-
-Array TextMatrix(std::initializer_list<AnyText> rows)
-{
-    const mwSize dimensions[] = {rows.size(), rows.size() == 0 ? 0 : rows.begin()->wide.size()};
-    Array array(mxCreateCharArray_730(2, dimensions));
-    WCHAR *target = mxGetChars(array.get());
-    for (mwSize column = 0; column < dimensions[1]; ++column)
-        for (const AnyText &row : rows)
-            *target++ = row.wide.at(column);
-    return array;
-}
-
-Array Cell(std::vector<Array> elements) { return cellOf(elements.size(), 1, elements); }
-
-Array CellRow(std::vector<Array> elements) { return cellOf(1, elements.size(), elements); }
+Array TextMatrix(std::initializer_list<AnyText> rows) { return host::TextMatrix(Names(rows)); }
 
 Array Texts(std::initializer_list<AnyText> texts)
 {
@@ -219,6 +16,10 @@ Array Texts(std::initializer_list<AnyText> texts)
     return Cell(elements);
 }
 
-Array EmptyCell() { return cellOf(0, 0, {}); }
+bool FailTestsAtComplaints()
+{
+    host::SetComplaint([](const std::string &message) { ADD_FAILURE() << message; });
+    return true;
+}
 
 } // namespace support

@@ -1,12 +1,13 @@
 #include "tests/support/scripted_manager.h"
 
+#include "tests/support/failures.h"
 #include "tests/support/scripted_object.h"
 
 namespace support {
 
 namespace {
 
-constexpr HRESULT invalidArgument = static_cast<HRESULT>(0x80040506u); // ECapeInvalidArgumentHR
+constexpr HRESULT invalidArgument = CapeFailure(0x06); // ECapeInvalidArgumentHR
 
 template <class Script>
 Script *offered(const std::vector<std::pair<WideString, Script *>> &offers, const WideString &name)

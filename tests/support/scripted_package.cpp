@@ -83,6 +83,14 @@ std::function<HRESULT(const TwoPhaseCall &)> StoreTwoPhase(std::vector<StoredVal
     };
 }
 
+std::function<HRESULT(const EquilibriumCall &)> StoreEquilibrium(std::vector<MaterialClient::Phase> phases,
+                                                                 double temperature, double pressure, const char *basis)
+{
+    return [phases = std::move(phases), temperature, pressure, basis](const EquilibriumCall &request) {
+        return request.material.setEquilibrium(phases, temperature, pressure, basis);
+    };
+}
+
 std::function<HRESULT(const CompoundCall &, Variant &)> AnswerValues(Variant values)
 {
     return [values = std::move(values)](const CompoundCall &, Variant &answered) {

@@ -91,6 +91,11 @@ struct StoredValue {
 std::function<HRESULT(const SinglePhaseCall &)> StoreSinglePhase(std::vector<StoredValue> values);
 std::function<HRESULT(const TwoPhaseCall &)> StoreTwoPhase(std::vector<StoredValue> values);
 
+// Finds these phases in every flash.
+std::function<HRESULT(const EquilibriumCall &)> StoreEquilibrium(std::vector<MaterialClient::Phase> phases,
+                                                                 double temperature, double pressure,
+                                                                 const char *basis = "mole");
+
 // Answers the same values to every question.
 std::function<HRESULT(const CompoundCall &, Variant &)> AnswerValues(Variant values);
 

@@ -1,12 +1,11 @@
 #include "tests/support/component_world.h"
+#include "tests/support/failures.h"
 
 #include <gtest/gtest.h>
 
 using namespace support;
 
 namespace {
-
-constexpr HRESULT computation = static_cast<HRESULT>(0x8004050Bu); // ECapeComputationHR
 
 class ScriptedPackage : public testing::Test {
 protected:
@@ -42,13 +41,13 @@ TEST_F(ScriptedPackage, GivesItsListsAsTheyAre)
 
 TEST_F(ScriptedPackage, FailsAtTheCallThatWasChosen)
 {
-    package.answer("GetNumPhases", computation, 2);
+    package.answer("GetNumPhases", computationFailed, 2);
     const ComPointer<ICapeThermoPhases> phases = as<ICapeThermoPhases>();
     LONG count = 0;
     EXPECT_EQ(phases->GetNumPhases(&count), S_OK);
     EXPECT_EQ(count, 2);
     count = -1;
-    EXPECT_EQ(phases->GetNumPhases(&count), computation);
+    EXPECT_EQ(phases->GetNumPhases(&count), computationFailed);
     EXPECT_EQ(count, -1);
     EXPECT_EQ(phases->GetNumPhases(&count), S_OK);
     EXPECT_EQ(package.calls("GetNumPhases"), 3);

@@ -119,7 +119,7 @@ TEST_P(Components, GiveTheirErrorCodeAndNoMore)
     LONG code = 0;
     EXPECT_EQ(user->get_code(&code), S_OK);
     EXPECT_EQ(code, static_cast<LONG>(0x80040509));
-    Text information;
+    Bstr information;
     EXPECT_EQ(user->get_moreInfo(information.out()), S_OK);
     EXPECT_EQ(SysStringLen(information.get()), 0u);
     EXPECT_EQ(user->get_code(nullptr), E_POINTER);
@@ -134,15 +134,15 @@ TEST_P(Components, GiveTheirErrorCodeAndNoMore)
 TEST_P(Components, LetTheHostRenameThem)
 {
     const ComPointer<ICapeIdentification> identification = as<ICapeIdentification>(object.get());
-    Text name;
+    Bstr name;
     ASSERT_EQ(identification->get_ComponentName(name.out()), S_OK);
     EXPECT_EQ(narrow(name.get()),
               GetParam() == &managerClass ? "Verdanth Reference Packages" : "Verdanth Natural Gas (stand-alone)");
-    Text mine(std::string_view("Gas 7"));
+    Bstr mine(std::string_view("Gas 7"));
     EXPECT_EQ(identification->put_ComponentName(mine.get()), S_OK);
     EXPECT_EQ(identification->put_ComponentDescription(nullptr), S_OK);
-    Text newName;
-    Text newDescription;
+    Bstr newName;
+    Bstr newDescription;
     ASSERT_EQ(identification->get_ComponentName(newName.out()), S_OK);
     ASSERT_EQ(identification->get_ComponentDescription(newDescription.out()), S_OK);
     EXPECT_EQ(narrow(newName.get()), "Gas 7");

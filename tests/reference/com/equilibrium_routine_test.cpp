@@ -1,4 +1,4 @@
-#include "reference/engine/flash.h"
+#include "reference/engine/flash/flash.h"
 #include "tests/reference/com/package_fixture.h"
 #include "tests/reference/engine/mixtures.h"
 
@@ -17,13 +17,13 @@ protected:
     HRESULT calculate(const Specification &first = givenTemperature, const Specification &second = givenPressure,
                       std::string_view solutionType = "Unspecified")
     {
-        return equilibrium->CalcEquilibrium(texts(first).get(), texts(second).get(), Text(solutionType).get());
+        return equilibrium->CalcEquilibrium(texts(first).get(), texts(second).get(), Bstr(solutionType).get());
     }
     bool isSupported(const Specification &first, const Specification &second,
                      std::string_view solutionType = "Unspecified")
     {
         VARIANT_BOOL supported = 7;
-        EXPECT_EQ(equilibrium->CheckEquilibriumSpec(texts(first).get(), texts(second).get(), Text(solutionType).get(),
+        EXPECT_EQ(equilibrium->CheckEquilibriumSpec(texts(first).get(), texts(second).get(), Bstr(solutionType).get(),
                                                     &supported),
                   S_OK);
         return supported == VARIANT_TRUE;
@@ -79,7 +79,7 @@ TEST_F(PackageFlash, GivesPhasesInEquilibriumInTheMaterialsOrder)
     for (const bool isLiquid : {false, true}) {
         material.composition = isLiquid ? liquid : vapor;
         const std::string phase = isLiquid ? "Liquid" : "Vapor";
-        ASSERT_EQ(properties->CalcSinglePhaseProp(texts({"fugacity"}).get(), Text(phase).get()), S_OK);
+        ASSERT_EQ(properties->CalcSinglePhaseProp(texts({"fugacity"}).get(), Bstr(phase).get()), S_OK);
         fugacities[isLiquid] = written[phase + "/fugacity"].values;
     }
     for (int i = 0; i < 3; ++i)
@@ -253,7 +253,7 @@ protected:
             material.temperature = written(phase + "/temperature")[0];
             material.pressure = written(phase + "/pressure")[0];
             material.ownCompositions[phase] = written(phase + "/fraction");
-            EXPECT_EQ(properties->CalcSinglePhaseProp(texts({name}).get(), Text(phase).get()), S_OK) << name;
+            EXPECT_EQ(properties->CalcSinglePhaseProp(texts({name}).get(), Bstr(phase).get()), S_OK) << name;
             sum += written(phase + "/phaseFraction")[0] * written(phase + "/" + name)[0];
         }
         return sum;

@@ -38,7 +38,7 @@ Argument texts(const std::vector<std::string> &list)
     Argument value;
     BSTR *element = value.makeTexts(static_cast<int>(list.size()));
     for (const std::string &text : list)
-        *element++ = text.empty() ? nullptr : reference::Text(text).detach();
+        *element++ = text.empty() ? nullptr : Bstr(text).detach();
     return value;
 }
 
@@ -76,11 +76,11 @@ LastFailure lastFailure(IUnknown *object)
         ADD_FAILURE() << "The object does not describe errors";
         return {};
     }
-    reference::Text name;
-    reference::Text description;
-    reference::Text interfaceName;
-    reference::Text operation;
-    reference::Text scope;
+    Bstr name;
+    Bstr description;
+    Bstr interfaceName;
+    Bstr operation;
+    Bstr scope;
     EXPECT_EQ(root->get_name(name.out()), S_OK);
     EXPECT_EQ(user->get_description(description.out()), S_OK);
     EXPECT_EQ(user->get_interfaceName(interfaceName.out()), S_OK);

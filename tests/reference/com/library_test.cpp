@@ -12,7 +12,7 @@ namespace {
 ComPointer<IDispatch> getPackage(ICapeThermoPropertyPackageManager *manager, std::string_view name)
 {
     ComPointer<IDispatch> package;
-    manager->GetPropertyPackage(Text(name).get(), package.out());
+    manager->GetPropertyPackage(Bstr(name).get(), package.out());
     return package;
 }
 
@@ -91,7 +91,7 @@ TEST(PackageManager, MakesPackagesThatLiveWithoutIt)
     ASSERT_TRUE(first && second);
     EXPECT_NE(first.get(), second.get());
     EXPECT_EQ(manager.detach()->Release(), 0u);
-    Text name;
+    Bstr name;
     ASSERT_EQ(as<ICapeIdentification>(first.get())->get_ComponentName(name.out()), S_OK);
     EXPECT_EQ(narrow(name.get()), "Natural gas");
     CLSID classId{};
@@ -111,7 +111,7 @@ TEST(PackageManager, RefusesAnUnknownName)
     const auto manager = library.create<ICapeThermoPropertyPackageManager>(managerClass);
     ASSERT_TRUE(manager);
     IDispatch *none = manager.get();
-    EXPECT_EQ(manager->GetPropertyPackage(Text(std::string_view("Sea water")).get(), &none),
+    EXPECT_EQ(manager->GetPropertyPackage(Bstr(std::string_view("Sea water")).get(), &none),
               errors::invalidArgument.result);
     EXPECT_EQ(none, nullptr);
     const LastFailure failure = lastFailure(manager.get());

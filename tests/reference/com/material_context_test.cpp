@@ -9,7 +9,7 @@ protected:
     IDispatch *dispatch() { return static_cast<ICapeThermoMaterial *>(&material); }
     HRESULT calculate()
     {
-        return properties->CalcSinglePhaseProp(texts({"volume"}).get(), Text(std::string_view("Vapor")).get());
+        return properties->CalcSinglePhaseProp(texts({"volume"}).get(), Bstr(std::string_view("Vapor")).get());
     }
     void expectRefusal(const ErrorKind &kind, const char *description)
     {

@@ -1,5 +1,5 @@
 // The packages of the manager: what is in them, by which model, and that they leave each other alone.
-#include "reference/engine/mixture_model.h"
+#include "reference/engine/phase/mixture_model.h"
 #include "reference/package/package_table.h"
 #include "reference/server/class_table.h"
 #include "tests/reference/com/host.h"
@@ -21,7 +21,7 @@ struct OpenedPackage {
     {
         const auto manager = library.create<ICapeThermoPropertyPackageManager>(managerClass);
         ComPointer<IDispatch> package;
-        EXPECT_EQ(manager->GetPropertyPackage(Text(name).get(), package.out()), S_OK) << name;
+        EXPECT_EQ(manager->GetPropertyPackage(Bstr(name).get(), package.out()), S_OK) << name;
         compounds = as<ICapeThermoCompounds>(package.get());
         context = as<ICapeThermoMaterialContext>(package.get());
         properties = as<ICapeThermoPropertyRoutine>(package.get());
@@ -39,7 +39,7 @@ struct OpenedPackage {
     }
     std::vector<double> valuesOf(const std::string &name, const std::string &phase)
     {
-        EXPECT_EQ(properties->CalcSinglePhaseProp(texts({name}).get(), Text(phase).get()), S_OK)
+        EXPECT_EQ(properties->CalcSinglePhaseProp(texts({name}).get(), Bstr(phase).get()), S_OK)
             << name << ": " << lastFailure(properties.get()).description;
         return material.written[phase + "/" + name].values;
     }
@@ -206,7 +206,7 @@ TEST(Packages, DoNotPromiseWhatTheirModelLacks)
     const auto isValid = [&](const char *name, std::string_view phase) {
         VARIANT_BOOL valid = VARIANT_FALSE;
         EXPECT_EQ(
-            package.properties->CheckSinglePhasePropSpec(Text(std::string_view(name)).get(), Text(phase).get(), &valid),
+            package.properties->CheckSinglePhasePropSpec(Bstr(std::string_view(name)).get(), Bstr(phase).get(), &valid),
             S_OK);
         return valid == VARIANT_TRUE;
     };
@@ -214,11 +214,11 @@ TEST(Packages, DoNotPromiseWhatTheirModelLacks)
         EXPECT_FALSE(isValid(name, "Liquid")) << name;
         EXPECT_TRUE(isValid(name, "Vapor")) << name;
         EXPECT_EQ(package.properties->CalcSinglePhaseProp(texts({"enthalpy", name}).get(),
-                                                          Text(std::string_view("Liquid")).get()),
+                                                          Bstr(std::string_view("Liquid")).get()),
                   errors::propertyNotAvailable.result)
             << name;
         EXPECT_TRUE(package.material.written.empty()) << name; // not the enthalpy either
-        EXPECT_EQ(package.properties->CalcSinglePhaseProp(texts({name}).get(), Text(std::string_view("Vapor")).get()),
+        EXPECT_EQ(package.properties->CalcSinglePhaseProp(texts({name}).get(), Bstr(std::string_view("Vapor")).get()),
                   S_OK)
             << name;
         package.material.written.clear();
@@ -236,7 +236,7 @@ TEST(Packages, MissAConstantOnlyWhereItsCompoundIs)
     const double enthalpy = package.valuesOf("enthalpyF", "Vapor")[0];
     EXPECT_NEAR(enthalpy, -0.5 * 104.7e3 - 0.5 * 125.8e3, 2e3); // of formation, mostly
     EXPECT_LT(package.valuesOf("enthalpyF.Dpressure", "Vapor")[0], 0.0);
-    const Text vapor(std::string_view("Vapor"));
+    const Bstr vapor(std::string_view("Vapor"));
     const auto calculate = [&](const char *name) {
         return package.properties->CalcSinglePhaseProp(texts({name}).get(), vapor.get());
     };

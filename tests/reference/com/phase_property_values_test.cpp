@@ -68,7 +68,7 @@ protected:
     std::vector<double> valuesOf(const std::string &name, const std::string &phase = "Vapor")
     {
         material.written.clear();
-        EXPECT_EQ(properties->CalcSinglePhaseProp(texts({name}).get(), Text(phase).get()), S_OK)
+        EXPECT_EQ(properties->CalcSinglePhaseProp(texts({name}).get(), Bstr(phase).get()), S_OK)
             << name << ": " << lastFailure(properties.get()).description;
         return material.written[phase + "/" + name].values;
     }
@@ -125,7 +125,7 @@ TEST_F(PackagePropertyValues, AreListedWithFourDerivativesEach)
         for (const char *phase : {"VAPOR", "liquid"}) {
             VARIANT_BOOL valid = VARIANT_FALSE;
             EXPECT_EQ(
-                properties->CheckSinglePhasePropSpec(Text(name).get(), Text(std::string_view(phase)).get(), &valid),
+                properties->CheckSinglePhasePropSpec(Bstr(name).get(), Bstr(std::string_view(phase)).get(), &valid),
                 S_OK);
             EXPECT_EQ(valid, VARIANT_TRUE) << name << " " << phase;
         }

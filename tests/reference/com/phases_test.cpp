@@ -35,7 +35,7 @@ TEST_F(PackagePhases, TellTheirAttributes)
 {
     const auto attribute = [&](std::string_view label, std::string_view name) {
         Argument value;
-        EXPECT_EQ(phases->GetPhaseInfo(Text(label).get(), Text(name).get(), value.out()), S_OK);
+        EXPECT_EQ(phases->GetPhaseInfo(Bstr(label).get(), Bstr(name).get(), value.out()), S_OK);
         EXPECT_EQ(value.get().vt, VT_BSTR);
         return narrow(value.get().bstrVal);
     };
@@ -49,10 +49,10 @@ TEST_F(PackagePhases, TellTheirAttributes)
 TEST_F(PackagePhases, RefuseUnknownLabelsAndAttributes)
 {
     Argument value;
-    expectFailure(phases->GetPhaseInfo(Text(std::string_view("Overall")).get(),
-                                       Text(std::string_view("StateOfAggregation")).get(), value.out()),
+    expectFailure(phases->GetPhaseInfo(Bstr(std::string_view("Overall")).get(),
+                                       Bstr(std::string_view("StateOfAggregation")).get(), value.out()),
                   errors::invalidArgument, "ICapeThermoPhases", "GetPhaseInfo", "There is no phase \"Overall\"");
-    expectFailure(phases->GetPhaseInfo(Text(std::string_view("Vapor")).get(), nullptr, value.out()),
+    expectFailure(phases->GetPhaseInfo(Bstr(std::string_view("Vapor")).get(), nullptr, value.out()),
                   errors::invalidArgument, "ICapeThermoPhases", "GetPhaseInfo", "Phases have no attribute \"\"");
     EXPECT_EQ(value.get().vt, VT_EMPTY);
 }

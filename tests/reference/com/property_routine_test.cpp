@@ -10,7 +10,7 @@ class PackageProperties : public PackageFixture {
 protected:
     HRESULT calculate(const std::vector<std::string> &names, std::string_view phase = "Vapor")
     {
-        return properties->CalcSinglePhaseProp(texts(names).get(), Text(phase).get());
+        return properties->CalcSinglePhaseProp(texts(names).get(), Bstr(phase).get());
     }
     void expectRefusal(HRESULT result, const ErrorKind &kind, const char *description)
     {
@@ -20,7 +20,7 @@ protected:
     bool isValid(std::string_view name, std::string_view phase)
     {
         VARIANT_BOOL valid = 7;
-        EXPECT_EQ(properties->CheckSinglePhasePropSpec(Text(name).get(), Text(phase).get(), &valid), S_OK);
+        EXPECT_EQ(properties->CheckSinglePhasePropSpec(Bstr(name).get(), Bstr(phase).get(), &valid), S_OK);
         return valid == VARIANT_TRUE;
     }
 };
@@ -85,7 +85,7 @@ TEST_F(PackageProperties, RefuseWrongArguments)
     expectRefusal(properties->CalcSinglePhaseProp(texts({"volume"}).get(), nullptr), errors::invalidArgument,
                   "There is no phase \"\"");
     expectRefusal(calculate({}), errors::invalidArgument, "The properties must be an array of one name or more");
-    expectRefusal(properties->CalcSinglePhaseProp({}, Text(std::string_view("Vapor")).get()), errors::invalidArgument,
+    expectRefusal(properties->CalcSinglePhaseProp({}, Bstr(std::string_view("Vapor")).get()), errors::invalidArgument,
                   "The properties must be an array of one name or more");
     expectRefusal(calculate({"volume", "pH"}), errors::limitedImplementation, "Phases have no property \"pH\" here");
     expectRefusal(calculate({""}), errors::limitedImplementation, "Phases have no property \"\" here");
@@ -140,7 +140,7 @@ class PackageLnPhi : public PackageFixture {
 protected:
     HRESULT calculate(INT flags, const std::vector<double> &moles, std::string_view phase = "Vapor")
     {
-        return properties->CalcAndGetLnPhi(Text(phase).get(), 250.0, 1e6, numbers(moles).get(), flags, lnPhi.out(),
+        return properties->CalcAndGetLnPhi(Bstr(phase).get(), 250.0, 1e6, numbers(moles).get(), flags, lnPhi.out(),
                                            byT.out(), byP.out(), byMoles.out());
     }
 
@@ -158,7 +158,7 @@ TEST_F(PackageLnPhi, EqualsWhatTheMaterialGets)
     material.pressure = 1e6;
     const std::vector<std::string> names = {"logFugacityCoefficient", "logFugacityCoefficient.Dtemperature",
                                             "logFugacityCoefficient.Dpressure"};
-    ASSERT_EQ(properties->CalcSinglePhaseProp(texts(names).get(), Text(std::string_view("Vapor")).get()), S_OK);
+    ASSERT_EQ(properties->CalcSinglePhaseProp(texts(names).get(), Bstr(std::string_view("Vapor")).get()), S_OK);
     material.calls.clear();
     ASSERT_EQ(calculate(1 + 2 + 4, {0.25, 0.625, 0.125}), S_OK);
     EXPECT_EQ(numbersOf(lnPhi.get()), material.written["Vapor/" + names[0]].values);
@@ -204,7 +204,7 @@ TEST_F(PackageLnPhi, TakesNullForPartsThatAreNotAskedFor)
 {
     setMaterial();
     const Argument moles = numbers({0.25, 0.625, 0.125});
-    const Text phase(std::string_view("Vapor"));
+    const Bstr phase(std::string_view("Vapor"));
     EXPECT_EQ(
         properties->CalcAndGetLnPhi(phase.get(), 250.0, 1e6, moles.get(), 1, lnPhi.out(), nullptr, nullptr, nullptr),
         S_OK);

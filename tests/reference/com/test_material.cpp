@@ -147,7 +147,7 @@ HRESULT STDMETHODCALLTYPE TestMaterial::GetCompoundList(VARIANT *ids, VARIANT *f
 
 HRESULT STDMETHODCALLTYPE TestMaterial::get_description(BSTR *description)
 {
-    *description = reference::Text(refused.empty() ? "The value is not set" : refused + " is refused").detach();
+    *description = Bstr(refused.empty() ? "The value is not set" : refused + " is refused").detach();
     return S_OK;
 }
 

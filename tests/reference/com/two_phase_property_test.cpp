@@ -32,7 +32,7 @@ protected:
     bool isValid(std::string_view name, const std::vector<std::string> &labels)
     {
         VARIANT_BOOL valid = 7;
-        EXPECT_EQ(properties->CheckTwoPhasePropSpec(Text(name).get(), texts(labels).get(), &valid), S_OK);
+        EXPECT_EQ(properties->CheckTwoPhasePropSpec(Bstr(name).get(), texts(labels).get(), &valid), S_OK);
         return valid == VARIANT_TRUE;
     }
     void expectRefusal(HRESULT result, const ErrorKind &kind, const char *description)
@@ -88,7 +88,7 @@ TEST_F(PackagePair, HasTheRatiosOfItsFugacityCoefficients)
 {
     setMaterial();
     for (const std::string &phase : vaporAndLiquid)
-        ASSERT_EQ(properties->CalcSinglePhaseProp(texts({"logFugacityCoefficient"}).get(), Text(phase).get()), S_OK);
+        ASSERT_EQ(properties->CalcSinglePhaseProp(texts({"logFugacityCoefficient"}).get(), Bstr(phase).get()), S_OK);
     const std::vector<double> vapor = material.written["Vapor/logFugacityCoefficient"].values;
     const std::vector<double> liquid = material.written["Liquid/logFugacityCoefficient"].values;
     const std::vector<double> K = valuesOf("kvalue");

@@ -37,7 +37,7 @@ TEST_F(PackageUniversalConstants, HaveTheValuesOfTheSIBrochure)
     for (const auto &each : expected) {
         ids.push_back(each.id);
         Argument value;
-        ASSERT_EQ(constants->GetUniversalConstant(Text(each.id).get(), value.out()), S_OK) << each.id;
+        ASSERT_EQ(constants->GetUniversalConstant(Bstr(each.id).get(), value.out()), S_OK) << each.id;
         ASSERT_EQ(value.get().vt, VT_R8) << each.id;
         EXPECT_DOUBLE_EQ(value.get().dblVal, each.value) << each.id;
     }
@@ -47,14 +47,14 @@ TEST_F(PackageUniversalConstants, HaveTheValuesOfTheSIBrochure)
 TEST_F(PackageUniversalConstants, AreFoundInAnyCase)
 {
     Argument value;
-    ASSERT_EQ(constants->GetUniversalConstant(Text(std::string_view("MOLARGASCONSTANT")).get(), value.out()), S_OK);
+    ASSERT_EQ(constants->GetUniversalConstant(Bstr(std::string_view("MOLARGASCONSTANT")).get(), value.out()), S_OK);
     EXPECT_DOUBLE_EQ(value.get().dblVal, 8.31446261815324);
 }
 
 TEST_F(PackageUniversalConstants, RefuseOtherIdsAndNullPointers)
 {
     Argument value;
-    expectFailure(constants->GetUniversalConstant(Text(std::string_view("planckConstant")).get(), value.out()),
+    expectFailure(constants->GetUniversalConstant(Bstr(std::string_view("planckConstant")).get(), value.out()),
                   errors::invalidArgument, "ICapeThermoUniversalConstant", "GetUniversalConstant",
                   "There is no universal constant \"planckConstant\"");
     EXPECT_EQ(constants->GetUniversalConstant(nullptr, value.out()), errors::invalidArgument.result);

@@ -34,6 +34,16 @@ class WrongValues(unittest.TestCase):
         complaints = compare(self.folder).complaints
         self.assertTrue(any(text.startswith(complaint) for text in complaints), complaints)
 
+    def remove(self, table, row):
+        """Takes out the row that begins with `row`."""
+        path = os.path.join(self.folder, table + ".csv")
+        with open(path, encoding="utf-8") as file:
+            lines = list(file)
+        left = [line for line in lines if not line.startswith(row)]
+        self.assertEqual(len(left), len(lines) - 1)
+        with open(path, "w", encoding="utf-8") as file:
+            file.writelines(left)
+
     def test_nothing_wrong(self):
         self.assertEqual(compare(self.folder).complaints, [])
 
@@ -50,11 +60,7 @@ class WrongValues(unittest.TestCase):
                                          r"\d{3,} values compared, 1 do not agree\n$")
 
     def test_missing_row(self):
-        path = os.path.join(self.folder, "formation.csv")
-        with open(path, encoding="utf-8") as file:
-            lines = [line for line in file if not line.startswith("propane,")]
-        with open(path, "w", encoding="utf-8") as file:
-            file.writelines(lines)
+        self.remove("formation", "propane,")
         self.assertEqual(compare(self.folder).complaints, ["propane: is missing from the table of formation"])
 
     def test_cas_number(self):
@@ -111,6 +117,28 @@ class WrongValues(unittest.TestCase):
 
     def test_parachor(self):
         self.expect("n-octane: surface tension at 293.15 K (CRC) is ", "transport", "n-octane", "351.1", "315.1")
+
+    def test_liquid_viscosity(self):
+        self.expect("toluene: viscosity at 298.15 K (REFPROP) is 0.65, not 0.5526", "liquid_transport", "toluene", "0.560",
+                    "0.650")
+
+    def test_liquid_thermal_conductivity(self):
+        self.expect("1-butanol: thermal conductivity at 298.15 K (Perry) is 0.145, not 0.153", "liquid_transport",
+                    "1-butanol", "0.154", "0.145")
+
+    def test_liquid_without_conductivity(self):
+        self.expect("water: is fitted to one of viscosity and thermal conductivity without the other", "liquid_transport",
+                    "water", "0.607", "")
+
+    def test_liquid_without_known_viscosity(self):
+        self.remove("known_values", "acetone,viscosity,")
+        self.assertEqual(compare(self.folder).complaints,
+                         ["acetone: has no known viscosity to compare with, or should not have one"])
+
+    def test_heat_capacity_neither_known_nor_unknown(self):
+        self.remove("known_values", "R-125,heat_capacity,")
+        self.assertEqual(compare(self.folder).complaints,
+                         ["R-125: has no known heat capacity to compare with, or should not have one"])
 
     def test_diffusion_volume(self):
         self.expect("benzene: diffusion volume is 109.26, not 90.96", "transport", "benzene", "90.96", "109.26")

@@ -1,5 +1,5 @@
-#include "reference/engine/phase_properties.h"
-#include "reference/engine/saturation.h"
+#include "reference/engine/compounds/saturation.h"
+#include "reference/engine/phase/phase_properties.h"
 #include "tests/reference/engine/mixtures.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "reference/engine/cubic.h"
+#include "reference/engine/eos/cubic.h"
 
 #include <gtest/gtest.h>
 

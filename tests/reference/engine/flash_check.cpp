@@ -1,6 +1,8 @@
 #include "tests/reference/engine/flash_check.h"
 
-#include "reference/engine/flash_reason.h"
+#include "reference/engine/eos/gas_constant.h"
+#include "reference/engine/flash/flash_reason.h"
+#include "reference/engine/phase/phase_evaluation.h"
 
 #include <cmath>
 #include <sstream>
@@ -171,10 +173,10 @@ std::string faultOf(const FlashCase &problem, const FlashResult &result)
         for (int i = 0; i < n; ++i) {
             if (problem.z[static_cast<std::size_t>(i)] <= 1e-100)
                 continue;
-            const double gap = std::log(result.vapor[i]) + parts[0].properties.state.lnPhi[i] -
-                               std::log(result.liquid[i]) - parts[1].properties.state.lnPhi[i];
-            if (!(std::fabs(gap) < 1e-9))
-                fault << "fugacity " << i << " by " << gap << "; ";
+            const double lnRatio = std::log(result.vapor[i]) + parts[0].properties.state.lnPhi[i] -
+                                   std::log(result.liquid[i]) - parts[1].properties.state.lnPhi[i];
+            if (!(std::fabs(lnRatio) < 1e-9))
+                fault << "fugacity " << i << " by " << lnRatio << "; ";
         }
 
     // With one root each, the names are a matter of density.

@@ -1,8 +1,8 @@
 // Judges the answers of flashes by nothing but the phases' own properties.
 #pragma once
 
-#include "reference/engine/flash.h"
-#include "reference/engine/phase_properties.h"
+#include "reference/engine/flash/flash.h"
+#include "reference/engine/phase/phase_properties.h"
 
 #include <string>
 #include <vector>

@@ -1,6 +1,7 @@
 #include "tests/reference/engine/flash_sweep.h"
 
-#include "reference/engine/flash_reason.h"
+#include "reference/engine/equilibrium/flash_tp.h"
+#include "reference/engine/flash/flash_reason.h"
 #include "tests/reference/engine/mixtures.h"
 
 #include <cmath>
@@ -15,16 +16,6 @@ constexpr double lowestT = 80.0;
 constexpr double highestT = 700.0;
 constexpr double lowestP = 1e3;
 constexpr double highestP = 3e7;
-
-bool isFraction(FlashVariable variable)
-{
-    return variable == FlashVariable::vaporFraction || variable == FlashVariable::vaporMassFraction;
-}
-
-bool isCondition(FlashVariable variable)
-{
-    return variable == FlashVariable::temperature || variable == FlashVariable::pressure;
-}
 
 // Raoult's law is for low pressures and for liquids well below their critical temperature.
 double highestTemperatureOf(const MixtureModel &model)

@@ -1,5 +1,7 @@
-#include "reference/engine/flash.h"
-#include "reference/engine/phase_state.h"
+#include "reference/engine/equilibrium/flash_tp.h"
+#include "reference/engine/flash/flash.h"
+#include "reference/engine/phase/phase_evaluation.h"
+#include "reference/engine/phase/phase_state.h"
 #include "tests/reference/engine/mixtures.h"
 
 #include <gtest/gtest.h>

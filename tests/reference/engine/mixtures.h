@@ -1,7 +1,7 @@
 // Mixtures for tests of the engine.
 #pragma once
 
-#include "reference/engine/mixture_model.h"
+#include "reference/engine/phase/mixture_model.h"
 
 #include <algorithm>
 #include <cmath>

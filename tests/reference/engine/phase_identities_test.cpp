@@ -1,4 +1,6 @@
 // What holds between the properties of any phase, whatever the equation of state: thermodynamics alone.
+#include "reference/engine/quantities/phase_calculation.h"
+#include "reference/engine/quantities/phase_quantity.h"
 #include "tests/reference/engine/random_points.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,6 @@
+#include "reference/engine/quantities/phase_calculation.h"
+#include "reference/engine/quantities/phase_pair.h"
+#include "reference/engine/quantities/phase_quantity.h"
 #include "tests/reference/engine/differences.h"
 #include "tests/reference/engine/random_points.h"
 

@@ -1,3 +1,5 @@
+#include "reference/engine/quantities/phase_calculation.h"
+#include "reference/engine/quantities/phase_quantity.h"
 #include "tests/reference/engine/differences.h"
 #include "tests/reference/engine/random_points.h"
 
@@ -268,9 +270,9 @@ TEST(PhasePoint, DoesNotHaveWhatTheLiquidOfAnIdealMixtureLacks)
     const PhasePoint vapor(model, 280.0, 1e5, std::array{1.0}, Root::vapor);
     for (const PhaseQuantity quantity : {PhaseQuantity::heatCapacityCv, PhaseQuantity::speedOfSound}) {
         std::array values{17.0};
-        EXPECT_FALSE(liquid.calculate(quantity, Differential::none, values));
+        EXPECT_FALSE(calculate(liquid, quantity, Differential::none, values));
         EXPECT_EQ(values[0], 17.0);
-        EXPECT_TRUE(vapor.calculate(quantity, Differential::none, values));
+        EXPECT_TRUE(calculate(vapor, quantity, Differential::none, values));
         EXPECT_FALSE(isAvailable(model, Root::liquid, quantity));
         EXPECT_TRUE(isAvailable(model, Root::vapor, quantity));
     }

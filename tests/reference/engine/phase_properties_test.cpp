@@ -1,4 +1,5 @@
-#include "reference/engine/phase_properties.h"
+#include "reference/engine/eos/gas_constant.h"
+#include "reference/engine/phase/phase_properties.h"
 #include "tests/reference/engine/mixtures.h"
 
 #include <gtest/gtest.h>

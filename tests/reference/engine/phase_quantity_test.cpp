@@ -1,4 +1,4 @@
-#include "reference/engine/phase_quantity.h"
+#include "reference/engine/quantities/phase_quantity.h"
 
 #include <gtest/gtest.h>
 

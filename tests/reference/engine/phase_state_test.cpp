@@ -1,4 +1,6 @@
-#include "reference/engine/phase_state.h"
+#include "reference/engine/eos/gas_constant.h"
+#include "reference/engine/phase/phase_evaluation.h"
+#include "reference/engine/phase/phase_state.h"
 #include "tests/reference/engine/mixtures.h"
 
 #include <gtest/gtest.h>
@@ -101,10 +103,10 @@ TEST(EvaluatePhase, GivesTheFugacityCoefficientsThatFollowFromTheHelmholtzEnergy
 
 TEST(EvaluatePhase, GivesCoefficientsOfOneForAThinGas)
 {
-    const State thin{modelOf(pipelineGas), pipelineFractions, 300.0, 1e-2, Root::vapor};
-    const PhaseState phase = evaluate(thin);
+    const State dilute{modelOf(pipelineGas), pipelineFractions, 300.0, 1e-2, Root::vapor};
+    const PhaseState phase = evaluate(dilute);
     EXPECT_NEAR(phase.Z, 1.0, 1e-8);
-    for (std::size_t i = 0; i < thin.x.size(); ++i)
+    for (std::size_t i = 0; i < dilute.x.size(); ++i)
         EXPECT_NEAR(phase.lnPhi[i], 0.0, 1e-7);
 }
 
@@ -169,7 +171,7 @@ TEST(EvaluatePhase, FollowsRaoultInAnIdealMixture)
     EXPECT_EQ(vapor.Z, 1.0);
     EXPECT_NEAR(liquid.Z * 8.31446261815324 * T / P, volume, 1e-15);
     EXPECT_TRUE(liquid.liquidRoot && !liquid.vaporRoot && vapor.vaporRoot && !vapor.liquidRoot);
-    // A hot thin mixture is a gas, a cold dense one a liquid.
+    // A hot dilute mixture is a gas, a cold dense one a liquid.
     EXPECT_TRUE(evaluate({model, pipelineFractions, 400.0, 1e4, Root::stable}).vaporRoot);
     EXPECT_TRUE(evaluate({model, pipelineFractions, 100.0, 5e6, Root::stable}).liquidRoot);
 }

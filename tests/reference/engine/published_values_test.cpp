@@ -1,4 +1,6 @@
 // Against tables and worked examples that others published.
+#include "reference/engine/phase/phase_evaluation.h"
+#include "reference/engine/quantities/phase_quantity.h"
 #include "tests/reference/engine/random_points.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,8 @@
 // Random phases for tests against theory.
 #pragma once
 
-#include "reference/engine/phase_point.h"
+#include "reference/engine/phase/phase_point.h"
+#include "reference/engine/quantities/phase_calculation.h"
 #include "tests/reference/engine/mixtures.h"
 
 #include <functional>
@@ -75,7 +76,7 @@ inline std::vector<double> valuesOf(const PhasePoint &point, PhaseQuantity quant
                                     Differential differential = Differential::none)
 {
     std::vector<double> values(static_cast<std::size_t>(valueCount(quantity, differential, point.model().size)));
-    return point.calculate(quantity, differential, values) ? values : std::vector<double>();
+    return calculate(point, quantity, differential, values) ? values : std::vector<double>();
 }
 
 inline double valueOf(const PhasePoint &point, PhaseQuantity quantity, Differential differential = Differential::none)

@@ -1,4 +1,4 @@
-#include "reference/engine/saturation.h"
+#include "reference/engine/compounds/saturation.h"
 
 #include <gtest/gtest.h>
 

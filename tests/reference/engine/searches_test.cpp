@@ -1,5 +1,5 @@
-#include "reference/engine/linear_solve.h"
-#include "reference/engine/root_search.h"
+#include "reference/engine/numerics/linear_solve.h"
+#include "reference/engine/numerics/root_search.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "reference/engine/rachford_rice.h"
-#include "reference/engine/symmetric_solve.h"
+#include "reference/engine/equilibrium/rachford_rice.h"
+#include "reference/engine/numerics/symmetric_solve.h"
 
 #include <gtest/gtest.h>
 

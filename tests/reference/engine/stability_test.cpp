@@ -1,4 +1,4 @@
-#include "reference/engine/stability.h"
+#include "reference/engine/equilibrium/stability.h"
 #include "tests/reference/engine/mixtures.h"
 
 #include <gtest/gtest.h>

@@ -106,7 +106,7 @@ TEST(Transport, RisesWithTheDensityOfAGas)
     }
 }
 
-// With sigma^3 = Vc / 0.809^3 and epsilon / k = Tc / 1.2593, the correlation's thin gas is
+// With sigma^3 = Vc / 0.809^3 and epsilon / k = Tc / 1.2593, the correlation's dilute gas is
 // 40.785 Fc sqrt(M T) / (Vc^(2/3) Omega) uP. For methane at 300 K (Vc 98.6 cm3/mol) T* = 1.2593 * 300 / 190.564 =
 // 1.98249 and Omega = 1.16145 / 1.98249^0.14874 + 0.52487 exp(-0.7732 * 1.98249) + 2.16178 exp(-2.43787 * 1.98249)
 // = 1.17959; Fc = 1 - 0.2756 * 0.01142 = 0.99685.

@@ -138,7 +138,7 @@ TEST_F(ReferencePackages, ComeBackToTheTemperatureFromTheEnthalpy)
 TEST_F(ReferencePackages, TakeVaporFractionsOfMassInMassBasis)
 {
     const Array package = openPackage("Aromatics");
-    mustReturn(0, {Scalar(18), Text("mass")});
+    useBasis("mass");
     const std::vector<double> feed = mixture(package, {{"benzene", 0.3}, {"p-xylene", 0.7}});
     const CallResult result = flash(package, feed, "Pressure", 101325.0, "vaporFraction", 0.4);
     ASSERT_TRUE(result.returned) << result.error;
@@ -147,7 +147,7 @@ TEST_F(ReferencePackages, TakeVaporFractionsOfMassInMassBasis)
     const auto compositions = result[2].matrix();
     for (std::size_t i = 0; i < feed.size(); ++i)
         EXPECT_NEAR(0.4 * compositions[0][i] + 0.6 * compositions[1][i], feed[i], 1e-8) << i;
-    mustReturn(0, {Scalar(18), Text("mole")});
+    useBasis("mole");
 }
 
 TEST_F(ReferencePackages, GiveTheRatiosOfAFlashAsKValues)
@@ -196,9 +196,9 @@ TEST_F(ReferencePackages, ConvertToMassBasis)
     const Array package = openPackage("Air");
     const std::vector<double> air = mixture(package, {{"nitrogen", 0.7812}, {"oxygen", 0.2095}, {"argon", 0.0093}});
     EXPECT_NEAR(phaseProperty(package, "density", 300.0, 100.0, air, "Vapor")[0], 100.0 / (R * 300.0), 1e-7);
-    mustReturn(0, {Scalar(18), Text("mass")});
+    useBasis("mass");
     const std::vector<double> byMass = mixture(package, {{"nitrogen", 0.7555}, {"oxygen", 0.2316}, {"argon", 0.0129}});
     EXPECT_NEAR(phaseProperty(package, "density", 300.0, 100.0, byMass, "Vapor")[0], 28.965e-3 * 100.0 / (R * 300.0),
                 1e-6);
-    mustReturn(0, {Scalar(18), Text("mole")});
+    useBasis("mole");
 }

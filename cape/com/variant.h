@@ -1,0 +1,32 @@
+// Owner of one VARIANT.
+#pragma once
+
+#include "platform/platform.h"
+
+class Variant {
+public:
+    Variant() { VariantInit(&variant); }
+    Variant(const Variant &) = delete;
+    Variant &operator=(const Variant &) = delete;
+    ~Variant() { VariantClear(&variant); }
+
+    const VARIANT &get() const { return variant; }
+    VARIANT *out() { return &variant; } // for a call that fills it; must be empty
+
+    // Moves the value to an argument that is filled for the first time, or (replace) to one that
+    // may hold something, which is freed.
+    HRESULT give(VARIANT *result)
+    {
+        *result = variant;
+        VariantInit(&variant);
+        return S_OK;
+    }
+    HRESULT replace(VARIANT *argument)
+    {
+        VariantClear(argument);
+        return give(argument);
+    }
+
+protected:
+    VARIANT variant;
+};

@@ -1,0 +1,35 @@
+# Run by CTest before its tests: adds one test for each suite of a GoogleTest program. What it works from is set by
+# add_suites in Testing.cmake.
+if(NOT EXISTS ${program})
+    add_test(${prefix}${target}_NOT_BUILT ${program})
+    return()
+endif()
+# What the program lists is kept beside it until it is built anew.
+set(list ${program}.tests)
+if(${program} IS_NEWER_THAN ${list})
+    execute_process(COMMAND ${emulator} ${program} --gtest_list_tests OUTPUT_FILE ${list} RESULT_VARIABLE result)
+    if(NOT result EQUAL 0)
+        file(REMOVE ${list})
+        message(FATAL_ERROR "${program} could not list its tests: ${result}")
+    endif()
+endif()
+
+file(STRINGS ${list} lines)
+set(suites "")
+foreach(line IN LISTS lines)
+    if(line MATCHES "^([^ ]+)\\.( |$)")
+        set(suite ${CMAKE_MATCH_1})
+        list(APPEND suites ${suite})
+        set(count_of_${suite} 0)
+    elseif(line MATCHES "^  ")
+        math(EXPR count_of_${suite} "${count_of_${suite}} + 1")
+    endif()
+endforeach()
+
+foreach(suite IN LISTS suites)
+    set(test ${prefix}${suite})
+    string(REPLACE / _ file ${test})
+    add_test(${test} python3 -B ${runner} ${test} ${cases}/${file}.txt ${suite} ${count_of_${suite}} ${emulator} ${program})
+    # The runner sees to the time that a process may take.
+    set_tests_properties(${test} PROPERTIES WORKING_DIRECTORY ${folder} TIMEOUT 3600 ${properties})
+endforeach()

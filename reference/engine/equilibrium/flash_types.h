@@ -1,0 +1,104 @@
+// What a flash is asked for and what it finds.
+#pragma once
+
+#include "reference/engine/numerics/compound_arrays.h"
+
+namespace reference {
+
+// What may be given of the whole mixture. Molar values are per mole of feed, with the zero points of
+// phase_properties.h; those of internal, Gibbs and Helmholtz energy follow from enthalpy and entropy.
+enum class FlashVariable {
+    temperature,       // K
+    pressure,          // Pa
+    vaporFraction,     // moles of vapour in one mole
+    vaporMassFraction, // mass of vapour in one unit of mass
+    enthalpy,          // J/mol
+    entropy,           // J/mol/K
+    volume,            // m3/mol
+    internalEnergy,    // J/mol
+    gibbsEnergy,       // J/mol
+    helmholtzEnergy,   // J/mol
+};
+inline constexpr int flashVariableCount = 10;
+
+constexpr bool isCondition(FlashVariable variable)
+{
+    return variable == FlashVariable::temperature || variable == FlashVariable::pressure;
+}
+
+constexpr bool isFraction(FlashVariable variable)
+{
+    return variable == FlashVariable::vaporFraction || variable == FlashVariable::vaporMassFraction;
+}
+
+struct FlashSpecification {
+    FlashVariable variable;
+    double value;
+};
+
+// Which solution is meant where a vapour fraction is given: the one where it falls with the pressure at
+// constant temperature and rises with the temperature at constant pressure, or one where it does not.
+// Without a vapour fraction the type has no meaning and is not looked at.
+enum class SolutionType {
+    unspecified, // the normal one where there is one, otherwise the retrograde one
+    normal,
+    retrograde,
+};
+
+// The phases that may be formed.
+enum class FlashPhases {
+    vaporAndLiquid,
+    vaporOnly,  // the whole feed as vapour, stable or not
+    liquidOnly, // the whole feed as liquid, stable or not
+};
+
+struct FlashRequest {
+    FlashSpecification first;
+    FlashSpecification second;
+    SolutionType solution = SolutionType::unspecified;
+    FlashPhases phases = FlashPhases::vaporAndLiquid;
+};
+
+enum class FlashStatus {
+    solved,
+    badValue,     // a value that no state can have, such as a temperature below zero
+    undetermined, // the two together leave the state open
+    noSolution,   // no state within the limits below was found to have these values
+    notConverged, // the phases at some conditions on the way were not found
+};
+
+// Solutions are looked for within these limits only, ends included.
+inline constexpr double lowestFlashTemperature = 20.0;    // K
+inline constexpr double highestFlashTemperature = 1500.0; // K
+inline constexpr double lowestFlashPressure = 1e-2;       // Pa
+inline constexpr double highestFlashPressure = 1e8;       // Pa
+
+struct FlashLimits {
+    double lowest;
+    double highest;
+
+    constexpr bool contain(double value) const { return value >= lowest && value <= highest; }
+};
+
+// Those of a temperature or pressure.
+constexpr FlashLimits flashLimitsOf(FlashVariable condition)
+{
+    return condition == FlashVariable::temperature ? FlashLimits{lowestFlashTemperature, highestFlashTemperature}
+                                                   : FlashLimits{lowestFlashPressure, highestFlashPressure};
+}
+
+// What a feed becomes. At most one vapour and one liquid: where the model has two liquids at once, one of
+// them stands for the vapour, the less dense one, as far as it can: where its equation has a vapour root,
+// too, it cannot, and the feed is given as one liquid. So the values that a mixture holds can jump there.
+struct FlashResult {
+    double temperature; // K
+    double pressure;    // Pa
+    bool vaporPresent;  // a phase at its dew or bubble point is present with amount zero
+    bool liquidPresent;
+    double vaporFraction;  // moles of vapour in one mole of feed: 0, 1 or between
+    double liquidFraction; // the rest, with all its digits when it is small
+    CompoundArray vapor;   // mole fractions, where present
+    CompoundArray liquid;
+};
+
+} // namespace reference

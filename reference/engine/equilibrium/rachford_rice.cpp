@@ -1,0 +1,73 @@
+#include "reference/engine/equilibrium/rachford_rice.h"
+
+#include <cmath>
+#include <limits>
+
+namespace reference {
+
+namespace {
+
+struct Residual {
+    double value = 0.0;
+    double slope = 0.0; // along the unknown, always falling
+    double size = 0.0;  // of the terms, to judge round-off by
+};
+
+// With `fraction` of the phase that is the lesser: the vapour for sign +1, the liquid for -1.
+Residual residualAt(int n, const double *z, const double *K, double fraction, bool vaporIsLesser)
+{
+    Residual sum;
+    for (int i = 0; i < n; ++i) {
+        const double excess = vaporIsLesser ? K[i] - 1.0 : 1.0 - K[i];
+        const double start = vaporIsLesser ? 1.0 : K[i];
+        const double ratio = excess / (start + fraction * excess);
+        const double term = z[i] * ratio;
+        sum.value += term;
+        sum.slope -= term * ratio;
+        sum.size += std::fabs(term);
+    }
+    return sum;
+}
+
+} // namespace
+
+bool solveRachfordRice(int n, const double *z, const double *K, PhaseAmounts &amounts)
+{
+    double vaporSum = 0.0;
+    double liquidSum = 0.0;
+    double half = 0.0;
+    for (int i = 0; i < n; ++i) {
+        vaporSum += z[i] * K[i];
+        liquidSum += z[i] / K[i];
+        half += z[i] * (K[i] - 1.0) / (K[i] + 1.0);
+    }
+    if (!(vaporSum > 1.0) || !(liquidSum > 1.0))
+        return false;
+
+    // The unknown is the amount of the lesser phase, so that it keeps its digits near zero.
+    const bool vaporIsLesser = half <= 0.0;
+    double low = 0.0;
+    double high = 0.5;
+    double fraction = vaporIsLesser ? (vaporSum - 1.0) / (vaporSum - 1.0 - 2.0 * half)
+                                    : (liquidSum - 1.0) / (liquidSum - 1.0 + 2.0 * half);
+    fraction *= 0.5;
+    for (int step = 0; step < 100; ++step) {
+        const Residual residual = residualAt(n, z, K, fraction, vaporIsLesser);
+        if (std::fabs(residual.value) <= 1e-15 * residual.size)
+            break;
+        (residual.value > 0.0 ? low : high) = fraction;
+        double next = fraction - residual.value / residual.slope;
+        if (!(next > low && next < high))
+            next = 0.5 * (low + high);
+        const double change = std::fabs(next - fraction);
+        fraction = next;
+        if (change <= std::numeric_limits<double>::epsilon() * fraction)
+            break;
+    }
+    if (!(fraction > 0.0))
+        return false;
+    amounts = vaporIsLesser ? PhaseAmounts{fraction, 1.0 - fraction} : PhaseAmounts{1.0 - fraction, fraction};
+    return true;
+}
+
+} // namespace reference

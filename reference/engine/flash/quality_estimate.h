@@ -1,0 +1,13 @@
+// Where to begin the search for two phases with a given vapour fraction.
+#pragma once
+
+#include "reference/engine/flash/two_phase_point.h"
+
+namespace reference {
+
+// A first estimate of a state with these moles of vapour in one mole, at a temperature or pressure (`at`): by Wilson's
+// ratios, then by some substitution of the fugacity coefficients into them. False when there is none within the limits
+// of flashes.
+bool estimatePoint(const Feed &feed, double vapor, const FlashSpecification &at, TwoPhasePoint &point);
+
+} // namespace reference

@@ -1,0 +1,371 @@
+#include "reference/engine/flash/quality_line.h"
+
+#include "reference/engine/flash/line_sample.h"
+#include "reference/engine/flash/quality_estimate.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace reference {
+
+namespace {
+
+constexpr int mostSteps = 600;
+
+// What a variable misses its value by.
+double deviation(const TwoPhasePoint &point, int size, const FlashSpecification &given)
+{
+    return (point.value(size, given.variable) - given.value) / scaleOf(given, point.totals.temperature);
+}
+
+// A point of the line, and how everything changes along it.
+struct LinePoint {
+    TwoPhasePoint point;
+    double deviation;     // of the other variable from its value
+    double deviationRate; // by the parameter
+    UnknownArray tangent; // of the unknowns, by the parameter
+};
+
+class Line {
+public:
+    Line(const Feed &whole, const FlashSpecification &vaporFraction, const FlashSpecification &otherVariable,
+         SolutionType wanted, FlashResult &answer, LineExtent &reached)
+        : feed(whole), n(whole.size()), fraction(vaporFraction), other(otherVariable), type(wanted), result(answer),
+          extent(reached)
+    {
+    }
+
+    LineStatus find()
+    {
+        extent = {highestFlashTemperature, lowestFlashTemperature, highestFlashPressure, lowestFlashPressure};
+        LinePoint start;
+        bool started = isCondition(other.variable) && startAt(other, start.point);
+        if (started && offer(start.point))
+            return LineStatus::solved;
+        for (const double pressure : {1e5, 1e3, 1e6, 1e1, 1e7})
+            started = started || startAt({FlashVariable::pressure, pressure}, start.point);
+        for (const double temperature : {300.0, 200.0, 120.0, 450.0, 80.0, 40.0})
+            started = started || startAt({FlashVariable::temperature, temperature}, start.point);
+        if (started)
+            for (const double direction : {1.0, -1.0})
+                if (walk(start, direction))
+                    return LineStatus::solved;
+        if (!haveSecondChoice && lookAround(started))
+            return LineStatus::solved;
+        if (haveSecondChoice)
+            return LineStatus::solved;
+        if (!started)
+            return LineStatus::noLine;
+        return sawOtherType ? LineStatus::otherType : sawUnstable ? LineStatus::unstable : LineStatus::notOnLine;
+    }
+
+private:
+    const Feed &feed;
+    const int n;
+    const FlashSpecification &fraction;
+    const FlashSpecification &other;
+    const SolutionType type;
+    FlashResult &result;
+    LineExtent &extent;
+    int parameter = 0; // the unknown along which a line is followed
+    bool haveSecondChoice = false;
+    bool sawOtherType = false;
+    bool sawUnstable = false;
+    struct Place {
+        double lnT, lnP;
+    };
+    static constexpr int mostPlaces = 2 * mostSteps;
+    std::array<Place, mostPlaces> trace; // where lines have been followed
+    int traceCount = 0;
+    TwoPhaseEquations equations;
+    Elimination elimination;
+
+    bool startAt(const FlashSpecification &at, TwoPhasePoint &point) const
+    {
+        if (!estimatePoint(feed, fraction.value, at, point))
+            return false;
+        return solvePoint(feed, point, Closing::of(fraction), Closing::of(at)) && areVaporAndLiquid(feed, point) &&
+               isWithinLimits(point.totals);
+    }
+
+    // A feed can have several lines of one vapour fraction: those of two liquids do not meet the one of boiling, and
+    // a gas that dissolves can leave a gap in that one. Looks for starts on all of them by flashes at given conditions.
+    bool lookAround(bool &started)
+    {
+        if (isCondition(other.variable))
+            return lookAlong(other, 150, true, started);
+        for (const int pressures : {16, 40})
+            for (int i = 0; i <= pressures; ++i) {
+                const double pressure = 1e2 * std::pow(highestFlashPressure / 1e2, static_cast<double>(i) / pressures);
+                if (lookAlong({FlashVariable::pressure, pressure}, 3 * pressures, false, started))
+                    return true;
+            }
+        return false;
+    }
+
+    // The same at one temperature or pressure. `isAnswer` says that this is the one of the solution.
+    bool lookAlong(const FlashSpecification &at, int intervals, bool isAnswer, bool &started)
+    {
+        const bool atTemperature = at.variable == FlashVariable::temperature;
+        const double low = atTemperature ? 1e2 : lowestFlashTemperature;
+        const double high = atTemperature ? highestFlashPressure : highestFlashTemperature;
+        const LineSampler sampler(feed, fraction);
+        LineSample last;
+        for (int i = 0; i <= intervals; ++i) {
+            LineSample now;
+            now.take(feed, at, low * std::pow(high / low, static_cast<double>(i) / intervals));
+            LinePoint start;
+            if (i > 0 && sampler.startBetween(last, now, at, start.point)) {
+                started = true;
+                if (isAnswer ? offer(start.point) : !isTraced(start.point) && walkBoth(start))
+                    return true;
+            }
+            last = now;
+        }
+        return false;
+    }
+
+    bool walkBoth(const LinePoint &start) { return walk(start, 1.0) || walk(start, -1.0); }
+
+    // Whether a start lies on a line that has been followed already; not needed for the answer, only for the time it
+    // takes.
+    bool isTraced(const TwoPhasePoint &point)
+    {
+        constexpr double near = 0.02;
+        for (int i = 0; i < traceCount; ++i)
+            if (std::fabs(trace[i].lnT - point.unknowns[n + 1]) < near &&
+                std::fabs(trace[i].lnP - point.unknowns[n + 2]) < 10.0 * near)
+                return true;
+        return false;
+    }
+
+    // Whether a solution is of the type that is wanted, and no phase of it would split off another. True when the
+    // search is over.
+    bool offer(const TwoPhasePoint &point)
+    {
+        if (!isWithinLimits(point.totals) || !areVaporAndLiquid(feed, point))
+            return false;
+        if (!isStable(feed, point)) {
+            sawUnstable = true;
+            return false;
+        }
+        const SolutionType found = typeOf(point);
+        const bool wanted = type == found || (type == SolutionType::unspecified && found == SolutionType::normal);
+        if (!wanted && type != SolutionType::unspecified) {
+            sawOtherType = true;
+            return false;
+        }
+        if (!wanted && haveSecondChoice)
+            return false;
+        giveResult(feed, point, result);
+        if (fraction.value == 0.0 || fraction.value == 1.0) { // exactly
+            result.vaporFraction = fraction.value;
+            result.liquidFraction = 1.0 - fraction.value;
+        }
+        haveSecondChoice = true;
+        return wanted;
+    }
+
+    SolutionType typeOf(const TwoPhasePoint &point)
+    {
+        if (n == 1)
+            return SolutionType::normal; // temperature and pressure do not change with the amounts
+        const bool atPressure = other.variable == FlashVariable::pressure;
+        equations.build(feed, point, Closing::of({FlashVariable::temperature, point.totals.temperature}),
+                        Closing::of({FlashVariable::pressure, point.totals.pressure}));
+        UnknownArray rate{};
+        rate[atPressure ? n + 1 : n + 2] = 1.0;
+        if (!elimination.factor(equations.slopes))
+            return SolutionType::normal;
+        elimination.solve(rate);
+        const double amount = point.countsLiquid ? -rate[TwoPhasePoint::amountAt(n)] : rate[TwoPhasePoint::amountAt(n)];
+        return (atPressure ? amount >= 0.0 : amount <= 0.0) ? SolutionType::normal : SolutionType::retrograde;
+    }
+
+    // Finds out how things change along the line at an evaluated point.
+    bool differentiate(LinePoint &at)
+    {
+        equations.build(feed, at.point, Closing::of(fraction), Closing::of(other));
+        at.deviation = deviation(at.point, n, other);
+        UnknownArray gradient;
+        for (int j = 0; j < n + 3; ++j) {
+            gradient[j] = equations.slopes.at(n + 2, j);
+            equations.slopes.at(n + 2, j) = j == parameter ? 1.0 : 0.0;
+        }
+        if (!elimination.factor(equations.slopes))
+            return false;
+        at.tangent = {};
+        at.tangent[n + 2] = 1.0;
+        elimination.solve(at.tangent);
+        at.deviationRate = 0.0;
+        for (int j = 0; j < n + 3; ++j)
+            at.deviationRate += gradient[j] * at.tangent[j];
+        return std::isfinite(at.deviationRate);
+    }
+
+    double weightOf(int unknown) const { return unknown == TwoPhasePoint::temperatureAt(n) ? 10.0 : 1.0; }
+
+    // The unknown that changes most, and the length of a first step in it.
+    int fastest(const UnknownArray &tangent) const
+    {
+        int chosen = TwoPhasePoint::pressureAt(n);
+        for (int j = 0; j < n + 3; ++j)
+            if (j != TwoPhasePoint::amountAt(n) &&
+                weightOf(j) * std::fabs(tangent[j]) > weightOf(chosen) * std::fabs(tangent[chosen]))
+                chosen = j;
+        return chosen;
+    }
+
+    // The longest step that changes nothing by much.
+    double longestStep(const LinePoint &at) const
+    {
+        double step = 0.7 / std::max(1e-10, std::fabs(at.tangent[TwoPhasePoint::pressureAt(n)]));
+        step = std::min(step, 0.07 / std::max(1e-10, std::fabs(at.tangent[TwoPhasePoint::temperatureAt(n)])));
+        const double lnK = at.point.largestLnK(n);
+        if (n > 1)
+            for (int i = 0; i < n; ++i)
+                step = std::min(step, std::min(1.0, 0.5 * lnK) / std::max(1e-10, std::fabs(at.tangent[i])));
+        return step;
+    }
+
+    bool solveAt(double value, LinePoint &next)
+    {
+        return solvePoint(feed, next.point, Closing::of(fraction), Closing::ofUnknown(parameter, value)) &&
+               areVaporAndLiquid(feed, next.point) && differentiate(next);
+    }
+
+    void note(const TwoPhasePoint &point)
+    {
+        const Totals &totals = point.totals;
+        if (traceCount < mostPlaces)
+            trace[traceCount++] = {point.unknowns[n + 1], point.unknowns[n + 2]};
+        extent.lowestTemperature = std::min(extent.lowestTemperature, totals.temperature);
+        extent.highestTemperature = std::max(extent.highestTemperature, totals.temperature);
+        extent.lowestPressure = std::min(extent.lowestPressure, totals.pressure);
+        extent.highestPressure = std::max(extent.highestPressure, totals.pressure);
+    }
+
+    // Follows the line to its end. True when a solution ends the search.
+    bool walk(const LinePoint &start, double direction)
+    {
+        LinePoint last = start;
+        LinePoint next;
+        parameter = TwoPhasePoint::pressureAt(n);
+        if (!last.point.evaluate(feed) || !differentiate(last))
+            return false;
+        double sign = direction; // of the steps in the parameter
+        double size = 0.5;       // of the longest step
+        for (int step = 0; step < mostSteps; ++step) {
+            note(last.point);
+            const int chosen = fastest(last.tangent);
+            if (chosen != parameter) {
+                sign = std::copysign(sign, sign * last.tangent[chosen]);
+                parameter = chosen;
+                if (!differentiate(last))
+                    return false;
+            }
+            if (!advance(last, sign, size, next))
+                return false; // the line ends: at a critical point, mostly
+            if (search(last, next))
+                return true;
+            if (!isWithinLimits(next.point.totals))
+                return false;
+            last = next;
+        }
+        return false;
+    }
+
+    bool advance(const LinePoint &last, double sign, double &size, LinePoint &next)
+    {
+        const double longest = longestStep(last);
+        const double before = last.point.largestLnK(n);
+        for (int halving = 0; halving < 12; ++halving, size *= 0.5) {
+            const double length = sign * size * longest;
+            next.point.countsLiquid = last.point.countsLiquid;
+            for (int j = 0; j < n + 3; ++j)
+                next.point.unknowns[j] = last.point.unknowns[j] + length * last.tangent[j];
+            const double predicted = next.point.largestLnK(n);
+            const double target = next.point.unknowns[parameter];
+            if (!solveAt(target, next))
+                continue;
+            const double lnK = next.point.largestLnK(n);
+            if (n > 1 && (lnK < 0.5 * std::min(predicted, before) || lnK > 2.0 * std::max(predicted, before)))
+                continue;
+            size = std::min(1.0, 1.5 * size);
+            return true;
+        }
+        return false;
+    }
+
+    // Looks for solutions between two neighbours.
+    bool search(const LinePoint &first, const LinePoint &second)
+    {
+        if (first.deviation == 0.0 || first.deviation * second.deviation < 0.0)
+            return refine(first, second);
+        const double length = second.point.unknowns[parameter] - first.point.unknowns[parameter];
+        const bool approaches = first.deviation * first.deviationRate * length < 0.0;
+        const bool leaves = second.deviation * second.deviationRate * length > 0.0;
+        if (!approaches || !leaves)
+            return false;
+        // There is an extremum between.
+        LinePoint low = first;
+        LinePoint high = second;
+        LinePoint middle;
+        for (int halving = 0; halving < 12; ++halving) {
+            if (!between(low, high, 0.5, middle))
+                return false;
+            if (middle.deviation * low.deviation < 0.0)
+                return refine(low, middle) || refine(middle, high);
+            (middle.deviationRate * low.deviationRate > 0.0 ? low : high) = middle;
+        }
+        return false;
+    }
+
+    bool between(const LinePoint &low, const LinePoint &high, double part, LinePoint &middle)
+    {
+        middle.point.countsLiquid = low.point.countsLiquid;
+        for (int j = 0; j < n + 3; ++j)
+            middle.point.unknowns[j] = (1.0 - part) * low.point.unknowns[j] + part * high.point.unknowns[j];
+        const double target = middle.point.unknowns[parameter];
+        return solveAt(target, middle);
+    }
+
+    bool refine(const LinePoint &first, const LinePoint &second)
+    {
+        LinePoint low = first;
+        LinePoint high = second;
+        LinePoint middle;
+        for (int halving = 0; halving < 40; ++halving) {
+            const double part = low.deviation / (low.deviation - high.deviation);
+            TwoPhasePoint point;
+            point.countsLiquid = low.point.countsLiquid;
+            for (int j = 0; j < n + 3; ++j)
+                point.unknowns[j] = (1.0 - part) * low.point.unknowns[j] + part * high.point.unknowns[j];
+            if (solvePoint(feed, point, Closing::of(fraction), Closing::of(other)) && isBetween(low, high, point))
+                return offer(point);
+            if (!between(low, high, 0.5, middle))
+                return false;
+            (middle.deviation * low.deviation > 0.0 ? low : high) = middle;
+        }
+        return false;
+    }
+
+    bool isBetween(const LinePoint &low, const LinePoint &high, const TwoPhasePoint &point) const
+    {
+        const double from = low.point.unknowns[parameter];
+        const double to = high.point.unknowns[parameter];
+        const double slack = 0.01 * std::fabs(to - from) + 1e-12;
+        return point.unknowns[parameter] > std::min(from, to) - slack &&
+               point.unknowns[parameter] < std::max(from, to) + slack;
+    }
+};
+
+} // namespace
+
+LineStatus findOnQualityLine(const Feed &feed, const FlashSpecification &fraction, const FlashSpecification &other,
+                             SolutionType type, FlashResult &result, LineExtent &extent)
+{
+    return Line(feed, fraction, other, type, result, extent).find();
+}
+
+} // namespace reference

@@ -1,0 +1,27 @@
+// The line of states with a given vapour fraction.
+#pragma once
+
+#include "reference/engine/flash/two_phase_point.h"
+
+namespace reference {
+
+enum class LineStatus {
+    solved,
+    otherType, // only solutions of another type than the one wanted are on the line
+    unstable,  // only states are on the line that would split further, or otherwise
+    notOnLine, // the whole line was followed, and has no such state
+    noLine,    // no state with this vapour fraction was found at all
+};
+
+// The ends of what was followed, for those who report that something is not there.
+struct LineExtent {
+    double lowestTemperature, highestTemperature; // K
+    double lowestPressure, highestPressure;       // Pa
+};
+
+// Finds the state where the vapour fraction (of moles or mass) and another variable have their values. The
+// feed must be allowed both phases.
+LineStatus findOnQualityLine(const Feed &feed, const FlashSpecification &fraction, const FlashSpecification &other,
+                             SolutionType type, FlashResult &result, LineExtent &extent);
+
+} // namespace reference

@@ -1,0 +1,83 @@
+#include "reference/engine/phase/mixture_model.h"
+
+#include "reference/engine/eos/cubic.h"
+#include "reference/engine/eos/gas_constant.h"
+
+#include <cmath>
+
+namespace reference {
+
+namespace {
+
+// By what a cubic equation misses the volume of the saturated liquid at 0.7 Tc; zero where that volume
+// isn't known.
+double volumeShift(const CompoundTerms &compound, EquationOfState equation)
+{
+    const double T = 0.7 * compound.criticalTemperature;
+    const double P = std::exp(compound.saturationPressure.logarithm(T).value);
+    const double shift = cubicLiquidVolume(compound, equation, T, P) - compound.liquidVolume.volume(T).value;
+    return std::isfinite(shift) ? shift : 0.0;
+}
+
+CompoundTerms termsOf(const CompoundData &compound, EquationOfState equation)
+{
+    const CubicConstants &constants = cubicConstants(equation);
+    const double thermal = gasConstant * compound.criticalTemperature;
+    const double omega = compound.acentricFactor;
+    CompoundTerms terms{.data = &compound,
+                        .molecularWeight = compound.molecularWeight,
+                        .criticalTemperature = compound.criticalTemperature,
+                        .criticalPressure = compound.criticalPressure,
+                        .acentricFactor = omega,
+                        .attractionRoot = thermal * std::sqrt(constants.omegaA / compound.criticalPressure),
+                        .attractionSlope = alphaSlope(equation, omega),
+                        .inverseRootCriticalT = 1.0 / std::sqrt(compound.criticalTemperature),
+                        .covolume = constants.omegaB * thermal / compound.criticalPressure,
+                        .idealGasHeatCapacity = compound.idealGasHeatCapacity,
+                        .volumeShift = 0.0,
+                        .saturationPressure = SaturationPressure(compound),
+                        .liquidVolume = LiquidVolume(compound)};
+    if (equation != EquationOfState::idealMixture)
+        terms.volumeShift = volumeShift(terms, equation);
+    return terms;
+}
+
+} // namespace
+
+double cubicLiquidVolume(const CompoundTerms &compound, EquationOfState equation, double T, double P)
+{
+    const double thermal = gasConstant * T;
+    const double reducedRoot = std::sqrt(T) * compound.inverseRootCriticalT;
+    const double s = compound.attractionRoot * (1.0 + compound.attractionSlope * (1.0 - reducedRoot));
+    const CompressibilityRoots roots = solveCompressibility(cubicConstants(equation), s * s * P / (thermal * thermal),
+                                                            compound.covolume * P / thermal);
+    return roots.liquid * thermal / P + compound.covolume;
+}
+
+MixtureModel MixtureModel::of(std::span<const CompoundData *const> list, EquationOfState equation)
+{
+    MixtureModel model;
+    model.equation = equation;
+    model.size = static_cast<int>(list.size());
+    for (int i = 0; i < model.size; ++i) {
+        model.compounds[i] = termsOf(*list[i], equation);
+        for (int j = 0; j < model.size; ++j)
+            model.pairFactor[i + model.size * j] = 1.0 - interactionParameter(list[i]->id, list[j]->id, equation);
+    }
+    return model;
+}
+
+MixtureModel MixtureModel::subset(std::span<const int> members) const
+{
+    MixtureModel chosen;
+    chosen.equation = equation;
+    chosen.size = static_cast<int>(members.size());
+    for (int i = 0; i < chosen.size; ++i) {
+        chosen.compounds[i] = compounds[members[i]];
+        for (int j = 0; j < chosen.size; ++j)
+            chosen.pairFactor[i + chosen.size * j] = pairFactor[members[i] + size * members[j]];
+    }
+    return chosen;
+}
+
+} // namespace reference

@@ -1,0 +1,49 @@
+// What an equation of state needs of a list of compounds, worked out once for the list.
+#pragma once
+
+#include "reference/engine/compounds/compound_data.h"
+#include "reference/engine/compounds/saturation.h"
+#include "reference/engine/eos/equation_of_state.h"
+#include "reference/engine/numerics/compound_arrays.h"
+
+#include <array>
+#include <span>
+
+namespace reference {
+
+struct CompoundTerms {
+    const CompoundData *data;                   // of the table, which outlives every model
+    double molecularWeight;                     // g/mol
+    double criticalTemperature;                 // K
+    double criticalPressure;                    // Pa
+    double acentricFactor;                      //
+    double attractionRoot;                      // square root of a at the critical temperature, Pa^0.5 m3/mol
+    double attractionSlope;                     // kappa of the alpha function
+    double inverseRootCriticalT;                // 1 / sqrt(Tc), K^-0.5
+    double covolume;                            // b, m3/mol
+    std::array<double, 5> idealGasHeatCapacity; // of Cp/R, by power of T
+    double volumeShift;                         // of a cubic equation's volumes over the true ones, m3/mol
+    SaturationPressure saturationPressure;
+    LiquidVolume liquidVolume;
+};
+
+// The volume of the pure compound's liquid by a cubic equation, or of what stands for it, m3/mol.
+double cubicLiquidVolume(const CompoundTerms &compound, EquationOfState equation, double kelvin, double pascal);
+
+struct MixtureModel {
+    EquationOfState equation = EquationOfState::pengRobinson;
+    int size = 0;
+    std::array<CompoundTerms, maximumCompounds> compounds;
+    PairArray pairFactor; // 1 - kij, symmetric; not used by the ideal mixture
+
+    bool isIdeal() const { return equation == EquationOfState::idealMixture; }
+
+    // The model of these compounds in this order: at least one, at most maximumCompounds.
+    static MixtureModel of(std::span<const CompoundData *const> list,
+                           EquationOfState equation = EquationOfState::pengRobinson);
+
+    // The model of some of the compounds, by index.
+    MixtureModel subset(std::span<const int> members) const;
+};
+
+} // namespace reference

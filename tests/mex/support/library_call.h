@@ -1,0 +1,87 @@
+// A call that the loaded library makes of the system, led to a function of the test: so that a test sees its
+// arguments, counts it, or lets it fail, on every platform.
+#pragma once
+
+#include "platform/platform.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <functional>
+#include <utility>
+
+namespace support {
+
+// The place in the library from where it calls a function. Looked up under the name that import tables have, or by
+// the function's address where there are none. The running test fails when the library does not call it.
+class ImportSlot {
+public:
+    using AnyFunction = void (*)();
+
+    ImportSlot(const char *name, AnyFunction system, AnyFunction replacement);
+    ~ImportSlot(); // leads back; the library must still be loaded
+    ImportSlot(const ImportSlot &) = delete;
+    ImportSlot &operator=(const ImportSlot &) = delete;
+
+private:
+    static AnyFunction *find(const char *name, AnyFunction system); // null when there is none
+    static void write(AnyFunction *slot, AnyFunction function);
+
+    AnyFunction *slot;
+    AnyFunction before = nullptr;
+};
+
+template <std::size_t Size> struct FunctionName {
+    char text[Size];
+    constexpr FunctionName(const char (&name)[Size]) { std::copy_n(name, Size, text); }
+};
+
+// One at a time for each function. The test's own calls are not led anywhere, and so the body calls the system by
+// calling the function.
+//     LibraryCall<"GetTickCount", decltype(GetTickCount)> ticks(GetTickCount, [] { return 7u; });
+template <FunctionName Name, class Function> class LibraryCall;
+
+template <FunctionName Name, class Result, class... Arguments, bool NoExcept>
+class LibraryCall<Name, Result(Arguments...) noexcept(NoExcept)> {
+public:
+    using Body = std::function<Result(Arguments...)>;
+
+    LibraryCall(Result (*system)(Arguments...), Body replacement)
+        : slot(Name.text, reinterpret_cast<ImportSlot::AnyFunction>(system),
+               reinterpret_cast<ImportSlot::AnyFunction>(&lead))
+    {
+        body = std::move(replacement);
+    }
+    ~LibraryCall() { body = nullptr; }
+
+private:
+    static Result WINAPI lead(Arguments... arguments) { return body(arguments...); }
+
+    static inline Body body;
+    ImportSlot slot;
+};
+
+// While it lives, the library gets no memory for buffers of so many bytes.
+class NoMemoryFor {
+public:
+    explicit NoMemoryFor(std::size_t bytes);
+    ~NoMemoryFor();
+    NoMemoryFor(const NoMemoryFor &) = delete;
+    NoMemoryFor &operator=(const NoMemoryFor &) = delete;
+
+    int refused() const; // requests so far
+};
+
+// Counts, from its construction on, the blocks of so many bytes that the library makes with operator new, and all
+// blocks that it gives back. Not beside NoMemoryFor.
+class LibraryMemory {
+public:
+    explicit LibraryMemory(std::size_t bytes = 0);
+    ~LibraryMemory();
+    LibraryMemory(const LibraryMemory &) = delete;
+    LibraryMemory &operator=(const LibraryMemory &) = delete;
+
+    int made() const;
+    int givenBack() const;
+};
+
+} // namespace support
