@@ -31,7 +31,9 @@ class Suite:
         """Runs the cases that match in one process. Gives the outcome of each that it reports, and what was wrong with
         the process: None if it ended well, or with an exit code that reported failures explain."""
         self.report.unlink(missing_ok=True)
-        command = [*self.command, f"--gtest_filter={cases}", f"--gtest_output=xml:{self.report}", "--gtest_brief=1"]
+        # Relative, because a Windows program takes a path that begins with a slash for one below its folder.
+        report = os.path.relpath(self.report)
+        command = [*self.command, f"--gtest_filter={cases}", f"--gtest_output=xml:{report}", "--gtest_brief=1"]
         status = self.wait(command)
         outcomes = self.reported()
         if status is None:
