@@ -1,5 +1,5 @@
 # What every target of the project compiles and links with.
-option(VERDANTH_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+option(VERDANTH_SANITIZE "Build with the address and undefined-behavior sanitizers" OFF)
 
 add_library(project_options INTERFACE)
 target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR})

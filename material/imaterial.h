@@ -1,4 +1,4 @@
-// The private interface by which a material recognises one of its own kind, within one process.
+// The private interface by which a material recognizes one of its own kind, within one process.
 #pragma once
 
 #include "platform/platform.h"

@@ -18,7 +18,7 @@ HRESULT CreateComObject(REFCLSID classId, REFIID iid, void **object)
     return SUCCEEDED(hr) && !*object ? E_POINTER : hr; // a success without an object
 }
 
-bool InitialiseComponent(IUnknown *object)
+bool InitializeComponent(IUnknown *object)
 {
     ComPointer<IPersistStreamInit> persistence;
     if (SUCCEEDED(persistence.queryFrom(object))) {

@@ -11,7 +11,7 @@ HRESULT CreateComObject(REFCLSID classId, REFIID iid, void **object);
 // Brings a component into service: InitNew, then Initialize, then the simulation context, each as
 // far as the component has the interface; E_NOTIMPL counts as success. False with the message in
 // LastError.
-bool InitialiseComponent(IUnknown *object);
+bool InitializeComponent(IUnknown *object);
 
 // Calls Terminate, if the component has it; the result does not count.
 void TerminateComponent(IUnknown *object);

@@ -62,7 +62,7 @@ bool CreatePackageObject(IDispatch *&package, const WideString &managerName, con
                                                        : createThroughManager(*source, packageName, created);
     if (!made)
         return false;
-    if (!InitialiseComponent(created.get())) {
+    if (!InitializeComponent(created.get())) {
         LastError.insert(0, OLESTR("PP "));
         return false;
     }

@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-// Creates and initialises a package, through its manager or by itself; a stand-alone package is
+// Creates and initializes a package, through its manager or by itself; a stand-alone package is
 // named by `managerName` alone. `package` gets a reference. False with the message in LastError.
 bool CreatePackageObject(IDispatch *&package, const WideString &managerName, const WideString &packageName);
 

@@ -40,7 +40,7 @@ bool OpenManager(const PackageSource &source, ComPointer<ICapeThermoPropertyPack
         LastError = OLESTR("creation of package manager failed: ") + HResultText(hr);
         return false;
     }
-    if (!InitialiseComponent(manager.get())) {
+    if (!InitializeComponent(manager.get())) {
         LastError.insert(0, OLESTR("PPM "));
         manager.reset();
         return false;

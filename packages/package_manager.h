@@ -1,4 +1,4 @@
-// A property package manager is a short-lived tool here: created, initialised, asked once,
+// A property package manager is a short-lived tool here: created, initialized, asked once,
 // terminated and released.
 #pragma once
 
@@ -12,8 +12,8 @@ const PackageSource *RequirePackageSource(const WideString &name);
 // The class id of a source; false with the message in LastError.
 bool ClassIdOf(const PackageSource &source, CLSID &classId);
 
-// Creates and initialises the manager of a source. False with the message in LastError; a manager
-// that can't be initialised is released without being terminated.
+// Creates and initializes the manager of a source. False with the message in LastError; a manager
+// that can't be initialized is released without being terminated.
 bool OpenManager(const PackageSource &source, ComPointer<ICapeThermoPropertyPackageManager> &manager);
 
 // Terminates and releases the manager.

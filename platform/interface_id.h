@@ -1,5 +1,5 @@
 // The identifier of a COM interface, found from its C++ type: `InterfaceId<IUnknown>`.
-// A header that declares an interface specialises InterfaceIdOf beside it.
+// A header that declares an interface specializes InterfaceIdOf beside it.
 #pragma once
 
 #include "platform/platform.h"

@@ -50,7 +50,7 @@ bool phaseMolecularWeight(const PhaseAmounts &phases, std::size_t phase, double 
 }
 
 struct PhaseSum {
-    double total = 0;         // over the present phases, on the other basis and not normalised
+    double total = 0;         // over the present phases, on the other basis and not normalized
     double weightOfPhase = 0; // mean molecular weight of the phase asked about
 };
 

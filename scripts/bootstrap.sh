@@ -62,6 +62,7 @@ for work in "$@"; do
         need clang-format program clang-format
         need clang-tidy program clang-tidy
         need shellcheck program shellcheck
+        need codespell program codespell
         ;;
     *)
         echo "bootstrap: unknown word '$work' (lint, bench and coverage are known)." >&2

@@ -9,7 +9,7 @@ function varargout = capeOpenFlash(varargin)
 %     handle  int32 scalar from capeOpenCreate
 %     Z       overall composition, double with one value for each compound:
 %             mole fractions, in mass basis mass fractions. It is used as it
-%             is, and not normalised.
+%             is, and not normalized.
 %     name1   first specification: a name that capeOpenFlashPropList gives;
 %             capital and small letters are alike
 %     value1  its value, double scalar, in the unit that capeOpenPropUnit tells

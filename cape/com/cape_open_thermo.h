@@ -1,6 +1,6 @@
 // The CAPE-OPEN 1.1 thermodynamic interfaces. Slots stand in the order of the CAPE-OPEN 1.1 type
 // library. A BSTR, VARIANT or interface that comes out belongs to the caller; in-arguments stay the
-// caller's. VARIANTs that come out are [in, out] in the standard: initialise them before the call.
+// caller's. VARIANTs that come out are [in, out] in the standard: initialize them before the call.
 #pragma once
 
 #include "platform/platform.h"

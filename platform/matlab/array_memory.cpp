@@ -60,7 +60,7 @@ std::size_t elementSize(mxClassID classId)
 }
 
 // Fewer than two dimensions become two, and ones behind the second are dropped.
-std::vector<mwSize> normalised(mwSize dimensionCount, const mwSize *dimensions)
+std::vector<mwSize> normalized(mwSize dimensionCount, const mwSize *dimensions)
 {
     std::vector<mwSize> result(std::max<mwSize>(dimensionCount, 2), dimensionCount == 0 ? 0 : 1);
     std::copy_n(dimensions, dimensionCount, result.begin());
@@ -134,7 +134,7 @@ mxArray **elements(const mxArray *cell) { return static_cast<mxArray **>(cell->r
 mxArray *create(mwSize dimensionCount, const mwSize *dimensions, mxClassID classId, mxComplexity complexity)
 {
     const bool refused = creationsUntilFailure > 0 && --creationsUntilFailure == 0;
-    mxArray *array = refused ? nullptr : allocate(normalised(dimensionCount, dimensions), classId, complexity);
+    mxArray *array = refused ? nullptr : allocate(normalized(dimensionCount, dimensions), classId, complexity);
     if (!array && !calls.empty())
         calls.back()(outOfMemory);
     return array;
@@ -228,7 +228,7 @@ mxArray *mxStandInArrayOver(mwSize dimensionCount, const mwSize *dimensions, mxC
 {
     if (classId == mxCELL_CLASS)
         misuse("a cell array over elements of the host");
-    return allocate(normalised(dimensionCount, dimensions), classId, mxREAL, elements);
+    return allocate(normalized(dimensionCount, dimensions), classId, mxREAL, elements);
 }
 
 mxArray *mxDuplicateArray(const mxArray *array) { return copyOf(array); }

@@ -29,7 +29,7 @@ std::map<std::u16string, HMODULE> servers; // by path
 DWORD lastCookie = 0;
 int apartments = 0;
 
-thread_local int initialisations = 0;
+thread_local int initializations = 0;
 thread_local DWORD apartmentMode = 0;
 
 void leaveLastApartment()
@@ -85,10 +85,10 @@ IClassFactory *findFactory(REFCLSID classId, DWORD context)
 HRESULT CoInitializeEx(LPVOID, DWORD mode)
 {
     mode &= COINIT_APARTMENTTHREADED;
-    if (initialisations > 0 && mode != apartmentMode)
+    if (initializations > 0 && mode != apartmentMode)
         return RPC_E_CHANGED_MODE;
     apartmentMode = mode;
-    if (++initialisations > 1)
+    if (++initializations > 1)
         return S_FALSE;
     ++apartments;
     return S_OK;
@@ -96,7 +96,7 @@ HRESULT CoInitializeEx(LPVOID, DWORD mode)
 
 void CoUninitialize()
 {
-    if (initialisations == 0 || --initialisations > 0)
+    if (initializations == 0 || --initializations > 0)
         return;
     if (--apartments == 0)
         leaveLastApartment();
@@ -106,7 +106,7 @@ HRESULT CoRegisterClassObject(REFCLSID classId, IUnknown *factory, DWORD context
 {
     if (!factory || !cookie)
         return E_INVALIDARG;
-    if (initialisations == 0)
+    if (initializations == 0)
         return CO_E_NOTINITIALIZED;
     // A factory for any number of clients from elsewhere serves those at home, too.
     if ((context & CLSCTX_LOCAL_SERVER) && (flags & REGCLS_MULTIPLEUSE))
@@ -136,7 +136,7 @@ HRESULT CoCreateInstance(REFCLSID classId, IUnknown *outer, DWORD context, REFII
     *object = nullptr;
     if (seam::comCalls.strikes())
         return seam::comFailure;
-    if (initialisations == 0)
+    if (initializations == 0)
         return CO_E_NOTINITIALIZED;
     IClassFactory *factory = findFactory(classId, context);
     if (!factory)

@@ -19,7 +19,7 @@ inline constexpr ErrorKind invalidArgument{capeResult(0x06), OLESTR("ECapeInvali
 inline constexpr ErrorKind outOfBounds{capeResult(0x07), OLESTR("ECapeOutOfBounds")};
 inline constexpr ErrorKind noImplementation{capeResult(0x09), OLESTR("ECapeNoImpl")};
 inline constexpr ErrorKind limitedImplementation{capeResult(0x0A), OLESTR("ECapeLimitedImpl")};
-inline constexpr ErrorKind failedInitialisation{capeResult(0x0F), OLESTR("ECapeFailedInitialisation")};
+inline constexpr ErrorKind failedInitialization{capeResult(0x0F), OLESTR("ECapeFailedInitialization")};
 inline constexpr ErrorKind solvingError{capeResult(0x10), OLESTR("ECapeSolvingError")};
 inline constexpr ErrorKind badInvocationOrder{capeResult(0x11), OLESTR("ECapeBadInvOrder")};
 inline constexpr ErrorKind propertyNotAvailable{capeResult(0x1A), OLESTR("ECapeThrmPropertyNotAvailable")};

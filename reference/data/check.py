@@ -157,19 +157,19 @@ def check_vapor_pressure(tables, result):
             "critical_temperature_K", "critical_pressure_Pa", "acentric_factor", "boiling_point_K",
             "triple_temperature_K", "triple_pressure_Pa"))
         if Tb:
-            result.near("vapour pressure at the boiling point", compound, vapor_pressure(row, Tb), 101325.0,
+            result.near("vapor pressure at the boiling point", compound, vapor_pressure(row, Tb), 101325.0,
                         relative=0.003)
         end = min(Tc, number(row["T0_K"]))
-        result.near("vapour pressure at the critical point", compound, vapor_pressure(row, end), pc, relative=0.01)
+        result.near("vapor pressure at the critical point", compound, vapor_pressure(row, end), pc, relative=0.01)
         result.near("acentric factor", compound, -math.log10(vapor_pressure(row, 0.7 * Tc) / pc) - 1.0, omega,
                     absolute=0.003)
         if pt and Tt >= number(row["lowest_K"]):
-            result.near("vapour pressure at the triple point", compound, vapor_pressure(row, Tt), pt,
+            result.near("vapor pressure at the triple point", compound, vapor_pressure(row, Tt), pt,
                         relative=0.02 if pt > 100.0 else 0.10)
         lowest = number(row["lowest_K"])
         values = [vapor_pressure(row, lowest + (end - lowest) * k / 50.0) for k in range(51)]
         if values != sorted(values):
-            result.complain(compound, "vapour pressure does not rise with temperature")
+            result.complain(compound, "vapor pressure does not rise with temperature")
 
 
 def check_liquid_density(tables, result):

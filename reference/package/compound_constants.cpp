@@ -83,14 +83,14 @@ KnownRange boilingRange(const CompoundData &compound)
     return {vaporPressure(compound, lowest), vaporPressure(compound, highest)};
 }
 
-// The temperature at which the vapour pressure is the one given. Its logarithm is nearly
+// The temperature at which the vapor pressure is the one given. Its logarithm is nearly
 // linear in 1/T: regula falsi in these, with the Illinois rule for an end that stays.
 double boilingTemperature(Compound pure, double pressure)
 {
     const CompoundData &compound = pure.data;
     struct End {
         double inverse; // 1/K
-        double excess;  // of the logarithm of the vapour pressure
+        double excess;  // of the logarithm of the vapor pressure
     };
     const auto endAt = [&](double inverse) {
         return End{inverse, std::log(vaporPressure(compound, 1.0 / inverse) / pressure)};
@@ -116,7 +116,7 @@ double boilingTemperature(Compound pure, double pressure)
     return 1.0 / ends[moved].inverse;
 }
 
-// A quantity of the saturated vapour, of the liquid, of the change between them, or of both.
+// A quantity of the saturated vapor, of the liquid, of the change between them, or of both.
 template <PhaseQuantity quantity> double ofLiquid(Compound compound, double kelvin)
 {
     return SaturatedCompound(compound, kelvin).ofLiquid(quantity);

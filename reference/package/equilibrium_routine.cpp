@@ -77,7 +77,7 @@ HRESULT PropertyPackage::readFlashConditions(const Call &call, const FlashInput 
                                              CompoundArray &feed) const
 {
     const auto refuse = [&](HRESULT read) {
-        return call.refuseFor(errors::failedInitialisation,
+        return call.refuseFor(errors::failedInitialization,
                               OLESTR("The material does not give the overall conditions: "), material.get(), read);
     };
     FlashSpecification *const targets[] = {&request.first, &request.second};
@@ -148,7 +148,7 @@ HRESULT PropertyPackage::readFlashValue(const Call &call, const FlashInput &inpu
                                            byMass ? words.mass.get() : words.mole.get(), value.out())
             : material->GetOverallProp(name.get(), input.property->molar ? words.mole.get() : nullptr, value.out());
     if (FAILED(read))
-        return call.refuseFor(errors::failedInitialisation,
+        return call.refuseFor(errors::failedInitialization,
                               (OLESTR("The material does not give the ") + wide(input.property->name) +
                                OLESTR(" that the flash is given: "))
                                   .c_str(),
@@ -168,7 +168,7 @@ HRESULT PropertyPackage::readAllowedPhases(const Call &call, FlashPhases &phases
     Value statuses;
     const HRESULT read = material->GetPresentPhases(labels.out(), statuses.out());
     if (FAILED(read))
-        return call.refuseFor(errors::failedInitialisation, OLESTR("The material does not tell its phases: "),
+        return call.refuseFor(errors::failedInitialization, OLESTR("The material does not tell its phases: "),
                               material.get(), read);
     TextView names;
     if (!names.open(labels.get()) || names.size() == 0)

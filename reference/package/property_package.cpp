@@ -9,7 +9,7 @@ namespace reference {
 namespace {
 
 // Scales amounts, which may not be below zero, to sum to one.
-bool normalise(const NumberView &amounts, CompoundArray &fractions)
+bool normalize(const NumberView &amounts, CompoundArray &fractions)
 {
     double sum = 0.0;
     for (const double amount : amounts) {
@@ -83,11 +83,11 @@ HRESULT PropertyPackage::readMaterialCompounds(const Call &call, ICapeThermoComp
     const HRESULT result = list.GetCompoundList(ids.out(), others[0].out(), others[1].out(), others[2].out(),
                                                 others[3].out(), casNumbers.out());
     if (FAILED(result))
-        return call.refuseFor(errors::failedInitialisation, OLESTR("The material does not tell its compounds: "), &list,
+        return call.refuseFor(errors::failedInitialization, OLESTR("The material does not tell its compounds: "), &list,
                               result);
     TextView names;
     if (!names.open(ids.get()) || names.size() == 0)
-        return call.refuse(errors::failedInitialisation, OLESTR("The material has no compounds"));
+        return call.refuse(errors::failedInitialization, OLESTR("The material has no compounds"));
     TextView numbers;
     const bool numbered = numbers.open(casNumbers.get()) && numbers.size() == names.size();
     for (int i = 0; i < names.size(); ++i) {
@@ -95,10 +95,10 @@ HRESULT PropertyPackage::readMaterialCompounds(const Call &call, ICapeThermoComp
         if (!compound && numbered)
             compound = findCompound(numbers[i], &CompoundData::casNumber);
         if (!compound)
-            return call.refuse(errors::failedInitialisation, OLESTR("The package has no compound ") + quoted(names[i]) +
+            return call.refuse(errors::failedInitialization, OLESTR("The package has no compound ") + quoted(names[i]) +
                                                                  OLESTR(", which the material has"));
         if (std::ranges::count(chosen, compound) > 0)
-            return call.refuse(errors::failedInitialisation,
+            return call.refuse(errors::failedInitialization,
                                OLESTR("The material has the compound ") + quoted(names[i]) + OLESTR(" twice"));
         chosen.push_back(compound);
     }
@@ -140,7 +140,7 @@ HRESULT PropertyPackage::readComposition(const Call &call, const VARIANT &amount
     if (!values.open(amounts) || values.size() != model.size)
         return call.refuse(errors::invalidArgument,
                            OLESTR("The composition must be an array of one number for each compound of the material"));
-    if (!normalise(values, fractions))
+    if (!normalize(values, fractions))
         return call.refuse(errors::invalidArgument,
                            OLESTR("The composition must be numbers that are not negative and not all zero"));
     return S_OK;

@@ -157,7 +157,7 @@ HRESULT PropertyPackage::readPhase(const Call &call, BSTR phaseLabel, PhaseCondi
     const HRESULT read =
         material->GetTPFraction(phaseLabel, &conditions.temperature, &conditions.pressure, composition.out());
     if (FAILED(read))
-        return call.refuseFor(errors::failedInitialisation,
+        return call.refuseFor(errors::failedInitialization,
                               OLESTR("The material does not give the conditions of the phase: "), material.get(), read);
     return readMixture(call, conditions.temperature, conditions.pressure, composition.get(), conditions.fractions);
 }

@@ -12,7 +12,7 @@ namespace support {
 
 class ComponentWorld {
 public:
-    ComponentWorld(); // initialises COM, empties the registry of managers and packages
+    ComponentWorld(); // initializes COM, empties the registry of managers and packages
     ~ComponentWorld();
     ComponentWorld(const ComponentWorld &) = delete;
     ComponentWorld &operator=(const ComponentWorld &) = delete;

@@ -4,7 +4,7 @@ namespace support {
 
 namespace {
 
-// A list into an out-parameter that may be used uninitialised.
+// A list into an out-parameter that may be used uninitialized.
 HRESULT giveList(ScriptedObject &object, const char *method, const Variant &list, VARIANT *target)
 {
     VariantInit(target);

@@ -52,7 +52,7 @@ end
 function [v, effort] = correct(equations, v, fixed)
 free = [1:fixed - 1, fixed + 1:numel(v)];
 for effort = 1:25
-    [F, J] = linearised(equations, v);
+    [F, J] = linearized(equations, v);
     if isempty(F)
         break
     end
@@ -72,7 +72,7 @@ v = [];
 end
 
 function t = tangentAt(equations, v, fixed)
-[~, J] = linearised(equations, v);
+[~, J] = linearized(equations, v);
 t = [];
 if ~isempty(J)
     row = zeros(1, numel(v));
@@ -85,7 +85,7 @@ end
 end
 
 % Residuals and their derivatives by differences, all in one call; empty where they can not be calculated.
-function [F, J] = linearised(equations, v)
+function [F, J] = linearized(equations, v)
 shift = 1e-6 * (1 - 2 * (v > 0.5 & v <= 1)); % a fraction stays one
 try
     rows = equations([v; repmat(v, numel(v), 1) + diag(shift)]);

@@ -11,7 +11,7 @@
 namespace reference {
 
 // A published correlation in powers of the distance from the critical point, q = 1 - T / T0:
-//   exponential  value = scale * exp(g * (n1 q^t1 + n2 q^t2 + ...)), g = T0 / T for a vapour pressure
+//   exponential  value = scale * exp(g * (n1 q^t1 + n2 q^t2 + ...)), g = T0 / T for a vapor pressure
 //                and 1 for a density
 //   linear       value = scale * (1 + n1 q^t1 + n2 q^t2 + ...)
 // reference/engine/saturation.h evaluates it.

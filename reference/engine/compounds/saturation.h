@@ -1,4 +1,4 @@
-// Vapour pressure and volume of the saturated liquid of a pure compound: as the correlations have
+// Vapor pressure and volume of the saturated liquid of a pure compound: as the correlations have
 // them, and continued beyond their ranges for ideal mixtures, which need them at every temperature.
 #pragma once
 
@@ -20,7 +20,7 @@ struct TemperatureFunction {
     double byTTT; // per K3; jumps where a correlation's continuation begins
 };
 
-// The logarithm of the vapour pressure in Pa at any temperature above zero, twice continuously
+// The logarithm of the vapor pressure in Pa at any temperature above zero, twice continuously
 // differentiable. Up to the temperature where ln p is straight over 1/T, some 0.8 Tc, it is the
 // correlation; from there on it goes on straight, by which the liquid of an ideal mixture keeps a
 // heat capacity above zero. At the critical point that makes some percent. Below the range of the

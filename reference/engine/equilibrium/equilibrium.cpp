@@ -13,7 +13,7 @@ namespace reference {
 namespace {
 
 // What the moles that pass from one phase to the other add to the slopes. With g the difference of the
-// logarithms of the fugacities, v the moles of vapour and M = dg/dv, the mixture in equilibrium has
+// logarithms of the fugacities, v the moles of vapor and M = dg/dv, the mixture in equilibrium has
 // dv = -M^-1 dg; and the partial molar enthalpies and volumes differ by -R T^2 dg/dT and R T dg/dP.
 void addTransfer(const Feed &feed, const Isotherm &isotherm, const PhaseProperties &vapor,
                  const PhaseProperties &liquid, const FlashResult &phases, Totals &totals)

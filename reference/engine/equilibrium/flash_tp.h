@@ -1,4 +1,4 @@
-// Phase equilibrium of vapour and liquid at a given temperature and pressure.
+// Phase equilibrium of vapor and liquid at a given temperature and pressure.
 #pragma once
 
 #include "reference/engine/equilibrium/flash_types.h"
@@ -15,7 +15,7 @@ namespace reference {
 //
 // A single phase where the equation has two roots is the one of lower Gibbs energy. Where it has
 // one, it is liquid if the equation with the mixture's a and b still has a van der Waals loop at the
-// temperature, and the volume is below that of the equation's critical point; otherwise vapour.
+// temperature, and the volume is below that of the equation's critical point; otherwise vapor.
 FlashStatus flashTP(const MixtureModel &model, double temperature, double pressure, std::span<const double> z,
                     FlashResult &result);
 

@@ -13,8 +13,8 @@ namespace reference {
 enum class FlashVariable {
     temperature,       // K
     pressure,          // Pa
-    vaporFraction,     // moles of vapour in one mole
-    vaporMassFraction, // mass of vapour in one unit of mass
+    vaporFraction,     // moles of vapor in one mole
+    vaporMassFraction, // mass of vapor in one unit of mass
     enthalpy,          // J/mol
     entropy,           // J/mol/K
     volume,            // m3/mol
@@ -39,9 +39,9 @@ struct FlashSpecification {
     double value;
 };
 
-// Which solution is meant where a vapour fraction is given: the one where it falls with the pressure at
+// Which solution is meant where a vapor fraction is given: the one where it falls with the pressure at
 // constant temperature and rises with the temperature at constant pressure, or one where it does not.
-// Without a vapour fraction the type has no meaning and is not looked at.
+// Without a vapor fraction the type has no meaning and is not looked at.
 enum class SolutionType {
     unspecified, // the normal one where there is one, otherwise the retrograde one
     normal,
@@ -51,7 +51,7 @@ enum class SolutionType {
 // The phases that may be formed.
 enum class FlashPhases {
     vaporAndLiquid,
-    vaporOnly,  // the whole feed as vapour, stable or not
+    vaporOnly,  // the whole feed as vapor, stable or not
     liquidOnly, // the whole feed as liquid, stable or not
 };
 
@@ -90,15 +90,15 @@ constexpr FlashLimits flashLimitsOf(FlashVariable condition)
                                                    : FlashLimits{lowestFlashPressure, highestFlashPressure};
 }
 
-// What a feed becomes. At most one vapour and one liquid: where the model has two liquids at once, one of
-// them stands for the vapour, the less dense one, as far as it can: where its equation has a vapour root,
+// What a feed becomes. At most one vapor and one liquid: where the model has two liquids at once, one of
+// them stands for the vapor, the less dense one, as far as it can: where its equation has a vapor root,
 // too, it cannot, and the feed is given as one liquid. So the values that a mixture holds can jump there.
 struct FlashResult {
     double temperature; // K
     double pressure;    // Pa
     bool vaporPresent;  // a phase at its dew or bubble point is present with amount zero
     bool liquidPresent;
-    double vaporFraction;  // moles of vapour in one mole of feed: 0, 1 or between
+    double vaporFraction;  // moles of vapor in one mole of feed: 0, 1 or between
     double liquidFraction; // the rest, with all its digits when it is small
     CompoundArray vapor;   // mole fractions, where present
     CompoundArray liquid;

@@ -13,7 +13,7 @@ struct Residual {
     double size = 0.0;  // of the terms, to judge round-off by
 };
 
-// With `fraction` of the phase that is the lesser: the vapour for sign +1, the liquid for -1.
+// With `fraction` of the phase that is the lesser: the vapor for sign +1, the liquid for -1.
 Residual residualAt(int n, const double *z, const double *K, double fraction, bool vaporIsLesser)
 {
     Residual sum;

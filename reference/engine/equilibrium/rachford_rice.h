@@ -4,7 +4,7 @@
 namespace reference {
 
 struct PhaseAmounts {
-    double vapor;  // moles of vapour in one mole of feed
+    double vapor;  // moles of vapor in one mole of feed
     double liquid; // the rest, with all its digits when it is small
 };
 

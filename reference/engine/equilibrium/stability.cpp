@@ -21,7 +21,7 @@ constexpr int newtonSteps = 40;
 struct Trial {
     CompoundArray lnW;
     CompoundArray W;
-    CompoundArray w;        // normalised
+    CompoundArray w;        // normalized
     CompoundArray gradient; // ln W_i + ln phi_i - d_i
     PhaseState state;
     double total;

@@ -21,7 +21,7 @@ struct FlashProblem {
     FlashProblem(const MixtureModel &mixture, double temperature, double pressure, const double *z);
 };
 
-// Wilson's estimate of the ratio of a compound's mole fractions in vapour and liquid (1968), as
+// Wilson's estimate of the ratio of a compound's mole fractions in vapor and liquid (1968), as
 // logarithm.
 double wilsonLogRatio(const CompoundTerms &compound, double temperature, double pressure);
 

@@ -105,8 +105,8 @@ bool goodSubstitution(const FlashProblem &problem, TwoPhases &phases)
     return true;
 }
 
-// Whether both phases are as dense as liquids. One of two liquids can stand for the vapour only where it has one root;
-// where it comes to have a vapour root, too, there is no equilibrium to converge to.
+// Whether both phases are as dense as liquids. One of two liquids can stand for the vapor only where it has one root;
+// where it comes to have a vapor root, too, there is no equilibrium to converge to.
 bool areBothLiquid(const FlashProblem &problem, const TwoPhases &phases)
 {
     if (problem.model.isIdeal())

@@ -1,4 +1,4 @@
-// The split of a feed into vapour and liquid.
+// The split of a feed into vapor and liquid.
 #pragma once
 
 #include "reference/engine/equilibrium/rachford_rice.h"
@@ -9,11 +9,11 @@ namespace reference {
 struct TwoPhases {
     CompoundArray lnK; // logarithms of y_i / x_i
     PhaseAmounts amounts;
-    CompoundArray y; // vapour
+    CompoundArray y; // vapor
     CompoundArray x; // liquid
     PhaseState vapor;
     PhaseState liquid;
-    CompoundArray lnFugacityRatio; // ln f_i of the vapour less that of the liquid
+    CompoundArray lnFugacityRatio; // ln f_i of the vapor less that of the liquid
     double largestLnRatio;         // of these, without sign
     double gibbs;                  // over R T, on the scale of FlashProblem::gibbs; valid after findGibbs
 

@@ -13,7 +13,7 @@ namespace reference {
 
 namespace {
 
-constexpr double roundOff = 1e-12; // by which a vapour fraction may be outside of its range
+constexpr double roundOff = 1e-12; // by which a vapor fraction may be outside of its range
 
 // Whether a value is possible for itself; the reason if it is not.
 bool isPossible(const FlashSpecification &given, FlashReason &reason)
@@ -91,7 +91,7 @@ FlashStatus explainSearch(const SearchFindings &findings, const FlashSpecificati
     return FlashStatus::noSolution;
 }
 
-// A pure compound's vapour and liquid of the same Gibbs energy.
+// A pure compound's vapor and liquid of the same Gibbs energy.
 bool boils(const Feed &feed, const FlashResult &result)
 {
     if (feed.size() != 1 || feed.phases != FlashPhases::vaporAndLiquid)

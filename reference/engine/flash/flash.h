@@ -1,4 +1,4 @@
-// Phase equilibrium of vapour and liquid at any two given conditions.
+// Phase equilibrium of vapor and liquid at any two given conditions.
 #pragma once
 
 #include "reference/engine/flash/flash_reason.h"
@@ -15,7 +15,7 @@ namespace reference {
 //
 // Several states can have the given values: at one temperature a gas and a liquid may have the same
 // enthalpy, at one pressure the Gibbs and Helmholtz energy rise and fall. Then one of them is the answer,
-// always the same; of two phases with a given vapour fraction, the solution type chooses.
+// always the same; of two phases with a given vapor fraction, the solution type chooses.
 //
 // A pure compound that boils has a range of enthalpies, entropies, volumes, internal and Helmholtz
 // energies at one temperature and pressure, and one Gibbs energy; so its Gibbs energy together with its

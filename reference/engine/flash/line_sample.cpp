@@ -29,14 +29,14 @@ double LineSampler::fractionOf(const FlashResult &state) const
     return vapor / (vapor + liquid);
 }
 
-// How much more vapour a sample has than wanted. One phase counts as the one that its neighbour of two phases
+// How much more vapor a sample has than wanted. One phase counts as the one that its neighbor of two phases
 // is about to be, and is on the other side of a fraction of 0 or 1.
-double LineSampler::surplus(const LineSample &sample, const LineSample &neighbour) const
+double LineSampler::surplus(const LineSample &sample, const LineSample &neighbor) const
 {
     if (sample.isTwo())
         return fractionOf(sample.state) - fraction.value;
     const bool nearVapor =
-        neighbour.isTwo() && !sample.isNamed ? neighbour.state.vaporFraction > 0.5 : sample.state.vaporPresent;
+        neighbor.isTwo() && !sample.isNamed ? neighbor.state.vaporFraction > 0.5 : sample.state.vaporPresent;
     const double difference = (nearVapor ? 1.0 : 0.0) - fraction.value;
     return difference != 0.0 ? difference : nearVapor ? 1.0 : -1.0;
 }

@@ -1,4 +1,4 @@
-// Points of a given vapour fraction, found from flashes at given temperature and pressure beside them.
+// Points of a given vapor fraction, found from flashes at given temperature and pressure beside them.
 #pragma once
 
 #include "reference/engine/flash/vapor_liquid_point.h"
@@ -33,7 +33,7 @@ private:
     const FlashSpecification &fraction; // of moles or mass
 
     double fractionOf(const FlashResult &state) const;
-    double surplus(const LineSample &sample, const LineSample &neighbour) const;
+    double surplus(const LineSample &sample, const LineSample &neighbor) const;
     bool solveBetween(const LineSample &first, const LineSample &second, const FlashSpecification &at,
                       TwoPhasePoint &point) const;
 };

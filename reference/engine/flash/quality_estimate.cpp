@@ -82,7 +82,7 @@ private:
     {
         double low = std::log(fixedTemperature ? lowestFlashPressure : lowestFlashTemperature);
         double high = std::log(fixedTemperature ? highestFlashPressure : highestFlashTemperature);
-        const double rising = fixedTemperature ? -1.0 : 1.0; // more vapour when warmer or less compressed
+        const double rising = fixedTemperature ? -1.0 : 1.0; // more vapor when warmer or less compressed
         set(low);
         if (rising * balance(feed, point.unknowns, amount) > 0.0)
             return false;

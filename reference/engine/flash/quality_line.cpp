@@ -88,7 +88,7 @@ private:
                isWithinLimits(point.totals);
     }
 
-    // A feed can have several lines of one vapour fraction: those of two liquids do not meet the one of boiling, and
+    // A feed can have several lines of one vapor fraction: those of two liquids do not meet the one of boiling, and
     // a gas that dissolves can leave a gap in that one. Looks for starts on all of them by flashes at given conditions.
     bool lookAround(bool &started)
     {
@@ -297,7 +297,7 @@ private:
         return false;
     }
 
-    // Looks for solutions between two neighbours.
+    // Looks for solutions between two neighbors.
     bool search(const LinePoint &first, const LinePoint &second)
     {
         if (first.deviation == 0.0 || first.deviation * second.deviation < 0.0)

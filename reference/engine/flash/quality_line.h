@@ -1,4 +1,4 @@
-// The line of states with a given vapour fraction.
+// The line of states with a given vapor fraction.
 #pragma once
 
 #include "reference/engine/flash/two_phase_point.h"
@@ -10,7 +10,7 @@ enum class LineStatus {
     otherType, // only solutions of another type than the one wanted are on the line
     unstable,  // only states are on the line that would split further, or otherwise
     notOnLine, // the whole line was followed, and has no such state
-    noLine,    // no state with this vapour fraction was found at all
+    noLine,    // no state with this vapor fraction was found at all
 };
 
 // The ends of what was followed, for those who report that something is not there.
@@ -19,7 +19,7 @@ struct LineExtent {
     double lowestPressure, highestPressure;       // Pa
 };
 
-// Finds the state where the vapour fraction (of moles or mass) and another variable have their values. The
+// Finds the state where the vapor fraction (of moles or mass) and another variable have their values. The
 // feed must be allowed both phases.
 LineStatus findOnQualityLine(const Feed &feed, const FlashSpecification &fraction, const FlashSpecification &other,
                              SolutionType type, FlashResult &result, LineExtent &extent);

@@ -1,4 +1,4 @@
-// States of equilibrium that have given values, neither of them a vapour fraction.
+// States of equilibrium that have given values, neither of them a vapor fraction.
 #pragma once
 
 #include "reference/engine/equilibrium/equilibrium.h"

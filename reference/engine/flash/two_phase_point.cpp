@@ -43,7 +43,7 @@ void evaluatePart(const Feed &feed, const Isotherm &isotherm, double pressure, c
     addDerivatives(feed.model, isotherm, properties);
 }
 
-// By how much one mole of a compound changes a total when it passes into the vapour.
+// By how much one mole of a compound changes a total when it passes into the vapor.
 double changeByTransfer(FlashVariable variable, double enthalpy, double volume, double potential, const Totals &at)
 {
     switch (variable) {
@@ -91,7 +91,7 @@ void closeByVariable(const Feed &feed, const TwoPhasePoint &point, const FlashSp
 
     const double vaporAmount = point.vaporAmount(n);
     const double liquidAmount = point.liquidAmount(n);
-    const double sign = point.countsLiquid ? -1.0 : 1.0; // of what a change of the amount is for the vapour
+    const double sign = point.countsLiquid ? -1.0 : 1.0; // of what a change of the amount is for the vapor
     const bool mass = given.variable == FlashVariable::vaporMassFraction;
     double scale = 0.0;
     if (mass) {
@@ -113,7 +113,7 @@ void closeByVariable(const Feed &feed, const TwoPhasePoint &point, const FlashSp
             const double potential = gasConstant * T * equations.residuals[i];
             change = scale * changeByTransfer(given.variable, enthalpy, volume, potential, point.totals);
         }
-        // Moles of vapour: z_i amount K_i / (liquid + amount K_i).
+        // Moles of vapor: z_i amount K_i / (liquid + amount K_i).
         const double ratio = point.x[i] * point.y[i] / feed.z[i];
         slopes.at(row, i) = change * vaporAmount * liquidAmount * ratio;
         slopes.at(row, amount) += sign * change * ratio;

@@ -22,10 +22,10 @@ struct TwoPhasePoint {
     // The unknowns: ln(y_i / x_i) of each compound, and after these the moles of one phase in one mole of
     // feed, ln T and ln P. The phase should be the lesser one, so that its amount keeps its digits near zero.
     UnknownArray unknowns;
-    bool countsLiquid = false; // rather than vapour
+    bool countsLiquid = false; // rather than vapor
 
     // Filled by evaluate.
-    CompoundArray y; // vapour, summing to one when solved
+    CompoundArray y; // vapor, summing to one when solved
     CompoundArray x;
     PhaseProperties vapor;
     PhaseProperties liquid;

@@ -5,7 +5,7 @@
 
 namespace reference {
 
-// Whether the phases of a point are two, the first the vapour.
+// Whether the phases of a point are two, the first the vapor.
 bool areVaporAndLiquid(const Feed &feed, const TwoPhasePoint &point);
 
 // Whether temperature and pressure are where flashes look for solutions.

@@ -124,7 +124,7 @@ private:
     const double high;
     double stoppedAt = 0.0;                                   // residual at the end of the range
     double closest = std::numeric_limits<double>::infinity(); // residual of the last scan
-    double widestStep = 0.0;                                  // between neighbours of it
+    double widestStep = 0.0;                                  // between neighbors of it
 
     // The last place with a value between one that has one and one that has not.
     Probe edge(Probe known, double unknown)
@@ -169,7 +169,7 @@ private:
         return SearchStatus::notReached;
     }
 
-    // Whether the middle one of three neighbours is the nearest to zero, and there are not the slopes to tell on which
+    // Whether the middle one of three neighbors is the nearest to zero, and there are not the slopes to tell on which
     // side the extremum is.
     static bool isLocalMinimum(const Probe &left, const Probe &middle, const Probe &right)
     {

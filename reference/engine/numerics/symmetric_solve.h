@@ -1,4 +1,4 @@
-// Linear equations of a minimisation.
+// Linear equations of a minimization.
 #pragma once
 
 #include "reference/engine/numerics/compound_arrays.h"

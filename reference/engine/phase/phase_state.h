@@ -16,8 +16,8 @@ enum class Root {
 struct PhaseState {
     double pressure;     // Pa
     double Z;            // compressibility factor
-    bool severalRoots;   // there are a vapour and a liquid here
-    bool vaporRoot;      // this is the vapour, or what is there instead of both
+    bool severalRoots;   // there are a vapor and a liquid here
+    bool vaporRoot;      // this is the vapor, or what is there instead of both
     bool liquidRoot;     // this is the liquid, or what is there instead of both
     CompoundArray lnPhi; // logarithms of the fugacity coefficients
 

@@ -10,7 +10,7 @@ namespace reference {
 
 namespace {
 
-constexpr double cubicCentimetres = 1e6; // in one m3
+constexpr double cubicCentimeters = 1e6; // in one m3
 constexpr double debye = 3.33564e-30;    // C m
 
 // The conditions of the liquids that the correlations are fitted to.
@@ -137,7 +137,7 @@ void ChungMixture::fitToLiquid(int i)
     const CompoundData &data = *compound.data;
     if (std::isnan(data.liquidViscosity))
         return;
-    const double volume = data.criticalVolume * cubicCentimetres;
+    const double volume = data.criticalVolume * cubicCentimeters;
     const double dipole = 131.3 * orZero(data.dipoleMoment) / debye;
     Parameters fluid;
     fluid.T = liquidTemperature;
@@ -169,7 +169,7 @@ ChungMixture::ChungMixture(const PhasePoint &of) : point(of)
     std::array<Compound, maximumCompounds> compounds;
     for (int i = 0; i < n; ++i) {
         const CompoundData &data = *model.compounds[i].data;
-        const double volume = data.criticalVolume * cubicCentimetres;
+        const double volume = data.criticalVolume * cubicCentimeters;
         const double dipole = orZero(data.dipoleMoment) / debye;
         compounds[i] = {.rootVolume = std::sqrt(volume),
                         .diameter = std::cbrt(volume),
@@ -221,7 +221,7 @@ ChungMixture::Parameters ChungMixture::parameters(const Direction &direction) co
     const Dual scale = 131.3 * 131.3 / result.criticalTemperature;
     result.reducedDipole4 = scale * scale * sum(dipole) / result.criticalVolume;
     result.association = sum(association);
-    const Dual density = transportDensity(point, direction) / cubicCentimetres;
+    const Dual density = transportDensity(point, direction) / cubicCentimeters;
     result.reducedDensity = density * result.criticalVolume / 6.0;
     // Liquids come to 0.6. What an ideal gas has beyond that is no density of molecules.
     if (constexpr double densest = 0.8; result.reducedDensity.value > densest)

@@ -7,7 +7,7 @@ namespace reference {
 
 // The matrix of binary diffusion coefficients of Maxwell and Stefan, m2/s, at the phase's own density
 // or viscosity. Symmetric; a compound with itself: its self-diffusion.
-// - Vapour: Fuller, Schettler, Giddings, Ind. Eng. Chem. 58(5) (1966) 18, with the volumes of Fuller,
+// - Vapor: Fuller, Schettler, Giddings, Ind. Eng. Chem. 58(5) (1966) 18, with the volumes of Fuller,
 //   Ensley, Giddings, J. Phys. Chem. 73 (1969) 3679. The product of density and coefficient is that of
 //   the ideal gas.
 // - Liquid: Wilke, Chang, AIChE J. 1 (1955) 264 for one compound in the other, with molar volumes at

@@ -42,10 +42,10 @@ TEST_F(Request, TellsTheWordsOfAPackageThatRefuses)
 {
     PackageScript &package = world.addPackage("Alone");
     package.answer("Initialize", CapeFailure(0x03));
-    package.words = Description("no licence for 100% of it");
+    package.words = Description("no license for 100% of it");
     const CallResult result = call(1, {Scalar(3), Text("Alone"), Text("")});
     EXPECT_FALSE(result.returned);
-    EXPECT_EQ(result.error, "PP Initialize failed: no licence for 100% of it");
+    EXPECT_EQ(result.error, "PP Initialize failed: no license for 100% of it");
     EXPECT_EQ(package.calls("Terminate"), 0);
 }
 

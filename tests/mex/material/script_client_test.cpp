@@ -145,7 +145,7 @@ protected:
 
 class ScriptedMaterial : public PackageTest {
 protected:
-    // Has a package use the material by `script` while it calculates in its vapour phase.
+    // Has a package use the material by `script` while it calculates in its vapor phase.
     void whileCalculating(const std::function<void(ICapeThermoMaterial *)> &script)
     {
         bool ran = false;

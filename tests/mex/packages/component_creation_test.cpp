@@ -111,8 +111,8 @@ TEST_F(ComponentCreation, AFailedInitializeIsToldInTheComponentsWordsAndTheCompo
     EXPECT_EQ(refusalToOpen(), "PP Initialize failed: no data bank at C:\\data, 100% sure");
     EXPECT_EQ(world.log,
               (CallLog{"package.created", "package.Initialize", "package.get_description", "package.released"}));
-    package.words = ErrorName("ECapeFailedInitialisation");
-    EXPECT_EQ(refusalToOpen(), "PP Initialize failed: ECapeFailedInitialisation");
+    package.words = ErrorName("ECapeFailedInitialization");
+    EXPECT_EQ(refusalToOpen(), "PP Initialize failed: ECapeFailedInitialization");
     package.words = ErrorWords();
     EXPECT_EQ(refusalToOpen(), "PP Initialize failed: initialization error");
     package.answer("Initialize", oddFailure);

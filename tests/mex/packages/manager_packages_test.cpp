@@ -113,9 +113,9 @@ TEST_F(ManagerPackages, OfAManagerThatFailsToListThemAreRefusedInItsWordsAndItIs
 {
     ManagerScript &manager = world.addManager("Manager");
     manager.answer("GetPropertyPackageList", CapeFailure(0x03));
-    manager.words = Description("ask the licence server");
+    manager.words = Description("ask the license server");
     manager.words.onlyFrom = &InterfaceId<ICapeThermoPropertyPackageManager>;
-    EXPECT_EQ(refusalOf("Manager"), "failed to get list of packages from ppm: ask the licence server");
+    EXPECT_EQ(refusalOf("Manager"), "failed to get list of packages from ppm: ask the license server");
     EXPECT_EQ(world.log, (CallLog{"manager.created", "manager.Initialize", "manager.put_simulationContext",
                                   "manager.GetPropertyPackageList", "manager.get_description", "manager.Terminate",
                                   "manager.released"}));

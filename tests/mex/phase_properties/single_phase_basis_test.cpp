@@ -265,11 +265,11 @@ TEST_F(SinglePhaseBasis, ConversionNeedsAllMolecularWeights)
     EXPECT_EQ(result("enthalpy", {{"enthalpy", "mass", {7}}}), (Rows{{7}}));
 }
 
-TEST_F(SinglePhaseBasis, OfUnnormalisedMoleFractionsIsNotNormalised)
+TEST_F(SinglePhaseBasis, OfUnnormalizedMoleFractionsIsNotNormalized)
 {
     // 0.018 * 1 + 0.036 * 1 = 0.054
     ExpectNear(result("volume", {{"volume", "mass", {1000}}}, {.compositions = Row({1, 1})}), {{54}});
-    // Mass fractions are normalised on their way to mole fractions: M is 0.024 as for 1/2 and 1/2.
+    // Mass fractions are normalized on their way to mole fractions: M is 0.024 as for 1/2 and 1/2.
     useBasis("mass");
     ExpectNear(result("density", {{"density", "mole", {1000}}}, {.compositions = Row({1, 1})}), {{24}});
 }

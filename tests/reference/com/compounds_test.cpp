@@ -244,7 +244,7 @@ TEST_F(PackageCompounds, GiveVaporPressureAndLiquidVolume)
 
 // n-Hexane at 298.15 K, CRC Handbook of Chemistry and Physics, 95th ed. (2014): heat of vaporization 31.56
 // kJ/mol, heat capacity 195.6 J/mol/K, surface tension 17.89 mN/m, viscosity 0.300 mPa s, thermal
-// conductivity 0.120 W/m/K; its vapour is nearly ideal, 20.2 kPa. The equations of the liquid's
+// conductivity 0.120 W/m/K; its vapor is nearly ideal, 20.2 kPa. The equations of the liquid's
 // transport are good for some ten percent.
 TEST_F(PackageCompounds, GiveWhatABoilingCompoundHas)
 {

@@ -214,9 +214,9 @@ TEST_F(PackageFlash, PassesOnWhatTheMaterialHasToSay)
         expectFailure(calculate(), kind, "ICapeThermoEquilibriumRoutine", "CalcEquilibrium", description);
         EXPECT_TRUE(material.written.empty());
     };
-    expectWords("GetPresentPhases", errors::failedInitialisation,
+    expectWords("GetPresentPhases", errors::failedInitialization,
                 "The material does not tell its phases: GetPresentPhases is refused");
-    expectWords("GetOverallTPFraction", errors::failedInitialisation,
+    expectWords("GetOverallTPFraction", errors::failedInitialization,
                 "The material does not give the overall conditions: GetOverallTPFraction is refused");
     expectWords("SetPresentPhases", errors::unknown,
                 "The material does not take the equilibrium: SetPresentPhases is refused");
@@ -400,7 +400,7 @@ TEST_F(PackageFlashPairs, FollowTheSolutionType)
     EXPECT_EQ(pressureOf("Unspecified"), normal);
 }
 
-// Where the material allows the vapour alone, the feed is one, as warm as its enthalpy tells.
+// Where the material allows the vapor alone, the feed is one, as warm as its enthalpy tells.
 TEST_F(PackageFlashPairs, KeepToThePhaseThatIsAllowed)
 {
     material.presentPhases = {"Vapor"};
@@ -444,7 +444,7 @@ TEST_F(PackageFlashPairs, SayWhichSpecificationFailsAndLeaveTheMaterial)
 TEST_F(PackageFlashPairs, RefuseValuesThatTheMaterialDoesNotGive)
 {
     giveOverall("pressure", 1e5);
-    expectRefusal(calculate(givenPressure, overallOf("entropy")), errors::failedInitialisation,
+    expectRefusal(calculate(givenPressure, overallOf("entropy")), errors::failedInitialization,
                   "The material does not give the entropy that the flash is given: The value is not set");
     giveOverall("entropy", NAN);
     expectRefusal(calculate(givenPressure, overallOf("entropy")), errors::invalidArgument,

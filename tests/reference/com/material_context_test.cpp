@@ -77,13 +77,13 @@ TEST_F(PackageMaterialContext, RefusesWhatIsNoMaterial)
 TEST_F(PackageMaterialContext, RefusesAMaterialWithoutKnownCompounds)
 {
     material.compoundIds = {};
-    expectRefusal(errors::failedInitialisation, "The material has no compounds");
+    expectRefusal(errors::failedInitialization, "The material has no compounds");
     material.compoundIds = {"methane", "water"};
-    expectRefusal(errors::failedInitialisation, "The package has no compound \"water\", which the material has");
+    expectRefusal(errors::failedInitialization, "The package has no compound \"water\", which the material has");
     material.compoundIds = {"methane", "ethane", "Methane"};
-    expectRefusal(errors::failedInitialisation, "The material has the compound \"Methane\" twice");
+    expectRefusal(errors::failedInitialization, "The material has the compound \"Methane\" twice");
     material.refused = "GetCompoundList";
-    expectRefusal(errors::failedInitialisation, "The material does not tell its compounds: GetCompoundList is refused");
+    expectRefusal(errors::failedInitialization, "The material does not tell its compounds: GetCompoundList is refused");
 }
 
 // The ids are the host's own; the numbers are those of propane, methane and nitrogen.
@@ -101,20 +101,20 @@ TEST_F(PackageMaterialContext, KnowsCompoundsWithOtherIdsByTheirCasNumbers)
     context->UnsetMaterial();
     material.compoundIds = {"methane", "C1"};
     material.casNumbers = {"74-82-8", "74-82-8"};
-    expectRefusal(errors::failedInitialisation, "The material has the compound \"C1\" twice");
+    expectRefusal(errors::failedInitialization, "The material has the compound \"C1\" twice");
     material.compoundIds = {"methane", "C2"};
-    expectRefusal(errors::failedInitialisation, "The material has the compound \"C2\" twice");
+    expectRefusal(errors::failedInitialization, "The material has the compound \"C2\" twice");
     material.casNumbers = {"74-82-8", "7732-18-5"};
-    expectRefusal(errors::failedInitialisation, "The package has no compound \"C2\", which the material has");
+    expectRefusal(errors::failedInitialization, "The package has no compound \"C2\", which the material has");
     material.casNumbers = {"74-84-0"}; // not one for each
-    expectRefusal(errors::failedInitialisation, "The package has no compound \"C2\", which the material has");
+    expectRefusal(errors::failedInitialization, "The package has no compound \"C2\", which the material has");
 }
 
 TEST_F(PackageMaterialContext, KeepsTheFirstMaterialWhenTheSecondIsRefused)
 {
     TestMaterial other({"water"});
     ASSERT_EQ(context->SetMaterial(dispatch()), S_OK);
-    EXPECT_EQ(context->SetMaterial(static_cast<ICapeThermoMaterial *>(&other)), errors::failedInitialisation.result);
+    EXPECT_EQ(context->SetMaterial(static_cast<ICapeThermoMaterial *>(&other)), errors::failedInitialization.result);
     EXPECT_EQ(other.references, 1u);
     EXPECT_EQ(calculate(), S_OK);
     EXPECT_EQ(material.written.size(), 1u);

@@ -149,7 +149,7 @@ TEST(Packages, UseTheEquationOfTheirName)
     }
 }
 
-// Methanol over water by Raoult's law: with the vapour pressures of 181.3 and 47.4 kPa at 353.15 K
+// Methanol over water by Raoult's law: with the vapor pressures of 181.3 and 47.4 kPa at 353.15 K
 // (Poling, Prausnitz, O'Connell, 5th ed. 2001; IAPWS) the ratios of mole fractions at 1 bar are 1.81
 // and 0.474.
 TEST(Packages, LetAlcoholsAndWaterMixIdeally)
@@ -167,7 +167,7 @@ TEST(Packages, LetAlcoholsAndWaterMixIdeally)
         EXPECT_NEAR(gamma, 1.0, 1e-12);
 }
 
-// Where each compound boils: a vapour pressure, a heat of vaporization, and whatever else belongs to it
+// Where each compound boils: a vapor pressure, a heat of vaporization, and whatever else belongs to it
 // but for surface tensions without a parachor. Helium boils below the range of the packages, and carbon
 // dioxide not at this reduced temperature.
 TEST(Packages, KnowWhatEveryCompoundHasWhereItBoils)

@@ -4,7 +4,7 @@ using namespace reference;
 
 using PackagePhases = PackageFixture;
 
-TEST_F(PackagePhases, AreAVapourAndALiquid)
+TEST_F(PackagePhases, AreAVaporAndALiquid)
 {
     LONG count = 0;
     ASSERT_EQ(phases->GetNumPhases(&count), S_OK);

@@ -62,10 +62,10 @@ TEST_F(PackageProperties, ScaleACompositionThatDoesNotSumToOne)
 {
     setMaterial();
     ASSERT_EQ(calculate({"volume"}), S_OK);
-    const double normalised = material.written["Vapor/volume"].values[0];
+    const double normalized = material.written["Vapor/volume"].values[0];
     material.composition = {2.0, 5.0, 1.0};
     ASSERT_EQ(calculate({"volume"}), S_OK);
-    EXPECT_DOUBLE_EQ(material.written["Vapor/volume"].values[0], normalised);
+    EXPECT_DOUBLE_EQ(material.written["Vapor/volume"].values[0], normalized);
 }
 
 TEST_F(PackageProperties, ReadThePhaseOnceAndWriteOnlyWhatIsAsked)
@@ -119,7 +119,7 @@ TEST_F(PackageProperties, PassOnWhatTheMaterialHasToSay)
 {
     setMaterial();
     material.refused = "GetTPFraction";
-    expectRefusal(calculate({"volume"}), errors::failedInitialisation,
+    expectRefusal(calculate({"volume"}), errors::failedInitialization,
                   "The material does not give the conditions of the phase: GetTPFraction is refused");
     material.refused = "SetSinglePhaseProp";
     expectRefusal(calculate({"volume"}), errors::unknown,

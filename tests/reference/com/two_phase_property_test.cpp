@@ -122,7 +122,7 @@ TEST_F(PackagePair, HasTheRatiosOfMoleFractionsAtEquilibrium)
 
 // Methane at its normal boiling point: 13.1 mN/m (NIST Chemistry WebBook). The fourth power of a
 // density that is right to some percent.
-TEST_F(PackagePair, HasASurfaceTensionInNewtonPerMetre)
+TEST_F(PackagePair, HasASurfaceTensionInNewtonPerMeter)
 {
     material.temperature = 111.667;
     material.pressure = 101325.0;
@@ -231,7 +231,7 @@ TEST_F(PackagePair, PassesOnWhatTheMaterialHasToSay)
 {
     setMaterial();
     material.refused = "GetTPFraction";
-    expectRefusal(calculate({"kvalue"}), errors::failedInitialisation,
+    expectRefusal(calculate({"kvalue"}), errors::failedInitialization,
                   "The material does not give the conditions of the phase: GetTPFraction is refused");
     material.refused = "SetTwoPhaseProp";
     expectRefusal(calculate({"kvalue"}), errors::unknown,

@@ -56,7 +56,7 @@ TEST(SolveCompressibility, GivesTheCriticalFactorAtTheCriticalPoint)
     }
 }
 
-TEST(SolveCompressibility, GivesVapourAndLiquidRootsBetweenWhichTheEquationTurns)
+TEST(SolveCompressibility, GivesVaporAndLiquidRootsBetweenWhichTheEquationTurns)
 {
     const double A = 0.1; // Tr about 0.7, at a low pressure
     const double B = 0.012;

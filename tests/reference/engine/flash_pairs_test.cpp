@@ -58,7 +58,7 @@ constexpr double poundForce = 6894.757; // Pa, per square inch
 
 } // namespace
 
-// Two phases, a vapour, a liquid and a gas beyond its critical point come back from what they hold.
+// Two phases, a vapor, a liquid and a gas beyond its critical point come back from what they hold.
 TEST(Flash, ReturnsToTheStateFromItsEnthalpyOrEntropy)
 {
     const MixtureModel model = modelOf(pipelineGas);
@@ -145,7 +145,7 @@ TEST(Flash, SplitsAPureCompoundWithoutACondition)
 }
 
 // Along a line of constant enthalpy the internal energy of benzene is highest where boiling begins, with a kink: a
-// compressed liquid close to it has the same as a mixture with little vapour.
+// compressed liquid close to it has the same as a mixture with little vapor.
 TEST(Flash, FindsStatesBesideTheKinkWhereBoilingBegins)
 {
     const MixtureModel model = modelOf({"benzene"});
@@ -287,7 +287,7 @@ TEST(Flash, FormsOnlyThePhaseThatIsAllowed)
                          {Variable::pressure, 0.9e6},
                          SolutionType::unspecified,
                          FlashPhases::liquidOnly};
-    const FlashResult superheated = solve(model, {1.0}, request); // the stable phase is the vapour
+    const FlashResult superheated = solve(model, {1.0}, request); // the stable phase is the vapor
     EXPECT_TRUE(superheated.liquidPresent && !superheated.vaporPresent);
     const double enthalpy = valueOf(model, {1.0}, superheated, Variable::enthalpy);
     request.first = {Variable::enthalpy, enthalpy};
@@ -390,7 +390,7 @@ TEST(Flash, GivesTheVolumesOfTheTextbook)
 
 // The same book, example 10.6, from the charts of DePriester (1953) that correlate measured ratios of light
 // hydrocarbons: 10 % methane, 20 % ethane and 70 % propane at 50 F have their dew point at 126 psia and their bubble
-// point at 385 psia, and 27.3 % of them are vapour at 200 psia. Charts and equation are some percent apart.
+// point at 385 psia, and 27.3 % of them are vapor at 200 psia. Charts and equation are some percent apart.
 TEST(Flash, AgreesWithDePriestersCharts)
 {
     const MixtureModel model = modelOf({"methane", "ethane", "propane"});

@@ -41,7 +41,7 @@ public:
     {
     }
 
-    // Whether the two-phase region ends somewhere with this vapour fraction, 0 or 1, in a normal or retrograde way.
+    // Whether the two-phase region ends somewhere with this vapor fraction, 0 or 1, in a normal or retrograde way.
     bool endsWith(double fraction, SolutionType type) const
     {
         constexpr int steps = 400;
@@ -51,7 +51,7 @@ public:
             if (!at(static_cast<double>(i) / steps, now))
                 return false;
             if (i > 0 && isTwo(last) != isTwo(now)) {
-                // Vapour disappears with rising pressure or falling temperature, in the normal way.
+                // Vapor disappears with rising pressure or falling temperature, in the normal way.
                 const bool enters = isTwo(now);
                 const SolutionType found = enters == (fraction == (atTemperature ? 1.0 : 0.0))
                                                ? SolutionType::normal
@@ -104,7 +104,7 @@ private:
 
     static bool isTwo(const FlashResult &state) { return state.vaporPresent && state.liquidPresent; }
 
-    // The vapour fraction where the region begins or ends before this step.
+    // The vapor fraction where the region begins or ends before this step.
     double fractionAtEdge(int step, bool enters) const
     {
         double one = (step - (enters ? 1 : 0)) / 400.0;
@@ -254,11 +254,11 @@ private:
         FlashResult result;
         FlashReason reason;
         if (flash(problem.model, problem.request, problem.z, result, reason) != FlashStatus::undetermined)
-            return fault(problem, "two vapour fractions were taken to determine a state");
+            return fault(problem, "two vapor fractions were taken to determine a state");
         ++countOf(problem).refused;
     }
 
-    // A vapour fraction and something else: of two phases, or at a dew or bubble point.
+    // A vapor fraction and something else: of two phases, or at a dew or bubble point.
     void judgeFraction(FlashCase &problem)
     {
         const bool firstIsFraction = isFraction(problem.request.first.variable);

@@ -91,7 +91,7 @@ double lowestDistance(const MixtureModel &model, double temperature, double pres
                 distance += W[i] * (std::log(W[i]) + trial.lnPhi[i] - potential - 1.0);
                 W[i] = std::exp(potential - trial.lnPhi[i]);
             }
-            if (trial.Z / trial.B > 2.0 || root == Root::liquid) // a vapour, not a second liquid
+            if (trial.Z / trial.B > 2.0 || root == Root::liquid) // a vapor, not a second liquid
                 lowest = std::min(lowest, distance);
         }
     }
@@ -231,7 +231,7 @@ TEST(FlashTP, GivesTwoThousandRandomFeedsTheirPhases)
     EXPECT_GT(split, 500); // or the range would not be worth the name
 }
 
-// Along an isotherm through the two-phase region the amount of vapour falls from 1 to 0 without gaps.
+// Along an isotherm through the two-phase region the amount of vapor falls from 1 to 0 without gaps.
 TEST(FlashTP, GoesFromDewToBubblePointWithoutAGap)
 {
     const MixtureModel model = modelOf({"methane", "n-butane"});

@@ -17,7 +17,7 @@ std::vector<double> valuesOf(const PhasePoint &first, const PhasePoint &second, 
     return calculatePair(first, second, quantity, differential, values) ? values : std::vector<double>();
 }
 
-// The same vapour and a liquid of the reversed composition.
+// The same vapor and a liquid of the reversed composition.
 struct Pair {
     RandomPhase first;
     RandomPhase second;

@@ -184,7 +184,7 @@ TEST(LnPhiByMoles, AgreesWithDifferences)
         lnPhiByMoles(state.model, Isotherm(state.model, state.temperature), evaluate(state), analytic);
         for (int j = 0; j < n; ++j)
             for (int i = 0; i < n; ++i) {
-                const auto logarithm = [&](double added) { // of one mole and `added` moles of j, normalised
+                const auto logarithm = [&](double added) { // of one mole and `added` moles of j, normalized
                     std::vector<double> x = state.x;
                     x[j] += added;
                     for (double &fraction : x)

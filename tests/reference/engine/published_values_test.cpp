@@ -51,9 +51,9 @@ CompoundData withConstants(std::string_view id, double Tc, double Pc, double ome
 // methane Setzmann, Wagner (1991); propane Lemmon et al. (2009); carbon dioxide Span, Wagner (1996); nitrogen Span et
 // al. (2000); oxygen Schmidt, Wagner (1985); argon Tegeler et al. (1999); R-134a Tillner-Roth, Baehr (1994).
 //
-// The cubic equations meet vapour pressures of such fluids within some 2 or 3 %, vapour densities and heats of
+// The cubic equations meet vapor pressures of such fluids within some 2 or 3 %, vapor densities and heats of
 // evaporation within some 4 %; their liquids are too dense for small molecules and too thin for large ones. Raoult's
-// liquid has the vapour pressure and density of the table; its vapour is an ideal gas.
+// liquid has the vapor pressure and density of the table; its vapor is an ideal gas.
 TEST(PublishedValues, OfSaturationAreMetWithinTheEquationsAccuracy)
 {
     const struct {

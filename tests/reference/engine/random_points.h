@@ -57,7 +57,7 @@ inline RandomPhase randomPhase(EquationOfState equation, Root root, std::mt19937
     return phase;
 }
 
-// A number of random phases by every equation, as vapour and as liquid.
+// A number of random phases by every equation, as vapor and as liquid.
 using PhaseAction = std::function<void(const RandomPhase &)>;
 inline void forRandomPhases(EquationOfState equation, Root root, int count, unsigned seed, const PhaseAction &action)
 {

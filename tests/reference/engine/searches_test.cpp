@@ -90,7 +90,7 @@ TEST(RootSearch, StopsAtTheEndOfTheRange)
     EXPECT_TRUE(search.isHopeless());
 }
 
-// Both zeros, 4.0 and 4.2, lie between two neighbours of the scan.
+// Both zeros, 4.0 and 4.2, lie between two neighbors of the scan.
 TEST(RootSearch, FindsTwoZerosBetweenTwoProbes)
 {
     Curve curve{[](double x) { return (x - 4.0) * (x - 4.2); }, [](double x) { return 2.0 * x - 8.2; }};

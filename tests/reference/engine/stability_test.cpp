@@ -36,7 +36,7 @@ TEST(WilsonLogRatio, IsZeroWhereAPureCompoundBoils)
     EXPECT_NEAR(wilsonLogRatio(butane, 272.66, 101325.0), 0.0, 0.03);
 }
 
-TEST(SplitsOff, FindsTheVapourOfALiquidBelowItsBubblePressure)
+TEST(SplitsOff, FindsTheVaporOfALiquidBelowItsBubblePressure)
 {
     EXPECT_TRUE(splits(0.56e6, Root::vapor));
     EXPECT_FALSE(splits(0.70e6, Root::vapor));

@@ -94,13 +94,13 @@ TEST_F(GetOverallProp, RefusesFractionsOfWhichOneIsMissing)
 
 TEST_F(GetOverallProp, GivesFractionsOfTheBasisTheyHaveToTheBit)
 {
-    material.setOverallComposition({0.1, 0.7}, 0); // not normalised
+    material.setOverallComposition({0.1, 0.7}, 0); // not normalized
     EXPECT_EQ(view.overall(OLESTR("fraction"), mole).values, (std::vector<double>{0.1, 0.7}));
     material.setOverallComposition({0.3, 0.3}, 1);
     EXPECT_EQ(view.overall(OLESTR("Fraction"), OLESTR("MASS")).values, (std::vector<double>{0.3, 0.3}));
 }
 
-TEST_F(GetOverallProp, ConvertsFractionsAndNormalisesThem)
+TEST_F(GetOverallProp, ConvertsFractionsAndNormalizesThem)
 {
     material.setOverallComposition({0.5, 0.5}, 0);
     auto values = view.overall(OLESTR("fraction"), mass).values;

@@ -94,7 +94,7 @@ TEST(MoleToMassFractions, MultipliesByTheMolecularWeights)
     EXPECT_DOUBLE_EQ(2.0 / 3, target[1]);
 }
 
-TEST(FractionConversions, NormaliseInPassing)
+TEST(FractionConversions, NormalizeInPassing)
 {
     TestMaterial test({18, 36});
     const double source[] = {7, 7};

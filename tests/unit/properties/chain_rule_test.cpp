@@ -131,9 +131,9 @@ TEST_F(ChainRule, MayWriteToTheScratchAreaAlsoWithAMassComposition)
 // 10 * 1 + 40 * 1 = 50 g.
 TEST_F(ChainRule, TakesMoleFractionsAsTheyAre)
 {
-    const double unnormalised[] = {1, 1};
+    const double unnormalized[] = {1, 1};
     double value = 1000;
-    ASSERT_TRUE(ChainRuleConvert(test.with(unnormalised, 0), &value, &value, 1, 1, message, 1, 0));
+    ASSERT_TRUE(ChainRuleConvert(test.with(unnormalized, 0), &value, &value, 1, 1, message, 1, 0));
     EXPECT_DOUBLE_EQ(50, value);
 }
 

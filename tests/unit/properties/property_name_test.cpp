@@ -97,7 +97,7 @@ TEST_F(ParsePropertyNameTest, ReportsNeitherMixableNorSpecificForOtherKinds)
     EXPECT_EQ(0, parsed.specific);
 }
 
-TEST_F(ParsePropertyNameTest, RecognisesEachSuffix)
+TEST_F(ParsePropertyNameTest, RecognizesEachSuffix)
 {
     EXPECT_EQ(NoDerivative, parse(singlePhaseProperties, OLESTR("enthalpy")).derivative);
     EXPECT_EQ(TemperatureDerivative, parse(singlePhaseProperties, OLESTR("enthalpy.Dtemperature")).derivative);
