@@ -157,8 +157,8 @@ extern "C" void mexFunction(int nlhs, mxArray *plhs[], int nrhs, const mxArray *
         mexAtExit(unload);
     const bool worked = call(nlhs, plhs, nrhs, prhs);
     if (library)
-        for (std::size_t i = 0; i < library->warnings().size(); ++i)
-            GiveOctaveWarning(warningIdentifier, library->warnings()[i].c_str());
+        for (const std::string &warning : library->warnings())
+            GiveOctaveWarning(warningIdentifier, warning.c_str());
     if (!worked)
         RaiseOctaveError(errorIdentifier, errorText.c_str());
 }

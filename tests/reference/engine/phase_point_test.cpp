@@ -26,7 +26,7 @@ std::vector<double> all(const PhasePoint &point, const std::vector<PhaseQuantity
     std::vector<double> list;
     for (const PhaseQuantity quantity : quantities) {
         const std::vector<double> values = valuesOf(point, quantity, differential);
-        const int block = valueCount(quantity, Differential::none, point.model().size);
+        const std::ptrdiff_t block = valueCount(quantity, Differential::none, point.model().size);
         const auto begin = values.begin() + std::max(0, compound) * block;
         list.insert(list.end(), begin, begin + block);
     }
