@@ -5,7 +5,7 @@
 
 #include "cape/com/bstr.h"
 #include "cape/variant_array.h"
-#include "commands/flash_constraint.h"
+#include "commands/constraint_slot.h"
 #include "properties/property_name.h"
 
 #include <cstdint>

@@ -56,21 +56,6 @@ Verdict readProperty(LPCWSTR name, CMaterialObject &material, VariantArray &spec
 
 } // namespace
 
-void ConstraintSlot::write(CMaterialObject &material, double value) const
-{
-    if (field) {
-        *field = value;
-        return;
-    }
-    PropertyValues &entry = material.overallProps.entry(property.c_str());
-    if (entry.count != 1 || !entry.values) {
-        entry.basis = basis;
-        if (!entry.resize(1))
-            return;
-    }
-    entry.values[0] = value;
-}
-
 bool ParseFlashProperty(LPCWSTR name, ParsedProperty &property)
 {
     return ParsePropertyName(property, singlePhaseProperties, name, ScratchText) && property.mixable != 0 &&

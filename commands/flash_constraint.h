@@ -2,7 +2,7 @@
 // array of three strings and reads the value from the material.
 #pragma once
 
-#include "cape/variant_array.h"
+#include "commands/constraint_slot.h"
 #include "gateway/call/verdict.h"
 #include "material/material_object.h"
 #include "platform/matlab/matlab.h"
@@ -15,16 +15,6 @@ std::int32_t FindVaporPhase(const OpenPackage &package);
 
 // Makes the arrays that tell the package of the constraints, when they are not made yet, with three empty strings each.
 void EnsureSpecifications();
-
-// Where in the material the value of a constraint goes.
-struct ConstraintSlot {
-    double *field = nullptr; // of the material; null for an entry of its overall properties
-    WideString property;     // the name of that entry
-    std::int32_t basis = 0;  // and the basis that its value has
-
-    // The entry is looked up again each time: the package may have cleared the material since.
-    void write(CMaterialObject &material, double value) const;
-};
 
 // Opens a flash, whose arguments begin with the handle: a package with its material.
 Verdict OpenFlash(const mxArray *const *arguments, OpenPackage *&package);

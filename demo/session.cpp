@@ -19,6 +19,7 @@ std::string Printable(const WideString &text)
 std::vector<std::string> Printable(const std::vector<WideString> &texts)
 {
     std::vector<std::string> all;
+    all.reserve(texts.size());
     for (const WideString &text : texts)
         all.push_back(Printable(text));
     return all;

@@ -89,9 +89,26 @@ class Tables:
         return number(self.constants[compound][column])
 
 
+# What no compound can do without, by table.
+NEEDED = {
+    "identities": ("iupac_name", "formula", "cas", "smiles"),
+    "constants": ("molecular_weight", "critical_temperature_K", "critical_pressure_Pa", "critical_density_mol/dm3",
+                  "acentric_factor", "source"),
+    "heat": ("a0", "a1", "a2", "a3", "a4", "lowest_K", "highest_K", "source"),
+    "formation": (),
+    "pressure": ("T0_K", "p0_Pa", "lowest_K", "n1", "t1", "source"),
+    "density": ("form", "T0_K", "lowest_K", "A_or_r0", "B_or_n1", "D_or_t1", "source"),
+    "transport": ("parachor", "association_factor", "diffusion_volume_cm3/mol"),
+}
+
+
 def check_completeness(tables, result):
-    for name in ("constants", "heat", "formation", "pressure", "density", "transport"):
+    for name, columns in NEEDED.items():
         ids = getattr(tables, name)
+        for compound, row in ids.items():
+            for column in columns:
+                if not row[column]:
+                    result.complain(compound, f"has no {column} in the table of {name}")
         for compound in tables.identities:
             if compound not in ids:
                 result.complain(compound, f"is missing from the table of {name}")

@@ -60,7 +60,7 @@ TEST_F(MessageText, OfAWarningIsConvertedTheSameWay)
 
 TEST_F(MessageText, OfUpTo31CharactersNeedsNoBuffer)
 {
-    const NoMemoryFor buffer(4 * 32);
+    const NoMemoryFor buffer(std::size_t{4} * 32);
     EXPECT_EQ(refused("mgr.").error, "no such package manager: \"mgr.\"");
     EXPECT_EQ(buffer.refused(), 0);
 }
@@ -105,7 +105,7 @@ TEST_F(MessageText, ThatCannotBeConvertedEndsTheCallAndTheNextOneWorks)
 TEST_F(MessageText, WithoutMemoryEndsTheCallAndTheNextOneWorks)
 {
     {
-        const NoMemoryFor buffer(4 * 33);
+        const NoMemoryFor buffer(std::size_t{4} * 33);
         const CallResult result = refused("mgr..");
         EXPECT_FALSE(result.returned);
         EXPECT_TRUE(result.error.starts_with("Unexpected exception: ")) << result.error;

@@ -63,6 +63,12 @@ class WrongValues(unittest.TestCase):
         self.remove("formation", "propane,")
         self.assertEqual(compare(self.folder).complaints, ["propane: is missing from the table of formation"])
 
+    def test_empty_cell(self):
+        self.expect("toluene: has no critical_pressure_Pa in the table of constants", "constants", "toluene", "4.1263e6", "")
+
+    def test_missing_source(self):
+        self.expect("ethane: has no source in the table of density", "liquid_density", "ethane", "Perry", "")
+
     def test_cas_number(self):
         self.expect("toluene: CAS number 108-88-8 has a wrong check digit", "identities", "toluene", "108-88-3", "108-88-8")
 
