@@ -76,7 +76,7 @@ class Suite:
 
     def names(self, cases):
         listed = subprocess.run([*self.command, f"--gtest_filter={cases}", "--gtest_list_tests"],
-                                stdout=subprocess.PIPE, text=True, timeout=self.seconds, check=False).stdout
+                                stdout=subprocess.PIPE, text=True, timeout=120, check=False).stdout
         names = []
         for line in listed.splitlines():
             words = line.split("#")[0].rstrip()
