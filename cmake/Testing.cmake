@@ -16,10 +16,12 @@ target_precompile_headers(test_code INTERFACE <gtest/gtest.h> <functional> <stri
                           "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/platform/platform.h>")
 
 # Adds the suites of a GoogleTest program to CTest as PREFIX and the suite's name, each run in a process of its own, with
-# the test properties that follow. Their cases are counted one by one: scripts/run_suite.py.
+# the test properties that follow. While the suite ALONE, if one is named, runs, no other test does. Their cases are counted
+# one by one: scripts/run_suite.py.
 function(add_suites target prefix)
-    set(suites ${CMAKE_CURRENT_BINARY_DIR}/${prefix}${target}.cmake)
-    file(GENERATE OUTPUT ${suites} CONTENT
+    cmake_parse_arguments(suites "" "ALONE" "" ${ARGN})
+    set(file ${CMAKE_CURRENT_BINARY_DIR}/${prefix}${target}.cmake)
+    file(GENERATE OUTPUT ${file} CONTENT
 "set(target ${target})
 set(prefix ${prefix})
 set(program $<TARGET_FILE:${target}>)
@@ -27,10 +29,11 @@ set(emulator \"$<TARGET_PROPERTY:${target},CROSSCOMPILING_EMULATOR>\")
 set(runner ${PROJECT_SOURCE_DIR}/scripts/run_suite.py)
 set(cases ${PROJECT_BINARY_DIR}/test-cases)
 set(folder ${CMAKE_CURRENT_BINARY_DIR})
-set(properties \"${ARGN}\")
+set(properties \"${suites_UNPARSED_ARGUMENTS}\")
+set(alone \"${suites_ALONE}\")
 include(${PROJECT_SOURCE_DIR}/cmake/discover_suites.cmake)
 ")
-    set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${suites})
+    set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${file})
 endfunction()
 
 if(WIN32)
