@@ -11,6 +11,11 @@ import unittest
 
 
 class Runner(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        # The first start under Wine may take longer than a case may that hangs.
+        subprocess.run([*COMMAND, "--gtest_list_tests"], stdout=subprocess.DEVNULL, check=True)
+
     def setUp(self):
         folder = tempfile.TemporaryDirectory(dir=".")
         self.addCleanup(folder.cleanup)

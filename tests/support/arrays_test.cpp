@@ -50,22 +50,24 @@ TEST(ArraysOfTests, CellsHoldCopies)
 
 TEST(ArraysOfTests, AnElementOutlivesItsCell)
 {
+    const std::size_t before = mxStandInLiveArrays();
     Array element;
     {
         element = Cell({Scalar(3)}).element(0);
     }
     EXPECT_EQ(element.number(), 3);
-    EXPECT_EQ(mxStandInLiveArrays(), 2u);
+    EXPECT_EQ(mxStandInLiveArrays(), before + 2);
 }
 
 TEST(ArraysOfTests, NothingIsLeftWhenTheLastCopyGoes)
 {
+    const std::size_t before = mxStandInLiveArrays();
     {
         const Array first = Complex(1, 2);
         const Array second = first;
-        EXPECT_EQ(mxStandInLiveArrays(), 1u);
+        EXPECT_EQ(mxStandInLiveArrays(), before + 1);
     }
-    EXPECT_EQ(mxStandInLiveArrays(), 0u);
+    EXPECT_EQ(mxStandInLiveArrays(), before);
 }
 
 TEST(ArraysOfTests, ReadingAnotherClassOrShapeFailsTheTest)
