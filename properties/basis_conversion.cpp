@@ -107,15 +107,6 @@ bool MoleToMassFractions(MolecularWeights weights, const double *source, double 
     return convertFractions(weights, source, target, multiply, errorText);
 }
 
-const double *MoleFractionsOf(const MixtureComposition &composition, WideString &errorText)
-{
-    if (composition.basis == 0)
-        return composition.fractions;
-    return MassToMoleFractions(composition.weights, composition.fractions, composition.scratch, errorText)
-               ? composition.scratch
-               : nullptr;
-}
-
 bool MassToMolePhaseFraction(const PhaseAmounts &phases, std::int32_t phase, double value, double &result,
                              WideString &errorText)
 {

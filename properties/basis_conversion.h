@@ -44,7 +44,14 @@ bool MassToMoleFractions(MolecularWeights weights, const double *source, double 
 bool MoleToMassFractions(MolecularWeights weights, const double *source, double *target, WideString &errorText);
 
 // The fractions of a composition per mole: its own, or converted ones in its scratch. Null on failure.
-const double *MoleFractionsOf(const MixtureComposition &composition, WideString &errorText);
+inline const double *MoleFractionsOf(const MixtureComposition &composition, WideString &errorText)
+{
+    if (composition.basis == 0)
+        return composition.fractions;
+    return MassToMoleFractions(composition.weights, composition.fractions, composition.scratch, errorText)
+               ? composition.scratch
+               : nullptr;
+}
 
 // `value` is the fraction of present phase `phase` in the one basis, `result` in the other. All present phases must
 // have a fraction in the basis of `value` and a composition.
