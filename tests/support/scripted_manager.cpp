@@ -51,6 +51,9 @@ class RelayFacet : public Facet<IVerdanth6432Relay> {
 public:
     RelayFacet(ScriptedObject &owner, RelayScript &relayScript) : Facet(owner), relay(relayScript) {}
 
+    // As of any component, and the one by which it is asked whether it lives.
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT *) override { return object.enter("GetTypeInfoCount"); }
+
     HRESULT STDMETHODCALLTYPE CreateObject32(BSTR classIdText, IUnknown **created) override
     {
         *created = nullptr;
