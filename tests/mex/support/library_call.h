@@ -60,15 +60,34 @@ private:
     ImportSlot slot;
 };
 
+// While it lives, a test says which of the library's requests for memory are refused: the requests of operator new in
+// all its forms, and of whatever else the compiler's runtime needs where that is part of the library. One at a time.
+class MemoryRefusal {
+public:
+    using Refuses = std::function<bool(std::size_t bytes)>; // is asked once for each request
+
+    explicit MemoryRefusal(Refuses refuses);
+    ~MemoryRefusal();
+    MemoryRefusal(const MemoryRefusal &) = delete;
+    MemoryRefusal &operator=(const MemoryRefusal &) = delete;
+};
+
 // While it lives, the library gets no memory for buffers of so many bytes.
 class NoMemoryFor {
 public:
-    explicit NoMemoryFor(std::size_t bytes);
-    ~NoMemoryFor();
-    NoMemoryFor(const NoMemoryFor &) = delete;
-    NoMemoryFor &operator=(const NoMemoryFor &) = delete;
+    explicit NoMemoryFor(std::size_t bytes)
+        : refusal([this, bytes](std::size_t wanted) {
+              refusals += wanted == bytes;
+              return wanted == bytes;
+          })
+    {
+    }
 
-    int refused() const; // requests so far
+    int refused() const { return refusals; } // requests so far
+
+private:
+    int refusals = 0;
+    MemoryRefusal refusal;
 };
 
 // Counts, from its construction on, the blocks of so many bytes that the library makes with operator new, and all

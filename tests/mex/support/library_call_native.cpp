@@ -100,38 +100,47 @@ void ImportSlot::write(AnyFunction *slot, AnyFunction function)
 
 namespace {
 
-using Allocate = void *(std::size_t bytes, const std::nothrow_t &);
-using Allocation = LibraryCall<"operator new[]", Allocate>;
-
-std::unique_ptr<Allocation> allocation;
-int refusedAllocations = 0;
-
-} // namespace
-
-NoMemoryFor::NoMemoryFor(std::size_t bytes)
-{
-    refusedAllocations = 0;
-    Allocate *const system = &operator new[];
-    allocation = std::make_unique<Allocation>(system, [=](std::size_t wanted, const std::nothrow_t &tag) -> void * {
-        if (wanted != bytes)
-            return operator new[](wanted, tag);
-        ++refusedAllocations;
-        return nullptr;
-    });
-}
-
-NoMemoryFor::~NoMemoryFor() { allocation.reset(); }
-
-int NoMemoryFor::refused() const { return refusedAllocations; }
-
-namespace {
-
 using New = void *(std::size_t bytes);
+using NewOrNull = void *(std::size_t bytes, const std::nothrow_t &);
 #ifdef __cpp_sized_deallocation
 using Delete = void(void *block, std::size_t bytes) noexcept;
 #else // not every compiler's default
 using Delete = void(void *block) noexcept;
 #endif
+
+struct RefusedRequests {
+    LibraryCall<"operator new", New> ofOne;
+    LibraryCall<"operator new[]", New> ofMany;
+    LibraryCall<"operator new[]", NewOrNull> orNull;
+
+    RefusedRequests(New *systemOne, New *systemMany, NewOrNull *systemOrNull, MemoryRefusal::Refuses refuses)
+        : ofOne(systemOne,
+                [refuses](std::size_t bytes) { return refuses(bytes) ? throw std::bad_alloc() : operator new(bytes); }),
+          ofMany(
+              systemMany,
+              [refuses](std::size_t bytes) { return refuses(bytes) ? throw std::bad_alloc() : operator new[](bytes); }),
+          orNull(systemOrNull, [refuses](std::size_t bytes, const std::nothrow_t &tag) {
+              return refuses(bytes) ? nullptr : operator new[](bytes, tag);
+          })
+    {
+    }
+};
+
+std::unique_ptr<RefusedRequests> refused;
+
+} // namespace
+
+MemoryRefusal::MemoryRefusal(Refuses refuses)
+{
+    New *const one = &operator new;
+    New *const many = &operator new[];
+    NewOrNull *const orNull = &operator new[];
+    refused = std::make_unique<RefusedRequests>(one, many, orNull, std::move(refuses));
+}
+
+MemoryRefusal::~MemoryRefusal() { refused.reset(); }
+
+namespace {
 
 struct MemoryCount {
     int made = 0;
