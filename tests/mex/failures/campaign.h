@@ -12,7 +12,7 @@ struct Failing {
     std::string what;
     std::string replaces = {}; // the function of the surroundings that it leads, if it does
     Effect effect = Effect::ends;
-    std::function<std::shared_ptr<void>(NthCall &)> lead = {};
+    Lead lead = {};
     // Everything that a command may end with by it; empty when it must go on as if nothing had happened. Asked when it
     // has struck.
     std::function<std::vector<std::string>()> texts = {};

@@ -2,40 +2,13 @@
 
 #include "platform/matlab/standin.h"
 #include "tests/mex/failures/surroundings.h"
-#include "tests/mex/support/library_call.h"
+#include "tests/mex/support/failing_call.h"
 
 #include <cstdlib>
 
 namespace support {
 
 namespace {
-
-using Lead = std::function<std::shared_ptr<void>(NthCall &)>;
-
-// A function of the system that gives `failure` instead of being called, and `otherwise` in its place where it doesn't
-// fail.
-template <FunctionName Name, class Result, class... Arguments>
-Lead givesElse(Result (*system)(Arguments...), std::type_identity_t<Result> failure, Result (*otherwise)(Arguments...))
-{
-    return [=](NthCall &calls) {
-        return std::make_shared<LibraryCall<Name, Result(Arguments...)>>(system, [=, &calls](Arguments... arguments) {
-            return calls.strikes() ? failure : otherwise(arguments...);
-        });
-    };
-}
-
-template <FunctionName Name, class Result, class... Arguments>
-Lead gives(Result (*system)(Arguments...), std::type_identity_t<Result> failure)
-{
-    return givesElse<Name>(system, failure, system);
-}
-
-Lead memory()
-{
-    return [](NthCall &calls) {
-        return std::make_shared<MemoryRefusal>([&calls](std::size_t) { return calls.strikes(); });
-    };
-}
 
 // MATLAB ends the call.
 template <FunctionName Name, class... Arguments> Lead endsIn(mxArray *(*create)(Arguments...))
@@ -87,53 +60,53 @@ std::vector<WayToFail> allWays()
     const std::vector<std::string> outOfMemory = {bad,          unknown,      "Out of memory", "out of memory",
                                                   notListed[0], notListed[1], notListed[2]};
     std::vector<WayToFail> ways = {
-        {"memory", Effect::ends, E_OUTOFMEMORY, outOfMemory, memory()},
-        {"SysAllocString", Effect::ends, E_OUTOFMEMORY, {bad}, gives<"SysAllocString">(SysAllocString, nullptr)},
-        {"SafeArrayCreate", Effect::ends, E_OUTOFMEMORY, {bad}, gives<"SafeArrayCreate">(SafeArrayCreate, nullptr)},
+        {"memory", Effect::ends, E_OUTOFMEMORY, outOfMemory, FailsToGetMemory()},
+        {"SysAllocString", Effect::ends, E_OUTOFMEMORY, {bad}, Gives<"SysAllocString">(SysAllocString, nullptr)},
+        {"SafeArrayCreate", Effect::ends, E_OUTOFMEMORY, {bad}, Gives<"SafeArrayCreate">(SafeArrayCreate, nullptr)},
         {"SafeArrayCreateVector",
          Effect::ends,
          E_OUTOFMEMORY,
          {bad},
-         gives<"SafeArrayCreateVector">(SafeArrayCreateVector, nullptr)},
+         Gives<"SafeArrayCreateVector">(SafeArrayCreateVector, nullptr)},
         {"SafeArrayGetElement",
          Effect::ends,
          E_OUTOFMEMORY,
          {bad, "One or more molecular weights returned by property package are zero or negative"},
-         gives<"SafeArrayGetElement">(SafeArrayGetElement, E_OUTOFMEMORY)},
+         Gives<"SafeArrayGetElement">(SafeArrayGetElement, E_OUTOFMEMORY)},
         {"SafeArrayPutElement",
          Effect::ends,
          E_OUTOFMEMORY,
          {bad},
-         gives<"SafeArrayPutElement">(SafeArrayPutElement, E_OUTOFMEMORY)},
-        {"VariantCopy", Effect::ends, E_OUTOFMEMORY, {bad}, gives<"VariantCopy">(VariantCopy, E_OUTOFMEMORY)},
+         Gives<"SafeArrayPutElement">(SafeArrayPutElement, E_OUTOFMEMORY)},
+        {"VariantCopy", Effect::ends, E_OUTOFMEMORY, {bad}, Gives<"VariantCopy">(VariantCopy, E_OUTOFMEMORY)},
         {"arrays of MATLAB", Effect::ends, S_OK, {"Out of memory."}, anyArray()},
-        {"WideCharToMultiByte", Effect::ends, E_FAIL, {unknown}, gives<"WideCharToMultiByte">(WideCharToMultiByte, 0)},
+        {"WideCharToMultiByte", Effect::ends, E_FAIL, {unknown}, Gives<"WideCharToMultiByte">(WideCharToMultiByte, 0)},
         {"CLSIDFromString",
          Effect::ends,
          S_OK,
          {"Failed to convert CLSID"},
-         gives<"CLSIDFromString">(CLSIDFromString, CO_E_CLASSSTRING)},
-        {"StringFromCLSID", Effect::ends, E_OUTOFMEMORY, {}, gives<"StringFromCLSID">(StringFromCLSID, E_OUTOFMEMORY)},
-        {"CoInitializeEx", Effect::ends, S_OK, {}, gives<"CoInitializeEx">(CoInitializeEx, E_OUTOFMEMORY)},
-        {"LoadLibraryW", Effect::alters, S_OK, {}, gives<"LoadLibraryW">(LoadLibraryW, nullptr)},
+         Gives<"CLSIDFromString">(CLSIDFromString, CO_E_CLASSSTRING)},
+        {"StringFromCLSID", Effect::ends, E_OUTOFMEMORY, {}, Gives<"StringFromCLSID">(StringFromCLSID, E_OUTOFMEMORY)},
+        {"CoInitializeEx", Effect::ends, S_OK, {}, Gives<"CoInitializeEx">(CoInitializeEx, E_OUTOFMEMORY)},
+        {"LoadLibraryW", Effect::alters, S_OK, {}, Gives<"LoadLibraryW">(LoadLibraryW, nullptr)},
         {"LoadLibraryA",
          Effect::shortens,
          S_OK,
          {"Failed to load help file"},
-         givesElse<"LoadLibraryA">(LoadLibraryA, nullptr, LoadTestViewer)},
+         GivesOrElse<"LoadLibraryA">(LoadLibraryA, nullptr, LoadTestViewer)},
         {"GetProcAddress",
          Effect::shortens,
          S_OK,
          {"Failed to load help file"},
-         gives<"GetProcAddress">(GetProcAddress, nullptr)},
+         Gives<"GetProcAddress">(GetProcAddress, nullptr)},
         {"GetModuleFileNameA",
          Effect::alters,
          S_OK,
          {"Failed to load help file"},
-         gives<"GetModuleFileNameA">(GetModuleFileNameA, 0)},
-        {"GetModuleFileNameW", Effect::alters, S_OK, {}, gives<"GetModuleFileNameW">(GetModuleFileNameW, 0)},
-        {"GetFileVersionInfoW", Effect::alters, S_OK, {}, gives<"GetFileVersionInfoW">(GetFileVersionInfoW, FALSE)},
-        {"VerQueryValueW", Effect::alters, S_OK, {}, gives<"VerQueryValueW">(VerQueryValueW, FALSE)},
+         Gives<"GetModuleFileNameA">(GetModuleFileNameA, 0)},
+        {"GetModuleFileNameW", Effect::alters, S_OK, {}, Gives<"GetModuleFileNameW">(GetModuleFileNameW, 0)},
+        {"GetFileVersionInfoW", Effect::alters, S_OK, {}, Gives<"GetFileVersionInfoW">(GetFileVersionInfoW, FALSE)},
+        {"VerQueryValueW", Effect::alters, S_OK, {}, Gives<"VerQueryValueW">(VerQueryValueW, FALSE)},
     };
     for (const HRESULT result : {E_OUTOFMEMORY, REGDB_E_CLASSNOTREG, CO_E_NOTINITIALIZED, E_NOINTERFACE, E_FAIL})
         ways.push_back({"CoCreateInstance", Effect::ends, result, {}, createsNothing(result)});
@@ -141,23 +114,23 @@ std::vector<WayToFail> allWays()
     const std::vector<std::string> unlisted(std::begin(notListed), std::end(notListed));
     for (const LSTATUS status : {ERROR_FILE_NOT_FOUND, ERROR_ACCESS_DENIED, ERROR_NOT_ENOUGH_MEMORY, ERROR_MORE_DATA}) {
         ways.push_back(
-            {"RegOpenKeyExW", Effect::shortens, S_OK, unlisted, gives<"RegOpenKeyExW">(RegOpenKeyExW, status)});
+            {"RegOpenKeyExW", Effect::shortens, S_OK, unlisted, Gives<"RegOpenKeyExW">(RegOpenKeyExW, status)});
         ways.push_back({"RegQueryValueExW", Effect::shortens, S_OK, unlisted,
-                        gives<"RegQueryValueExW">(RegQueryValueExW, status)});
+                        Gives<"RegQueryValueExW">(RegQueryValueExW, status)});
         ways.push_back({"RegOpenKeyExA",
                         Effect::shortens,
                         S_OK,
                         {"Failed to load help file"},
-                        gives<"RegOpenKeyExA">(RegOpenKeyExA, status)});
+                        Gives<"RegOpenKeyExA">(RegOpenKeyExA, status)});
         ways.push_back({"RegQueryValueExA",
                         Effect::shortens,
                         S_OK,
                         {"Failed to load help file"},
-                        gives<"RegQueryValueExA">(RegQueryValueExA, status)});
+                        Gives<"RegQueryValueExA">(RegQueryValueExA, status)});
     }
     for (const LSTATUS status : {ERROR_ACCESS_DENIED, ERROR_NOT_ENOUGH_MEMORY, ERROR_MORE_DATA, ERROR_NO_MORE_ITEMS})
         ways.push_back({"RegEnumKeyW", Effect::shortens, S_OK, unlisted,
-                        givesElse<"RegEnumKeyW">(RegEnumKeyW, status, EnumerateTestClasses)});
+                        GivesOrElse<"RegEnumKeyW">(RegEnumKeyW, status, EnumerateTestClasses)});
     return ways;
 }
 

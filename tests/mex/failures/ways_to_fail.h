@@ -3,10 +3,8 @@
 #pragma once
 
 #include "platform/platform.h"
-#include "tests/support/nth_call.h"
+#include "tests/mex/support/failing_call.h"
 
-#include <functional>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -27,7 +25,7 @@ struct WayToFail {
 
     // While what it gives lives, `calls` says which of the library's calls of this kind fail. The library must be
     // loaded all that time.
-    std::function<std::shared_ptr<void>(NthCall &calls)> lead;
+    Lead lead;
 };
 
 const std::vector<WayToFail> &WaysToFail();

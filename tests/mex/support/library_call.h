@@ -1,5 +1,5 @@
-// A call that the loaded library makes of the system, led to a function of the test: so that a test sees its
-// arguments, counts it, or lets it fail, on every platform.
+// A call that a loaded library makes of the system, led to a function of the test: so that a test sees its arguments,
+// counts it, or lets it fail, on every platform of 64 bits.
 #pragma once
 
 #include "platform/platform.h"
@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <functional>
+#include <string>
 #include <utility>
 
 namespace support {
@@ -21,6 +22,11 @@ public:
     ~ImportSlot(); // leads back; the library must still be loaded
     ImportSlot(const ImportSlot &) = delete;
     ImportSlot &operator=(const ImportSlot &) = delete;
+
+    static bool isThere(const char *name, AnyFunction system) { return find(name, system) != nullptr; }
+
+    // The library whose calls are led, by its name on Windows.
+    static inline std::string library = "Verdanth.mexw64";
 
 private:
     static AnyFunction *find(const char *name, AnyFunction system); // null when there is none

@@ -6,6 +6,7 @@
 #include <link.h>
 #include <memory>
 #include <new>
+#include <optional>
 #include <string_view>
 #include <sys/mman.h>
 #include <unistd.h>
@@ -42,7 +43,8 @@ ImportSlot::AnyFunction *findIn(const Relocations &relocations, const dl_phdr_in
 
 int searchLibrary(dl_phdr_info *library, std::size_t, void *argument)
 {
-    if (!std::string_view(library->dlpi_name).ends_with("/Verdanth.so"))
+    const std::string &name = ImportSlot::library;
+    if (!std::string_view(library->dlpi_name).ends_with("/" + name.substr(0, name.rfind('.')) + ".so"))
         return 0;
     const ElfW(Dyn) *entry = nullptr;
     for (int i = 0; i < library->dlpi_phnum; ++i)
@@ -109,9 +111,9 @@ using Delete = void(void *block) noexcept;
 #endif
 
 struct RefusedRequests {
-    LibraryCall<"operator new", New> ofOne;
-    LibraryCall<"operator new[]", New> ofMany;
-    LibraryCall<"operator new[]", NewOrNull> orNull;
+    std::optional<LibraryCall<"operator new", New>> ofOne;
+    std::optional<LibraryCall<"operator new[]", New>> ofMany;
+    std::optional<LibraryCall<"operator new[]", NewOrNull>> orNull;
 
     RefusedRequests(New *systemOne, New *systemMany, NewOrNull *systemOrNull, MemoryRefusal::Refuses refuses)
         : ofOne(systemOne,

@@ -35,7 +35,7 @@ ImportSlot::AnyFunction *findSlot(HMODULE module, const char *function)
 
 ImportSlot::AnyFunction *ImportSlot::find(const char *name, AnyFunction)
 {
-    return findSlot(GetModuleHandleW(L"Verdanth.mexw64"), name);
+    return findSlot(GetModuleHandleA(library.c_str()), name);
 }
 
 void ImportSlot::write(AnyFunction *slot, AnyFunction function)
