@@ -115,16 +115,26 @@ struct RefusedRequests {
     std::optional<LibraryCall<"operator new[]", New>> ofMany;
     std::optional<LibraryCall<"operator new[]", NewOrNull>> orNull;
 
-    RefusedRequests(New *systemOne, New *systemMany, NewOrNull *systemOrNull, MemoryRefusal::Refuses refuses)
-        : ofOne(systemOne,
-                [refuses](std::size_t bytes) { return refuses(bytes) ? throw std::bad_alloc() : operator new(bytes); }),
-          ofMany(
-              systemMany,
-              [refuses](std::size_t bytes) { return refuses(bytes) ? throw std::bad_alloc() : operator new[](bytes); }),
-          orNull(systemOrNull, [refuses](std::size_t bytes, const std::nothrow_t &tag) {
-              return refuses(bytes) ? nullptr : operator new[](bytes, tag);
-          })
+    RefusedRequests(New *systemOne, New *systemMany, NewOrNull *systemOrNull, const MemoryRefusal::Refuses &refuses)
     {
+        leadIfThere(ofOne, "operator new", systemOne, [refuses](std::size_t bytes) {
+            return refuses(bytes) ? throw std::bad_alloc() : operator new(bytes);
+        });
+        leadIfThere(ofMany, "operator new[]", systemMany, [refuses](std::size_t bytes) {
+            return refuses(bytes) ? throw std::bad_alloc() : operator new[](bytes);
+        });
+        leadIfThere(orNull, "operator new[]", systemOrNull, [refuses](std::size_t bytes, const std::nothrow_t &tag) {
+            return refuses(bytes) ? nullptr : operator new[](bytes, tag);
+        });
+    }
+
+private:
+    // Not every library calls every form.
+    template <class Call, class Function, class Body>
+    void leadIfThere(std::optional<Call> &call, const char *name, Function *system, Body body)
+    {
+        if (ImportSlot::isThere(name, reinterpret_cast<ImportSlot::AnyFunction>(system)))
+            call.emplace(system, std::move(body));
     }
 };
 
