@@ -209,10 +209,11 @@ HRESULT PropertyPackage::writeEquilibrium(const Call &call, const FlashResult &r
     const int count = result.vaporPresent + result.liquidPresent;
     Value labels;
     Value statuses;
-    BSTR *label = labels.makeTexts(count);
+    BSTR *const presentLabels = labels.makeTexts(count);
     LONG *status = statuses.makeIntegers(count);
-    if (!label || !status)
+    if (!presentLabels || !status)
         return E_OUTOFMEMORY;
+    BSTR *label = presentLabels;
     for (int i = 0; i < phaseCount; ++i) {
         if (!phases[i].present)
             continue;
@@ -222,8 +223,6 @@ HRESULT PropertyPackage::writeEquilibrium(const Call &call, const FlashResult &r
     if (const HRESULT written = material->SetPresentPhases(labels.get(), statuses.get()); FAILED(written))
         return refuse(written);
 
-    TextView presentLabels;
-    presentLabels.open(labels.get());
     int present = 0;
     for (const auto &phase : phases) {
         if (!phase.present)

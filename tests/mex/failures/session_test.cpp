@@ -5,7 +5,7 @@ using namespace support;
 
 namespace {
 
-class Session : public Campaign {
+class FailureInASession : public Campaign {
 protected:
     void SetUp() override
     {
@@ -31,7 +31,7 @@ protected:
 
 } // namespace
 
-TEST_F(Session, SurvivesEachFailureOfTheLibrary)
+TEST_F(FailureInASession, OfTheLibraryIsForgotten)
 {
     for (const WayToFail &way : WaysToFail())
         if (way.effect == Effect::ends) {
@@ -41,7 +41,7 @@ TEST_F(Session, SurvivesEachFailureOfTheLibrary)
         }
 }
 
-TEST_F(Session, SurvivesEachFailureOfAComponent)
+TEST_F(FailureInASession, OfAComponentIsForgotten)
 {
     failEachOfAll(ofTheComponents(computationFailed, Description("so it is"), "a failure with a description"));
     failEachOfAll(ofTheComponents(E_OUTOFMEMORY, {}, "no memory"));
