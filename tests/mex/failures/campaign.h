@@ -12,11 +12,12 @@ struct Failing {
     std::string what;
     std::string replaces = {}; // the function of the surroundings that it leads, if it does
     Effect effect = Effect::ends;
+    bool isOfTheLibrary = false; // the components do what they are told
     Lead lead = {};
     // Everything that a command may end with by it; empty when it must go on as if nothing had happened. Asked when it
     // has struck.
     std::function<std::vector<std::string>()> texts = {};
-    bool isAfterScan = false; // of the registry, which is not to be struck
+    bool isWarm = false; // the registry has been scanned and the vocabulary built: neither is to be struck
     // It stays with the package until that is opened anew. Asked when it has struck.
     std::function<bool()> staysWithPackage = [] { return false; };
 };
@@ -25,7 +26,7 @@ class Campaign : public MexTest {
 protected:
     void SetUp() override;
 
-    // The whole campaign of one command.
+    // The whole campaign of one command, the only one of the test.
     void failEach(const CommandRow &row, const Failing &failing);
 
     // One step of it for commands that are called one after the other, each once more if the failure struck it; the
@@ -51,7 +52,9 @@ private:
     void prepare(const CommandRow &row);
     void judge(const CommandRow &row, const CallResult &result, const std::string &whole, const Failing &failing);
     void closeAll();
+    std::ptrdiff_t noted(const std::string &label, const char *method) const; // since the library was loaded
 
+    std::vector<std::string> wholeAnswer; // of the one command
     std::shared_ptr<void> surroundings;
 };
 

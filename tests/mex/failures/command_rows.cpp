@@ -22,33 +22,33 @@ Array composition() { return Row({0.5, 0.5}); }
 const std::vector<CommandRow> &CommandRows()
 {
     static const std::vector<CommandRow> rows = {
-        {"ListManagers", 1, nullptr, alone<1>, "mole", false, false, true},
+        {"ListManagers", 1, nullptr, alone<1>, scansFirst},
         {"ListPackages", 1, nullptr,
          [](const Array &) {
              return Arguments{Scalar(2), Text("Manager")};
          },
-         "mole", false, false, true},
+         scans},
         {"ListPackagesOfAPackage", 1, nullptr,
          [](const Array &) {
              return Arguments{Scalar(2), Text("Alone")};
          },
-         "mole", false, false, true},
+         scans},
         {"Create", 1, nullptr,
          [](const Array &) {
              return Arguments{Scalar(3), Text("Alone"), Text("")};
          },
-         "mole", false, true, true},
+         opens | scansFirst},
         {"CreateThroughManager", 1, nullptr,
          [](const Array &) {
              return Arguments{Scalar(3), Text("Manager"), Text("Inner")};
          },
-         "mole", false, true, true},
+         opens | scans},
         {"CreateThroughRelay", 1, nullptr,
          [](const Array &) {
              return Arguments{Scalar(3), Text("Old"), Text("")};
          },
-         "mole", false, true, true},
-        {"Release", 0, "Alone", ofHandle<4>, "mole", true},
+         opens | scans},
+        {"Release", 0, "Alone", ofHandle<4>, closes},
         {"ListHandles", 1, "Alone", alone<5>},
         {"PackageName", 1, "Alone", ofHandle<6>},
         {"CompoundIds", 1, "Alone", ofHandle<7>},
@@ -67,7 +67,7 @@ const std::vector<CommandRow> &CommandRows()
          [](const Array &handle) {
              return Arguments{Scalar(16), handle, Text("molecularWeight")};
          },
-         "mass"},
+         inMassBasis},
         {"ConstantTexts", 1, "Alone",
          [](const Array &handle) {
              return Arguments{Scalar(16), handle, Text("casRegistryNumber")};
@@ -89,7 +89,7 @@ const std::vector<CommandRow> &CommandRows()
              return Arguments{Scalar(20), Scalar(2), handle, Text("vaporPressure idealGasHeatCapacity"),
                               twoTemperatures()};
          },
-         "mass"},
+         inMassBasis},
         {"PDependentProperty", 1, "Alone",
          [](const Array &handle) {
              return Arguments{Scalar(21), Scalar(1), handle, Text("boilingPointAtPressure"), twoPressures()};
@@ -105,7 +105,7 @@ const std::vector<CommandRow> &CommandRows()
              return Arguments{Scalar(22),  Scalar(2),   handle,        Text("volume enthalpy.Dmolfraction"),
                               Scalar(300), Scalar(1e5), composition(), Text("vapor")};
          },
-         "mass"},
+         inMassBasis},
         {"TwoPhaseProperty", 1, "Alone",
          [](const Array &handle) {
              return Arguments{
@@ -123,7 +123,7 @@ const std::vector<CommandRow> &CommandRows()
              return Arguments{Scalar(24),  handle,           composition(), Text("vaporFraction"),
                               Scalar(0.5), Text("enthalpy"), Scalar(-1e3),  Text("Unspecified")};
          },
-         "mass"},
+         inMassBasis},
         {"BatchFlash", 1, "Alone",
          [](const Array &handle) {
              return Arguments{Scalar(25),        handle,
@@ -132,7 +132,7 @@ const std::vector<CommandRow> &CommandRows()
                               Scalar(1e5),       Text("Unspecified"),
                               Scalar(4),         Texts({"Temperature", "Pressure", "vaporFraction", "enthalpy"})};
          },
-         "mass", false, false, false, true},
+         inMassBasis | goesOn},
         {"Version", 1, nullptr, alone<26>},
         {"Help", 0, nullptr, alone<28>},
     };

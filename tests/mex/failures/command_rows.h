@@ -8,16 +8,23 @@
 
 namespace support {
 
+enum CommandTrait : unsigned {
+    inMassBasis = 1, // and not in mole basis
+    opens = 2,       // a package
+    closes = 4,      // it
+    goesOn = 8,      // behind a package's failure, of which it warns
+    scans = 16,      // the registry
+    scansFirst = 32, // it, too, for all others in the campaign
+};
+
 struct CommandRow {
     const char *name;
     int outputs;
     const char *package; // that the handle among the arguments is of; null without one
     std::vector<Array> (*arguments)(const Array &handle);
-    const char *basis = "mole";
-    bool closes = false; // the package
-    bool opens = false;  // one
-    bool scans = false;  // the registry
-    bool goesOn = false; // behind a package's failure, of which it warns
+    unsigned traits = 0;
+
+    bool is(CommandTrait trait) const { return (traits & trait) != 0; }
 
     friend void PrintTo(const CommandRow &row, std::ostream *stream) { *stream << row.name; }
 };

@@ -13,11 +13,12 @@ TEST_P(EachLibraryCall, Fails)
 {
     for (const WayToFail &way : WaysToFail()) {
         Failing failing = ofTheLibrary(way);
-        if (GetParam().scans && way.name == "memory") { // classes that a scan missed stay missed
-            failing.effect = Effect::shortens;
-            failEach(GetParam(), failing);
+        if (way.name == "memory" && (GetParam().is(scans) || GetParam().is(scansFirst))) {
+            failing.effect = Effect::shortens; // classes that a scan missed stay missed
+            if (GetParam().is(scansFirst))
+                failEach(GetParam(), failing);
             failing.effect = way.effect;
-            failing.isAfterScan = true;
+            failing.isWarm = true;
         }
         failEach(GetParam(), failing);
     }

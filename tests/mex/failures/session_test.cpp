@@ -19,14 +19,13 @@ protected:
 
     void failEachOfAll(const Failing &failing)
     {
-        int n = 1;
-        while (failOnce(rows, whole, failing, n) && !HasFailure())
-            ++n;
-        EXPECT_GT(n, 1) << failing.what << " struck nothing";
+        for (int n = 1; failOnce(rows, whole, failing, n) && !HasFailure(); ++n)
+            ++strikes;
     }
 
     std::vector<CommandRow> rows;
     std::vector<std::string> whole;
+    int strikes = 0; // so far
 };
 
 } // namespace
@@ -36,9 +35,10 @@ TEST_F(FailureInASession, OfTheLibraryIsForgotten)
     for (const WayToFail &way : WaysToFail())
         if (way.effect == Effect::ends) {
             Failing failing = ofTheLibrary(way);
-            failing.isAfterScan = true;
+            failing.isWarm = true;
             failEachOfAll(failing);
         }
+    EXPECT_GT(strikes, 100);
 }
 
 TEST_F(FailureInASession, OfAComponentIsForgotten)
@@ -47,4 +47,5 @@ TEST_F(FailureInASession, OfAComponentIsForgotten)
     failEachOfAll(ofTheComponents(E_OUTOFMEMORY, {}, "no memory"));
     failEachOfAll(ofQueryInterface(E_NOINTERFACE));
     failEachOfAll(ofQueryInterface(S_OK));
+    EXPECT_GT(strikes, 50);
 }

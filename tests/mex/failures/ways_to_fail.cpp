@@ -10,6 +10,19 @@ namespace support {
 
 namespace {
 
+// The thread is in an apartment of another kind. The exit routine leaves the one that it is in, all the same.
+Lead entersOtherwise()
+{
+    return [](NthCall &calls) {
+        return std::make_shared<LibraryCall<"CoInitializeEx", decltype(CoInitializeEx)>>(
+            CoInitializeEx, [&calls](LPVOID reserved, DWORD mode) {
+                constexpr auto changedMode = static_cast<HRESULT>(0x80010106u); // RPC_E_CHANGED_MODE
+                const HRESULT entered = CoInitializeEx(reserved, mode);
+                return calls.strikes() ? changedMode : entered;
+            });
+    };
+}
+
 // MATLAB ends the call.
 template <FunctionName Name, class... Arguments> Lead endsIn(mxArray *(*create)(Arguments...))
 {
@@ -80,15 +93,23 @@ std::vector<WayToFail> allWays()
          Gives<"SafeArrayPutElement">(SafeArrayPutElement, E_OUTOFMEMORY)},
         {"VariantCopy", Effect::ends, E_OUTOFMEMORY, {bad}, Gives<"VariantCopy">(VariantCopy, E_OUTOFMEMORY)},
         {"arrays of MATLAB", Effect::ends, S_OK, {"Out of memory."}, anyArray()},
-        {"WideCharToMultiByte", Effect::ends, E_FAIL, {unknown}, Gives<"WideCharToMultiByte">(WideCharToMultiByte, 0)},
+        {"WideCharToMultiByte",
+         Effect::ends,
+         E_UNEXPECTED,
+         {unknown},
+         Gives<"WideCharToMultiByte">(WideCharToMultiByte, 0)},
         {"CLSIDFromString",
          Effect::ends,
          S_OK,
          {"Failed to convert CLSID"},
          Gives<"CLSIDFromString">(CLSIDFromString, CO_E_CLASSSTRING)},
         {"StringFromCLSID", Effect::ends, E_OUTOFMEMORY, {}, Gives<"StringFromCLSID">(StringFromCLSID, E_OUTOFMEMORY)},
-        {"CoInitializeEx", Effect::ends, S_OK, {}, Gives<"CoInitializeEx">(CoInitializeEx, E_OUTOFMEMORY)},
-        {"LoadLibraryW", Effect::alters, S_OK, {}, Gives<"LoadLibraryW">(LoadLibraryW, nullptr)},
+        {"CoInitializeEx", Effect::ends, S_OK, {}, entersOtherwise()},
+        {"LoadLibraryW",
+         Effect::alters,
+         S_OK,
+         {"Failed to load help file: the library's file is not called Verdanth.mexw64"},
+         Gives<"LoadLibraryW">(LoadLibraryW, nullptr)},
         {"LoadLibraryA",
          Effect::shortens,
          S_OK,
