@@ -19,16 +19,20 @@ HRESULT unexpected(const char *method)
 std::optional<HRESULT> TestMaterial::refuses(const char *method, const std::string &details)
 {
     calls.push_back(details.empty() ? method : method + (" " + details));
-    if (failing && failing->strikes())
+    if (failing && failing->strikes()) {
+        failed = method;
         return failure;
+    }
     return refused == method ? std::optional<HRESULT>(unknown.result) : std::nullopt;
 }
 
 HRESULT STDMETHODCALLTYPE TestMaterial::QueryInterface(REFIID iid, void **object)
 {
     *object = nullptr;
-    if (failing && failing->strikes())
+    if (failing && failing->strikes()) {
+        failed = "QueryInterface";
         return failure;
+    }
     if (iid == InterfaceId<IUnknown> || iid == InterfaceId<IDispatch> || iid == InterfaceId<ICapeThermoMaterial>)
         *object = static_cast<ICapeThermoMaterial *>(this);
     else if (iid == InterfaceId<ICapeThermoCompounds>)
@@ -68,8 +72,7 @@ HRESULT STDMETHODCALLTYPE TestMaterial::GetTPFraction(BSTR phaseLabel, double *t
 {
     const auto own = ownCompositions.find(narrow(phaseLabel));
     const auto result = refuses("GetTPFraction", narrow(phaseLabel));
-    return result ? *result
-                  : giveConditions(own == ownCompositions.end() ? composition : own->second, t, p, fractions);
+    return result ? *result : giveConditions(own == ownCompositions.end() ? composition : own->second, t, p, fractions);
 }
 
 HRESULT STDMETHODCALLTYPE TestMaterial::GetOverallProp(BSTR property, BSTR basis, VARIANT *results)

@@ -38,6 +38,7 @@ public:
     // The n-th call of whatever method, QueryInterface among them, gives this result and does nothing else.
     support::NthCall *failing = nullptr;
     HRESULT failure = E_FAIL;
+    std::string failed; // that method's name
 
     // What a package did.
     std::vector<std::string> calls;                 // in order; writes with property and phase

@@ -243,7 +243,8 @@ const std::vector<PackageOperation> &PackageOperations()
                  return host.properties->CheckTwoPhasePropSpec(Bstr("kvalue").get(), texts({"Vapor", "Liquid"}).get(),
                                                                valid);
              });
-         }},
+         },
+         false, true},
         {"CalcAndGetLnPhi",
          [](PackageHost &host) {
              return filled<4>([&](Argument *values) {
@@ -280,7 +281,8 @@ const std::vector<PackageOperation> &PackageOperations()
                  return host.equilibrium->CheckEquilibriumSpec(texts(temperature).get(), texts(pressure).get(),
                                                                Bstr("Normal").get(), supported);
              });
-         }},
+         },
+         false, true},
         {"FlashAtTemperatureAndPressure", [](PackageHost &host) { return flashed(host, temperature, pressure); }},
         {"FlashAtPressureAndEnthalpy",
          [](PackageHost &host) {

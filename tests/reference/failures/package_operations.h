@@ -38,6 +38,7 @@ struct PackageOperation {
     const char *name;
     OperationAnswer (*run)(PackageHost &host);
     bool setsMaterial = false; // itself
+    bool answersNo = false;    // to arguments that it can't read
 
     friend void PrintTo(const PackageOperation &operation, std::ostream *stream) { *stream << operation.name; }
 };
