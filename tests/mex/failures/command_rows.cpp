@@ -139,10 +139,21 @@ const std::vector<CommandRow> &CommandRows()
     return rows;
 }
 
-const CommandRow &RowOf(std::string_view name)
+namespace {
+
+auto find(std::string_view name)
 {
-    return *std::find_if(CommandRows().begin(), CommandRows().end(),
-                         [&](const CommandRow &row) { return row.name == name; });
+    return std::find_if(CommandRows().begin(), CommandRows().end(),
+                        [&](const CommandRow &row) { return row.name == name; });
+}
+
+} // namespace
+
+const CommandRow &RowOf(std::string_view name) { return *find(name); }
+
+std::vector<CommandRow> RowsBetween(std::string_view first, std::string_view behind)
+{
+    return {find(first), find(behind)};
 }
 
 } // namespace support

@@ -31,6 +31,7 @@ struct CommandRow {
 
 const std::vector<CommandRow> &CommandRows();
 const CommandRow &RowOf(std::string_view name);
+std::vector<CommandRow> RowsBetween(std::string_view first, std::string_view behind); // the last ones for ""
 
 inline std::string NameOfRow(const testing::TestParamInfo<CommandRow> &info) { return info.param.name; }
 

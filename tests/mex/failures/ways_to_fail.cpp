@@ -23,6 +23,21 @@ Lead entersOtherwise()
     };
 }
 
+constexpr auto noSuchPage = static_cast<HRESULT>(0x80070057u); // of ERROR_INVALID_PARAMETER
+
+Lead narrowsNothing()
+{
+    using Narrowing = LibraryCall<"WideCharToMultiByte", decltype(WideCharToMultiByte)>;
+    return [](NthCall &calls) {
+        return std::make_shared<Narrowing>(WideCharToMultiByte, [&calls](auto... arguments) {
+            if (!calls.strikes())
+                return WideCharToMultiByte(arguments...);
+            SetLastError(ERROR_INVALID_PARAMETER);
+            return 0;
+        });
+    };
+}
+
 // MATLAB ends the call.
 template <FunctionName Name, class... Arguments> Lead endsIn(mxArray *(*create)(Arguments...))
 {
@@ -93,11 +108,7 @@ std::vector<WayToFail> allWays()
          Gives<"SafeArrayPutElement">(SafeArrayPutElement, E_OUTOFMEMORY)},
         {"VariantCopy", Effect::ends, E_OUTOFMEMORY, {bad}, Gives<"VariantCopy">(VariantCopy, E_OUTOFMEMORY)},
         {"arrays of MATLAB", Effect::ends, S_OK, {"Out of memory."}, anyArray()},
-        {"WideCharToMultiByte",
-         Effect::ends,
-         E_UNEXPECTED,
-         {unknown},
-         Gives<"WideCharToMultiByte">(WideCharToMultiByte, 0)},
+        {"WideCharToMultiByte", Effect::ends, static_cast<HRESULT>(0x80070057u), {unknown}, narrowsNothing()},
         {"CLSIDFromString",
          Effect::ends,
          S_OK,
