@@ -6,6 +6,7 @@ help:
 	@echo "make check    what to run before each commit: the native tests with sanitizers"
 	@echo "make bench    the measurements in bench/"
 	@echo "make coverage the lines of the library that the native tests reach, into build/linux-coverage/coverage"
+	@echo "make fuzz     looks for input that breaks something, MINUTES=1 of processor time for each target of fuzz/"
 	@echo "make plots    draws the plots of the user guide anew"
 	@echo "make dist     what ships, packed into dist/"
 	@echo "make check-dist  whether what ships has the same bytes when it is made again"
@@ -36,6 +37,11 @@ coverage:
 	@scripts/bootstrap.sh coverage
 	@scripts/coverage.sh
 
+MINUTES = 1
+fuzz:
+	@scripts/bootstrap.sh fuzz
+	@scripts/fuzz.sh $(MINUTES)
+
 plots:
 	@scripts/bootstrap.sh
 	@scripts/plots.sh
@@ -64,4 +70,4 @@ clean:
 	@[ ! -d build/wine ] || scripts/wine.sh --kill
 	@rm -rf build dist
 
-.PHONY: help demo test check bench coverage plots dist check-dist format lint lint-all clean
+.PHONY: help demo test check bench coverage fuzz plots dist check-dist format lint lint-all clean

@@ -1,5 +1,6 @@
 # What every target of the project compiles and links with.
 option(VERDANTH_SANITIZE "Build with the address and undefined-behavior sanitizers" OFF)
+option(VERDANTH_FUZZ "Build for libFuzzer, which clang++ brings along" OFF)
 
 add_library(project_options INTERFACE)
 target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR})
@@ -15,6 +16,10 @@ if(VERDANTH_SANITIZE)
     add_compile_definitions(_GLIBCXX_ASSERTIONS)
 endif()
 
+if(VERDANTH_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 if(WIN32)
     # One file each: the compiler's runtime goes into every binary; and no time stamp, so that the same sources give
     # the same bytes.
@@ -23,5 +28,8 @@ if(WIN32)
     set(CMAKE_SHARED_MODULE_PREFIX "")
 else()
     set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
-    add_link_options(-Wl,-z,defs)
+    # clang++ has the sanitizers' functions in programs alone.
+    if(NOT VERDANTH_SANITIZE OR CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+        add_link_options(-Wl,-z,defs)
+    endif()
 endif()

@@ -2,7 +2,7 @@
 # Installs what building and testing need and this machine has not got. Looks for each thing itself, so that a second
 # run finds everything in place and touches neither the package manager nor the network.
 #
-#   scripts/bootstrap.sh [lint] [bench] [coverage]   the words add what only that work needs
+#   scripts/bootstrap.sh [lint] [bench] [coverage] [fuzz]   the words add what only that work needs
 set -u
 
 missing=
@@ -20,6 +20,7 @@ any_of() {
     return 1
 }
 
+fuzzer_headers() { find /usr/lib/llvm-*/lib/clang /usr/lib/clang -name FuzzedDataProvider.h | grep .; }
 octave_package() { find /usr/share/octave/packages -maxdepth 1 -name "$1-*" | grep .; }
 
 need make program make
@@ -27,6 +28,7 @@ need cmake program cmake
 need ninja-build program ninja
 need g++ program g++
 need googletest test -f /usr/src/googletest/CMakeLists.txt
+need libclang-rt-dev fuzzer_headers
 need g++-mingw-w64-x86-64-posix program x86_64-w64-mingw32-g++-posix
 need g++-mingw-w64-i686-posix program i686-w64-mingw32-g++-posix
 need wine64 any_of /usr/lib/wine/wine64 wine64 wine
@@ -56,6 +58,10 @@ for work in "$@"; do
     coverage)
         need gcovr program gcovr
         ;;
+    fuzz)
+        need clang program clang++
+        need llvm program llvm-cov
+        ;;
     lint)
         need git program git
         need clang program clang++
@@ -65,7 +71,7 @@ for work in "$@"; do
         need codespell program codespell
         ;;
     *)
-        echo "bootstrap: unknown word '$work' (lint, bench and coverage are known)." >&2
+        echo "bootstrap: unknown word '$work' (lint, bench, coverage and fuzz are known)." >&2
         exit 2
         ;;
     esac

@@ -64,7 +64,7 @@ END { exit complaints != 0 }
 ' <"$sources"
 
 # Tests, tools and measurements are bound by the last rule alone.
-found=$(find host tests bench demo toolbox \( -name '*.h' -o -name '*.cpp' \) -exec grep -nE '^[ \t]*#.*_WIN(32|64)' {} + 2>/dev/null || true)
+found=$(find host tests bench demo toolbox fuzz \( -name '*.h' -o -name '*.cpp' \) -exec grep -nE '^[ \t]*#.*_WIN(32|64)' {} + 2>/dev/null || true)
 if [ -n "$found" ]; then
     printf '%s\noperating systems are told apart in platform/ alone\n' "$found"
     exit 1

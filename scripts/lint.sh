@@ -19,7 +19,7 @@ tidy() { scripts/tidy.py "$@" build/linux-clang; }
 functions_of_toolbox() { python3 -B tests/toolbox/lint/lint.py octave-cli; }
 # Two files spell in another way, which others see: the native system's messages, and the description of a phase.
 spelling() {
-    git ls-files -z ':!*.png' ':!*.csv' ':!*.dat' ':!scripts/spelling.txt' ':!platform/native/system_messages.cpp' \
+    git ls-files -z ':!*.png' ':!*.csv' ':!*.dat' ':!fuzz/corpus/*' ':!scripts/spelling.txt' ':!platform/native/system_messages.cpp' \
         ':!reference/package/phases.cpp' |
         xargs -0 codespell --builtin clear,en-GB_to_en-US --dictionary - --dictionary scripts/spelling.txt \
             --ignore-words-list inout,freez,freze
