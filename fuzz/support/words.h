@@ -1,7 +1,7 @@
 // Words that packages and scripts use, right ones, nearly right ones and wrong ones, as an input chooses them.
 #pragma once
 
-#include "fuzz/support/input.h"
+#include "fuzz/support/byte_input.h"
 #include "platform/platform.h"
 
 #include <optional>
