@@ -82,19 +82,11 @@ private:
     VARIANT value{};
 };
 
-const std::vector<WideString> &labelsOf(const Client &client)
-{
-    static const std::vector<WideString> usual = {u"Vapor", u"Liquid"};
-    return client.expected ? client.expected->package->labels : usual;
-}
-
-std::size_t compoundsOf(const Client &client) { return client.expected ? client.expected->compoundCount() : 2; }
-
 // What a call is about: a property, with the basis and the number of values that it takes, mostly.
 struct Subject {
     Subject(Input &input, const Client &client, model::Kind kind) : property(PropertyText(input))
     {
-        const std::size_t nC = compoundsOf(client);
+        const std::size_t nC = client.package->compounds.size();
         model::Property parsed;
         std::size_t usual = 1;
         bool takesBasis = false;
@@ -124,7 +116,7 @@ void setPhase(Input &input, Client &client)
 {
     const Subject subject(input, client, model::Kind::singlePhase);
     const TextArgument basis(subject.basis);
-    const TextArgument label(LabelText(input, labelsOf(client)));
+    const TextArgument label(LabelText(input, client.package->labels));
     const ListArgument values(NumbersAccount(input, subject.counts), LowerBound(input));
     const HRESULT hr =
         client.material->SetSinglePhaseProp(subject.property.get(), label.get(), basis.get(), values.get());
@@ -147,7 +139,7 @@ void setTwoPhase(Input &input, Client &client)
 {
     const Subject subject(input, client, model::Kind::twoPhase);
     const TextArgument basis(subject.basis);
-    const ListArgument labels(LabelsAccount(input, labelsOf(client), 2), LowerBound(input));
+    const ListArgument labels(LabelsAccount(input, client.package->labels, 2), LowerBound(input));
     const ListArgument values(NumbersAccount(input, subject.counts), LowerBound(input));
     const HRESULT hr =
         client.material->SetTwoPhaseProp(subject.property.get(), labels.get(), basis.get(), values.get());
@@ -158,7 +150,7 @@ void setTwoPhase(Input &input, Client &client)
 
 void setPresent(Input &input, Client &client)
 {
-    const ListArgument labels(LabelsAccount(input, labelsOf(client), 1 + input.below(2)), LowerBound(input));
+    const ListArgument labels(LabelsAccount(input, client.package->labels, 1 + input.below(2)), LowerBound(input));
     const ListArgument status(AnyAccount(input));
     const HRESULT hr = client.material->SetPresentPhases(labels.get(), status.get());
     if (client.expected)
@@ -175,7 +167,7 @@ void getPhase(Input &input, Client &client)
 {
     const Subject subject(input, client, model::Kind::singlePhase);
     const TextArgument basis(subject.basis);
-    const TextArgument label(LabelText(input, labelsOf(client)));
+    const TextArgument label(LabelText(input, client.package->labels));
     Result result(input);
     const HRESULT hr =
         client.material->GetSinglePhaseProp(subject.property.get(), label.get(), basis.get(), result.out());
@@ -197,7 +189,7 @@ void getTwoPhase(Input &input, Client &client)
 {
     const Subject subject(input, client, model::Kind::twoPhase);
     const TextArgument basis(subject.basis);
-    const ListArgument labels(LabelsAccount(input, labelsOf(client), 2), LowerBound(input));
+    const ListArgument labels(LabelsAccount(input, client.package->labels, 2), LowerBound(input));
     Result result(input);
     const HRESULT hr =
         client.material->GetTwoPhaseProp(subject.property.get(), labels.get(), basis.get(), result.out());
@@ -230,7 +222,7 @@ void getConditions(Input &input, Client &client)
 
 void getPhaseConditions(Input &input, Client &client)
 {
-    const TextArgument label(LabelText(input, labelsOf(client)));
+    const TextArgument label(LabelText(input, client.package->labels));
     double temperature = -1;
     double pressure = -1;
     Result composition(input);
@@ -264,7 +256,7 @@ void withoutResult(Input &input, Client &client)
 {
     ICapeThermoMaterial &material = *client.material.get();
     const TextArgument text(PropertyText(input));
-    const ListArgument labels(LabelsAccount(input, labelsOf(client), 2));
+    const ListArgument labels(LabelsAccount(input, client.package->labels, 2));
     double number = 0;
     Result result(input);
     HRESULT hr = S_OK;
@@ -307,10 +299,23 @@ constexpr Call calls[] = {setPhase,   setPhase,    setPhase,   getPhase,        
                           getPresent, getConditions, getPhaseConditions, clear,     withoutResult, getOverall,
                           setOverall, getPhase};
 
-WideString taken(HRESULT hr, Bstr &text)
+void print(const char *what, const WideString &text)
+{
+    std::fprintf(stderr, "%s: ", what);
+    for (const WCHAR c : text)
+        std::fprintf(stderr, c >= 0x20 && c < 0x7F ? "%c" : "\\x%04X", static_cast<unsigned>(c));
+    std::fprintf(stderr, "\n");
+}
+
+void expectText(HRESULT hr, const Bstr &text, const WideString &expected)
 {
     FUZZ_CHECK(hr == S_OK && text.get());
-    return TextOf(text.get());
+    const WideString said = TextOf(text.get());
+    if (said == expected)
+        return;
+    print("said", said);
+    print("expected", expected);
+    std::abort();
 }
 
 } // namespace
@@ -325,10 +330,10 @@ void Expect(const Client &client, HRESULT result, const model::Answer &answer)
     FUZZ_CHECK(root.queryFrom(client.material.get()) == S_OK && user.queryFrom(client.material.get()) == S_OK);
     const model::ErrorWords &words = client.expected->words;
     Bstr text;
-    FUZZ_CHECK(taken(root->get_name(text.out()), text) == words.name);
-    FUZZ_CHECK(taken(user->get_description(text.out()), text) == words.description);
-    FUZZ_CHECK(taken(user->get_interfaceName(text.out()), text) == words.interfaceName);
-    FUZZ_CHECK(taken(user->get_scope(text.out()), text) == words.scope);
+    expectText(root->get_name(text.out()), text, words.name);
+    expectText(user->get_description(text.out()), text, words.description);
+    expectText(user->get_interfaceName(text.out()), text, words.interfaceName);
+    expectText(user->get_scope(text.out()), text, words.scope);
 }
 
 void CallMaterial(Input &input, Client &client) { input.pick(calls)(input, client); }

@@ -11,6 +11,7 @@
 namespace fuzz {
 
 struct Client {
+    const model::Package *package = nullptr; // that the material is of
     ComPointer<ICapeThermoMaterial> material;
     std::shared_ptr<model::Material> expected; // null: nothing is compared
 };

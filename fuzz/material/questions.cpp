@@ -104,7 +104,7 @@ void expectTexts(VARIANT &list, const std::vector<WideString> &texts)
 
 void askForLists(Input &input, Client &client, Questions &ask)
 {
-    const model::Package &package = *client.expected->package;
+    const model::Package &package = *client.package;
     VARIANT lists[6] = {};
     VARIANT *out[6];
     for (std::size_t i = 0; i < 6; ++i)
@@ -131,9 +131,9 @@ void askForCounts(Client &client, Questions &ask)
 {
     LONG count = -1;
     Expect(client, ask.compounds->GetNumCompounds(&count), {});
-    FUZZ_CHECK(count == static_cast<LONG>(client.expected->package->compounds.size()));
+    FUZZ_CHECK(count == static_cast<LONG>(client.package->compounds.size()));
     Expect(client, ask.phases->GetNumPhases(&count), {});
-    FUZZ_CHECK(count == static_cast<LONG>(client.expected->package->labels.size()));
+    FUZZ_CHECK(count == static_cast<LONG>(client.package->labels.size()));
     Expect(client, ask.compounds->GetNumCompounds(nullptr), {E_POINTER});
     Expect(client, ask.phases->GetNumPhases(nullptr), {E_POINTER});
 }

@@ -22,7 +22,7 @@ double anyWeight(Input &input)
 
 } // namespace
 
-model::Package AnyPackage(Input &input)
+model::Package PackageLists(Input &input)
 {
     model::Package package;
     const std::size_t compounds = 1 + (1 + input.below(4)) % 4; // mostly two
@@ -57,49 +57,33 @@ VARIANT NumberList(const std::vector<double> &numbers)
     return ListArgument(account).detach();
 }
 
-HRESULT PlainPackage::query(REFIID iid, void **object)
+HRESULT PlainPackage::getCompoundList(VARIANT *(&lists)[6])
 {
-    *object = nullptr;
-    if (iid == InterfaceId<IUnknown> || iid == InterfaceId<IDispatch> || iid == InterfaceId<ICapeThermoMaterialContext>)
-        *object = static_cast<ICapeThermoMaterialContext *>(&context);
-    else if (iid == InterfaceId<ICapeThermoCompounds>)
-        *object = static_cast<ICapeThermoCompounds *>(&compounds);
-    else if (iid == InterfaceId<ICapeThermoPhases>)
-        *object = static_cast<ICapeThermoPhases *>(&phases);
-    else
-        return E_NOINTERFACE;
-    addReference();
+    for (VARIANT *list : lists)
+        *list = TextList(package.compounds);
+    for (VARIANT *list : {lists[3], lists[4]}) {
+        VariantClear(list);
+        *list = NumberList(package.weights);
+    }
     return S_OK;
 }
 
-HRESULT PlainPackage::ContextFacet::SetMaterial(IDispatch *material)
+HRESULT PlainPackage::getPhaseList(VARIANT *(&lists)[3])
 {
-    material->AddRef();
-    package.material.attach(material);
+    *lists[0] = TextList(package.labels);
+    *lists[1] = TextList(package.states);
+    *lists[2] = TextList(package.states);
     return S_OK;
 }
 
-HRESULT PlainPackage::CompoundsFacet::GetCompoundList(VARIANT *compoundIds, VARIANT *formulae, VARIANT *names,
-                                                      VARIANT *boilingTemperatures, VARIANT *molecularWeights,
-                                                      VARIANT *casNumbers)
+HRESULT PlainPackage::setMaterial(IDispatch *given)
 {
-    for (VARIANT *texts : {compoundIds, formulae, names, casNumbers})
-        *texts = TextList(package.compounds);
-    for (VARIANT *numbers : {boilingTemperatures, molecularWeights})
-        *numbers = NumberList(package.weights);
+    given->AddRef();
+    material.attach(given);
     return S_OK;
 }
 
-HRESULT PlainPackage::PhasesFacet::GetPhaseList(VARIANT *phaseLabels, VARIANT *statesOfAggregation,
-                                                VARIANT *keyCompoundIds)
-{
-    *phaseLabels = TextList(package.labels);
-    *statesOfAggregation = TextList(package.states);
-    *keyCompoundIds = TextList(package.states);
-    return S_OK;
-}
-
-Record::Record(Input &input) : contents(AnyPackage(input)), record(std::make_unique<OpenPackage>())
+Record::Record(Input &input) : contents(PackageLists(input)), record(std::make_unique<OpenPackage>())
 {
     package.query(InterfaceId<IDispatch>, reinterpret_cast<void **>(&record->package));
     FUZZ_CHECK(EnsureMaterial(*record));

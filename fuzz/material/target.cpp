@@ -21,6 +21,7 @@ public:
     {
         for (Record *record : records) {
             Client client;
+            client.package = &record->contents;
             FUZZ_CHECK(client.material.queryFrom(record->package.material.get()) == S_OK);
             client.expected = std::make_shared<model::Material>(record->contents);
             record->package.material.reset();
@@ -69,8 +70,9 @@ private:
         ComPointer<IDispatch> created;
         Expect(origin, origin.material->CreateMaterial(created.out()), {});
         Client client;
+        client.package = origin.package;
         FUZZ_CHECK(client.material.queryFrom(created.get()) == S_OK);
-        client.expected = std::make_shared<model::Material>(*origin.expected->package);
+        client.expected = std::make_shared<model::Material>(*origin.package);
         clients.push_back(std::move(client));
     }
 
@@ -95,6 +97,7 @@ private:
             return;
         const Client &origin = anyClient();
         Client client;
+        client.package = origin.package;
         FUZZ_CHECK(client.material.queryFrom(origin.material.get()) == S_OK);
         client.expected = origin.expected;
         clients.push_back(std::move(client));

@@ -1,0 +1,59 @@
+// mexFunction: commands with arguments of every class and shape, against components that answer what the input says and
+// act in the midst of their answers. After the exit routine nothing is left: no reference, no array, no memory.
+#include "fuzz/input.h"
+#include "fuzz/mex/session.h"
+#include "gateway/lifecycle.h"
+#include "gateway/state/settings.h"
+#include "platform/native/seam.h"
+
+#include <cstdlib>
+
+namespace {
+
+constexpr int mostCommands = 40;
+
+int ignoreMessage(HWND, LPCWSTR, LPCWSTR, UINT) { return 1; }
+
+// What lasts as long as MATLAB does. The library is not loaded anew for each input: that it starts, it is told.
+void startMatlab()
+{
+    seam::messageBox = ignoreMessage;
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    fuzz::RegisterClasses();
+    EnsureStarted();
+    mexStandInRunExit();
+}
+
+void startLibrary()
+{
+    mexAtExit(OnMexExit);
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    GlobalSettings = {};
+    std::srand(1);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int *, char ***)
+{
+    startMatlab();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    const std::size_t arraysBefore = mxStandInLiveArrays();
+    fuzz::Input input(data, size);
+    startLibrary();
+    {
+        fuzz::Session session(input, input.chance(128) ? mexLEAVE_JUMP : mexLEAVE_UNWIND);
+        session.openPackage();
+        for (int i = 0; i < mostCommands && !input.atEnd(); ++i)
+            session.callCommand();
+        if (input.chance(128))
+            session.giveBackKept();
+        FUZZ_CHECK(mexStandInRunExit());
+    }
+    FUZZ_CHECK(mxStandInLiveArrays() == arraysBefore);
+    return 0;
+}
