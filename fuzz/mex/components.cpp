@@ -110,7 +110,7 @@ HRESULT AnyPackage::query(REFIID iid, void **object)
 
 HRESULT AnyPackage::getCompoundList(VARIANT *(&lists)[6])
 {
-    const HRESULT hr = session.enter(this);
+    const HRESULT hr = session.enter("GetCompoundList", this);
     for (std::size_t i = 0; i < 6; ++i) {
         const bool isNumbers = i == 3 || i == 4;
         give(session.input, hr, isNumbers ? numbersAccount(contents.weights) : textsAccount(contents.compounds),
@@ -121,25 +121,25 @@ HRESULT AnyPackage::getCompoundList(VARIANT *(&lists)[6])
 
 HRESULT AnyPackage::getPhaseList(VARIANT *(&lists)[3])
 {
-    const HRESULT hr = session.enter(this);
+    const HRESULT hr = session.enter("GetPhaseList", this);
     give(session.input, hr, textsAccount(contents.labels), lists[0]);
     give(session.input, hr, textsAccount(contents.states), lists[1]);
     give(session.input, hr, textsAccount(contents.compounds), lists[2]);
     return hr;
 }
 
-HRESULT AnyPackage::getPropertyList(const char *, VARIANT *list)
+HRESULT AnyPackage::getPropertyList(const char *method, VARIANT *list)
 {
-    const HRESULT hr = session.enter(this);
+    const HRESULT hr = session.enter(method, this);
     ListAccount words = textsAccount({});
     for (unsigned i = session.input.below(5); i > 0; --i)
         words.texts.push_back(PropertyText(session.input));
     return give(session.input, hr, std::move(words), list);
 }
 
-HRESULT AnyPackage::getCompoundValues(const char *, const VARIANT &properties, VARIANT *values)
+HRESULT AnyPackage::getCompoundValues(const char *method, const VARIANT &properties, VARIANT *values)
 {
-    const HRESULT hr = session.enter(this);
+    const HRESULT hr = session.enter(method, this);
     const std::size_t count = TextsOf(properties).size() * contents.compounds.size();
     if (SUCCEEDED(hr) && session.input.chance(96)) {
         *values = variantList(session.input, session.input.chance(16) ? count + 1 : count);
@@ -153,7 +153,7 @@ HRESULT AnyPackage::calcSinglePhaseProp(const VARIANT &properties, BSTR label)
 {
     const std::vector<WideString> names = TextsOf(properties);
     const MaybeText phase = label ? MaybeText(label) : MaybeText();
-    const HRESULT hr = session.enter(this);
+    const HRESULT hr = session.enter("CalcSinglePhaseProp", this);
     if (client.material)
         StoreSinglePhase(session.input, client, names, phase);
     return hr;
@@ -163,7 +163,7 @@ HRESULT AnyPackage::calcTwoPhaseProp(const VARIANT &properties, const VARIANT &l
 {
     const std::vector<WideString> names = TextsOf(properties);
     const std::vector<WideString> pair = TextsOf(labels);
-    const HRESULT hr = session.enter(this);
+    const HRESULT hr = session.enter("CalcTwoPhaseProp", this);
     if (client.material)
         StoreTwoPhase(session.input, client, names, pair);
     return hr;
@@ -172,23 +172,23 @@ HRESULT AnyPackage::calcTwoPhaseProp(const VARIANT &properties, const VARIANT &l
 HRESULT AnyPackage::calcEquilibrium(const VARIANT &specification1, const VARIANT &specification2, BSTR)
 {
     FUZZ_CHECK(TextsOf(specification1).size() == 3 && TextsOf(specification2).size() == 3);
-    const HRESULT hr = session.enter(this);
+    const HRESULT hr = session.enter("CalcEquilibrium", this);
     if (client.material)
         StoreEquilibrium(session.input, client);
     return hr;
 }
 
-HRESULT AnyPackage::checkSpecification(const char *, VARIANT_BOOL *supported)
+HRESULT AnyPackage::checkSpecification(const char *method, VARIANT_BOOL *supported)
 {
     *supported = session.input.chance(64) ? VARIANT_FALSE : VARIANT_TRUE;
-    return session.enter(this);
+    return session.enter(method, this);
 }
 
 HRESULT AnyPackage::setMaterial(IDispatch *material)
 {
     client.material.queryFrom(material);
     FUZZ_CHECK(client.material);
-    return session.enter(this);
+    return session.enter("SetMaterial", this);
 }
 
 HRESULT AnyPackage::setContext(IDispatch *given)
@@ -197,18 +197,18 @@ HRESULT AnyPackage::setContext(IDispatch *given)
         given->AddRef();
         context.attach(given);
     }
-    return session.enter(this);
+    return session.enter("put_simulationContext", this);
 }
 
-HRESULT AnyPackage::getText(const char *, BSTR *text)
+HRESULT AnyPackage::getText(const char *method, BSTR *text)
 {
-    const HRESULT hr = session.enter(this);
+    const HRESULT hr = session.enter(method, this);
     if (!session.input.chance(64))
         *text = Bstr(session.input.chance(32) ? WideString() : PropertyWord(session.input)).detach();
     return hr;
 }
 
-HRESULT AnyPackage::call(const char *) { return session.enter(this); }
+HRESULT AnyPackage::call(const char *method) { return session.enter(method, this); }
 
 void AnyPackage::lastReferenceGone()
 {
@@ -229,9 +229,9 @@ protected:
 struct ManagerUtilities : ManagerFacet<ICapeUtilities> {
     using ManagerFacet::ManagerFacet;
     HRESULT get_parameters(IDispatch **) override { return E_NOTIMPL; }
-    HRESULT put_simulationContext(IDispatch *) override { return session.enter(nullptr); }
-    HRESULT Initialize() override { return session.enter(nullptr); }
-    HRESULT Terminate() override { return session.enter(nullptr); }
+    HRESULT put_simulationContext(IDispatch *) override { return session.enter("manager.put_simulationContext"); }
+    HRESULT Initialize() override { return session.enter("manager.Initialize"); }
+    HRESULT Terminate() override { return session.enter("manager.Terminate"); }
     HRESULT Edit() override { return E_NOTIMPL; }
 };
 
@@ -239,11 +239,11 @@ struct PackageList : ManagerFacet<ICapeThermoPropertyPackageManager> {
     using ManagerFacet::ManagerFacet;
     HRESULT GetPropertyPackageList(VARIANT *names) override
     {
-        return give(session.input, session.enter(nullptr), textsAccount({u"First", u"Second"}), names);
+        return give(session.input, session.enter("GetPropertyPackageList"), textsAccount({u"First", u"Second"}), names);
     }
     HRESULT GetPropertyPackage(BSTR, IDispatch **package) override
     {
-        const HRESULT hr = session.enter(nullptr);
+        const HRESULT hr = session.enter("GetPropertyPackage");
         if (FAILED(hr))
             return hr;
         return MakeComponent(session, ComponentKind::package, InterfaceId<IDispatch>,
@@ -281,7 +281,7 @@ struct RelayFacet : ManagerFacet<IVerdanth6432Relay> {
     using ManagerFacet::ManagerFacet;
     HRESULT CreateObject32(BSTR, IUnknown **object) override
     {
-        const HRESULT hr = session.enter(nullptr);
+        const HRESULT hr = session.enter("CreateObject32");
         return FAILED(hr) ? hr
                           : MakeComponent(session, ComponentKind::package, InterfaceId<IUnknown>,
                                           reinterpret_cast<void **>(object));
@@ -308,7 +308,7 @@ private:
 HRESULT MakeComponent(Session &session, ComponentKind kind, REFIID iid, void **object)
 {
     *object = nullptr;
-    const HRESULT hr = session.enter(nullptr);
+    const HRESULT hr = session.enter("created");
     if (FAILED(hr))
         return hr;
     Component *made = nullptr;

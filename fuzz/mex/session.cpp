@@ -5,6 +5,8 @@
 #include "platform/matlab/mex_export.h"
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 extern "C" void mexFunction(int nlhs, mxArray *plhs[], int nrhs, const mxArray *prhs[]);
@@ -38,12 +40,21 @@ constexpr LPCWSTR constraints[] = {u"Temperature", u"Pressure", u"vaporFraction"
 // In this order: those that calculate most.
 constexpr int codes[] = {22, 24, 25, 23, 20, 21, 16, 3, 4, 7, 8, 9, 10, 11, 12, 13, 14, 15, 5, 6, 17, 18, 19, 1, 2, 26, 28, 27, 0};
 
+// Set VERDANTH_FUZZ_TELL to be told what an input makes of itself.
+const bool tells = std::getenv("VERDANTH_FUZZ_TELL") != nullptr;
+
 // Command 26 and 28 load what is not there to be fuzzed.
 bool isLeftOut(double code) { return (code >= 26 && code < 27) || (code >= 28 && code < 29); }
 
 } // namespace
 
 Session *Session::current = nullptr;
+
+void Session::tell(const char *what, const void *who) const
+{
+    if (tells)
+        std::fprintf(stderr, "%*s%s %p\n", 2 * depth, "", what, who);
+}
 
 Session::Session(Input &bytes, MexLeave howErrorsLeave) : input(bytes), leave(howErrorsLeave), actions(mostActions)
 {
@@ -58,14 +69,16 @@ Session::~Session()
         FUZZ_CHECK(component->references() == 0);
 }
 
-HRESULT Session::enter(AnyPackage *package)
+HRESULT Session::enter(const char *method, AnyPackage *package)
 {
     const unsigned choice = input.byte();
-    if (choice < 160)
-        return S_OK;
-    if (choice < 232)
+    tell(method, package);
+    if (choice >= 160 && choice < 232)
         act(package);
-    return choice < 216 ? S_OK : input.pick(results);
+    const HRESULT hr = choice < 216 ? S_OK : input.pick(results);
+    if (hr != S_OK && tells)
+        std::fprintf(stderr, "%*s%s answers 0x%08X\n", 2 * depth, "", method, static_cast<unsigned>(hr));
+    return hr;
 }
 
 void Session::act(AnyPackage *package)
@@ -290,12 +303,17 @@ void Session::call(int nlhs, Arguments &arguments, int code)
         return;
     std::vector<mxArray *> outputs(static_cast<std::size_t>(std::max(nlhs, 1)));
     mexStandInClearWarnings();
+    if (tells)
+        std::fprintf(stderr, "%*scommand %d with %zu arguments, %d results\n", 2 * depth, "", code, arguments.count(),
+                     nlhs);
     ++depth;
     const bool returned = mexStandInCall(mexFunction, nlhs, outputs.data(), static_cast<int>(arguments.count()),
                                          arguments.data(), leave);
     --depth;
     if (!returned) {
         const char *error = mexStandInError();
+        if (tells)
+            std::fprintf(stderr, "%*s%s\n", 2 * depth, "", error);
         FUZZ_CHECK(*error);
         if (std::strncmp(error, "Unexpected exception", 20) == 0) {
             std::fprintf(stderr, "%s\n", error);

@@ -24,7 +24,7 @@ public:
     void openPackage();
 
     // A method of a component begins: what it does beside its work, and how it ends.
-    HRESULT enter(AnyPackage *package);
+    HRESULT enter(const char *method, AnyPackage *package = nullptr);
 
     // Whatever components hold beyond their end.
     void giveBackKept() { kept.clear(); }
@@ -38,6 +38,7 @@ public:
     Input &input;
 
 private:
+    void tell(const char *what, const void *who) const;
     void act(AnyPackage *package);
     void useContext(AnyPackage &package);
     void callMaterial(AnyPackage &package);
