@@ -97,6 +97,10 @@ Record::~Record()
     FUZZ_CHECK(package.references() == 0);
 }
 
-void Record::close() { record.reset(); }
+void Record::close()
+{
+    record.reset();
+    contents.isClosed = true;
+}
 
 } // namespace fuzz

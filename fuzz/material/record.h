@@ -39,7 +39,7 @@ public:
 
     void close();
 
-    const model::Package contents;
+    model::Package contents;
     PlainPackage package{contents};
     std::unique_ptr<OpenPackage> record; // null when closed
 };

@@ -13,7 +13,7 @@ namespace fuzz {
 namespace {
 
 constexpr std::size_t mostClients = 8;
-constexpr int mostCalls = 200;
+constexpr int mostCalls = 100;
 
 class Play {
 public:
@@ -56,6 +56,8 @@ private:
         case 5:
             return keep();
         case 6:
+            if (input.chance(64))
+                return records[input.below(2)]->close();
             return giveBack();
         default:
             return CallMaterial(input, anyClient());
@@ -68,7 +70,11 @@ private:
             return;
         Client &origin = anyClient();
         ComPointer<IDispatch> created;
-        Expect(origin, origin.material->CreateMaterial(created.out()), {});
+        model::Answer answer;
+        const bool isRefused = origin.expected->isClosed(u"ICapeThermoMaterial", u"CreateMaterial", answer);
+        Expect(origin, origin.material->CreateMaterial(created.out()), answer);
+        if (isRefused)
+            return;
         Client client;
         client.package = origin.package;
         FUZZ_CHECK(client.material.queryFrom(created.get()) == S_OK);
@@ -79,7 +85,9 @@ private:
     void copy()
     {
         Client &target = anyClient();
-        if (input.chance(16)) {
+        if (input.chance(8)) {
+            Expect(target, target.material->CopyFromMaterial(nullptr), target.expected->copyFrom(nullptr));
+        } else if (input.chance(8)) {
             CopyMaterial(target, nullptr, nullptr);
         } else if (input.chance(16)) {
             ComPointer<IDispatch> other;

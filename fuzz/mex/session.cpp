@@ -104,12 +104,34 @@ void Session::callMaterial(AnyPackage &package)
         return CallRefused(input, package.client);
     case 1: {
         ComPointer<IDispatch> created;
-        FUZZ_CHECK(package.client.material->CreateMaterial(created.out()) == S_OK);
-        return CopyMaterial(package.client, created.get(), nullptr);
+        if (SUCCEEDED(package.client.material->CreateMaterial(created.out())))
+            CopyMaterial(package.client, created.get(), nullptr);
+        return;
     }
+    case 2:
+        if (kept.size() < 8) {
+            package.client.material->AddRef();
+            kept.emplace_back(package.client.material.get());
+        }
+        return;
+    case 3:
+        return useKept(package);
     default:
         return CallMaterial(input, package.client);
     }
+}
+
+// What was kept of a package that may be closed by now.
+void Session::useKept(const AnyPackage &package)
+{
+    if (kept.empty())
+        return;
+    Client client;
+    client.package = package.client.package;
+    if (SUCCEEDED(client.material.queryFrom(input.pick(kept).get())))
+        CallMaterial(input, client);
+    if (input.chance(64))
+        kept.erase(kept.begin() + input.below(kept.size()));
 }
 
 void Session::useContext(AnyPackage &package)

@@ -42,6 +42,7 @@ private:
     void act(AnyPackage *package);
     void useContext(AnyPackage &package);
     void callMaterial(AnyPackage &package);
+    void useKept(const AnyPackage &package);
     void call(int nlhs, Arguments &arguments, int code);
     void addArguments(Arguments &arguments, int code);
     void addCalculation(Arguments &arguments, int code);

@@ -72,10 +72,26 @@ WideString TakeTexts(const ListAccount &list, std::vector<MaybeText> &texts)
 Material::Material(const Package &itsPackage)
     : package(&itsPackage), phases(itsPackage.labels.size()), stores(itsPackage.labels.size())
 {
-    clear();
+    forget();
+}
+
+bool Material::isClosed(LPCWSTR interfaceName, LPCWSTR scope, Answer &refusal)
+{
+    if (package->isClosed)
+        refusal = refuse(u"Invalid material", u"The property package of this material object has been closed",
+                         interfaceName, scope);
+    return package->isClosed;
 }
 
 Answer Material::clear()
+{
+    if (Answer refusal; isClosed(u"ICapeThermoMaterial", u"ClearAllProps", refusal))
+        return refusal;
+    forget();
+    return {};
+}
+
+void Material::forget()
 {
     temperature = notSet;
     pressure = notSet;
@@ -88,11 +104,12 @@ Answer Material::clear()
     }
     for (Store &store : stores)
         store.clear();
-    return {};
 }
 
 Answer Material::copyFrom(const Material *source)
 {
+    if (Answer refusal; isClosed(u"ICapeThermoMaterial", u"CopyFromMaterial", refusal))
+        return refusal;
     if (!source)
         return refuse(u"Not a Matlab material",
                       u"Cannot copy from the specified material object: not a Matlab thermo material object",
@@ -100,7 +117,10 @@ Answer Material::copyFrom(const Material *source)
     if (source->package != package)
         return refuse(u"Invalid copy", u"Source material is not of same type", u"ICapeThermoMaterial",
                       u"CopyFromMaterial");
-    clear();
+    if (source == this) { // what is to be copied has been cleared before
+        forget();
+        return {};
+    }
     temperature = source->temperature;
     pressure = source->pressure;
     overall = source->overall;
@@ -254,6 +274,8 @@ Answer Material::readStored(const Place &place, Basis basis, const MaybeText &pr
 
 Answer Material::getOverall(const MaybeText &property, const MaybeText &basisText)
 {
+    if (Answer refusal; isClosed(materialObject, u"GetOverallProp", refusal))
+        return refusal;
     const Place place{overall, overallStore, u"GetOverallProp", -1};
     Basis basis = Basis::none;
     Answer refusal;
@@ -265,6 +287,8 @@ Answer Material::getOverall(const MaybeText &property, const MaybeText &basisTex
 
 Answer Material::getPhase(const MaybeText &property, const MaybeText &label, const MaybeText &basisText)
 {
+    if (Answer refusal; isClosed(materialObject, u"GetSingleProp", refusal))
+        return refusal;
     const LPCWSTR scope = u"GetSingleProp";
     Basis basis = Basis::none;
     Answer refusal;
@@ -283,6 +307,8 @@ Answer Material::getPhase(const MaybeText &property, const MaybeText &label, con
 
 Answer Material::getTwoPhase(const MaybeText &property, const ListAccount &labels, const MaybeText &basis)
 {
+    if (Answer refusal; isClosed(materialObject, u"GetTwoPhaseProp", refusal))
+        return refusal;
     const LPCWSTR scope = u"GetTwoPhaseProp";
     int pair[2];
     WideString second;
@@ -314,11 +340,15 @@ Answer Material::readConditions(const Place &place, LPCWSTR conditionScope)
 
 Answer Material::getOverallConditions()
 {
+    if (Answer refusal; isClosed(materialObject, u"GetOverallTPFraction", refusal))
+        return refusal;
     return readConditions({overall, overallStore, u"GetOverallProp", -1}, u"GetOverallTPFraction");
 }
 
 Answer Material::getPhaseConditions(const MaybeText &label)
 {
+    if (Answer refusal; isClosed(materialObject, u"GetTPFraction", refusal))
+        return refusal;
     const LPCWSTR scope = u"GetTPFraction";
     const int index = phaseIndex(label);
     if (index < 0)
@@ -329,13 +359,14 @@ Answer Material::getPhaseConditions(const MaybeText &label)
     return readConditions({phases[i], stores[i], scope, index}, scope);
 }
 
-std::vector<WideString> Material::presentLabels() const
+Answer Material::getPresent(std::vector<WideString> &labels)
 {
-    std::vector<WideString> labels;
+    if (Answer refusal; isClosed(u"ICapeThermoMaterial", u"GetPresentPhases", refusal))
+        return refusal;
     for (std::size_t i = 0; i < phases.size(); ++i)
         if (phases[i].isPresent)
             labels.push_back(package->labels[i]);
-    return labels;
+    return {};
 }
 
 // --- writing ---
@@ -421,6 +452,8 @@ Answer Material::write(const Place &place, Basis basis, const MaybeText &propert
 
 Answer Material::setOverall(const MaybeText &property, const MaybeText &basisText, const ListAccount &values)
 {
+    if (Answer refusal; isClosed(materialObject, u"SetOverallProp", refusal))
+        return refusal;
     const Place place{overall, overallStore, u"SetOverallProp", -1};
     Basis basis = Basis::none;
     Answer refusal;
@@ -430,6 +463,8 @@ Answer Material::setOverall(const MaybeText &property, const MaybeText &basisTex
 Answer Material::setPhase(const MaybeText &property, const MaybeText &label, const MaybeText &basisText,
                           const ListAccount &values)
 {
+    if (Answer refusal; isClosed(materialObject, u"SetSinglePhaseProp", refusal))
+        return refusal;
     const LPCWSTR scope = u"SetSinglePhaseProp";
     Basis basis = Basis::none;
     Answer refusal;
@@ -448,6 +483,8 @@ Answer Material::setPhase(const MaybeText &property, const MaybeText &label, con
 Answer Material::setTwoPhase(const MaybeText &property, const ListAccount &labels, const MaybeText &basis,
                              const ListAccount &list)
 {
+    if (Answer refusal; isClosed(materialObject, u"SetTwoPhaseProp", refusal))
+        return refusal;
     const LPCWSTR scope = u"SetTwoPhaseProp";
     int pair[2];
     WideString second;
@@ -477,6 +514,8 @@ Answer Material::setTwoPhase(const MaybeText &property, const ListAccount &label
 
 Answer Material::setPresent(const ListAccount &labels)
 {
+    if (Answer refusal; isClosed(u"ICapeThermoMaterial", u"SetPresentPhases", refusal))
+        return refusal;
     for (Phase &phase : phases)
         phase.isPresent = false;
     std::vector<MaybeText> texts;

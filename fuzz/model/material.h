@@ -15,6 +15,7 @@ struct Package {
     Numbers weights; // g/mol
     std::vector<WideString> labels;
     std::vector<WideString> states; // of aggregation
+    bool isClosed = false;          // a material that is kept beyond that refuses all that needs the package
 };
 
 struct Entry {
@@ -45,7 +46,7 @@ public:
     Answer getTwoPhase(const MaybeText &property, const ListAccount &labels, const MaybeText &basis);
     Answer getOverallConditions(); // temperature, pressure, mole fractions
     Answer getPhaseConditions(const MaybeText &label);
-    std::vector<WideString> presentLabels() const;
+    Answer getPresent(std::vector<WideString> &labels);
 
     Answer setOverall(const MaybeText &property, const MaybeText &basis, const ListAccount &values);
     Answer setPhase(const MaybeText &property, const MaybeText &label, const MaybeText &basis,
@@ -53,6 +54,9 @@ public:
     Answer setTwoPhase(const MaybeText &property, const ListAccount &labels, const MaybeText &basis,
                        const ListAccount &values);
     Answer setPresent(const ListAccount &labels);
+
+    // True, and the refusal noted, when the package is closed.
+    bool isClosed(LPCWSTR interfaceName, LPCWSTR scope, Answer &refusal);
 
     // A refusal: notes the words, gives the result.
     Answer refuse(const WideString &name, const WideString &description, LPCWSTR interfaceName, LPCWSTR scope);
@@ -70,6 +74,8 @@ public:
     ErrorWords words;
 
 private:
+    void forget();
+
     enum class Basis { none, mass, mole };
 
     struct Place; // what is read or written, and how refusals name the method

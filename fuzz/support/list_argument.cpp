@@ -74,7 +74,7 @@ void Spoil(Input &input, ListAccount &account)
 {
     if (!input.chance(24))
         return;
-    switch (unsigned kind = input.below(8); kind == 3 || kind == 6 ? 2 : kind) { // GUARD
+    switch (input.below(8)) {
     case 0:
         account.type = input.pick(plainTypes);
         break;
