@@ -33,7 +33,16 @@ constexpr HRESULT results[] = {
     static_cast<HRESULT>(0xFFFFFFFFu),
 };
 
-constexpr LPCWSTR packages[][2] = {{u"Alone", u""}, {u"Second", u""}, {u"Manager", u"First"}, {u"Ghost", u""}};
+struct Name {
+    LPCWSTR manager;
+    LPCWSTR package;
+};
+
+const Name &packageName(Input &input)
+{
+    static constexpr Name packages[] = {{u"Alone", u""}, {u"Second", u""}, {u"Ghost", u""}, {u"Manager", u"First"}};
+    return packages[input.chance(48) ? input.below(4) : input.below(2)];
+}
 
 constexpr LPCWSTR constraints[] = {u"Temperature", u"Pressure", u"vaporFraction", u"enthalpy", u"volume", u"ENTROPY"};
 
@@ -249,14 +258,14 @@ void Session::addArguments(Arguments &arguments, int code)
     constexpr LPCWSTR baseWords[] = {u"mole", u"mass"};
     if (code >= 20 && code <= 25)
         return addCalculation(arguments, code);
-    const LPCWSTR *const name = input.pick(packages);
+    const Name &name = packageName(input);
     switch (code) {
     case 2:
-        arguments.add(TextArray(name[0]));
+        arguments.add(TextArray(name.manager));
         break;
     case 3:
-        arguments.add(TextArray(name[0]));
-        arguments.add(TextArray(name[1]));
+        arguments.add(TextArray(name.manager));
+        arguments.add(TextArray(name.package));
         break;
     case 9:
         arguments.add(handle());
@@ -313,9 +322,9 @@ void Session::openPackage()
 {
     Arguments arguments;
     arguments.add(NumberArray(3));
-    const LPCWSTR *const name = input.pick(packages);
-    arguments.add(TextArray(name[0]));
-    arguments.add(TextArray(name[1]));
+    const Name &name = packageName(input);
+    arguments.add(TextArray(name.manager));
+    arguments.add(TextArray(name.package));
     call(1, arguments, 3);
 }
 
