@@ -1,8 +1,8 @@
-// The classes that commands can create, and their factories, which make components of the present session.
+// The classes that commands can create, and their factories.
 #include "cape/com/registry_key.h"
 #include "cape/com/relay_interface.h"
 #include "fuzz/input.h"
-#include "fuzz/mex/session.h"
+#include "fuzz/mex/library.h"
 
 namespace fuzz {
 
@@ -28,6 +28,8 @@ constexpr CLSID classId(std::uint32_t number)
     return {0x7E570000 + number, 0x3B1C, 0x4D0A, {0x9E, 0x55, 0x21, 0x6B, 0x0C, 0x5F, 0xA8, 0x11}};
 }
 
+Creator create = nullptr;
+
 class Factory final : public IClassFactory {
 public:
     explicit Factory(ComponentKind made) : kind(made) {}
@@ -41,7 +43,7 @@ public:
     ULONG Release() override { return 1; }
     HRESULT CreateInstance(IUnknown *, REFIID iid, void **object) override
     {
-        return MakeComponent(*Session::current, kind, iid, object);
+        return create(kind, iid, object);
     }
     HRESULT LockServer(BOOL) override { return S_OK; }
 
@@ -70,8 +72,9 @@ void serve(REFCLSID id, Factory &factory, DWORD context)
 
 } // namespace
 
-void RegisterClasses()
+void RegisterClasses(Creator creator)
 {
+    create = creator;
     for (const Class &entry : classes) {
         const WideString path = entry.path;
         write(path + u"\\Implemented Categories\\" + entry.category, nullptr);

@@ -3,6 +3,7 @@
 
 #include "cape/com/com_pointer.h"
 #include "fuzz/material/calls.h"
+#include "fuzz/mex/library.h"
 #include "fuzz/support/package_object.h"
 
 namespace fuzz {
@@ -39,7 +40,6 @@ private:
 };
 
 // S_OK with a new component of this kind, or what the input says instead.
-enum class ComponentKind { package, manager, relay };
 HRESULT MakeComponent(Session &session, ComponentKind kind, REFIID iid, void **object);
 
 } // namespace fuzz

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 
 extern "C" void mexFunction(int nlhs, mxArray *plhs[], int nrhs, const mxArray *prhs[]);
 
@@ -51,6 +50,15 @@ constexpr int codes[] = {22, 24, 25, 23, 20, 21, 16, 3, 4, 7, 8, 9, 10, 11, 12, 
 
 // Set VERDANTH_FUZZ_TELL to be told what an input makes of itself.
 const bool tells = std::getenv("VERDANTH_FUZZ_TELL") != nullptr;
+
+// By no function of the library's, which the fuzzer would watch for words to try.
+bool isException(const char *error)
+{
+    for (const char *word = "Unexpected exception"; *word; ++word, ++error)
+        if (*error != *word)
+            return false;
+    return true;
+}
 
 // Command 26 and 28 load what is not there to be fuzzed.
 bool isLeftOut(double code) { return (code >= 26 && code < 27) || (code >= 28 && code < 29); }
@@ -346,7 +354,7 @@ void Session::call(int nlhs, Arguments &arguments, int code)
         if (tells)
             std::fprintf(stderr, "%*s%s\n", 2 * depth, "", error);
         FUZZ_CHECK(*error);
-        if (std::strncmp(error, "Unexpected exception", 20) == 0) {
+        if (isException(error)) {
             std::fprintf(stderr, "%s\n", error);
             std::abort();
         }

@@ -66,7 +66,4 @@ private:
     friend class AnyPackage;
 };
 
-// Classes and factories, for the life of the process.
-void RegisterClasses();
-
 } // namespace fuzz
