@@ -117,6 +117,14 @@ TEST_F(Constant, ThatIsTextKeepsWhatAnEarlierCommandLeftWhereItHasNoValue)
     EXPECT_EQ(constant("chemicalFormula").texts(), Names({"volume", "x"}));
 }
 
+TEST_F(Constant, ThatIsTextKeepsTheNamesInFrontOfWhatWasNoName)
+{
+    EXPECT_EQ(refusal(1, {Scalar(20), Scalar(1), handle, Cell({Text("volume density"), Scalar(1)}), Scalar(300)}),
+              "Expected string or cell array of strings for property names");
+    answer(ArrayOfVariants({Variant(), TextVariant("x")}));
+    EXPECT_EQ(constant("chemicalFormula").texts(), Names({"volume", "x"}));
+}
+
 TEST_F(Constant, ThatMixesTextAndNumbersIsRefusedWhicheverComesFirst)
 {
     answer(ArrayOfVariants({TextVariant("x"), RealVariant(1)}));
@@ -170,6 +178,13 @@ TEST_F(Constant, ThatIsNoListOfVariantsIsRefused)
     }
     answer(TwoDimensionalArray(VT_VARIANT, 1, 2));
     EXPECT_EQ(refusedConstant("charge"), invalid + "unexpected dimension; 1-dimensional array expected");
+}
+
+TEST_F(Constant, OfElementsThatAreNotWhatTheArraySaysIsRefused)
+{
+    package.constants = AnswerValues(Mislabeled(NumberArray({1, 2}), VT_VARIANT));
+    EXPECT_EQ(refusal(1, {Scalar(16), handle, Text("charge")}),
+              "Invalid return values from GetCompoundConstant: Expected an array of type VARIANT");
 }
 
 TEST_F(Constant, WithAnotherNumberOfValuesThanCompoundsIsRefused)

@@ -107,6 +107,20 @@ TEST_F(PackageRecord, OfAZeroWeightInTheLastPlaceIsFilledToTheEnd)
     EXPECT_EQ(record.molecularWeights[1], 0);
 }
 
+// The leak checker sees what is not cleared.
+TEST_F(PackageRecord, ClearsWhatAFailingPackageWroteIntoTheListsOfPhases)
+{
+    VariantArray labels;
+    labels.Create(2, VT_BSTR);
+    labels.HandOver(&package.first);
+    VariantArray states;
+    states.Create(2, VT_BSTR);
+    states.HandOver(&package.second);
+    package.answer = E_FAIL;
+    EXPECT_FALSE(EnsurePhases(record));
+    EXPECT_EQ(record.phaseLabelList.value.vt, VT_EMPTY);
+}
+
 // A package that fails may still hold what it wrote into the results.
 TEST_F(PackageRecord, LeavesToAFailingPackageTheListsOfCompounds)
 {
