@@ -82,9 +82,27 @@ private:
     VARIANT value{};
 };
 
+// The last property and phase that were written, or others.
+MaybeText readProperty(Input &input, const Client &client)
+{
+    return input.chance(96) ? client.lastProperty : PropertyText(input);
+}
+
+MaybeText readLabel(Input &input, const Client &client)
+{
+    return input.chance(96) ? client.lastLabel : LabelText(input, client.package->labels);
+}
+
+MaybeText writtenProperty(Input &input, Client &client) { return client.lastProperty = PropertyText(input); }
+
+MaybeText writtenLabel(Input &input, Client &client)
+{
+    return client.lastLabel = LabelText(input, client.package->labels);
+}
+
 // What a call is about: a property, with the basis and the number of values that it takes, mostly.
 struct Subject {
-    Subject(Input &input, const Client &client, model::Kind kind) : property(PropertyText(input))
+    Subject(Input &input, const Client &client, model::Kind kind, const MaybeText &which) : property(which)
     {
         const std::size_t nC = client.package->compounds.size();
         model::Property parsed;
@@ -114,9 +132,9 @@ struct Subject {
 
 void setPhase(Input &input, Client &client)
 {
-    const Subject subject(input, client, model::Kind::singlePhase);
+    const Subject subject(input, client, model::Kind::singlePhase, writtenProperty(input, client));
     const TextArgument basis(subject.basis);
-    const TextArgument label(LabelText(input, client.package->labels));
+    const TextArgument label(writtenLabel(input, client));
     const ListArgument values(NumbersAccount(input, subject.counts), LowerBound(input));
     const HRESULT hr =
         client.material->SetSinglePhaseProp(subject.property.get(), label.get(), basis.get(), values.get());
@@ -127,7 +145,7 @@ void setPhase(Input &input, Client &client)
 
 void setOverall(Input &input, Client &client)
 {
-    const Subject subject(input, client, model::Kind::singlePhase);
+    const Subject subject(input, client, model::Kind::singlePhase, writtenProperty(input, client));
     const TextArgument basis(subject.basis);
     const ListArgument values(NumbersAccount(input, subject.counts), LowerBound(input));
     const HRESULT hr = client.material->SetOverallProp(subject.property.get(), basis.get(), values.get());
@@ -137,7 +155,7 @@ void setOverall(Input &input, Client &client)
 
 void setTwoPhase(Input &input, Client &client)
 {
-    const Subject subject(input, client, model::Kind::twoPhase);
+    const Subject subject(input, client, model::Kind::twoPhase, writtenProperty(input, client));
     const TextArgument basis(subject.basis);
     const ListArgument labels(LabelsAccount(input, client.package->labels, 2), LowerBound(input));
     const ListArgument values(NumbersAccount(input, subject.counts), LowerBound(input));
@@ -165,9 +183,9 @@ void expectValues(const Client &client, const Result &result, HRESULT hr, const 
 
 void getPhase(Input &input, Client &client)
 {
-    const Subject subject(input, client, model::Kind::singlePhase);
+    const Subject subject(input, client, model::Kind::singlePhase, readProperty(input, client));
     const TextArgument basis(subject.basis);
-    const TextArgument label(LabelText(input, client.package->labels));
+    const TextArgument label(readLabel(input, client));
     Result result(input);
     const HRESULT hr =
         client.material->GetSinglePhaseProp(subject.property.get(), label.get(), basis.get(), result.out());
@@ -177,7 +195,7 @@ void getPhase(Input &input, Client &client)
 
 void getOverall(Input &input, Client &client)
 {
-    const Subject subject(input, client, model::Kind::singlePhase);
+    const Subject subject(input, client, model::Kind::singlePhase, readProperty(input, client));
     const TextArgument basis(subject.basis);
     Result result(input);
     const HRESULT hr = client.material->GetOverallProp(subject.property.get(), basis.get(), result.out());
@@ -187,7 +205,7 @@ void getOverall(Input &input, Client &client)
 
 void getTwoPhase(Input &input, Client &client)
 {
-    const Subject subject(input, client, model::Kind::twoPhase);
+    const Subject subject(input, client, model::Kind::twoPhase, readProperty(input, client));
     const TextArgument basis(subject.basis);
     const ListArgument labels(LabelsAccount(input, client.package->labels, 2), LowerBound(input));
     Result result(input);

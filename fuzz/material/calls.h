@@ -14,6 +14,10 @@ struct Client {
     const model::Package *package = nullptr; // that the material is of
     ComPointer<ICapeThermoMaterial> material;
     std::shared_ptr<model::Material> expected; // null: nothing is compared
+
+    // What was written last, which is often read next.
+    MaybeText lastProperty;
+    MaybeText lastLabel;
 };
 
 // One call of a random method that reads or writes the material's state.
