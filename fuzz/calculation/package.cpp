@@ -117,9 +117,8 @@ HRESULT CalculationPackage::ended()
 
 HRESULT CalculationPackage::getText(const char *method, BSTR *text)
 {
-    const MaybeText &said = WideString(method, method + std::char_traits<char>::length(method)) == u"get_description"
-                                ? description
-                                : name;
+    const MaybeText &said =
+        WideString(method, method + std::char_traits<char>::length(method)) == u"get_description" ? description : name;
     *text = said ? SysAllocString(said->c_str()) : nullptr;
     return S_OK;
 }

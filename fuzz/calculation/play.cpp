@@ -131,20 +131,37 @@ WideString Play::label() { return plain(LabelText(input, package.contents.labels
 
 WideString Play::constraint()
 {
-    constexpr LPCWSTR usual[] = {u"Temperature", u"Pressure", u"vaporFraction", u"enthalpy", u"volume", u"Entropy", u"PRESSURE"};
+    constexpr LPCWSTR usual[] = {u"Temperature", u"Pressure", u"vaporFraction", u"enthalpy",
+                                 u"volume",      u"Entropy",  u"PRESSURE"};
     return plain(input.chance(8) ? PropertyWord(input) : Altered(input, input.pick(usual)));
 }
 
 void Play::names(int code, std::vector<WideString> &tokens)
 {
-    constexpr LPCWSTR singlePhase[] = {u"enthalpy", u"volume", u"density", u"viscosity", u"fugacityCoefficient", u"Entropy",
-                                       u"enthalpy.DmolFraction", u"density.DmolFraction", u"volume.Dtemperature",
-                                       u"enthalpy.Dmoles", u"diffusionCoefficient", u"fugacity.DmolFraction",
-                                       u"compressibilityFactor", u"density.Dpressure", u"activity.Dmoles"};
-    constexpr LPCWSTR twoPhase[] = {u"kvalue", u"surfaceTension", u"logKvalue", u"kvalue.DmolFraction",
-                                    u"surfaceTension.DmolFraction", u"SurfaceTension.Dmoles", u"kvalue.Dtemperature"};
-    constexpr LPCWSTR ofRow[] = {u"Temperature", u"Pressure", u"vaporFraction", u"enthalpy", u"volume", u"entropy",
-                                 u"gibbsEnergy", u"internalEnergy", u"Enthalpy", u"VaporFraction"};
+    constexpr LPCWSTR singlePhase[] = {u"enthalpy",
+                                       u"volume",
+                                       u"density",
+                                       u"viscosity",
+                                       u"fugacityCoefficient",
+                                       u"Entropy",
+                                       u"enthalpy.DmolFraction",
+                                       u"density.DmolFraction",
+                                       u"volume.Dtemperature",
+                                       u"enthalpy.Dmoles",
+                                       u"diffusionCoefficient",
+                                       u"fugacity.DmolFraction",
+                                       u"compressibilityFactor",
+                                       u"density.Dpressure",
+                                       u"activity.Dmoles"};
+    constexpr LPCWSTR twoPhase[] = {u"kvalue",
+                                    u"surfaceTension",
+                                    u"logKvalue",
+                                    u"kvalue.DmolFraction",
+                                    u"surfaceTension.DmolFraction",
+                                    u"SurfaceTension.Dmoles",
+                                    u"kvalue.Dtemperature"};
+    constexpr LPCWSTR ofRow[] = {u"Temperature", u"Pressure",    u"vaporFraction",  u"enthalpy", u"volume",
+                                 u"entropy",     u"gibbsEnergy", u"internalEnergy", u"Enthalpy", u"VaporFraction"};
     for (unsigned i = 1 + input.below(4); i > 0; --i) {
         WideString word;
         if (input.chance(6))

@@ -29,9 +29,9 @@ void storeInPhase(Client &client, const WideString &property, const MaybeText &l
                   model::Numbers numbers)
 {
     const ListArgument values(numbersAccount(std::move(numbers)));
-    const HRESULT hr = client.material->SetSinglePhaseProp(
-        Bstr(property).get(), Bstr(label ? label->c_str() : nullptr).get(),
-        Bstr(basis ? basis->c_str() : nullptr).get(), values.get());
+    const HRESULT hr =
+        client.material->SetSinglePhaseProp(Bstr(property).get(), Bstr(label ? label->c_str() : nullptr).get(),
+                                            Bstr(basis ? basis->c_str() : nullptr).get(), values.get());
     if (client.expected)
         Expect(client, hr, client.expected->setPhase(property, label, basis, values.account));
 }
@@ -39,8 +39,8 @@ void storeInPhase(Client &client, const WideString &property, const MaybeText &l
 void storeOverall(Client &client, const WideString &property, const MaybeText &basis, model::Numbers numbers)
 {
     const ListArgument values(numbersAccount(std::move(numbers)));
-    const HRESULT hr = client.material->SetOverallProp(
-        Bstr(property).get(), Bstr(basis ? basis->c_str() : nullptr).get(), values.get());
+    const HRESULT hr = client.material->SetOverallProp(Bstr(property).get(),
+                                                       Bstr(basis ? basis->c_str() : nullptr).get(), values.get());
     if (client.expected)
         Expect(client, hr, client.expected->setOverall(property, basis, values.account));
 }
@@ -104,8 +104,7 @@ void StoreTwoPhase(Input &input, Client &client, const std::vector<WideString> &
             continue;
         const std::size_t count = countOf(input, client, property, property.isCompositionDerivative() ? 2 : 1);
         const ListArgument values(numbersAccount(someNumbers(input, count)));
-        const HRESULT hr =
-            client.material->SetTwoPhaseProp(Bstr(name).get(), pair.get(), nullptr, values.get());
+        const HRESULT hr = client.material->SetTwoPhaseProp(Bstr(name).get(), pair.get(), nullptr, values.get());
         if (client.expected)
             Expect(client, hr, client.expected->setTwoPhase(name, pair.account, {}, values.account));
     }

@@ -139,8 +139,7 @@ void setPhase(Input &input, Client &client)
     const HRESULT hr =
         client.material->SetSinglePhaseProp(subject.property.get(), label.get(), basis.get(), values.get());
     if (client.expected)
-        Expect(client, hr,
-               client.expected->setPhase(subject.property.seen, label.seen, basis.seen, values.account));
+        Expect(client, hr, client.expected->setPhase(subject.property.seen, label.seen, basis.seen, values.account));
 }
 
 void setOverall(Input &input, Client &client)
@@ -314,10 +313,10 @@ void withoutResult(Input &input, Client &client)
 
 using Call = void (*)(Input &, Client &);
 
-constexpr Call calls[] = {setPhase,   setPhase,    setPhase,   getPhase,           getPhase,      setOverall,
-                          getOverall, setTwoPhase, setTwoPhase, getTwoPhase,       getTwoPhase,   setPresent,
-                          getPresent, getConditions, getPhaseConditions, clear,     withoutResult, getOverall,
-                          setOverall, getPhase};
+constexpr Call calls[] = {setPhase,    setPhase,      setPhase,    getPhase,      getPhase,
+                          setOverall,  getOverall,    setTwoPhase, setTwoPhase,   getTwoPhase,
+                          getTwoPhase, setPresent,    getPresent,  getConditions, getPhaseConditions,
+                          clear,       withoutResult, getOverall,  setOverall,    getPhase};
 
 void print(const char *what, const WideString &text)
 {

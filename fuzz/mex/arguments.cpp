@@ -8,9 +8,9 @@ namespace {
 
 mxArray *numericArray(Input &input)
 {
-    constexpr mxClassID classes[] = {mxINT32_CLASS,  mxSINGLE_CLASS, mxLOGICAL_CLASS, mxINT8_CLASS, mxUINT8_CLASS,
-                                     mxINT16_CLASS,  mxUINT16_CLASS, mxUINT32_CLASS,  mxINT64_CLASS, mxUINT64_CLASS,
-                                     mxDOUBLE_CLASS};
+    constexpr mxClassID classes[] = {mxINT32_CLASS, mxSINGLE_CLASS, mxLOGICAL_CLASS, mxINT8_CLASS,
+                                     mxUINT8_CLASS, mxINT16_CLASS,  mxUINT16_CLASS,  mxUINT32_CLASS,
+                                     mxINT64_CLASS, mxUINT64_CLASS, mxDOUBLE_CLASS};
     const mwSize dimensions[] = {input.below(4), input.below(4), 1 + input.below(2), 1 + input.below(2)};
     mxArray *array = mxCreateNumericArray_730(2 + input.below(3), dimensions, input.pick(classes),
                                               input.chance(32) ? mxCOMPLEX : mxREAL);

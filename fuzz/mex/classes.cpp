@@ -41,10 +41,7 @@ public:
     }
     ULONG AddRef() override { return 2; }
     ULONG Release() override { return 1; }
-    HRESULT CreateInstance(IUnknown *, REFIID iid, void **object) override
-    {
-        return create(kind, iid, object);
-    }
+    HRESULT CreateInstance(IUnknown *, REFIID iid, void **object) override { return create(kind, iid, object); }
     HRESULT LockServer(BOOL) override { return S_OK; }
 
 private:

@@ -29,8 +29,8 @@ namespace {
 
 int ignoreMessage(HWND, LPCWSTR, LPCWSTR, UINT) { return 1; }
 
-// Lists and texts last from one call to the next. The search for leaks, which looks at what is allocated before an input
-// and after it, is quick when there is none of them left.
+// Lists and texts last from one call to the next. The search for leaks, which looks at what is allocated before an
+// input and after it, is quick when there is none of them left.
 void forgetLists()
 {
     NameList = {};

@@ -9,8 +9,8 @@ namespace fuzz {
 enum class ComponentKind { package, manager, relay };
 using Creator = HRESULT (*)(ComponentKind kind, REFIID iid, void **object);
 
-// Classes and factories, for the life of the process: "Alone" and "Second" are packages, "Manager" gives others out, and
-// "Ghost" is one that only the relay makes.
+// Classes and factories, for the life of the process: "Alone" and "Second" are packages, "Manager" gives others out,
+// and "Ghost" is one that only the relay makes.
 void RegisterClasses(Creator creator);
 
 // What lasts as long as MATLAB does; once.

@@ -46,7 +46,8 @@ const Name &packageName(Input &input)
 constexpr LPCWSTR constraints[] = {u"Temperature", u"Pressure", u"vaporFraction", u"enthalpy", u"volume", u"ENTROPY"};
 
 // In this order: those that calculate most.
-constexpr int codes[] = {22, 24, 25, 23, 20, 21, 16, 3, 4, 7, 8, 9, 10, 11, 12, 13, 14, 15, 5, 6, 17, 18, 19, 1, 2, 26, 28, 27, 0};
+constexpr int codes[] = {22, 24, 25, 23, 20, 21, 16, 3,  4, 7, 8,  9,  10, 11, 12,
+                         13, 14, 15, 5,  6,  17, 18, 19, 1, 2, 26, 28, 27, 0};
 
 // Set VERDANTH_FUZZ_TELL to be told what an input makes of itself.
 const bool tells = std::getenv("VERDANTH_FUZZ_TELL") != nullptr;
@@ -160,7 +161,8 @@ void Session::useContext(AnyPackage &package)
     if (what < 3) {
         ComPointer<ICapeDiagnostic> diagnostic;
         FUZZ_CHECK(diagnostic.queryFrom(package.context.get()) == S_OK);
-        FUZZ_CHECK((what < 2 ? diagnostic->LogMessage(message.get()) : diagnostic->PopUpMessage(message.get())) == S_OK);
+        FUZZ_CHECK((what < 2 ? diagnostic->LogMessage(message.get()) : diagnostic->PopUpMessage(message.get())) ==
+                   S_OK);
     } else if (what == 3) {
         ComPointer<ICapeIdentification> identification;
         FUZZ_CHECK(identification.queryFrom(package.context.get()) == S_OK);
@@ -257,8 +259,9 @@ void Session::addCalculation(Arguments &arguments, int code)
     if (code == 24)
         return;
     arguments.add(NumberArray(input.chance(64) ? Number(input) : 3.0));
-    arguments.add(input.chance(128) ? TextsArray({input.pick(constraints), input.pick(constraints), input.pick(constraints)})
-                                    : names(false));
+    arguments.add(input.chance(128)
+                      ? TextsArray({input.pick(constraints), input.pick(constraints), input.pick(constraints)})
+                      : names(false));
 }
 
 void Session::addArguments(Arguments &arguments, int code)
@@ -346,8 +349,8 @@ void Session::call(int nlhs, Arguments &arguments, int code)
         std::fprintf(stderr, "%*scommand %d with %zu arguments, %d results\n", 2 * depth, "", code, arguments.count(),
                      nlhs);
     ++depth;
-    const bool returned = mexStandInCall(mexFunction, nlhs, outputs.data(), static_cast<int>(arguments.count()),
-                                         arguments.data(), leave);
+    const bool returned =
+        mexStandInCall(mexFunction, nlhs, outputs.data(), static_cast<int>(arguments.count()), arguments.data(), leave);
     --depth;
     if (!returned) {
         const char *error = mexStandInError();

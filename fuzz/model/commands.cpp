@@ -315,7 +315,8 @@ bool Command::takeConstraint(const WideString &name, std::vector<MaybeText> &con
         if (entry.values.size() != 1)
             entry.values.assign(1, notANumber);
     } else {
-        return fail(u"Not a valid flash property: " + name + u" (use capeOpenFlashPropList for list of valid properties)");
+        return fail(u"Not a valid flash property: " + name +
+                    u" (use capeOpenFlashPropList for list of valid properties)");
     }
     if (value)
         writeConstraint(name, *value);
@@ -606,9 +607,8 @@ bool Command::average(const WideString &name, const Property &property, double &
     if (!perMass || *perMass == settings.perMass)
         return true;
     Numbers sum = {value};
-    const WideString reason =
-        ConvertValues(weights, material.overall.composition, material.overall.compositionPerMass,
-                      settings.perMass ? property.basisPower : -property.basisPower, 0, sum);
+    const WideString reason = ConvertValues(weights, material.overall.composition, material.overall.compositionPerMass,
+                                            settings.perMass ? property.basisPower : -property.basisPower, 0, sum);
     if (!reason.empty())
         return fail(u"CAPE-OPEN: " + reason);
     value = sum[0];

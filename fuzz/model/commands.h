@@ -65,7 +65,8 @@ public:
 private:
     bool fail(WideString text); // false
     bool cutNames();
-    bool readColumn(const Matrix &argument, std::size_t columns, LPCWSTR wrongColumns, LPCWSTR notDouble, LPCWSTR noRows);
+    bool readColumn(const Matrix &argument, std::size_t columns, LPCWSTR wrongColumns, LPCWSTR notDouble,
+                    LPCWSTR noRows);
     bool readMixture(bool twoPhases);
     bool shape(const Property &property, std::size_t &rows, std::size_t &columns);
 

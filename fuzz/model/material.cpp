@@ -176,8 +176,8 @@ bool Material::takePair(const Place &place, const ListAccount &labels, int (&pai
     for (int i = 0; i < 2; ++i) {
         pair[i] = phaseIndex(texts[static_cast<std::size_t>(i)]);
         if (pair[i] < 0) {
-            refusal = refuse(u"Invalid phase", invalidPhase(texts[static_cast<std::size_t>(i)]), materialObject,
-                             place.scope);
+            refusal =
+                refuse(u"Invalid phase", invalidPhase(texts[static_cast<std::size_t>(i)]), materialObject, place.scope);
             return false;
         }
     }
@@ -233,8 +233,7 @@ Answer Material::readReserved(const Place &place, Basis basis, const WideString 
         return no(u"Missing values", u"phase fraction is not set");
     if ((basis == Basis::mass) != place.phase.fractionPerMass) {
         const auto convert = basis == Basis::mass ? PhaseFractionToMass : PhaseFractionToMole;
-        const WideString reason =
-            convert(package->weights, phases, static_cast<std::size_t>(place.index), fraction);
+        const WideString reason = convert(package->weights, phases, static_cast<std::size_t>(place.index), fraction);
         if (!reason.empty())
             return no(u"Conversion error", reason);
     }
@@ -264,8 +263,8 @@ Answer Material::readStored(const Place &place, Basis basis, const MaybeText &pr
     Numbers values = entry.values;
     if ((basis == Basis::mass) != entry.perMass) {
         const int power = basis == Basis::mass ? parsed.basisPower : -parsed.basisPower;
-        reason = ConvertValues(package->weights, place.phase.composition, place.phase.compositionPerMass, power, 0,
-                               values);
+        reason =
+            ConvertValues(package->weights, place.phase.composition, place.phase.compositionPerMass, power, 0, values);
         if (!reason.empty())
             return no(u"Basis conversion error", reason);
     }

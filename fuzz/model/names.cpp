@@ -14,9 +14,16 @@ struct Row {
 };
 
 const Row singlePhaseRows[] = {
-    {1, 0, false, {u"activity", u"activityCoefficient", u"fugacityCoefficient", u"logFugacity", u"logFugacityCoefficient"}},
+    {1,
+     0,
+     false,
+     {u"activity", u"activityCoefficient", u"fugacityCoefficient", u"logFugacity", u"logFugacityCoefficient"}},
     {0, 0, false, {u"compressibility"}},
-    {0, 0, false, {u"compressibilityFactor", u"dissociationConstant", u"meanActivityCoefficient", u"osmoticCoefficient", u"pH", u"pOH"}},
+    {0,
+     0,
+     false,
+     {u"compressibilityFactor", u"dissociationConstant", u"meanActivityCoefficient", u"osmoticCoefficient", u"pH",
+      u"pOH"}},
     {0, 1, false, {u"density"}},
     {2, 0, false, {u"diffusionCoefficient"}},
     {0, -1, true, {u"enthalpy", u"enthalpyF", u"enthalpyNF", u"gibbsEnergy", u"helmholtzEnergy", u"internalEnergy"}},
@@ -24,7 +31,10 @@ const Row singlePhaseRows[] = {
     {0, -1, false, {u"excessEnthalpy", u"excessGibbsEnergy", u"excessHelmholtzEnergy", u"excessInternalEnergy"}},
     {0, -1, false, {u"excessEntropy", u"heatCapacityCp", u"heatCapacityCv", u"excessVolume"}},
     {1, 0, false, {u"fugacity"}},
-    {0, 0, false, {u"jouleThomsonCoefficient", u"molecularWeight", u"speedOfSound", u"thermalConductivity", u"viscosity"}},
+    {0,
+     0,
+     false,
+     {u"jouleThomsonCoefficient", u"molecularWeight", u"speedOfSound", u"thermalConductivity", u"viscosity"}},
     {0, -1, true, {u"volume"}},
 };
 

@@ -7,7 +7,8 @@ namespace fuzz {
 
 namespace {
 
-constexpr VARTYPE elementTypes[] = {VT_R8, VT_BSTR, VT_VARIANT, VT_I4, VT_I2, VT_R4, VT_UI1, VT_BOOL, VT_DATE, VT_UNKNOWN, VT_I8};
+constexpr VARTYPE elementTypes[] = {VT_R8,  VT_BSTR, VT_VARIANT, VT_I4,      VT_I2, VT_R4,
+                                    VT_UI1, VT_BOOL, VT_DATE,    VT_UNKNOWN, VT_I8};
 
 constexpr VARTYPE plainTypes[] = {VT_EMPTY, VT_NULL, VT_R8, VT_I4, VT_BSTR, VT_BOOL, VT_UNKNOWN};
 

@@ -173,8 +173,7 @@ HRESULT PackageObject::query(REFIID iid, void **object)
     const bool given = *object || give(iid, f.identification, object) || give(iid, f.utilities, object) ||
                        give(iid, f.compounds, object) || give(iid, f.phases, object) ||
                        give(iid, f.properties, object) || give(iid, f.equilibria, object) ||
-                       give(iid, f.context, object) || give(iid, f.errorUser, object) ||
-                       give(iid, f.errorRoot, object);
+                       give(iid, f.context, object) || give(iid, f.errorUser, object) || give(iid, f.errorRoot, object);
     if (!given)
         return E_NOINTERFACE;
     addReference();

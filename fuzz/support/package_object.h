@@ -1,4 +1,5 @@
-// A property package as the system sees it: all its interfaces, each method led to one function of the one who plays it.
+// A property package as the system sees it: all its interfaces, each method led to one function of the one who plays
+// it.
 #pragma once
 
 #include "fuzz/support/facet.h"

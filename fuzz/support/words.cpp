@@ -61,14 +61,16 @@ constexpr LPCWSTR properties[] = {
 };
 
 constexpr LPCWSTR suffixes[] = {
-    u"", u".Dtemperature", u".Dpressure", u".DmolFraction", u".Dmoles", u".dmolfraction", u".", u".D", u".Dmoles.Dmoles",
+    u"",   u".Dtemperature",  u".Dpressure", u".DmolFraction", u".Dmoles", u".dmolfraction", u".",
+    u".D", u".Dmoles.Dmoles",
 };
 
 constexpr LPCWSTR bases[] = {u"mole", u"mass", u"", u"Mass", u"MOLE", u"molar", u"mass ", u"mol", u"\u00ADmole"};
 
 constexpr LPCWSTR labels[] = {u"Overall", u"Vapor", u"Liquid", u"liquid2", u"", u"NULL", u"Vapor:"};
 
-constexpr WCHAR oddCharacters[] = {u'.', u':', u' ', u'x', u'D', u'\u00AD', u'\u00C9', u'\u0130', WCHAR{0xD800}, WCHAR{0xFFFF}};
+constexpr WCHAR oddCharacters[] = {u'.',      u':',      u' ',      u'x',          u'D',
+                                   u'\u00AD', u'\u00C9', u'\u0130', WCHAR{0xD800}, WCHAR{0xFFFF}};
 
 constexpr double plainNumbers[] = {0.5, 0.25, 1, 300, 1e5, 18, 0.1, 2, 1.5, 36, 1e-3, 4711.25, 0.75, 3};
 
