@@ -29,6 +29,9 @@ void CallRefused(Input &input, Client &client);
 // The questions about compounds, phases and the material itself.
 void AskMaterial(Input &input, Client &client);
 
+// What every object of the system says of itself and of its last refusal, whatever it says.
+void AskForWords(IUnknown *object);
+
 void CopyMaterial(Client &target, IUnknown *source, const model::Material *expectedSource);
 
 // Compares the result of a call, and the words of the material's error interfaces.

@@ -237,11 +237,38 @@ void CallRefused(Input &input, Client &client)
                                    refusal.interfaceName, refusal.method));
 }
 
+void AskForWords(IUnknown *object)
+{
+    ComPointer<ECapeRoot> root;
+    ComPointer<ECapeUser> user;
+    ComPointer<ICapeIdentification> identification;
+    FUZZ_CHECK(root.queryFrom(object) == S_OK && user.queryFrom(object) == S_OK);
+    FUZZ_CHECK(identification.queryFrom(object) == S_OK);
+    Bstr text;
+    FUZZ_CHECK(root->get_name(text.out()) == S_OK && text.get());
+    FUZZ_CHECK(user->get_description(text.out()) == S_OK && text.get());
+    FUZZ_CHECK(user->get_scope(text.out()) == S_OK && text.get());
+    FUZZ_CHECK(user->get_interfaceName(text.out()) == S_OK && text.get());
+    FUZZ_CHECK(user->get_operation(text.out()) == S_OK && TextOf(text.get()) == u"N/A");
+    FUZZ_CHECK(user->get_moreInfo(text.out()) == S_OK && text.get());
+    FUZZ_CHECK(identification->get_ComponentName(text.out()) == S_OK && text.get());
+    FUZZ_CHECK(identification->get_ComponentDescription(text.out()) == S_OK && text.get());
+    FUZZ_CHECK(FAILED(identification->put_ComponentDescription(text.get())));
+    UINT count = 0;
+    FUZZ_CHECK(root->GetTypeInfoCount(&count) == S_OK && count == 1);
+}
+
 void AskMaterial(Input &input, Client &client)
 {
-    if (!client.expected)
-        return;
     Questions ask(client.material.get());
+    if (!client.expected) {
+        VARIANT lists[9] = {};
+        ask.compounds->GetCompoundList(&lists[0], &lists[1], &lists[2], &lists[3], &lists[4], &lists[5]);
+        ask.phases->GetPhaseList(&lists[6], &lists[7], &lists[8]);
+        for (VARIANT &list : lists)
+            VariantClear(&list);
+        return AskForWords(client.material.get());
+    }
     switch (input.below(6)) {
     case 0:
         return askForLists(input, client, ask);

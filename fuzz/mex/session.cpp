@@ -134,6 +134,8 @@ void Session::callMaterial(AnyPackage &package)
         return;
     case 3:
         return useKept(package);
+    case 4:
+        return AskMaterial(input, package.client);
     default:
         return CallMaterial(input, package.client);
     }
@@ -167,6 +169,8 @@ void Session::useContext(AnyPackage &package)
         ComPointer<ICapeIdentification> identification;
         FUZZ_CHECK(identification.queryFrom(package.context.get()) == S_OK);
         FUZZ_CHECK(identification->put_ComponentName(message.get()) == static_cast<HRESULT>(0x80040501u));
+    } else if (what == 4) {
+        AskForWords(package.context.get());
     } else if (kept.size() < 8) {
         package.context->AddRef();
         kept.emplace_back(package.context.get());
