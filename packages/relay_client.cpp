@@ -52,7 +52,13 @@ void EnsureRelay()
         ReleaseRelay(); // what was made there is lost; for what comes there has to be another process
     if (relayKeepAlive)
         return;
-    if (SUCCEEDED(createRelay(relayKeepAlive)))
+    IVerdanth6432Relay *created = nullptr;
+    createRelay(created);
+    if (!relayKeepAlive) // else a command that was called meanwhile has made one
+        relayKeepAlive = std::exchange(created, nullptr);
+    if (created)
+        created->Release();
+    if (relayKeepAlive)
         return;
     WarnPlain("Verdanth6432Relay is not properly registered or not accessible. "
               "Please make sure Verdanth6432Relay.exe is present in the Verdanth installation folder, and run "

@@ -3,6 +3,7 @@
 #include "tests/support/mex_test.h"
 
 #include <set>
+#include <utility>
 
 using namespace support;
 
@@ -310,6 +311,21 @@ TEST_F(RelayClient, IsALocalServerAndAskedForByItsOwnInterface)
                                  "in 4";
     EXPECT_EQ(creations, (std::vector<std::string>{Narrow(classId) + " by {00020400-0000-0000-C000-000000000046} in 23",
                                                    instance, instance}));
+}
+
+TEST_F(RelayClient, IsKeptOnceWhenACommandMakesItWhileAnotherDoes)
+{
+    registerPackage(TextValue("Old"));
+    bool isOuter = true;
+    LibraryCall<"CoCreateInstance", decltype(CoCreateInstance)> create(
+        CoCreateInstance, [&](REFCLSID wanted, IUnknown *outer, DWORD context, REFIID iid, void **object) {
+            if (wanted == relayClass && std::exchange(isOuter, false))
+                openBy("Old");
+            return CoCreateInstance(wanted, outer, context, iid, object);
+        });
+    openBy("Old");
+    EXPECT_EQ(relay.objectsMade(), 4); // one to keep and one to work, of each command
+    EXPECT_EQ(relay.references(), 1);
 }
 
 TEST_F(RelayClient, WithoutATextForTheClassIsGivenUpAndTheResultHandedOn)

@@ -1,0 +1,62 @@
+// The COM side of a component that a target plays: one object with several interfaces, whose references are counted
+// exactly. Whoever gives back one too many, or calls what is gone, ends the process.
+#pragma once
+
+#include "cape/com/cape_open.h"
+#include "fuzz/input.h"
+#include "platform/platform.h"
+
+namespace fuzz {
+
+class Component {
+public:
+    Component() = default;
+    Component(const Component &) = delete;
+    Component &operator=(const Component &) = delete;
+    virtual ~Component() = default;
+
+    virtual HRESULT query(REFIID iid, void **object) = 0;
+    ULONG addReference() { return static_cast<ULONG>(++held); }
+    ULONG giveBack()
+    {
+        FUZZ_CHECK(held > 0);
+        if (--held == 0)
+            lastReferenceGone();
+        return static_cast<ULONG>(held);
+    }
+    long references() const { return held; }
+
+protected:
+    virtual void lastReferenceGone() {}
+
+private:
+    long held = 0;
+};
+
+// One interface of a component; nobody calls these objects by name.
+template <class Interface> class UnknownFacet : public Interface {
+public:
+    explicit UnknownFacet(Component &component) : owner(component) {}
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void **object) override { return owner.query(iid, object); }
+    ULONG STDMETHODCALLTYPE AddRef() override { return owner.addReference(); }
+    ULONG STDMETHODCALLTYPE Release() override { return owner.giveBack(); }
+
+private:
+    Component &owner;
+};
+
+template <class Interface> class Facet : public UnknownFacet<Interface> {
+public:
+    using UnknownFacet<Interface>::UnknownFacet;
+
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT *) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo **) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR *, UINT, LCID, DISPID *) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS *, VARIANT *, EXCEPINFO *, UINT *) override
+    {
+        return E_NOTIMPL;
+    }
+};
+
+} // namespace fuzz
