@@ -48,6 +48,7 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcEquilibrium(VARIANT specification
     const Call call{*this, interfaceName, OLESTR("CalcEquilibrium")};
     if (const HRESULT result = needMaterial(call); FAILED(result))
         return result;
+    const Calculation calculation(*this);
     FlashInput inputs[2];
     FlashRequest request{};
     if (FlashVerdict verdict = readFlashInputs(specification1, specification2, inputs); !verdict.isGood())

@@ -61,6 +61,8 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::Terminate() { return UnsetMaterial();
 HRESULT STDMETHODCALLTYPE PropertyPackage::SetMaterial(IDispatch *object)
 {
     const Call call{*this, OLESTR("ICapeThermoMaterialContext"), OLESTR("SetMaterial")};
+    if (const HRESULT result = needNoCalculation(call); FAILED(result))
+        return result;
     ComPointer<ICapeThermoMaterial> newMaterial;
     ComPointer<ICapeThermoCompounds> list;
     if (FAILED(newMaterial.queryFrom(object)) || FAILED(list.queryFrom(object)))
@@ -114,8 +116,18 @@ const CompoundData *PropertyPackage::findCompound(BSTR text, std::string_view Co
 
 HRESULT STDMETHODCALLTYPE PropertyPackage::UnsetMaterial()
 {
-    material.reset();
-    return S_OK;
+    const Call call{*this, OLESTR("ICapeThermoMaterialContext"), OLESTR("UnsetMaterial")};
+    const HRESULT result = needNoCalculation(call);
+    if (SUCCEEDED(result))
+        material.reset();
+    return result;
+}
+
+HRESULT PropertyPackage::needNoCalculation(const Call &call) const
+{
+    return calculations == 0
+               ? S_OK
+               : call.refuse(errors::badInvocationOrder, OLESTR("A calculation with the material is going on"));
 }
 
 HRESULT PropertyPackage::needMaterial(const Call &call) const

@@ -174,6 +174,7 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcSinglePhaseProp(VARIANT propertie
     const Call call{*this, interfaceName, OLESTR("CalcSinglePhaseProp")};
     if (const HRESULT result = needMaterial(call); FAILED(result))
         return result;
+    const Calculation calculation(*this);
     const PhaseRow *phaseRow = findPhase(phaseLabel);
     if (!phaseRow)
         return refusePhase(call, phaseLabel);
@@ -201,6 +202,7 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcTwoPhaseProp(VARIANT properties, 
     const Call call{*this, interfaceName, OLESTR("CalcTwoPhaseProp")};
     if (const HRESULT result = needMaterial(call); FAILED(result))
         return result;
+    const Calculation calculation(*this);
     TextView labels;
     if (!labels.open(phaseLabels) || labels.size() != 2)
         return call.refuse(errors::invalidArgument, OLESTR("The phases must be an array of two labels"));

@@ -19,6 +19,8 @@ HRESULT unexpected(const char *method)
 bool TestMaterial::refuses(const char *method, const std::string &details)
 {
     calls.push_back(details.empty() ? method : method + (" " + details));
+    if (onCall)
+        onCall();
     return refused == method;
 }
 

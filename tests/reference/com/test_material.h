@@ -5,6 +5,7 @@
 #include "cape/com/cape_open.h"
 #include "reference/com/component.h"
 
+#include <functional>
 #include <limits>
 #include <map>
 #include <string>
@@ -31,7 +32,8 @@ public:
     std::map<std::string, std::vector<double>> ownCompositions; // by phase
     std::map<std::string, double> given;                        // by phase or "Overall", slash, property, slash, basis
     std::vector<std::string> presentPhases = {"Vapor", "Liquid"};
-    std::string refused; // the method that fails, with "<method> is refused" as its words
+    std::string refused;          // the method that fails, with "<method> is refused" as its words
+    std::function<void()> onCall; // called in the midst of every call of a package
 
     // What a package did.
     std::vector<std::string> calls;                 // in order; writes with property and phase
