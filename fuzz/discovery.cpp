@@ -70,7 +70,7 @@ WideString anyClassId(FuzzedDataProvider &input)
                                       OLESTR("{\u00e4}"),
                                       OLESTR("{\u00c4}"),
                                       OLESTR("CLSID")};
-    switch (input.ConsumeIntegralInRange(0, 7)) {
+    switch (input.ConsumeIntegralInRange(0, 31)) {
     case 0: {
         WideString text = AnyText(input, 60);
         std::replace(text.begin(), text.end(), OLESTR('\\'), OLESTR('/'));
