@@ -11,13 +11,14 @@ class ErrorReporting : public DualInterface<ECapeRoot, LIBID_CAPEOPEN110>,
                        public DualInterface<ECapeUnknown, LIBID_CAPEOPEN110>,
                        public DualInterface<ECapeUser, LIBID_CAPEOPEN110> {
 public:
-    HRESULT STDMETHODCALLTYPE get_name(BSTR *name) override;
-    HRESULT STDMETHODCALLTYPE get_code(LONG *code) override; // always 0
-    HRESULT STDMETHODCALLTYPE get_description(BSTR *description) override;
-    HRESULT STDMETHODCALLTYPE get_scope(BSTR *scope) override;
-    HRESULT STDMETHODCALLTYPE get_interfaceName(BSTR *name) override;
-    HRESULT STDMETHODCALLTYPE get_operation(BSTR *operation) override; // always "N/A": the method stands in the scope
-    HRESULT STDMETHODCALLTYPE get_moreInfo(BSTR *info) override;       // always one address
+    HRESULT STDMETHODCALLTYPE get_name(BSTR *name) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_code(LONG *code) noexcept override; // always 0
+    HRESULT STDMETHODCALLTYPE get_description(BSTR *description) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_scope(BSTR *scope) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_interfaceName(BSTR *name) noexcept override;
+    HRESULT STDMETHODCALLTYPE
+    get_operation(BSTR *operation) noexcept override; // always "N/A": the method stands in the scope
+    HRESULT STDMETHODCALLTYPE get_moreInfo(BSTR *info) noexcept override; // always one address
 
 protected:
     void setError(LPCWSTR name, LPCWSTR description, LPCWSTR interfaceName, LPCWSTR scope);
@@ -28,5 +29,5 @@ protected:
     WideString errorScope;       // the method that was called
 };
 
-// A new BSTR of the text into an out-parameter: E_POINTER for a null one.
-HRESULT GiveText(LPCWSTR text, BSTR *result);
+// A new BSTR of the text into an out-parameter: E_POINTER for a null one, E_OUTOFMEMORY leaves null.
+HRESULT GiveText(LPCWSTR text, BSTR *result) noexcept;

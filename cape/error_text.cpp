@@ -49,7 +49,7 @@ bool ask(IUnknown *object, HRESULT (STDMETHODCALLTYPE Interface::*question)(BSTR
     if (FAILED(errors.queryFrom(object)))
         return false;
     Bstr text;
-    (errors.get()->*question)(text.out());
+    CallComponent([&] { return (errors.get()->*question)(text.out()); });
     if (!text.get() || *text.get() == 0)
         return false;
     answer = text.get();

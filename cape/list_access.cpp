@@ -1,7 +1,5 @@
 #include "cape/list_access.h"
 
-#include "cape/variant_array.h"
-
 #include <cstring>
 
 namespace {
@@ -11,10 +9,6 @@ template <class Element> bool takeElements(const VARIANT &value, VARTYPE type, c
 {
     if (ListElements(value, type, elements, count))
         return true;
-    if (value.vt == (VT_ARRAY | type) && value.parray && value.parray->cDims == 1) {
-        message = ExpectedArrayText(type); // the array's elements are of another size
-        return false;
-    }
     elements = nullptr;
     count = 0;
     VariantArray list; // an empty value, or words for what it is instead
@@ -34,13 +28,15 @@ bool TakeTexts(const VARIANT &value, const BSTR *&texts, std::int32_t &count, Wi
     return takeElements(value, VT_BSTR, texts, count, message);
 }
 
-void GiveDoubles(const double *values, std::int32_t count, VARIANT *target)
+HRESULT GiveDoubles(const double *values, std::int32_t count, VARIANT *target)
 {
-    if (target->vt != VT_EMPTY)
-        VariantClear(target);
     SAFEARRAY *array = SafeArrayCreateVector(VT_R8, 0, static_cast<ULONG>(count));
-    if (array && count > 0)
+    VariantInit(target);
+    if (!array)
+        return E_OUTOFMEMORY;
+    if (count > 0)
         std::memcpy(array->pvData, values, static_cast<std::size_t>(count) * sizeof(double));
     target->parray = array;
     target->vt = VT_ARRAY | VT_R8;
+    return S_OK;
 }

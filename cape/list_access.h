@@ -1,6 +1,7 @@
 // The elements of a list where they lie, for lists that are read or made at every condition.
 #pragma once
 
+#include "cape/variant_array.h"
 #include "platform/platform.h"
 
 #include <cstdint>
@@ -10,9 +11,8 @@
 template <class Element>
 inline bool ListElements(const VARIANT &value, VARTYPE type, const Element *&elements, std::int32_t &count)
 {
-    const SAFEARRAY *array = value.parray;
-    // An element size of its own is that of an array of another type than the value says.
-    if (value.vt != (VT_ARRAY | type) || !array || array->cDims != 1 || array->cbElements != sizeof(Element))
+    SAFEARRAY *array = value.parray;
+    if (value.vt != (VT_ARRAY | type) || !array || array->cDims != 1 || !HoldsElements(array, type))
         return false;
     elements = static_cast<const Element *>(array->pvData);
     count = static_cast<std::int32_t>(array->rgsabound[0].cElements);
@@ -26,5 +26,5 @@ bool TakeDoubles(const VARIANT &value, const double *&data, std::int32_t &count,
 // The same for strings, which stay the value's too; an element may be null.
 bool TakeTexts(const VARIANT &value, const BSTR *&texts, std::int32_t &count, WideString &message);
 
-// A new array of `count` doubles into a caller's out-parameter; what stood there is cleared.
-void GiveDoubles(const double *values, std::int32_t count, VARIANT *target);
+// A new array of `count` doubles into a caller's out-parameter, which is taken for empty; E_OUTOFMEMORY leaves it so.
+HRESULT GiveDoubles(const double *values, std::int32_t count, VARIANT *target);

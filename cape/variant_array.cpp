@@ -1,6 +1,10 @@
 #include "cape/variant_array.h"
 
 #include "cape/com/bstr.h"
+#include "cape/com/component_call.h"
+
+#include <limits>
+#include <new>
 
 namespace {
 
@@ -22,25 +26,74 @@ LPCWSTR nameOfElementType(VARTYPE type)
     return OLESTR("<unknown>");
 }
 
-} // namespace
-
-WideString ExpectedArrayText(VARTYPE elementType)
+WideString expectedArrayText(VARTYPE elementType)
 {
     return OLESTR("Expected an array of type ") + WideString(nameOfElementType(elementType));
 }
 
+ULONG elementSize(VARTYPE type)
+{
+    switch (type) {
+    case VT_I2:
+        return sizeof(SHORT);
+    case VT_I4:
+        return sizeof(LONG);
+    case VT_R8:
+        return sizeof(double);
+    case VT_BSTR:
+        return sizeof(BSTR);
+    case VT_VARIANT:
+        return sizeof(VARIANT);
+    default:
+        return 0;
+    }
+}
+
+bool ownSomething(VARTYPE type) { return type == VT_BSTR || type == VT_VARIANT; }
+
+// The other failures are those of an index, which callers keep in range.
+void requireMemory(HRESULT hr)
+{
+    if (hr == E_OUTOFMEMORY)
+        throw std::bad_alloc();
+}
+
+// The sum may lie beyond the largest index if the array is one that has no such element.
+LONG positionOf(std::int32_t index, std::int32_t lowerBound)
+{
+    return static_cast<LONG>(static_cast<std::uint32_t>(index) + static_cast<std::uint32_t>(lowerBound));
+}
+
+} // namespace
+
+bool HoldsElements(SAFEARRAY *array, VARTYPE elementType)
+{
+    VARTYPE held = VT_EMPTY;
+    const bool isKnown = SUCCEEDED(SafeArrayGetVartype(array, &held));
+    if (isKnown ? held != elementType : ownSomething(elementType))
+        return false;
+    const ULONG count = array->rgsabound[0].cElements;
+    return array->cbElements == elementSize(elementType) && (array->pvData || count == 0) &&
+           count <= static_cast<ULONG>(std::numeric_limits<std::int32_t>::max());
+}
+
 VariantArray::VariantArray() { VariantInit(&value); }
 
-VariantArray::~VariantArray()
+VariantArray::~VariantArray() { Reset(0); }
+
+VariantArray &VariantArray::operator=(VariantArray &&other) noexcept
 {
-    if (owned)
-        VariantClear(&value);
+    std::swap(value, other.value);
+    std::swap(owned, other.owned);
+    std::swap(lowerBound, other.lowerBound);
+    std::swap(count, other.count);
+    return *this;
 }
 
 void VariantArray::Reset(std::int32_t ownerFlag)
 {
     if (owned && value.vt != VT_EMPTY)
-        VariantClear(&value);
+        CallComponent([this] { return VariantClear(&value); }); // it may hold objects of the component
     VariantInit(&value);
     count = 0;
     owned = ownerFlag;
@@ -58,7 +111,10 @@ void VariantArray::Create(std::int32_t elementCount, VARTYPE elementType)
     SAFEARRAYBOUND bound;
     bound.cElements = static_cast<ULONG>(elementCount);
     bound.lLbound = 0;
-    value.parray = SafeArrayCreate(elementType, 1, &bound);
+    SAFEARRAY *array = SafeArrayCreate(elementType, 1, &bound);
+    if (!array)
+        throw std::bad_alloc();
+    value.parray = array;
     value.vt = static_cast<VARTYPE>(VT_ARRAY | elementType);
     lowerBound = 0;
     count = elementCount;
@@ -72,11 +128,15 @@ bool VariantArray::Validate(VARTYPE elementType, WideString &message)
         return true;
     }
     if (value.vt != (VT_ARRAY | elementType)) {
-        message = ExpectedArrayText(elementType);
+        message = expectedArrayText(elementType);
         return false;
     }
     if (SafeArrayGetDim(value.parray) != 1) {
         message = OLESTR("unexpected dimension; 1-dimensional array expected");
+        return false;
+    }
+    if (!HoldsElements(value.parray, elementType)) {
+        message = expectedArrayText(elementType);
         return false;
     }
     LONG lower = 0;
@@ -90,15 +150,16 @@ bool VariantArray::Validate(VARTYPE elementType, WideString &message)
         return false;
     }
     lowerBound = lower;
-    count = upper - (lower - 1);
+    // In unsigned arithmetic, where no elements at the lowest bound of all give 0.
+    count = static_cast<std::int32_t>(static_cast<std::uint32_t>(upper) - static_cast<std::uint32_t>(lower) + 1u);
     return true;
 }
 
 BSTR VariantArray::GetString(std::int32_t index) const
 {
-    LONG position = index + lowerBound;
+    LONG position = positionOf(index, lowerBound);
     BSTR text = nullptr;
-    SafeArrayGetElement(value.parray, &position, &text);
+    requireMemory(SafeArrayGetElement(value.parray, &position, &text));
     return text;
 }
 
@@ -111,7 +172,7 @@ WideString VariantArray::TextAt(std::int32_t index) const
 
 double VariantArray::GetDouble(std::int32_t index) const
 {
-    LONG position = index + lowerBound;
+    LONG position = positionOf(index, lowerBound);
     double number = 0;
     SafeArrayGetElement(value.parray, &position, &number);
     return number;
@@ -120,8 +181,14 @@ double VariantArray::GetDouble(std::int32_t index) const
 void VariantArray::GetVariant(std::int32_t index, VARIANT &element) const
 {
     VariantInit(&element);
-    LONG position = index + lowerBound;
-    SafeArrayGetElement(value.parray, &position, &element);
+    LONG position = positionOf(index, lowerBound);
+    const HRESULT hr = SafeArrayGetElement(value.parray, &position, &element);
+    requireMemory(hr);
+    if (FAILED(hr)) { // a type that there is none of
+        VariantInit(&element);
+        element.vt = VT_ERROR;
+        element.scode = hr;
+    }
 }
 
 void VariantArray::PutString(std::int32_t index, BSTR text)
@@ -133,7 +200,7 @@ void VariantArray::PutString(std::int32_t index, BSTR text)
         return;
     }
     LONG position = index;
-    SafeArrayPutElement(value.parray, &position, text);
+    requireMemory(SafeArrayPutElement(value.parray, &position, text));
 }
 
 void VariantArray::PutDouble(std::int32_t index, double number)

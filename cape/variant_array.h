@@ -5,21 +5,23 @@
 #include "platform/platform.h"
 
 #include <cstdint>
+#include <utility>
 
-// The words for a value that is something else than an array of this element type.
-WideString ExpectedArrayText(VARTYPE elementType);
+// Whether an array of one dimension holds what a VARIANT says of it: elements of the type, as many as an index reaches.
+// One that does not know the type of its elements is believed if they own nothing.
+bool HoldsElements(SAFEARRAY *array, VARTYPE elementType);
 
 class VariantArray {
 public:
     VARIANT value;
-    std::int32_t owned = 1;  // non-zero: this object clears `value`
-    std::int32_t lowerBound; // filled by Validate and Create, undefined before
-    std::int32_t count = 0;  // elements; 0 until Validate or Create has run
+    std::int32_t owned = 1;      // non-zero: this object clears `value`
+    std::int32_t lowerBound = 0; // filled by Validate and Create
+    std::int32_t count = 0;      // elements; 0 until Validate or Create has run
 
     VariantArray();
     ~VariantArray();
-    VariantArray(const VariantArray &) = delete;
-    VariantArray &operator=(const VariantArray &) = delete;
+    VariantArray(VariantArray &&other) noexcept : VariantArray() { *this = std::move(other); }
+    VariantArray &operator=(VariantArray &&other) noexcept; // the other gets what this one held
 
     // Clears what is held and owned; the object is empty and has the flag afterwards.
     void Reset(std::int32_t ownerFlag);
@@ -28,20 +30,21 @@ public:
     // array. Nothing can be read before Validate.
     void Attach(const VARIANT &source, std::int32_t ownerFlag);
 
-    // A new owned array of `elementCount` elements with lower bound 0.
+    // A new owned array of `elementCount` elements with lower bound 0. Throws std::bad_alloc, and is empty, if it can't
+    // be had: no list of another length than it says may reach a package.
     void Create(std::int32_t elementCount, VARTYPE elementType);
 
     // True when the value is empty or exactly a one-dimensional array of `elementType`; then
     // lowerBound and count are filled. False with the reason in `message` otherwise.
     bool Validate(VARTYPE elementType, WideString &message);
 
-    // Elements by zero-based index, not checked: callers stay below count.
+    // Elements by zero-based index, not checked: callers stay below count. Throw std::bad_alloc without memory.
     BSTR GetString(std::int32_t index) const;    // a new BSTR, the caller frees it
     WideString TextAt(std::int32_t index) const; // the same string as a value; empty for a null one
     double GetDouble(std::int32_t index) const;
-    void GetVariant(std::int32_t index, VARIANT &element) const; // the caller clears it
+    void GetVariant(std::int32_t index, VARIANT &element) const; // the caller clears it; VT_ERROR: it can't be copied
 
-    // For arrays made by Create. The array keeps a copy of the string.
+    // For arrays made by Create. The array keeps a copy of the string, for which std::bad_alloc may be thrown.
     void PutString(std::int32_t index, BSTR text);
     void PutDouble(std::int32_t index, double number);
 

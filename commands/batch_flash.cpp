@@ -1,5 +1,6 @@
 // Command 25: a flash for each row of a table, with results of each row. The one command that goes
 // on after a failed calculation.
+#include "cape/com/component_call.h"
 #include "cape/error_text.h"
 #include "commands/calculation_commands.h"
 #include "commands/command_scratch.h"
@@ -128,8 +129,11 @@ public:
     {
         setConditions(c);
         const CommandContainers &scratch = CommandScratch;
-        const HRESULT hr = package.equilibriumRoutine->CalcEquilibrium(
-            scratch.flashSpecification1.value, scratch.flashSpecification2.value, scratch.solutionTypeArgument.get());
+        const HRESULT hr = CallComponent([&] {
+            return package.equilibriumRoutine->CalcEquilibrium(scratch.flashSpecification1.value,
+                                                               scratch.flashSpecification2.value,
+                                                               scratch.solutionTypeArgument.get());
+        });
         if (FAILED(hr)) {
             reportFailure(c, hr);
             return Verdict::done();
@@ -176,7 +180,8 @@ private:
             if (material.phasePresent[p] == 0)
                 continue;
             const Bstr &label = CommandScratch.phaseLabels[static_cast<std::size_t>(p)];
-            const HRESULT hr = package.propertyRoutine->CalcSinglePhaseProp(NameArray.value, label.get());
+            const HRESULT hr = CallComponent(
+                [&] { return package.propertyRoutine->CalcSinglePhaseProp(NameArray.value, label.get()); });
             if (SUCCEEDED(hr))
                 continue;
             if (GlobalSettings.showWarnings) {

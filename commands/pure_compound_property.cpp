@@ -1,5 +1,7 @@
 // Commands 20 and 21: properties of the pure compounds that depend on temperature or on pressure
 // alone. No material is involved: the package answers in the returned array.
+#include "cape/com/component_call.h"
+#include "cape/com/variant.h"
 #include "cape/error_text.h"
 #include "cape/list_access.h"
 #include "commands/calculation_commands.h"
@@ -57,13 +59,13 @@ Verdict invalidData(const PureCompoundRow &row, double condition, const WideStri
 // into ResultArray; `data` are they.
 Verdict fetchValues(OpenPackage &package, const PureCompoundRow &row, double condition, const double *&data)
 {
-    VARIANT values;
-    VariantInit(&values);
-    const HRESULT hr = (package.compounds->*row.calculate)(NameArray.value, condition, EmptyVariant, &values);
+    Variant values;
+    const HRESULT hr = CallComponent(
+        [&] { return (package.compounds->*row.calculate)(NameArray.value, condition, EmptyVariant, values.out()); });
     if (FAILED(hr))
         return FailWith(row.method, OLESTR(" failed at "), NumberText(condition), row.unit,
                         CapeErrorText(package.compounds, hr));
-    ResultArray.Attach(values, 1);
+    ResultArray.Attach(values.release(), 1);
     std::int32_t count = 0;
     if (!TakeDoubles(ResultArray.value, data, count, ScratchText))
         return invalidData(row, condition, ScratchText);

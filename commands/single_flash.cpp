@@ -1,4 +1,5 @@
 // Command 24: one phase equilibrium.
+#include "cape/com/component_call.h"
 #include "cape/error_text.h"
 #include "commands/calculation_commands.h"
 #include "commands/command_scratch.h"
@@ -104,8 +105,10 @@ Verdict SingleFlashCommand(const CommandCall &call)
     if (Verdict verdict = prepareFlash(arguments, *package); !verdict.isDone())
         return verdict;
     const CommandContainers &scratch = CommandScratch;
-    const HRESULT hr = package->equilibriumRoutine->CalcEquilibrium(
-        scratch.flashSpecification1.value, scratch.flashSpecification2.value, scratch.solutionTypeArgument.get());
+    const HRESULT hr = CallComponent([&] {
+        return package->equilibriumRoutine->CalcEquilibrium(
+            scratch.flashSpecification1.value, scratch.flashSpecification2.value, scratch.solutionTypeArgument.get());
+    });
     if (FAILED(hr))
         return FailWith(OLESTR("CalcEquilibrium failed: "), CapeErrorText(package->equilibriumRoutine, hr));
     return putResults(*package->material, call.results);

@@ -1,4 +1,5 @@
 // Command 22: single-phase properties of one phase over a list of conditions.
+#include "cape/com/component_call.h"
 #include "commands/calculation_commands.h"
 #include "commands/command_scratch.h"
 #include "commands/mixture_conditions.h"
@@ -92,8 +93,9 @@ Verdict calculate(OpenPackage &package, const MixtureConditions &conditions, std
     StoredLookup lookup(material.phaseProps[phase], nameCount);
     for (std::int32_t c = 0; c < conditions.count; ++c) {
         SetPhaseConditions(material, conditions, phase, c);
-        const HRESULT hr =
-            package.propertyRoutine->CalcSinglePhaseProp(NameArray.value, scratch.phaseLabelArgument.get());
+        const HRESULT hr = CallComponent([&] {
+            return package.propertyRoutine->CalcSinglePhaseProp(NameArray.value, scratch.phaseLabelArgument.get());
+        });
         if (FAILED(hr))
             return CalculationFailure(OLESTR("CalcSinglePhaseProp failed"), conditions, c, package.propertyRoutine, hr);
         for (std::size_t i = 0; i < nameCount; ++i) {

@@ -1,4 +1,5 @@
 // Command 23: properties of a pair of phases over a list of conditions.
+#include "cape/com/component_call.h"
 #include "commands/calculation_commands.h"
 #include "commands/command_scratch.h"
 #include "commands/mixture_conditions.h"
@@ -125,8 +126,9 @@ Verdict calculate(OpenPackage &package, const Conditions &conditions, const Phas
     for (std::int32_t c = 0; c < count; ++c) {
         SetPhaseConditions(material, conditions.first, phases.first, c);
         conditions.compositions2.copyRow(c, material.phaseComposition[phases.second].get(), material.compoundCount());
-        const HRESULT hr =
-            package.propertyRoutine->CalcTwoPhaseProp(NameArray.value, CommandScratch.phasePairArray.value);
+        const HRESULT hr = CallComponent([&] {
+            return package.propertyRoutine->CalcTwoPhaseProp(NameArray.value, CommandScratch.phasePairArray.value);
+        });
         if (FAILED(hr))
             return CalculationFailure(OLESTR("CalcTwoPhaseProp failed"), conditions.first, c, package.propertyRoutine,
                                       hr);

@@ -1,6 +1,9 @@
 #include "gateway/lifecycle.h"
 
+#include "cape/com/component_call.h"
+#include "gateway/running_call.h"
 #include "gateway/state/global_lists.h"
+#include "gateway/state/host_mode.h"
 #include "gateway/state/library_module.h"
 #include "packages/package_table.h"
 #include "packages/relay_client.h"
@@ -24,6 +27,11 @@ void EnsureStarted()
 
 void OnMexExit()
 {
+    const KeepFloatingPointMode matlabMode;
+    HostFloatingPointMode = FloatingPointMode::current();
+    ComponentCalls = {};
+    ForgetAbandonedCalls();
+    ResultArray.Reset(1);
     CloseAllPackages();
     ClearPropertyTables();
     ReleaseRelay();

@@ -6,5 +6,5 @@
 void EnsureStarted();
 
 // What MATLAB runs when it clears the function or quits. The order is required: packages before
-// COM ends, the simulation context after it.
+// COM ends, the simulation context after it. What a package gave and nobody has asked for since goes with the packages.
 void OnMexExit();

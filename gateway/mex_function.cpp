@@ -3,6 +3,7 @@
 #include "gateway/call/marshalling.h"
 #include "gateway/command_table.h"
 #include "gateway/lifecycle.h"
+#include "gateway/running_call.h"
 #include "gateway/state/global_text.h"
 #include "gateway/state/narrow_text.h"
 #include "platform/matlab/mex_export.h"
@@ -44,10 +45,19 @@ const char *messageOf(Verdict verdict)
     return raised.c_str();
 }
 
+// The text to raise when nothing of the call is left, or null.
+const char *run(int nlhs, mxArray **plhs, int nrhs, const mxArray **prhs)
+{
+    RunningCall running;
+    const Verdict verdict = runCommand(nlhs, plhs, nrhs, prhs);
+    running.releasePackage();
+    return messageOf(verdict);
+}
+
 } // namespace
 
 extern "C" MEX_EXPORT void mexFunction(int nlhs, mxArray *plhs[], int nrhs, const mxArray *prhs[])
 {
-    if (const char *message = messageOf(runCommand(nlhs, plhs, nrhs, prhs)))
+    if (const char *message = run(nlhs, plhs, nrhs, prhs))
         mexErrMsgTxt(message);
 }

@@ -11,11 +11,11 @@ bool EnsureMaterial(OpenPackage &package)
         return true;
     if (!EnsureCompounds(package) || !EnsurePhases(package))
         return false;
-    auto *material = new CComObject<CMaterialObject>;
+    if (package.material) // by a command that the package called
+        return true;
+    CMaterialObject *const material = NewMaterial(package); // whole before the record has it
     package.material = material;
     package.materialReference = static_cast<ICapeThermoMaterial *>(material);
-    material->AddRef();
-    material->InitMaterial(&package);
 
     ComPointer<ICapeThermoMaterialContext> context;
     HRESULT hr = context.queryFrom(package.package);
@@ -25,7 +25,7 @@ bool EnsureMaterial(OpenPackage &package)
     }
     ComPointer<IDispatch> identity;
     identity.queryFrom(static_cast<ICapeThermoMaterial *>(material));
-    hr = context->SetMaterial(identity.get());
+    hr = CallComponent([&] { return context->SetMaterial(identity.get()); });
     identity.reset();
     if (FAILED(hr)) {
         LastError = OLESTR("Failed to set material object on property package: ") + CapeErrorText(context.get(), hr);

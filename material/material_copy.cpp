@@ -17,7 +17,7 @@ template <class Value> void copyBlock(Value *target, const Value *source, std::i
 bool copyProperties(PropertyMap &target, const PropertyMap &source)
 {
     for (const auto &[key, values] : source.all()) {
-        if (values->count != 0 && !values->values) // there was no memory for them
+        if (!values || (values->count != 0 && !values->values)) // there was no memory for them
             continue;
         PropertyValues &copy = target.entry(key.GetKeyText());
         copy.basis = values->basis;
@@ -50,33 +50,54 @@ bool copyMaterial(CMaterialObject &target, const CMaterialObject &source)
     return true;
 }
 
+// The material that a foreign pointer stands for, or null. It is the caller's.
+const CMaterialObject *materialBehind(IDispatch *source)
+{
+    ComPointer<IMaterial> identity;
+    CMaterialObject *material = nullptr;
+    if (FAILED(identity.queryFrom(source)) || FAILED(identity->GetMaterialObject(&material)))
+        return nullptr;
+    return material;
+}
+
 } // namespace
 
-HRESULT STDMETHODCALLTYPE CMaterialObject::CreateMaterial(IDispatch **material)
+CMaterialObject *NewMaterial(OpenPackage &package)
+{
+    auto *material = new CComObject<CMaterialObject>;
+    material->AddRef();
+    ComPointer<ICapeThermoMaterial> owner(material);
+    material->InitMaterial(&package);
+    owner.detach();
+    return material;
+}
+
+HRESULT STDMETHODCALLTYPE CMaterialObject::CreateMaterial(IDispatch **material) noexcept
 {
     if (!material)
         return E_POINTER;
-    auto *created = new CComObject<CMaterialObject>;
-    created->InitMaterial(openPackage);
-    return created->QueryInterface(InterfaceId<IDispatch>, reinterpret_cast<void **>(material));
+    *material = nullptr;
+    return withRecord(OLESTR("ICapeThermoMaterial"), OLESTR("CreateMaterial"), [&] {
+        *material = static_cast<ICapeThermoMaterial *>(NewMaterial(*openPackage));
+        return S_OK;
+    });
 }
 
-HRESULT STDMETHODCALLTYPE CMaterialObject::CopyFromMaterial(IDispatch **source)
+HRESULT STDMETHODCALLTYPE CMaterialObject::CopyFromMaterial(IDispatch **source) noexcept
 {
-    const LPCWSTR interfaceName = OLESTR("ICapeThermoMaterial");
-    const LPCWSTR scope = OLESTR("CopyFromMaterial");
-    ComPointer<IMaterial> identity;
-    if (FAILED(identity.queryFrom(source ? *source : nullptr)))
-        return SetMaterialError(
-            OLESTR("Not a Matlab material"),
-            OLESTR("Cannot copy from the specified material object: not a Matlab thermo material object"),
-            interfaceName, scope);
-    CMaterialObject *original = nullptr;
-    identity->GetMaterialObject(&original);
-    identity.reset();
-    if (original->openPackage != openPackage)
-        return SetMaterialError(OLESTR("Invalid copy"), OLESTR("Source material is not of same type"), interfaceName,
-                                scope);
-    ClearAllProps();
-    return copyMaterial(*this, *original) ? S_OK : E_OUTOFMEMORY;
+    constexpr LPCWSTR interfaceName = OLESTR("ICapeThermoMaterial");
+    constexpr LPCWSTR scope = OLESTR("CopyFromMaterial");
+    return withRecord(interfaceName, scope, [&] {
+        const CMaterialObject *const original = materialBehind(source ? *source : nullptr);
+        if (!original)
+            return SetMaterialError(
+                OLESTR("Not a Matlab material"),
+                OLESTR("Cannot copy from the specified material object: not a Matlab thermo material object"),
+                interfaceName, scope);
+        if (original->openPackage != openPackage)
+            return SetMaterialError(OLESTR("Invalid copy"), OLESTR("Source material is not of same type"),
+                                    interfaceName, scope);
+        clear();
+        return copyMaterial(*this, *original) ? S_OK : E_OUTOFMEMORY;
+    });
 }

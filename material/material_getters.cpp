@@ -1,7 +1,8 @@
 // The methods by which a package reads conditions, compositions and values. Nothing is computed but
-// mole and mass conversions, and a value that is not set is an error.
+// mole and mass conversions, in our floating-point mode, and a value that is not set is an error.
 #include "cape/com/bstr.h"
 #include "cape/list_access.h"
+#include "gateway/state/host_mode.h"
 #include "material/property_place.h"
 #include "material/reserved_property.h"
 #include "properties/basis_conversion.h"
@@ -13,7 +14,7 @@
 namespace {
 
 // An out-parameter is empty nearly always.
-void clear(VARIANT *target)
+void clearResult(VARIANT *target)
 {
     if (target->vt != VT_EMPTY)
         VariantClear(target);
@@ -39,8 +40,7 @@ HRESULT readCondition(const PropertyPlace &place, BasisCode basis, double value,
     const HRESULT hr = requireCondition(place, value, texts);
     if (FAILED(hr))
         return hr;
-    GiveDoubles(&value, 1, results);
-    return S_OK;
+    return GiveDoubles(&value, 1, results);
 }
 
 // The composition of the place in the basis asked for; `fractions` lies in the material.
@@ -57,6 +57,7 @@ HRESULT takeComposition(const PropertyPlace &place, BasisCode basis, const doubl
         return S_OK;
     fractions = material.conversionScratch.get();
     WideString text;
+    const InFloatingPointMode ourMode(HostFloatingPointMode);
     const auto convert = massAsked ? MoleToMassFractions : MassToMoleFractions;
     const bool converted =
         convert(material.openPackage->molecularWeights, stored, material.conversionScratch.get(), text);
@@ -71,8 +72,7 @@ HRESULT readFraction(const PropertyPlace &place, BasisCode basis, VARIANT *resul
     const HRESULT hr = takeComposition(place, basis, fractions);
     if (FAILED(hr))
         return hr;
-    GiveDoubles(fractions, place.material.compoundCount(), results);
-    return S_OK;
+    return GiveDoubles(fractions, place.material.compoundCount(), results);
 }
 
 HRESULT readPhaseFraction(const PropertyPlace &place, BasisCode basis, VARIANT *results)
@@ -90,12 +90,12 @@ HRESULT readPhaseFraction(const PropertyPlace &place, BasisCode basis, VARIANT *
     const bool massAsked = basis == MassBasis;
     if (storedOnMass != massAsked) {
         WideString text;
+        const InFloatingPointMode ourMode(HostFloatingPointMode);
         const auto convert = massAsked ? MoleToMassPhaseFraction : MassToMolePhaseFraction;
         if (!convert(material.phaseAmounts(), place.phase, fraction, fraction, text))
             return place.refuse(OLESTR("Conversion error"), text);
     }
-    GiveDoubles(&fraction, 1, results);
-    return S_OK;
+    return GiveDoubles(&fraction, 1, results);
 }
 
 // A value from the map. A composition derivative is scaled like its property, without the chain
@@ -119,14 +119,14 @@ HRESULT readStored(const PropertyPlace &place, const WSTRMapKey &key, LPCWSTR pr
     const double *values = stored->values;
     const std::int32_t power = ConversionPower(parsed.basisPower, (stored->basis & 1) != 0, basis == MassBasis);
     if (power != 0) {
+        const InFloatingPointMode ourMode(HostFloatingPointMode);
         const MixtureComposition composition =
             place.isOverall() ? material.compositionOfOverall() : material.compositionOf(place.phase);
         if (!ChainRuleConvert(composition, values, composition.scratch, stored->count, power, text, 1, 0))
             return place.refuse(OLESTR("Basis conversion error"), text);
         values = material.conversionScratch.get();
     }
-    GiveDoubles(values, static_cast<std::int32_t>(stored->count), results);
-    return S_OK;
+    return GiveDoubles(values, static_cast<std::int32_t>(stored->count), results);
 }
 
 HRESULT readProperty(const PropertyPlace &place, LPCWSTR property, BasisCode basis, VARIANT *results)
@@ -170,7 +170,9 @@ HRESULT readTPFraction(const PropertyPlace &place, LPCWSTR conditionScope, doubl
     hr = takeComposition(place, MoleBasis, fractions);
     if (FAILED(hr))
         return hr;
-    GiveDoubles(fractions, material.compoundCount(), composition);
+    hr = GiveDoubles(fractions, material.compoundCount(), composition);
+    if (FAILED(hr))
+        return hr;
     *temperature = material.temperature;
     *pressure = material.pressure;
     return S_OK;
@@ -178,99 +180,110 @@ HRESULT readTPFraction(const PropertyPlace &place, LPCWSTR conditionScope, doubl
 
 } // namespace
 
-HRESULT STDMETHODCALLTYPE CMaterialObject::GetOverallProp(BSTR property, BSTR basis, VARIANT *results)
+HRESULT STDMETHODCALLTYPE CMaterialObject::GetOverallProp(BSTR property, BSTR basis, VARIANT *results) noexcept
 {
     if (!results)
         return E_POINTER;
     const PropertyPlace place{*this, OLESTR("GetOverallProp")};
-    BasisCode code = NoBasis;
-    const HRESULT hr = place.takeBasis(basis, code);
-    return FAILED(hr) ? hr : readProperty(place, property, code, results);
+    return withRecord(propertyInterface, place.scope, [&] {
+        BasisCode code = NoBasis;
+        const HRESULT hr = place.takeBasis(basis, code);
+        return FAILED(hr) ? hr : readProperty(place, property, code, results);
+    });
 }
 
 HRESULT STDMETHODCALLTYPE CMaterialObject::GetOverallTPFraction(double *temperature, double *pressure,
-                                                                VARIANT *composition)
+                                                                VARIANT *composition) noexcept
 {
     if (!temperature || !pressure || !composition)
         return E_POINTER;
-    clear(composition);
-    return readTPFraction({*this, OLESTR("GetOverallProp")}, OLESTR("GetOverallTPFraction"), temperature, pressure,
-                          composition);
+    clearResult(composition);
+    constexpr LPCWSTR conditionScope = OLESTR("GetOverallTPFraction");
+    return withRecord(propertyInterface, conditionScope, [&] {
+        return readTPFraction({*this, OLESTR("GetOverallProp")}, conditionScope, temperature, pressure, composition);
+    });
 }
 
 // The status of every phase is 0, unknown: a material keeps no notion of equilibrium.
-HRESULT STDMETHODCALLTYPE CMaterialObject::GetPresentPhases(VARIANT *phaseLabels, VARIANT *phaseStatus)
+HRESULT STDMETHODCALLTYPE CMaterialObject::GetPresentPhases(VARIANT *phaseLabels, VARIANT *phaseStatus) noexcept
 {
     if (!phaseLabels || !phaseStatus)
         return E_POINTER;
     VariantClear(phaseLabels);
     VariantClear(phaseStatus);
-    const auto presentCount = static_cast<std::int32_t>(std::count_if(
-        phasePresent.get(), phasePresent.get() + phaseCount(), [](std::int32_t present) { return present != 0; }));
-    VariantArray labels;
-    labels.Create(presentCount, VT_BSTR);
-    VariantArray status;
-    status.Create(presentCount, VT_I4); // zeros
-    std::int32_t next = 0;
-    for (std::int32_t phase = 0; phase < phaseCount(); ++phase) {
-        if (!phasePresent[phase])
-            continue;
-        Bstr label;
-        label.take(openPackage->phaseLabelList.GetString(phase));
-        labels.PutString(next++, label.get());
-    }
-    labels.HandOver(phaseLabels);
-    status.HandOver(phaseStatus);
-    return S_OK;
+    return withRecord(OLESTR("ICapeThermoMaterial"), OLESTR("GetPresentPhases"), [&] {
+        const auto presentCount = static_cast<std::int32_t>(std::count_if(
+            phasePresent.get(), phasePresent.get() + phaseCount(), [](std::int32_t present) { return present != 0; }));
+        VariantArray labels;
+        labels.Create(presentCount, VT_BSTR);
+        VariantArray status;
+        status.Create(presentCount, VT_I4); // zeros
+        std::int32_t next = 0;
+        for (std::int32_t phase = 0; phase < phaseCount(); ++phase) {
+            if (!phasePresent[phase])
+                continue;
+            Bstr label;
+            label.take(openPackage->phaseLabelList.GetString(phase));
+            labels.PutString(next++, label.get());
+        }
+        labels.HandOver(phaseLabels);
+        status.HandOver(phaseStatus);
+        return S_OK;
+    });
 }
 
 HRESULT STDMETHODCALLTYPE CMaterialObject::GetSinglePhaseProp(BSTR property, BSTR phaseLabel, BSTR basis,
-                                                              VARIANT *results)
+                                                              VARIANT *results) noexcept
 {
     if (!results)
         return E_POINTER;
     PropertyPlace place{*this, OLESTR("GetSingleProp")};
-    BasisCode code = NoBasis;
-    HRESULT hr = place.takeBasis(basis, code);
-    if (SUCCEEDED(hr))
-        hr = place.takePhase(phaseLabel);
-    if (SUCCEEDED(hr))
-        hr = requirePresent(place);
-    return FAILED(hr) ? hr : readProperty(place, property, code, results);
+    return withRecord(propertyInterface, place.scope, [&] {
+        BasisCode code = NoBasis;
+        HRESULT hr = place.takeBasis(basis, code);
+        if (SUCCEEDED(hr))
+            hr = place.takePhase(phaseLabel);
+        if (SUCCEEDED(hr))
+            hr = requirePresent(place);
+        return FAILED(hr) ? hr : readProperty(place, property, code, results);
+    });
 }
 
 HRESULT STDMETHODCALLTYPE CMaterialObject::GetTPFraction(BSTR phaseLabel, double *temperature, double *pressure,
-                                                         VARIANT *composition)
+                                                         VARIANT *composition) noexcept
 {
     if (!temperature || !pressure || !composition)
         return E_POINTER;
-    clear(composition);
+    clearResult(composition);
     PropertyPlace place{*this, OLESTR("GetTPFraction")};
-    HRESULT hr = place.takePhase(phaseLabel);
-    if (SUCCEEDED(hr))
-        hr = requirePresent(place);
-    return FAILED(hr) ? hr : readTPFraction(place, place.scope, temperature, pressure, composition);
+    return withRecord(propertyInterface, place.scope, [&] {
+        HRESULT hr = place.takePhase(phaseLabel);
+        if (SUCCEEDED(hr))
+            hr = requirePresent(place);
+        return FAILED(hr) ? hr : readTPFraction(place, place.scope, temperature, pressure, composition);
+    });
 }
 
 HRESULT STDMETHODCALLTYPE CMaterialObject::GetTwoPhaseProp(BSTR property, VARIANT phaseLabels, BSTR basis,
-                                                           VARIANT *results)
+                                                           VARIANT *results) noexcept
 {
     if (!results)
         return E_POINTER;
     const PropertyPlace place{*this, OLESTR("GetTwoPhaseProp")};
-    PhaseLabels labels;
-    HRESULT hr = TakePhaseLabels(place, phaseLabels, labels);
-    if (FAILED(hr))
-        return hr;
-    PhasePair pair;
-    hr = TakePhasePair(place, labels, property, pair);
-    if (FAILED(hr))
-        return hr;
-    const PropertyValues *stored = phaseProps[pair.first].stored(pair.key);
-    if (!stored)
-        return place.refuse(OLESTR("No values"), WideString(OLESTR("No values for property ")) + property);
-    if (basis && *basis)
-        return place.refuse(OLESTR("Invalid basis"), OLESTR("Expected no basis"));
-    GiveDoubles(stored->values, static_cast<std::int32_t>(stored->count), results);
-    return S_OK;
+    return withRecord(propertyInterface, place.scope, [&] {
+        PhaseLabels labels;
+        HRESULT hr = TakePhaseLabels(place, phaseLabels, labels);
+        if (FAILED(hr))
+            return hr;
+        PhasePair pair;
+        hr = TakePhasePair(place, labels, property, pair);
+        if (FAILED(hr))
+            return hr;
+        const PropertyValues *stored = phaseProps[pair.first].stored(pair.key);
+        if (!stored)
+            return place.refuse(OLESTR("No values"), WideString(OLESTR("No values for property ")) + property);
+        if (basis && *basis)
+            return place.refuse(OLESTR("Invalid basis"), OLESTR("Expected no basis"));
+        return GiveDoubles(stored->values, static_cast<std::int32_t>(stored->count), results);
+    });
 }

@@ -4,6 +4,7 @@
 
 #include "cape/com/cape_open.h"
 #include "cape/com/com_object.h"
+#include "cape/com/guarded_call.h"
 #include "cape/error_state.h"
 #include "cape/missing_value.h"
 #include "material/imaterial.h"
@@ -21,7 +22,10 @@ inline constexpr CLSID CLSID_MaterialObject = {
 // With nC compounds and nP phases of the package. Phase indices are those of its phaseLabels,
 // compound indices those of its compoundIds; the Overall phase has no index. Basis tags are 0 mole
 // and 1 mass, and mean something only beside a value that is set.
+//
+// A package can keep a material beyond the close of its record: each method that works on it is then refused.
 class CMaterialObject : public ErrorReporting,
+                        public RecordUser,
                         public DualInterface<ICapeIdentification, LIBID_CAPEOPEN110>,
                         public DualInterface<ICapeThermoCompounds, LIBID_CAPEOPEN110>,
                         public DualInterface<ICapeThermoEquilibriumRoutine, LIBID_CAPEOPEN110>,
@@ -33,8 +37,6 @@ class CMaterialObject : public ErrorReporting,
                         public CComObjectRootEx<CComSingleThreadModel>,
                         public CComCoClass<CLSID_MaterialObject> {
 public:
-    OpenPackage *openPackage = nullptr; // not owned; fixed by InitMaterial
-
     double temperature = 0;                       // K, for all phases
     double pressure = 0;                          // Pa, for all phases
     std::unique_ptr<double[]> overallComposition; // nC fractions
@@ -55,6 +57,9 @@ public:
     // Second stage of construction: the package's compound and phase lists must be loaded, and must
     // stay as they are while the material lives.
     void InitMaterial(OpenPackage *package);
+
+    // What ClearAllProps does; the record must be there.
+    void clear();
 
     std::int32_t compoundCount() const { return static_cast<std::int32_t>(openPackage->compoundIds.size()); }
     std::int32_t phaseCount() const { return static_cast<std::int32_t>(openPackage->phaseLabels.size()); }
@@ -82,73 +87,89 @@ public:
         return SetMaterialError(name, description.c_str(), interfaceName, scope);
     }
 
+    // The body of a method of a package's, whatever it throws; refused without a record to work on.
+    template <class Body> HRESULT withRecord(LPCWSTR interfaceName, LPCWSTR scope, Body body) noexcept
+    {
+        return GuardedCall([&] { return openPackage ? body() : refuseWithoutRecord(interfaceName, scope); });
+    }
+    HRESULT refuseWithoutRecord(LPCWSTR interfaceName, LPCWSTR scope);
+
     void *FindInterface(REFIID iid);
 
     // ICapeIdentification
-    HRESULT STDMETHODCALLTYPE get_ComponentName(BSTR *name) override;
-    HRESULT STDMETHODCALLTYPE put_ComponentName(BSTR name) override;
-    HRESULT STDMETHODCALLTYPE get_ComponentDescription(BSTR *description) override;
-    HRESULT STDMETHODCALLTYPE put_ComponentDescription(BSTR description) override;
+    HRESULT STDMETHODCALLTYPE get_ComponentName(BSTR *name) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_ComponentName(BSTR name) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_ComponentDescription(BSTR *description) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_ComponentDescription(BSTR description) noexcept override;
 
     // ICapeThermoCompounds: the list and its length are answered, the rest is refused
-    HRESULT STDMETHODCALLTYPE GetCompoundConstant(VARIANT properties, VARIANT compoundIds, VARIANT *values) override;
+    HRESULT STDMETHODCALLTYPE GetCompoundConstant(VARIANT properties, VARIANT compoundIds,
+                                                  VARIANT *values) noexcept override;
     HRESULT STDMETHODCALLTYPE GetCompoundList(VARIANT *compoundIds, VARIANT *formulae, VARIANT *names,
                                               VARIANT *boilingTemperatures, VARIANT *molecularWeights,
-                                              VARIANT *casNumbers) override;
-    HRESULT STDMETHODCALLTYPE GetConstPropList(VARIANT *properties) override;
-    HRESULT STDMETHODCALLTYPE GetNumCompounds(LONG *count) override;
+                                              VARIANT *casNumbers) noexcept override;
+    HRESULT STDMETHODCALLTYPE GetConstPropList(VARIANT *properties) noexcept override;
+    HRESULT STDMETHODCALLTYPE GetNumCompounds(LONG *count) noexcept override;
     HRESULT STDMETHODCALLTYPE GetPDependentProperty(VARIANT properties, double pressure, VARIANT compoundIds,
-                                                    VARIANT *values) override;
-    HRESULT STDMETHODCALLTYPE GetPDependentPropList(VARIANT *properties) override;
+                                                    VARIANT *values) noexcept override;
+    HRESULT STDMETHODCALLTYPE GetPDependentPropList(VARIANT *properties) noexcept override;
     HRESULT STDMETHODCALLTYPE GetTDependentProperty(VARIANT properties, double temperature, VARIANT compoundIds,
-                                                    VARIANT *values) override;
-    HRESULT STDMETHODCALLTYPE GetTDependentPropList(VARIANT *properties) override;
+                                                    VARIANT *values) noexcept override;
+    HRESULT STDMETHODCALLTYPE GetTDependentPropList(VARIANT *properties) noexcept override;
 
     // ICapeThermoEquilibriumRoutine: refused
     HRESULT STDMETHODCALLTYPE CalcEquilibrium(VARIANT specification1, VARIANT specification2,
-                                              BSTR solutionType) override;
+                                              BSTR solutionType) noexcept override;
     HRESULT STDMETHODCALLTYPE CheckEquilibriumSpec(VARIANT specification1, VARIANT specification2, BSTR solutionType,
-                                                   VARIANT_BOOL *supported) override;
+                                                   VARIANT_BOOL *supported) noexcept override;
 
     // ICapeThermoMaterial
-    HRESULT STDMETHODCALLTYPE ClearAllProps() override;
-    HRESULT STDMETHODCALLTYPE CopyFromMaterial(IDispatch **source) override;
-    HRESULT STDMETHODCALLTYPE CreateMaterial(IDispatch **material) override;
-    HRESULT STDMETHODCALLTYPE GetOverallProp(BSTR property, BSTR basis, VARIANT *results) override;
+    HRESULT STDMETHODCALLTYPE ClearAllProps() noexcept override;
+    HRESULT STDMETHODCALLTYPE CopyFromMaterial(IDispatch **source) noexcept override;
+    HRESULT STDMETHODCALLTYPE CreateMaterial(IDispatch **material) noexcept override;
+    HRESULT STDMETHODCALLTYPE GetOverallProp(BSTR property, BSTR basis, VARIANT *results) noexcept override;
     HRESULT STDMETHODCALLTYPE GetOverallTPFraction(double *temperature, double *pressure,
-                                                   VARIANT *composition) override;
-    HRESULT STDMETHODCALLTYPE GetPresentPhases(VARIANT *phaseLabels, VARIANT *phaseStatus) override;
-    HRESULT STDMETHODCALLTYPE GetSinglePhaseProp(BSTR property, BSTR phaseLabel, BSTR basis, VARIANT *results) override;
+                                                   VARIANT *composition) noexcept override;
+    HRESULT STDMETHODCALLTYPE GetPresentPhases(VARIANT *phaseLabels, VARIANT *phaseStatus) noexcept override;
+    HRESULT STDMETHODCALLTYPE GetSinglePhaseProp(BSTR property, BSTR phaseLabel, BSTR basis,
+                                                 VARIANT *results) noexcept override;
     HRESULT STDMETHODCALLTYPE GetTPFraction(BSTR phaseLabel, double *temperature, double *pressure,
-                                            VARIANT *composition) override;
+                                            VARIANT *composition) noexcept override;
     HRESULT STDMETHODCALLTYPE GetTwoPhaseProp(BSTR property, VARIANT phaseLabels, BSTR basis,
-                                              VARIANT *results) override;
-    HRESULT STDMETHODCALLTYPE SetOverallProp(BSTR property, BSTR basis, VARIANT values) override;
-    HRESULT STDMETHODCALLTYPE SetPresentPhases(VARIANT phaseLabels, VARIANT phaseStatus) override;
-    HRESULT STDMETHODCALLTYPE SetSinglePhaseProp(BSTR property, BSTR phaseLabel, BSTR basis, VARIANT values) override;
-    HRESULT STDMETHODCALLTYPE SetTwoPhaseProp(BSTR property, VARIANT phaseLabels, BSTR basis, VARIANT values) override;
+                                              VARIANT *results) noexcept override;
+    HRESULT STDMETHODCALLTYPE SetOverallProp(BSTR property, BSTR basis, VARIANT values) noexcept override;
+    HRESULT STDMETHODCALLTYPE SetPresentPhases(VARIANT phaseLabels, VARIANT phaseStatus) noexcept override;
+    HRESULT STDMETHODCALLTYPE SetSinglePhaseProp(BSTR property, BSTR phaseLabel, BSTR basis,
+                                                 VARIANT values) noexcept override;
+    HRESULT STDMETHODCALLTYPE SetTwoPhaseProp(BSTR property, VARIANT phaseLabels, BSTR basis,
+                                              VARIANT values) noexcept override;
 
     // ICapeThermoPhases: the list and its length are answered, the rest is refused
-    HRESULT STDMETHODCALLTYPE GetNumPhases(LONG *count) override;
-    HRESULT STDMETHODCALLTYPE GetPhaseInfo(BSTR phaseLabel, BSTR attribute, VARIANT *value) override;
+    HRESULT STDMETHODCALLTYPE GetNumPhases(LONG *count) noexcept override;
+    HRESULT STDMETHODCALLTYPE GetPhaseInfo(BSTR phaseLabel, BSTR attribute, VARIANT *value) noexcept override;
     HRESULT STDMETHODCALLTYPE GetPhaseList(VARIANT *phaseLabels, VARIANT *statesOfAggregation,
-                                           VARIANT *keyCompoundIds) override;
+                                           VARIANT *keyCompoundIds) noexcept override;
 
     // ICapeThermoPropertyRoutine: refused
     HRESULT STDMETHODCALLTYPE CalcAndGetLnPhi(BSTR phaseLabel, double temperature, double pressure, VARIANT moleNumbers,
                                               INT flags, VARIANT *lnPhi, VARIANT *lnPhiDT, VARIANT *lnPhiDP,
-                                              VARIANT *lnPhiDn) override;
-    HRESULT STDMETHODCALLTYPE CalcSinglePhaseProp(VARIANT properties, BSTR phaseLabel) override;
-    HRESULT STDMETHODCALLTYPE CalcTwoPhaseProp(VARIANT properties, VARIANT phaseLabels) override;
-    HRESULT STDMETHODCALLTYPE CheckSinglePhasePropSpec(BSTR property, BSTR phaseLabel, VARIANT_BOOL *valid) override;
-    HRESULT STDMETHODCALLTYPE CheckTwoPhasePropSpec(BSTR property, VARIANT phaseLabels, VARIANT_BOOL *valid) override;
-    HRESULT STDMETHODCALLTYPE GetSinglePhasePropList(VARIANT *properties) override;
-    HRESULT STDMETHODCALLTYPE GetTwoPhasePropList(VARIANT *properties) override;
+                                              VARIANT *lnPhiDn) noexcept override;
+    HRESULT STDMETHODCALLTYPE CalcSinglePhaseProp(VARIANT properties, BSTR phaseLabel) noexcept override;
+    HRESULT STDMETHODCALLTYPE CalcTwoPhaseProp(VARIANT properties, VARIANT phaseLabels) noexcept override;
+    HRESULT STDMETHODCALLTYPE CheckSinglePhasePropSpec(BSTR property, BSTR phaseLabel,
+                                                       VARIANT_BOOL *valid) noexcept override;
+    HRESULT STDMETHODCALLTYPE CheckTwoPhasePropSpec(BSTR property, VARIANT phaseLabels,
+                                                    VARIANT_BOOL *valid) noexcept override;
+    HRESULT STDMETHODCALLTYPE GetSinglePhasePropList(VARIANT *properties) noexcept override;
+    HRESULT STDMETHODCALLTYPE GetTwoPhasePropList(VARIANT *properties) noexcept override;
 
     // ICapeThermoUniversalConstant: refused
-    HRESULT STDMETHODCALLTYPE GetUniversalConstant(BSTR id, VARIANT *value) override;
-    HRESULT STDMETHODCALLTYPE GetUniversalConstantList(VARIANT *ids) override;
+    HRESULT STDMETHODCALLTYPE GetUniversalConstant(BSTR id, VARIANT *value) noexcept override;
+    HRESULT STDMETHODCALLTYPE GetUniversalConstantList(VARIANT *ids) noexcept override;
 
     // IMaterial
-    HRESULT STDMETHODCALLTYPE GetMaterialObject(CMaterialObject **material) override;
+    HRESULT STDMETHODCALLTYPE GetMaterialObject(CMaterialObject **material) noexcept override;
 };
+
+// A new material of the record; the caller owns the one reference on it.
+CMaterialObject *NewMaterial(OpenPackage &package);

@@ -183,64 +183,16 @@ void rememberWrite(const PropertyPlace &place, LPCWSTR property, LPCWSTR phaseLa
     PropertyValues *entry = nullptr;
     if (reserved == ReservedProperty::None)
         place.properties().find(property, entry);
-    place.material.recentWrites.remember(
-        {property, phaseLabel, orEmpty(basisText), basis, place.phase, reserved, entry, entry ? entry->count : 0});
+    place.material.recentWrites.remember({property, phaseLabel, orEmpty(basisText)},
+                                         {basis, place.phase, reserved, entry, entry ? entry->count : 0});
 }
 
-} // namespace
-
-HRESULT STDMETHODCALLTYPE CMaterialObject::SetOverallProp(BSTR property, BSTR basis, VARIANT values)
+// Two-phase values whose words have to be judged.
+HRESULT writeTwoPhase(const PropertyPlace &place, const PhaseLabels &labels, LPCWSTR property, bool basisGiven,
+                      const VARIANT &values)
 {
-    const PropertyPlace place{*this, OLESTR("SetOverallProp")};
-    BasisCode code = NoBasis;
-    const HRESULT hr = place.takeBasis(basis, code);
-    ReservedProperty reserved = ReservedProperty::None;
-    return FAILED(hr) ? hr : writeProperty(place, property, code, values, reserved);
-}
-
-// A package that writes a value to a phase declares the phase present.
-HRESULT STDMETHODCALLTYPE CMaterialObject::SetSinglePhaseProp(BSTR property, BSTR phaseLabel, BSTR basis,
-                                                              VARIANT values)
-{
-    PropertyPlace place{*this, OLESTR("SetSinglePhaseProp")};
-    HRESULT hr = S_OK;
-    // A null label names no phase, not even one without a name.
-    if (const RecentWrites::Write *write = phaseLabel ? recentWrites.find(property, phaseLabel, basis) : nullptr) {
-        place.phase = write->phase;
-        hr = writeAgain(place, *write, values);
-    } else {
-        BasisCode code = NoBasis;
-        ReservedProperty reserved = ReservedProperty::None;
-        hr = place.takeBasis(basis, code);
-        if (SUCCEEDED(hr))
-            hr = place.takePhase(phaseLabel);
-        if (SUCCEEDED(hr))
-            hr = writeProperty(place, property, code, values, reserved);
-        if (SUCCEEDED(hr))
-            rememberWrite(place, property, phaseLabel, basis, code, reserved);
-    }
-    if (SUCCEEDED(hr))
-        phasePresent[place.phase] = 1;
-    return hr;
-}
-
-HRESULT STDMETHODCALLTYPE CMaterialObject::SetTwoPhaseProp(BSTR property, VARIANT phaseLabels, BSTR basis,
-                                                           VARIANT values)
-{
-    PropertyPlace place{*this, OLESTR("SetTwoPhaseProp")};
-    PhaseLabels labels;
-    HRESULT hr = TakePhaseLabels(place, phaseLabels, labels);
-    if (FAILED(hr))
-        return hr;
-    const bool basisGiven = basis && *basis;
-    if (labels.first && labels.second && !basisGiven) {
-        if (const RecentWrites::Write *write = recentTwoPhaseWrites.find(property, labels.first, labels.second)) {
-            place.phase = write->phase;
-            return writeAgain(place, *write, values);
-        }
-    }
     PhasePair pair;
-    hr = TakePhasePair(place, labels, property, pair);
+    HRESULT hr = TakePhasePair(place, labels, property, pair);
     if (FAILED(hr))
         return hr;
     if (basisGiven)
@@ -258,33 +210,98 @@ HRESULT STDMETHODCALLTYPE CMaterialObject::SetTwoPhaseProp(BSTR property, VARIAN
     hr = requireCount(place, given, parsed, ofBothCompositions ? 2 : 1);
     if (FAILED(hr))
         return hr;
-    PropertyValues &entry = phaseProps[pair.first].entry(pair.key);
+    CMaterialObject &material = place.material;
+    PropertyValues &entry = material.phaseProps[pair.first].entry(pair.key);
     hr = storeIn(entry, given, massTag(NoBasis));
     if (SUCCEEDED(hr))
-        recentTwoPhaseWrites.remember(
-            {property, labels.first, labels.second, NoBasis, pair.first, ReservedProperty::None, &entry, entry.count});
+        material.recentTwoPhaseWrites.remember({property, labels.first, labels.second},
+                                               {NoBasis, pair.first, ReservedProperty::None, &entry, entry.count});
     return hr;
 }
 
-HRESULT STDMETHODCALLTYPE CMaterialObject::SetPresentPhases(VARIANT phaseLabels, VARIANT)
+} // namespace
+
+HRESULT STDMETHODCALLTYPE CMaterialObject::SetOverallProp(BSTR property, BSTR basis, VARIANT values) noexcept
 {
+    const PropertyPlace place{*this, OLESTR("SetOverallProp")};
+    return withRecord(propertyInterface, place.scope, [&] {
+        BasisCode code = NoBasis;
+        const HRESULT hr = place.takeBasis(basis, code);
+        ReservedProperty reserved = ReservedProperty::None;
+        return FAILED(hr) ? hr : writeProperty(place, property, code, values, reserved);
+    });
+}
+
+// A package that writes a value to a phase declares the phase present.
+HRESULT STDMETHODCALLTYPE CMaterialObject::SetSinglePhaseProp(BSTR property, BSTR phaseLabel, BSTR basis,
+                                                              VARIANT values) noexcept
+{
+    PropertyPlace place{*this, OLESTR("SetSinglePhaseProp")};
+    return withRecord(propertyInterface, place.scope, [&] {
+        HRESULT hr = S_OK;
+        // A null label names no phase, not even one without a name.
+        if (const RecentWrites::Write *write = phaseLabel ? recentWrites.find(property, phaseLabel, basis) : nullptr) {
+            place.phase = write->phase;
+            hr = writeAgain(place, *write, values);
+        } else {
+            BasisCode code = NoBasis;
+            ReservedProperty reserved = ReservedProperty::None;
+            hr = place.takeBasis(basis, code);
+            if (SUCCEEDED(hr))
+                hr = place.takePhase(phaseLabel);
+            if (SUCCEEDED(hr))
+                hr = writeProperty(place, property, code, values, reserved);
+            if (SUCCEEDED(hr))
+                rememberWrite(place, property, phaseLabel, basis, code, reserved);
+        }
+        if (SUCCEEDED(hr))
+            phasePresent[place.phase] = 1;
+        return hr;
+    });
+}
+
+HRESULT STDMETHODCALLTYPE CMaterialObject::SetTwoPhaseProp(BSTR property, VARIANT phaseLabels, BSTR basis,
+                                                           VARIANT values) noexcept
+{
+    PropertyPlace place{*this, OLESTR("SetTwoPhaseProp")};
+    return withRecord(propertyInterface, place.scope, [&] {
+        PhaseLabels labels;
+        HRESULT hr = TakePhaseLabels(place, phaseLabels, labels);
+        if (FAILED(hr))
+            return hr;
+        const bool basisGiven = basis && *basis;
+        if (labels.first && labels.second && !basisGiven) {
+            if (const RecentWrites::Write *write = recentTwoPhaseWrites.find(property, labels.first, labels.second)) {
+                place.phase = write->phase;
+                return writeAgain(place, *write, values);
+            }
+        }
+        return writeTwoPhase(place, labels, property, basisGiven, values);
+    });
+}
+
+HRESULT STDMETHODCALLTYPE CMaterialObject::SetPresentPhases(VARIANT phaseLabels, VARIANT) noexcept
+{
+    constexpr LPCWSTR interfaceName = OLESTR("ICapeThermoMaterial");
+    constexpr LPCWSTR scope = OLESTR("SetPresentPhases");
     const auto refuse = [this](const WideString &description) {
-        return SetMaterialError(OLESTR("Invalid phase labels"), description, OLESTR("ICapeThermoMaterial"),
-                                OLESTR("SetPresentPhases"));
+        return SetMaterialError(OLESTR("Invalid phase labels"), description, interfaceName, scope);
     };
-    for (std::int32_t phase = 0; phase < phaseCount(); ++phase)
-        phasePresent[phase] = 0;
-    const BSTR *labels = nullptr;
-    std::int32_t count = 0;
-    WideString reason;
-    if (!TakeTexts(phaseLabels, labels, count, reason))
-        return refuse(OLESTR("Invalid phase labels: ") + reason);
-    for (std::int32_t i = 0; i < count; ++i) {
-        const LPCWSTR label = labels[i];
-        const std::int32_t phase = PhaseIndex(label);
-        if (phase < 0)
-            return refuse(InvalidPhaseText(label));
-        phasePresent[phase] = 1;
-    }
-    return S_OK;
+    return withRecord(interfaceName, scope, [&] {
+        for (std::int32_t phase = 0; phase < phaseCount(); ++phase)
+            phasePresent[phase] = 0;
+        const BSTR *labels = nullptr;
+        std::int32_t count = 0;
+        WideString reason;
+        if (!TakeTexts(phaseLabels, labels, count, reason))
+            return refuse(OLESTR("Invalid phase labels: ") + reason);
+        for (std::int32_t i = 0; i < count; ++i) {
+            const LPCWSTR label = labels[i];
+            const std::int32_t phase = PhaseIndex(label);
+            if (phase < 0)
+                return refuse(InvalidPhaseText(label));
+            phasePresent[phase] = 1;
+        }
+        return S_OK;
+    });
 }

@@ -7,7 +7,6 @@
 
 void CMaterialObject::InitMaterial(OpenPackage *package)
 {
-    openPackage = package;
     const std::size_t compounds = package->compoundIds.size();
     const std::size_t phases = package->phaseLabels.size();
     overallComposition = std::make_unique<double[]>(compounds);
@@ -20,13 +19,14 @@ void CMaterialObject::InitMaterial(OpenPackage *package)
     phasePresent = std::make_unique<std::int32_t[]>(phases);
     phaseProps = std::make_unique<PropertyMap[]>(phases);
     conversionScratch = std::make_unique<double[]>(compounds * compounds);
-    ClearAllProps();
     BuildReservedPropertyHashes();
+    use(*package);
+    clear();
 }
 
 // The basis tags and the error state stay: a tag means something only beside a value that is set,
 // and each set operation rewrites it.
-HRESULT STDMETHODCALLTYPE CMaterialObject::ClearAllProps()
+void CMaterialObject::clear()
 {
     recentWrites.forget();
     recentTwoPhaseWrites.forget();
@@ -41,7 +41,14 @@ HRESULT STDMETHODCALLTYPE CMaterialObject::ClearAllProps()
         phasePresent[phase] = 0;
         phaseProps[phase].clear();
     }
-    return S_OK;
+}
+
+HRESULT STDMETHODCALLTYPE CMaterialObject::ClearAllProps() noexcept
+{
+    return withRecord(OLESTR("ICapeThermoMaterial"), OLESTR("ClearAllProps"), [this] {
+        clear();
+        return S_OK;
+    });
 }
 
 PhaseAmounts CMaterialObject::phaseAmounts() const
@@ -66,4 +73,11 @@ HRESULT CMaterialObject::SetMaterialError(LPCWSTR name, LPCWSTR description, LPC
 {
     setError(name, description, interfaceName, scope);
     return ECapeUnknownHR;
+}
+
+HRESULT CMaterialObject::refuseWithoutRecord(LPCWSTR interfaceName, LPCWSTR scope)
+{
+    return SetMaterialError(OLESTR("Invalid material"),
+                            OLESTR("The property package of this material object has been closed"), interfaceName,
+                            scope);
 }

@@ -5,7 +5,7 @@
 
 HRESULT PropertyPlace::refuse(LPCWSTR name, LPCWSTR description) const
 {
-    return material.SetMaterialError(name, description, OLESTR("ICapeThermoMaterialObject"), scope);
+    return material.SetMaterialError(name, description, propertyInterface, scope);
 }
 
 HRESULT PropertyPlace::takeBasis(LPCWSTR basisText, BasisCode &basis) const

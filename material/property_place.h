@@ -10,6 +10,9 @@
 // Stands for the Overall phase, which has no index.
 inline constexpr std::int32_t OverallPhase = -1;
 
+// The interface that the refusals of these methods carry.
+inline constexpr LPCWSTR propertyInterface = OLESTR("ICapeThermoMaterialObject");
+
 struct PropertyPlace {
     CMaterialObject &material;
     LPCWSTR scope; // the method, as its refusals name it

@@ -1,6 +1,6 @@
 #include "material/recent_writes.h"
 
-#include <utility>
+#include <new>
 
 namespace {
 
@@ -43,8 +43,12 @@ const RecentWrites::Write *RecentWrites::find(LPCWSTR property, LPCWSTR phaseLab
     return nullptr;
 }
 
-void RecentWrites::remember(Write write)
+void RecentWrites::remember(const WriteText &text, const WriteMeaning &meaning) noexcept
 {
-    if (writes.size() < most)
-        writes.push_back(std::move(write));
+    if (writes.size() >= most)
+        return;
+    try {
+        writes.push_back({meaning, text.property, text.phaseLabel, text.basisOrSecondLabel});
+    } catch (const std::bad_alloc &) {
+    }
 }

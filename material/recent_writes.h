@@ -11,21 +11,30 @@
 
 class RecentWrites {
 public:
-    struct Write {
-        WideString property; // the three texts as the package wrote them; a null basis counts as empty
-        WideString phaseLabel;
-        WideString basisOrSecondLabel;
+    // As the package wrote them; a null basis counts as empty.
+    struct WriteText {
+        LPCWSTR property;
+        LPCWSTR phaseLabel;
+        LPCWSTR basisOrSecondLabel;
+    };
+    struct WriteMeaning {
         BasisCode basis;
         std::int32_t phase;
         ReservedProperty reserved;
         PropertyValues *values; // of a property that is not reserved: its entry in the map,
         std::uint32_t count;    // and how many values it takes
     };
+    struct Write : WriteMeaning {
+        WideString property;
+        WideString phaseLabel;
+        WideString basisOrSecondLabel;
+    };
 
     // The write with exactly these texts, or null.
     const Write *find(LPCWSTR property, LPCWSTR phaseLabel, LPCWSTR basisOrSecondLabel);
 
-    void remember(Write write);
+    // For want of memory nothing is remembered: the write itself was made.
+    void remember(const WriteText &text, const WriteMeaning &meaning) noexcept;
 
     // To be called before an entry of a map goes.
     void forget() { writes.clear(); }

@@ -74,95 +74,103 @@ constexpr RefusedCall refusedCalls[] = {
 };
 static_assert(std::size(refusedCalls) == RefusedMethodCount);
 
-HRESULT refuse(CMaterialObject &material, RefusedMethod method)
+HRESULT refuse(CMaterialObject &material, RefusedMethod method) noexcept
 {
     const RefusedCall &call = refusedCalls[method];
-    return material.SetMaterialError(OLESTR("Invalid Call"), call.description, call.interfaceName, call.method);
+    return GuardedCall([&] {
+        return material.SetMaterialError(OLESTR("Invalid Call"), call.description, call.interfaceName, call.method);
+    });
 }
 
 } // namespace
 
-HRESULT STDMETHODCALLTYPE CMaterialObject::GetCompoundConstant(VARIANT, VARIANT, VARIANT *)
+HRESULT STDMETHODCALLTYPE CMaterialObject::GetCompoundConstant(VARIANT, VARIANT, VARIANT *) noexcept
 {
     return refuse(*this, ::GetCompoundConstant);
 }
 
-HRESULT STDMETHODCALLTYPE CMaterialObject::GetConstPropList(VARIANT *) { return refuse(*this, ::GetConstPropList); }
+HRESULT STDMETHODCALLTYPE CMaterialObject::GetConstPropList(VARIANT *) noexcept
+{
+    return refuse(*this, ::GetConstPropList);
+}
 
-HRESULT STDMETHODCALLTYPE CMaterialObject::GetPDependentProperty(VARIANT, double, VARIANT, VARIANT *)
+HRESULT STDMETHODCALLTYPE CMaterialObject::GetPDependentProperty(VARIANT, double, VARIANT, VARIANT *) noexcept
 {
     return refuse(*this, ::GetPDependentProperty);
 }
 
-HRESULT STDMETHODCALLTYPE CMaterialObject::GetPDependentPropList(VARIANT *)
+HRESULT STDMETHODCALLTYPE CMaterialObject::GetPDependentPropList(VARIANT *) noexcept
 {
     return refuse(*this, ::GetPDependentPropList);
 }
 
-HRESULT STDMETHODCALLTYPE CMaterialObject::GetTDependentProperty(VARIANT, double, VARIANT, VARIANT *)
+HRESULT STDMETHODCALLTYPE CMaterialObject::GetTDependentProperty(VARIANT, double, VARIANT, VARIANT *) noexcept
 {
     return refuse(*this, ::GetTDependentProperty);
 }
 
-HRESULT STDMETHODCALLTYPE CMaterialObject::GetTDependentPropList(VARIANT *)
+HRESULT STDMETHODCALLTYPE CMaterialObject::GetTDependentPropList(VARIANT *) noexcept
 {
     return refuse(*this, ::GetTDependentPropList);
 }
 
-HRESULT STDMETHODCALLTYPE CMaterialObject::CalcEquilibrium(VARIANT, VARIANT, BSTR)
+HRESULT STDMETHODCALLTYPE CMaterialObject::CalcEquilibrium(VARIANT, VARIANT, BSTR) noexcept
 {
     return refuse(*this, ::CalcEquilibrium);
 }
 
-HRESULT STDMETHODCALLTYPE CMaterialObject::CheckEquilibriumSpec(VARIANT, VARIANT, BSTR, VARIANT_BOOL *)
+HRESULT STDMETHODCALLTYPE CMaterialObject::CheckEquilibriumSpec(VARIANT, VARIANT, BSTR, VARIANT_BOOL *) noexcept
 {
     return refuse(*this, ::CheckEquilibriumSpec);
 }
 
-HRESULT STDMETHODCALLTYPE CMaterialObject::GetPhaseInfo(BSTR, BSTR, VARIANT *) { return refuse(*this, ::GetPhaseInfo); }
+HRESULT STDMETHODCALLTYPE CMaterialObject::GetPhaseInfo(BSTR, BSTR, VARIANT *) noexcept
+{
+    return refuse(*this, ::GetPhaseInfo);
+}
 
 HRESULT STDMETHODCALLTYPE CMaterialObject::CalcAndGetLnPhi(BSTR, double, double, VARIANT, INT, VARIANT *, VARIANT *,
-                                                           VARIANT *, VARIANT *)
+                                                           VARIANT *, VARIANT *) noexcept
 {
     return refuse(*this, ::CalcAndGetLnPhi);
 }
 
-HRESULT STDMETHODCALLTYPE CMaterialObject::CalcSinglePhaseProp(VARIANT, BSTR)
+HRESULT STDMETHODCALLTYPE CMaterialObject::CalcSinglePhaseProp(VARIANT, BSTR) noexcept
 {
     return refuse(*this, ::CalcSinglePhaseProp);
 }
 
-HRESULT STDMETHODCALLTYPE CMaterialObject::CalcTwoPhaseProp(VARIANT, VARIANT)
+HRESULT STDMETHODCALLTYPE CMaterialObject::CalcTwoPhaseProp(VARIANT, VARIANT) noexcept
 {
     return refuse(*this, ::CalcTwoPhaseProp);
 }
 
-HRESULT STDMETHODCALLTYPE CMaterialObject::CheckSinglePhasePropSpec(BSTR, BSTR, VARIANT_BOOL *)
+HRESULT STDMETHODCALLTYPE CMaterialObject::CheckSinglePhasePropSpec(BSTR, BSTR, VARIANT_BOOL *) noexcept
 {
     return refuse(*this, ::CheckSinglePhasePropSpec);
 }
 
-HRESULT STDMETHODCALLTYPE CMaterialObject::CheckTwoPhasePropSpec(BSTR, VARIANT, VARIANT_BOOL *)
+HRESULT STDMETHODCALLTYPE CMaterialObject::CheckTwoPhasePropSpec(BSTR, VARIANT, VARIANT_BOOL *) noexcept
 {
     return refuse(*this, ::CheckTwoPhasePropSpec);
 }
 
-HRESULT STDMETHODCALLTYPE CMaterialObject::GetSinglePhasePropList(VARIANT *)
+HRESULT STDMETHODCALLTYPE CMaterialObject::GetSinglePhasePropList(VARIANT *) noexcept
 {
     return refuse(*this, ::GetSinglePhasePropList);
 }
 
-HRESULT STDMETHODCALLTYPE CMaterialObject::GetTwoPhasePropList(VARIANT *)
+HRESULT STDMETHODCALLTYPE CMaterialObject::GetTwoPhasePropList(VARIANT *) noexcept
 {
     return refuse(*this, ::GetTwoPhasePropList);
 }
 
-HRESULT STDMETHODCALLTYPE CMaterialObject::GetUniversalConstant(BSTR, VARIANT *)
+HRESULT STDMETHODCALLTYPE CMaterialObject::GetUniversalConstant(BSTR, VARIANT *) noexcept
 {
     return refuse(*this, ::GetUniversalConstant);
 }
 
-HRESULT STDMETHODCALLTYPE CMaterialObject::GetUniversalConstantList(VARIANT *)
+HRESULT STDMETHODCALLTYPE CMaterialObject::GetUniversalConstantList(VARIANT *) noexcept
 {
     return refuse(*this, ::GetUniversalConstantList);
 }

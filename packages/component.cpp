@@ -11,10 +11,10 @@ HRESULT CreateComObject(REFCLSID classId, REFIID iid, void **object)
 {
     constexpr DWORD anyContext =
         CLSCTX_INPROC_SERVER | CLSCTX_INPROC_HANDLER | CLSCTX_LOCAL_SERVER | CLSCTX_REMOTE_SERVER;
-    HRESULT hr = CoCreateInstance(classId, nullptr, anyContext, iid, object);
+    HRESULT hr = CallComponent([&] { return CoCreateInstance(classId, nullptr, anyContext, iid, object); });
     // Only this result can mean a 32-bit class; any other failure would come back through the relay.
     if (hr == REGDB_E_CLASSNOTREG)
-        hr = CreateThroughRelay(classId, iid, object);
+        hr = CallComponent([&] { return CreateThroughRelay(classId, iid, object); });
     return SUCCEEDED(hr) && !*object ? E_POINTER : hr; // a success without an object
 }
 
@@ -22,7 +22,7 @@ bool InitializeComponent(IUnknown *object)
 {
     ComPointer<IPersistStreamInit> persistence;
     if (SUCCEEDED(persistence.queryFrom(object))) {
-        const HRESULT hr = persistence->InitNew();
+        const HRESULT hr = CallComponent([&] { return persistence->InitNew(); });
         persistence.reset();
         if (FAILED(hr) && hr != E_NOTIMPL) {
             LastError = OLESTR("InitNew failed: ") + HResultText(hr);
@@ -33,13 +33,13 @@ bool InitializeComponent(IUnknown *object)
     if (FAILED(utilities.queryFrom(object)))
         return true;
     EnsureSimulationContext();
-    const HRESULT hr = utilities->Initialize();
+    const HRESULT hr = CallComponent([&] { return utilities->Initialize(); });
     if (FAILED(hr) && hr != E_NOTIMPL) {
         LastError = OLESTR("Initialize failed: ") + CapeErrorText(utilities.get(), hr);
         return false;
     }
     // The context comes after Initialize, by intention.
-    utilities->put_simulationContext(simulationContext);
+    CallComponent([&] { return utilities->put_simulationContext(simulationContext); });
     return true;
 }
 
@@ -47,5 +47,5 @@ void TerminateComponent(IUnknown *object)
 {
     ComPointer<ICapeUtilities> utilities;
     if (SUCCEEDED(utilities.queryFrom(object)))
-        utilities->Terminate();
+        CallComponent([&] { return utilities->Terminate(); });
 }

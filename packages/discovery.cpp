@@ -12,6 +12,8 @@ namespace {
 
 constexpr std::size_t bufferCharacters = 1024;
 constexpr DWORD nameBytes = 1024; // longest value of "Name", in bytes
+constexpr DWORD mostFailures =
+    0x10000; // more unreadable keys side by side are a registry that never says it is at its end
 
 struct Category {
     LPCWSTR path;
@@ -65,10 +67,12 @@ void scanView(LPCWSTR path, WCHAR *buffer, std::size_t nativeCount)
     const RegistryKey root(HKEY_CLASSES_ROOT, path);
     if (!root)
         return;
-    for (DWORD index = 0;; ++index) {
+    DWORD failures = 0; // in a row
+    for (DWORD index = 0; failures < mostFailures; ++index) {
         const LSTATUS status = RegEnumKeyW(root.get(), index, buffer, bufferCharacters);
         if (status == ERROR_NO_MORE_ITEMS)
             return;
+        failures = status == ERROR_SUCCESS ? 0 : failures + 1;
         if (status != ERROR_SUCCESS)
             continue;
         const WideString classId(buffer);

@@ -19,6 +19,6 @@ inline Verdict ReadPackage(const mxArray *array, OpenPackage *&package)
     std::int32_t handle = 0;
     if (Verdict verdict = ReadHandle(array, handle); !verdict.isDone())
         return verdict;
-    package = FindPackage(handle);
+    package = UsePackage(handle);
     return package ? Verdict::done() : Verdict::refuse("Invalid property package handle");
 }

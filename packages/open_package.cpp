@@ -1,6 +1,7 @@
 #include "packages/open_package.h"
 
 #include "cape/com/com_pointer.h"
+#include "cape/com/variant.h"
 #include "cape/error_text.h"
 #include "gateway/state/global_text.h"
 #include "packages/component.h"
@@ -13,8 +14,7 @@ namespace {
 
 template <class Interface> void releaseAndClear(Interface *&pointer)
 {
-    if (Interface *released = std::exchange(pointer, nullptr))
-        released->Release();
+    ComPointer<Interface>(std::exchange(pointer, nullptr)).reset();
 }
 
 template <class Interface> bool ensureInterface(OpenPackage &package, Interface *&field, LPCWSTR prefix)
@@ -23,8 +23,9 @@ template <class Interface> bool ensureInterface(OpenPackage &package, Interface 
         return true;
     ComPointer<Interface> queried;
     const HRESULT hr = queried.queryFrom(package.package);
-    field = queried.detach();
-    if (SUCCEEDED(hr))
+    if (!field) // a package that calls a command in between may have had it fetched
+        field = queried.detach();
+    if (field)
         return true;
     LastError = prefix + HResultText(hr);
     return false;
@@ -59,6 +60,27 @@ OpenPackage::~OpenPackage()
     }
     material = nullptr;
     releaseAndClear(materialReference);
+    while (users)
+        users->leave();
+}
+
+void RecordUser::use(OpenPackage &package)
+{
+    openPackage = &package;
+    next = std::exchange(package.users, this);
+    link = &package.users;
+    if (next)
+        next->link = &next;
+}
+
+void RecordUser::leave()
+{
+    if (!openPackage)
+        return;
+    openPackage = nullptr;
+    *link = next;
+    if (next)
+        next->link = link;
 }
 
 bool EnsureCompoundsInterface(OpenPackage &package)
@@ -98,13 +120,20 @@ bool EnsureCompounds(OpenPackage &package)
     VARIANT results[std::size(lists)];
     for (VARIANT &result : results)
         VariantInit(&result);
-    const HRESULT hr = package.compounds->GetCompoundList(&results[0], &results[1], &results[2], &results[3],
-                                                          &results[4], &results[5]);
+    const HRESULT hr = CallComponent([&] {
+        return package.compounds->GetCompoundList(&results[0], &results[1], &results[2], &results[3], &results[4],
+                                                  &results[5]);
+    });
     if (FAILED(hr)) {
         // What a failed call left in the results is not trusted, so it is not cleared either.
         LastError =
             OLESTR("Failed to get list of compounds from property package: ") + CapeErrorText(package.compounds, hr);
         return false;
+    }
+    if (package.compoundsLoaded) { // by a command that the package called: what may be in use already stays
+        for (VARIANT &result : results)
+            VariantClear(&result);
+        return true;
     }
     for (std::size_t i = 0; i < std::size(lists); ++i)
         lists[i]->Attach(results[i], 1);
@@ -144,19 +173,20 @@ bool EnsurePhases(OpenPackage &package)
         return true;
     if (!EnsurePhasesInterface(package))
         return false;
-    VARIANT labels;
-    VARIANT states;
-    VARIANT keyCompounds;
-    for (VARIANT *result : {&labels, &states, &keyCompounds})
-        VariantInit(result);
-    const HRESULT hr = package.phases->GetPhaseList(&labels, &states, &keyCompounds);
+    Variant labels;
+    Variant states;
+    Variant keyCompounds;
+    const HRESULT hr =
+        CallComponent([&] { return package.phases->GetPhaseList(labels.out(), states.out(), keyCompounds.out()); });
     if (FAILED(hr)) {
         LastError = OLESTR("Failed to get list of phases from property package: ") + CapeErrorText(package.phases, hr);
         return false;
     }
-    package.phaseLabelList.Attach(labels, 1);
-    package.phaseStateOfAggregationList.Attach(states, 1);
-    package.phaseKeyCompoundList.Attach(keyCompounds, 1);
+    if (package.phasesLoaded) // by a command that the package called
+        return true;
+    package.phaseLabelList.Attach(labels.release(), 1);
+    package.phaseStateOfAggregationList.Attach(states.release(), 1);
+    package.phaseKeyCompoundList.Attach(keyCompounds.release(), 1);
 
     const VariantArray &labelList = package.phaseLabelList;
     if (!validateList(package.phaseLabelList, VT_BSTR, OLESTR("Invalid list of phase labels from property package: ")))

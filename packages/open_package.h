@@ -10,6 +10,29 @@
 #include <vector>
 
 class CMaterialObject;
+struct OpenPackage;
+
+// What works on a record and may outlive it: a material that its package keeps. It learns that the record has gone.
+class RecordUser {
+public:
+    OpenPackage *openPackage = nullptr; // not owned; null before use() and when the record is gone
+
+    RecordUser() = default;
+    RecordUser(const RecordUser &) = delete;
+    RecordUser &operator=(const RecordUser &) = delete;
+
+protected:
+    ~RecordUser() { leave(); }
+
+    void use(OpenPackage &package);
+
+private:
+    friend struct OpenPackage;
+    void leave();
+
+    RecordUser *next = nullptr;  // of the users of the same record
+    RecordUser **link = nullptr; // what points to this one
+};
 
 // Every interface pointer holds one reference of its own.
 struct OpenPackage {
@@ -21,6 +44,7 @@ struct OpenPackage {
     ICapeThermoPropertyRoutine *propertyRoutine = nullptr;
     IUnknown *materialReference = nullptr; // the record's reference on its material, whose class is not known here
     CMaterialObject *material = nullptr;   // the same object
+    RecordUser *users = nullptr;           // all materials of this record
 
     bool compoundsLoaded = false; // all compound fields are valid
     VariantArray compoundIdList;  // the six results of GetCompoundList as the package gave them

@@ -37,7 +37,7 @@ bool createThroughManager(const PackageSource &source, const WideString &package
     ComPointer<ICapeThermoPropertyPackageManager> manager;
     if (!OpenManager(source, manager))
         return false;
-    HRESULT hr = manager->GetPropertyPackage(lendForGood(packageName), package.out());
+    HRESULT hr = CallComponent([&] { return manager->GetPropertyPackage(lendForGood(packageName), package.out()); });
     if (SUCCEEDED(hr) && !package)
         hr = E_POINTER; // a success without a package
     const bool created = SUCCEEDED(hr);
@@ -78,6 +78,10 @@ bool CreatePackage(const WideString &managerName, const WideString &packageName,
     const WideString key = standAlone ? managerName : managerName + OLESTR(":") + packageName;
     if (FindPackageByKey(key, handle))
         return true;
+    if (IsClosingAllPackages()) {
+        LastError = OLESTR("no package can be opened while all packages are being closed");
+        return false;
+    }
     auto record = std::make_unique<OpenPackage>();
     record->name = key;
     if (!CreatePackageObject(record->package, managerName, packageName))

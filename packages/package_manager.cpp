@@ -1,6 +1,6 @@
 #include "packages/package_manager.h"
 
-#include "cape/com/bstr.h"
+#include "cape/com/variant.h"
 #include "cape/error_text.h"
 #include "cape/variant_array.h"
 #include "gateway/state/global_lists.h"
@@ -58,15 +58,14 @@ namespace {
 
 bool fetchPackageNames(ICapeThermoPropertyPackageManager *manager)
 {
-    VARIANT names;
-    VariantInit(&names);
-    const HRESULT hr = manager->GetPropertyPackageList(&names);
+    Variant names;
+    const HRESULT hr = CallComponent([&] { return manager->GetPropertyPackageList(names.out()); });
     if (FAILED(hr)) {
         LastError = OLESTR("failed to get list of packages from ppm: ") + CapeErrorText(manager, hr);
         return false;
     }
     VariantArray list;
-    list.Attach(names, 1);
+    list.Attach(names.release(), 1);
     WideString reason;
     if (!list.Validate(VT_BSTR, reason)) {
         LastError = OLESTR("Invalid list of packages from ppm: ") + reason;

@@ -2,16 +2,22 @@
 
 #include "gateway/state/global_lists.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <unordered_map>
+#include <utility>
 
 namespace {
 
-using Table = std::unordered_map<std::int32_t, std::unique_ptr<OpenPackage>>;
+using Table = std::unordered_map<std::int32_t, std::shared_ptr<OpenPackage>>;
 
-Table OpenPackageTable;
+Table OpenPackageTable; // without a record where a package is being closed
+
+bool closingAll = false;
 
 } // namespace
+
+std::shared_ptr<OpenPackage> PackageInUse;
 
 OpenPackage *FindPackage(std::int32_t handle)
 {
@@ -19,10 +25,19 @@ OpenPackage *FindPackage(std::int32_t handle)
     return found == OpenPackageTable.end() ? nullptr : found->second.get();
 }
 
+OpenPackage *UsePackage(std::int32_t handle)
+{
+    const auto found = OpenPackageTable.find(handle);
+    if (found == OpenPackageTable.end())
+        return nullptr;
+    PackageInUse = found->second;
+    return PackageInUse.get();
+}
+
 bool FindPackageByKey(const WideString &key, std::int32_t &handle)
 {
     for (const auto &[openHandle, package] : OpenPackageTable) {
-        if (lstrcmpiW(package->name.c_str(), key.c_str()) == 0) {
+        if (package && lstrcmpiW(package->name.c_str(), key.c_str()) == 0) {
             handle = openHandle;
             return true;
         }
@@ -44,10 +59,11 @@ std::int32_t AddPackage(std::unique_ptr<OpenPackage> package)
 bool ClosePackage(std::int32_t handle)
 {
     const auto found = OpenPackageTable.find(handle);
-    if (found == OpenPackageTable.end())
+    if (found == OpenPackageTable.end() || !found->second)
         return false;
-    found->second.reset(); // the record goes while its entry still stands
-    OpenPackageTable.erase(found);
+    // The record goes while its entry still stands. The package may call commands meanwhile, which change the table.
+    std::exchange(found->second, nullptr).reset();
+    OpenPackageTable.erase(handle);
     return true;
 }
 
@@ -60,7 +76,15 @@ void ListPackageHandles()
 
 void CloseAllPackages()
 {
-    for (auto &entry : OpenPackageTable)
-        entry.second.reset();
+    closingAll = true;
+    const auto nextOpen = [] {
+        return std::find_if(OpenPackageTable.begin(), OpenPackageTable.end(),
+                            [](const Table::value_type &entry) { return entry.second != nullptr; });
+    };
+    for (auto open = nextOpen(); open != OpenPackageTable.end(); open = nextOpen())
+        std::exchange(open->second, nullptr).reset();
     OpenPackageTable.clear();
+    closingAll = false;
 }
+
+bool IsClosingAllPackages() { return closingAll; }

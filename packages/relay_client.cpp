@@ -7,6 +7,9 @@
 #include "cape/com/relay_interface.h"
 #include "gateway/state/warning.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
 #include <memory>
 #include <utility>
 
@@ -25,8 +28,28 @@ HRESULT createRelay(IVerdanth6432Relay *&relay)
     return SUCCEEDED(hr) && !relay ? E_UNEXPECTED : hr;
 }
 
+// Whether the relay's process has ended: killed by a user, or by a component that it ran. Asked by a call that goes
+// there; a relay that is alive may answer as it likes.
+bool isDead(IVerdanth6432Relay *relay)
+{
+    constexpr std::uint32_t resultsOfTheDead[] = {
+        0x80010007, // RPC_E_SERVER_DIED
+        0x80010012, // RPC_E_SERVER_DIED_DNE
+        0x80010108, // RPC_E_DISCONNECTED
+        0x800401FD, // CO_E_OBJNOTCONNECTED
+        0x800706BA, // RPC_S_SERVER_UNAVAILABLE
+        0x800706BE, // RPC_S_CALL_FAILED
+        0x800706BF, // RPC_S_CALL_FAILED_DNE
+    };
+    UINT count = 0;
+    const auto hr = static_cast<std::uint32_t>(relay->GetTypeInfoCount(&count));
+    return std::find(std::begin(resultsOfTheDead), std::end(resultsOfTheDead), hr) != std::end(resultsOfTheDead);
+}
+
 void EnsureRelay()
 {
+    if (relayKeepAlive && isDead(relayKeepAlive))
+        ReleaseRelay(); // what was made there is lost; for what comes there has to be another process
     if (relayKeepAlive)
         return;
     if (SUCCEEDED(createRelay(relayKeepAlive)))
@@ -79,6 +102,8 @@ void findDisplayName(REFCLSID classId, const WideString &classIdText, IUnknown *
         Bstr text;
         if (SUCCEEDED(identification->get_ComponentName(text.out())))
             name = TextOf(text.get());
+        else
+            text.detach(); // what a failed call leaves is no text
         return;
     }
     TaskMemoryText programId;

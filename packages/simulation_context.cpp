@@ -1,5 +1,7 @@
 #include "packages/simulation_context.h"
 
+#include "cape/com/guarded_call.h"
+#include "gateway/state/host_mode.h"
 #include "gateway/state/settings.h"
 #include "gateway/state/warning.h"
 
@@ -23,47 +25,53 @@ void *CSimulationContext::FindInterface(REFIID iid)
     return findInterface(interfaces, iid, this);
 }
 
-void CSimulationContext::SetSimulationContextError(LPCWSTR name, LPCWSTR description, LPCWSTR interfaceName,
-                                                   LPCWSTR scope)
+HRESULT CSimulationContext::SetSimulationContextError(LPCWSTR name, LPCWSTR description, LPCWSTR interfaceName,
+                                                      LPCWSTR scope) noexcept
 {
-    setError(name, description, interfaceName, scope);
+    return GuardedCall([&] {
+        setError(name, description, interfaceName, scope);
+        return ECapeUnknownHR;
+    });
 }
 
-HRESULT STDMETHODCALLTYPE CSimulationContext::PopUpMessage(BSTR message)
+HRESULT STDMETHODCALLTYPE CSimulationContext::PopUpMessage(BSTR message) noexcept
 {
+    const InFloatingPointMode windowsMode(HostFloatingPointMode);
     if (GlobalSettings.showWarnings)
         MessageBoxW(nullptr, message, OLESTR("Verdanth:"), MB_ICONINFORMATION);
     return S_OK;
 }
 
-HRESULT STDMETHODCALLTYPE CSimulationContext::LogMessage(BSTR message)
+HRESULT STDMETHODCALLTYPE CSimulationContext::LogMessage(BSTR message) noexcept
 {
-    Warn(message);
-    return S_OK;
+    return GuardedCall([&] {
+        const InFloatingPointMode matlabMode(HostFloatingPointMode);
+        Warn(message);
+        return S_OK;
+    });
 }
 
-HRESULT STDMETHODCALLTYPE CSimulationContext::get_ComponentName(BSTR *name)
+HRESULT STDMETHODCALLTYPE CSimulationContext::get_ComponentName(BSTR *name) noexcept
 {
     return GiveText(OLESTR("Matlab Simulation Context"), name);
 }
 
-HRESULT STDMETHODCALLTYPE CSimulationContext::put_ComponentName(BSTR)
+HRESULT STDMETHODCALLTYPE CSimulationContext::put_ComponentName(BSTR) noexcept
 {
-    SetSimulationContextError(OLESTR("Access denied"), OLESTR("Cannot change name of the simulation context"),
-                              OLESTR("ICapeIdentification"), OLESTR("put_ComponentName"));
-    return ECapeUnknownHR;
+    return SetSimulationContextError(OLESTR("Access denied"), OLESTR("Cannot change name of the simulation context"),
+                                     OLESTR("ICapeIdentification"), OLESTR("put_ComponentName"));
 }
 
-HRESULT STDMETHODCALLTYPE CSimulationContext::get_ComponentDescription(BSTR *description)
+HRESULT STDMETHODCALLTYPE CSimulationContext::get_ComponentDescription(BSTR *description) noexcept
 {
     return get_ComponentName(description);
 }
 
-HRESULT STDMETHODCALLTYPE CSimulationContext::put_ComponentDescription(BSTR)
+HRESULT STDMETHODCALLTYPE CSimulationContext::put_ComponentDescription(BSTR) noexcept
 {
-    SetSimulationContextError(OLESTR("Access denied"), OLESTR("Cannot change description of the simulation context"),
-                              OLESTR("ICapeIdentification"), OLESTR("put_ComponentDescription"));
-    return ECapeUnknownHR;
+    return SetSimulationContextError(OLESTR("Access denied"),
+                                     OLESTR("Cannot change description of the simulation context"),
+                                     OLESTR("ICapeIdentification"), OLESTR("put_ComponentDescription"));
 }
 
 void EnsureSimulationContext()

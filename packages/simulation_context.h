@@ -17,17 +17,18 @@ class CSimulationContext : public ErrorReporting,
 public:
     void *FindInterface(REFIID iid);
 
-    void SetSimulationContextError(LPCWSTR name, LPCWSTR description, LPCWSTR interfaceName, LPCWSTR scope);
+    // Remembers why a call is refused; gives ECapeUnknownHR, the result of every refusal.
+    HRESULT SetSimulationContextError(LPCWSTR name, LPCWSTR description, LPCWSTR interfaceName, LPCWSTR scope) noexcept;
 
     // ICapeDiagnostic: a dialog, and a MATLAB warning; both only while warnings are on
-    HRESULT STDMETHODCALLTYPE PopUpMessage(BSTR message) override;
-    HRESULT STDMETHODCALLTYPE LogMessage(BSTR message) override;
+    HRESULT STDMETHODCALLTYPE PopUpMessage(BSTR message) noexcept override;
+    HRESULT STDMETHODCALLTYPE LogMessage(BSTR message) noexcept override;
 
     // ICapeIdentification: name and description are one fixed text and can't be changed
-    HRESULT STDMETHODCALLTYPE get_ComponentName(BSTR *name) override;
-    HRESULT STDMETHODCALLTYPE put_ComponentName(BSTR name) override;
-    HRESULT STDMETHODCALLTYPE get_ComponentDescription(BSTR *description) override;
-    HRESULT STDMETHODCALLTYPE put_ComponentDescription(BSTR description) override;
+    HRESULT STDMETHODCALLTYPE get_ComponentName(BSTR *name) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_ComponentName(BSTR name) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_ComponentDescription(BSTR *description) noexcept override;
+    HRESULT STDMETHODCALLTYPE put_ComponentDescription(BSTR description) noexcept override;
 };
 
 // The process's own reference; null until EnsureSimulationContext has run.

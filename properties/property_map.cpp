@@ -1,5 +1,6 @@
 #include "properties/property_map.h"
 
+#include <memory>
 #include <new>
 
 bool PropertyValues::reallocate(std::uint32_t newCount)
@@ -41,10 +42,11 @@ PropertyValues *&PropertyMap::slot(const WSTRMapKey &key) { return slot(key.GetK
 PropertyValues &PropertyMap::entry(LPCWSTR name)
 {
     if (PropertyValues *found = nullptr; find(name, found) && found)
-        return *found; // the usual case, without a key of its own
+        return *found;                              // the usual case, without a key of its own
+    auto made = std::make_unique<PropertyValues>(); // before the entry: none may be without
     PropertyValues *&values = slot(name);
     if (!values)
-        values = new PropertyValues;
+        values = made.release();
     return *values;
 }
 

@@ -39,7 +39,7 @@ public:
     CComObject(const CComObject &) = delete;
     CComObject &operator=(const CComObject &) = delete;
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void **object) override
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void **object) noexcept override
     {
         if (!object)
             return E_POINTER;
@@ -49,8 +49,8 @@ public:
         AddRef();
         return S_OK;
     }
-    ULONG STDMETHODCALLTYPE AddRef() override { return this->InternalAddRef(); }
-    ULONG STDMETHODCALLTYPE Release() override
+    ULONG STDMETHODCALLTYPE AddRef() noexcept override { return this->InternalAddRef(); }
+    ULONG STDMETHODCALLTYPE Release() noexcept override
     {
         const ULONG left = this->InternalRelease();
         if (left == 0)
@@ -65,23 +65,23 @@ private:
 // The IDispatch part of one interface, from its type information in a registered library.
 template <class Interface, const GUID &Library> class DualInterface : public Interface {
 public:
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT *count) override
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT *count) noexcept override
     {
         if (!count)
             return E_POINTER;
         *count = 1;
         return S_OK;
     }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID, ITypeInfo **info) override
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID, ITypeInfo **info) noexcept override
     {
         return information().give(index, info);
     }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR *names, UINT count, LCID, DISPID *ids) override
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR *names, UINT count, LCID, DISPID *ids) noexcept override
     {
         return information().idsOfNames(names, count, ids);
     }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS *arguments, VARIANT *result,
-                                     EXCEPINFO *exception, UINT *badArgument) override
+                                     EXCEPINFO *exception, UINT *badArgument) noexcept override
     {
         return information().invoke(static_cast<Interface *>(this), id, flags, arguments, result, exception,
                                     badArgument);

@@ -1,6 +1,7 @@
 // Owner of one reference on a COM interface.
 #pragma once
 
+#include "cape/com/component_call.h"
 #include "platform/platform.h"
 
 #include <utility>
@@ -24,16 +25,11 @@ public:
     Interface *operator->() const { return pointer; }
     explicit operator bool() const { return pointer != nullptr; }
 
-    void reset()
-    {
-        if (Interface *released = std::exchange(pointer, nullptr))
-            released->Release();
-    }
+    void reset() { attach(nullptr); }
     void attach(Interface *owned)
     {
-        Interface *released = std::exchange(pointer, owned);
-        if (released)
-            released->Release();
+        if (Interface *released = std::exchange(pointer, owned))
+            CallComponent([released] { return released->Release(); });
     }
     Interface *detach() { return std::exchange(pointer, nullptr); }
 
@@ -53,7 +49,9 @@ public:
             reset();
             return E_POINTER;
         }
-        const HRESULT hr = object->QueryInterface(InterfaceId<Interface>, outVoid());
+        void **const result = outVoid();
+        const HRESULT hr =
+            CallComponent([object, result] { return object->QueryInterface(InterfaceId<Interface>, result); });
         if (FAILED(hr))
             pointer = nullptr;
         return SUCCEEDED(hr) && !pointer ? E_NOINTERFACE : hr;

@@ -13,12 +13,19 @@ public:
     const VARIANT &get() const { return variant; }
     VARIANT *out() { return &variant; } // for a call that fills it; must be empty
 
+    // The value, which is the caller's from now on.
+    VARIANT release()
+    {
+        const VARIANT value = variant;
+        VariantInit(&variant);
+        return value;
+    }
+
     // Moves the value to an argument that is filled for the first time, or (replace) to one that
     // may hold something, which is freed.
     HRESULT give(VARIANT *result)
     {
-        *result = variant;
-        VariantInit(&variant);
+        *result = release();
         return S_OK;
     }
     HRESULT replace(VARIANT *argument)

@@ -1,5 +1,6 @@
 // Command 16: a compound constant of all compounds.
 #include "cape/com/bstr.h"
+#include "cape/com/component_call.h"
 #include "cape/com/variant.h"
 #include "cape/error_text.h"
 #include "cape/missing_value.h"
@@ -28,13 +29,12 @@ Verdict fetchConstant(OpenPackage &package, const mxArray *argument)
     name.free();
     NameArray.Create(1, VT_BSTR);
     NameArray.PutString(0, Bstr(ScratchText).get());
-    VARIANT values;
-    VariantInit(&values);
-    const HRESULT hr = package.compounds->GetCompoundConstant(NameArray.value, EmptyVariant, &values);
-    if (FAILED(hr)) {
+    Variant values;
+    const HRESULT hr = CallComponent(
+        [&] { return package.compounds->GetCompoundConstant(NameArray.value, EmptyVariant, values.out()); });
+    if (FAILED(hr))
         return FailWith(OLESTR("GetCompoundConstant failed: "), CapeErrorText(package.compounds, hr));
-    }
-    ResultArray.Attach(values, 1);
+    ResultArray.Attach(values.release(), 1);
     if (!ResultArray.Validate(VT_VARIANT, LastError)) {
         LastError.insert(0, OLESTR("Invalid return values from GetCompoundConstant: "));
         return Verdict::failed();

@@ -13,7 +13,10 @@ Verdict HelpCommand(const CommandCall &)
     const std::unique_ptr<char[]> path(new (std::nothrow) char[capacity]());
     if (!path)
         return Verdict::refuse("out of memory");
-    GetModuleFileNameA(LibraryModule(), path.get(), capacity);
+    const HMODULE library = LibraryModule();
+    if (!library) // the name of the host's program would be taken in its place
+        return Verdict::refuse("Failed to load help file: the library's file is not called Verdanth.mexw64");
+    GetModuleFileNameA(library, path.get(), capacity);
     path[capacity - 1] = 0;
     // The help file lies in the parent of the library's folder.
     char *const lastSeparator = std::strrchr(path.get(), '\\');

@@ -1,6 +1,7 @@
 // Commands 10 to 15: the properties that a package supports, as far as the vocabulary knows them,
 // so that a script is only told of what the system can handle.
-#include "cape/com/bstr.h"
+#include "cape/com/component_call.h"
+#include "cape/com/variant.h"
 #include "cape/error_text.h"
 #include "gateway/call/failure_text.h"
 #include "gateway/call/marshalling.h"
@@ -63,12 +64,11 @@ constexpr LPCWSTR alwaysSpecifiable[] = {OLESTR("Temperature"), OLESTR("Pressure
 
 Verdict fetchList(const PropertyListRow &row, OpenPackage &package)
 {
-    VARIANT names;
-    VariantInit(&names);
-    const HRESULT hr = row.fetch(package, &names);
+    Variant names;
+    const HRESULT hr = CallComponent([&] { return row.fetch(package, names.out()); });
     if (FAILED(hr))
         return FailWith(row.method, OLESTR(" failed: "), CapeErrorText(row.source(package), hr));
-    ResultArray.Attach(names, 1);
+    ResultArray.Attach(names.release(), 1);
     if (!ResultArray.Validate(VT_BSTR, LastError)) {
         LastError.insert(0, OLESTR("Invalid result from ") + WideString(row.method) + OLESTR(": "));
         return Verdict::failed();

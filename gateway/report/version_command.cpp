@@ -17,6 +17,10 @@ constexpr unsigned lowWord(DWORD value) { return value & 0xFFFFu; }
 // A version that can't be had is told in the result: scripts that print it go on.
 void GetVersionText()
 {
+    if (!LibraryModule()) {
+        ScratchText = OLESTR("Failed to get Verdanth.DLL version: its file is not called Verdanth.mexw64");
+        return;
+    }
     const std::unique_ptr<WCHAR[]> buffer(new WCHAR[bufferCharacters]());
     GetModuleFileNameW(LibraryModule(), buffer.get(), bufferCharacters);
     VS_FIXEDFILEINFO *version = nullptr;

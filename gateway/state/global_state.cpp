@@ -1,8 +1,10 @@
 #include "gateway/state/global_lists.h"
 #include "gateway/state/global_text.h"
+#include "gateway/state/host_mode.h"
 #include "gateway/state/settings.h"
 
 Settings GlobalSettings;
+FloatingPointMode HostFloatingPointMode = FloatingPointMode::current();
 
 WideString LastError;
 WideString ScratchText;

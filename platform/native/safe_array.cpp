@@ -7,6 +7,7 @@
 #include "platform/native/ownership.h"
 
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -17,11 +18,20 @@ constexpr std::uint64_t maximumBytes = 0x7FFFFFFF;
 
 char *blockOf(SAFEARRAY *array) { return reinterpret_cast<char *>(array) - prefixSize; }
 
+// As the features tell it; VT_EMPTY for an array that does not know.
 VARTYPE typeOf(SAFEARRAY *array)
 {
-    VARTYPE type = VT_EMPTY;
-    std::memcpy(&type, blockOf(array), sizeof type);
-    return type;
+    if (array->fFeatures & FADF_HAVEVARTYPE) {
+        VARTYPE type = VT_EMPTY;
+        std::memcpy(&type, blockOf(array), sizeof type);
+        return type;
+    }
+    constexpr std::pair<USHORT, VARTYPE> ownedElements[] = {
+        {FADF_BSTR, VT_BSTR}, {FADF_UNKNOWN, VT_UNKNOWN}, {FADF_DISPATCH, VT_DISPATCH}, {FADF_VARIANT, VT_VARIANT}};
+    for (const auto &[feature, type] : ownedElements)
+        if (array->fFeatures & feature)
+            return type;
+    return VT_EMPTY;
 }
 
 std::uint64_t countOf(const SAFEARRAY *array)
@@ -198,7 +208,7 @@ HRESULT SafeArrayGetVartype(SAFEARRAY *array, VARTYPE *type)
     if (!array || !type)
         return E_INVALIDARG;
     *type = typeOf(array);
-    return S_OK;
+    return *type == VT_EMPTY ? E_INVALIDARG : S_OK;
 }
 
 HRESULT SafeArrayGetLBound(SAFEARRAY *array, UINT dimension, LONG *bound)
@@ -225,7 +235,13 @@ HRESULT SafeArrayGetElement(SAFEARRAY *array, LONG *indices, void *element)
         return E_INVALIDARG;
     void *source = nullptr;
     const HRESULT result = findElement(array, indices, source);
-    return FAILED(result) ? result : native::copyElement(typeOf(array), element, source);
+    if (FAILED(result))
+        return result;
+    const VARTYPE type = typeOf(array);
+    if (type != VT_EMPTY)
+        return native::copyElement(type, element, source);
+    std::memcpy(element, source, array->cbElements);
+    return S_OK;
 }
 
 HRESULT SafeArrayPutElement(SAFEARRAY *array, LONG *indices, void *element)

@@ -148,6 +148,12 @@ Variant BlankArray(VARTYPE type, ULONG count, LONG lowerBound)
     return holding(type, SafeArrayCreate(type, 1, &bound));
 }
 
+Variant Mislabeled(Variant array, VARTYPE elementType)
+{
+    array.value.vt = static_cast<VARTYPE>(VT_ARRAY | elementType);
+    return array;
+}
+
 Variant TwoDimensionalArray(VARTYPE type, ULONG rows, ULONG columns)
 {
     SAFEARRAYBOUND bounds[] = {{rows, 0}, {columns, 0}};

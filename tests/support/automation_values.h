@@ -42,6 +42,9 @@ Variant ArrayOfVariants(const std::vector<Variant> &elements, LONG lowerBound = 
 Variant BlankArray(VARTYPE type, ULONG count, LONG lowerBound = 0);
 Variant TwoDimensionalArray(VARTYPE type, ULONG rows, ULONG columns);
 
+// An array that says of its elements that they are of another type than they are.
+Variant Mislabeled(Variant array, VARTYPE elementType);
+
 // The array as a reference to a VARIANT's content, which lives as long as `array` and is no copy.
 VARIANT ByReference(Variant &array);
 

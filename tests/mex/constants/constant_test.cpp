@@ -172,6 +172,13 @@ TEST_F(Constant, ThatIsNoListOfVariantsIsRefused)
     EXPECT_EQ(refusedConstant("charge"), invalid + "unexpected dimension; 1-dimensional array expected");
 }
 
+TEST_F(Constant, OfElementsThatAreNotWhatTheArraySaysIsRefused)
+{
+    package.constants = AnswerValues(Mislabeled(NumberArray({1, 2}), VT_VARIANT));
+    EXPECT_EQ(refusal(1, {Scalar(16), handle, Text("charge")}),
+              "Invalid return values from GetCompoundConstant: Expected an array of type VARIANT");
+}
+
 TEST_F(Constant, WithAnotherNumberOfValuesThanCompoundsIsRefused)
 {
     for (const Variant &lie :

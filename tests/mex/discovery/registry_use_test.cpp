@@ -233,3 +233,17 @@ TEST_F(RegistryUse, WithoutMemoryForTheScanTheListStaysEmpty)
     EXPECT_EQ(listed(), Names({}));
     EXPECT_EQ(refusal(1, {Scalar(3), Text("first"), Text("")}), "no such package manager: \"first\"");
 }
+
+// A registry that fails without end would keep the scan, and MATLAB, for ever.
+TEST_F(RegistryUse, OfAViewThatNeverSaysItIsAtItsEndEnds)
+{
+    int asked = 0;
+    LibraryCall<"RegEnumKeyW", decltype(RegEnumKeyW)> enumerations(
+        RegEnumKeyW, [&](HKEY key, DWORD index, LPWSTR name, DWORD capacity) -> LSTATUS {
+            ++asked;
+            const LSTATUS status = RegEnumKeyW(key, index, name, capacity);
+            return status == ERROR_NO_MORE_ITEMS ? accessDenied : status;
+        });
+    EXPECT_EQ(listed(), Names({"first", "second", "old"}));
+    EXPECT_GT(asked, 2 * 10000) << "a key that can't be read is no end";
+}

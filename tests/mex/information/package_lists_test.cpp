@@ -155,6 +155,20 @@ TEST_F(PackageLists, OfCompoundIdsThatAreNoTextsAreRefusedUntilTheyAre)
     EXPECT_EQ(compounds(), Names({"A", "B"}));
 }
 
+TEST_F(PackageLists, OfElementsThatAreNotWhatTheArraySaysAreRefused)
+{
+    package.compoundIds = Mislabeled(NumberArray({1, 2}), VT_BSTR);
+    EXPECT_EQ(refusal(1, {Scalar(7), handle}),
+              "Invalid list of compound IDs from property package: Expected an array of type string");
+    package.compoundIds = TextArray({"A", "B"});
+    package.molecularWeights = Mislabeled(BlankArray(VT_BSTR, 2), VT_R8);
+    EXPECT_EQ(refusal(1, {Scalar(7), handle}),
+              "Invalid list of molecular weights from property package: Expected an array of type double precision");
+    package.phaseLabels = Mislabeled(NumberArray({1, 2}), VT_BSTR);
+    EXPECT_EQ(refusal(1, {Scalar(8), handle}),
+              "Invalid list of phase labels from property package: Expected an array of type string");
+}
+
 TEST_F(PackageLists, OfNoCompoundsAreRefusedByEveryCommandThatNeedsThemAfterAskingAgain)
 {
     package.compoundIds = TextArray({});

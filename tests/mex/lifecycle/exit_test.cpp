@@ -113,6 +113,33 @@ TEST_F(Exit, ReleasesTheSimulationContextBehindComAndTheRelayBeforeIt)
     EXPECT_TRUE(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)));
 }
 
+// A result that was refused still lies there, and what it holds may not be touched when COM is gone.
+TEST_F(Exit, GivesUpWhatAPackageLeftInARefusedResult)
+{
+    PackageScript &package = world.addPackage("Alone");
+    package.keepsContext = true;
+    const Array handle = open("Alone");
+    package.constants =
+        AnswerValues(ArrayOfVariants({InterfaceVariant(package.context.get()), InterfaceVariant(package.context.get())}));
+    EXPECT_EQ(refusal(1, {Scalar(16), handle, Text("charge")}),
+              "Inconsistent return data type from GetCompoundConstant");
+    package.constants = nullptr;
+    int atTerminate = 0;
+    int atEndOfCom = 0;
+    package.onCall = [&](const std::string &) { atTerminate = ReferencesOn(package.keptContext.get()); };
+    {
+        LibraryCall<"CoUninitialize", decltype(CoUninitialize)> end(CoUninitialize, [&] {
+            atEndOfCom = ReferencesOn(package.keptContext.get());
+            CoUninitialize();
+        });
+        EXPECT_TRUE(mexStandInRunExit());
+    }
+    EXPECT_EQ(atTerminate, 3) << "the process, and the package twice";
+    EXPECT_EQ(atEndOfCom, 2);
+    package.onCall = nullptr;
+    package.keptContext.reset();
+}
+
 TEST_F(Exit, OfALibraryThatOnlyListedIsQuiet)
 {
     world.addPackage("Alone");

@@ -212,6 +212,24 @@ TEST_P(PureCompoundCommand, TellsAtWhichConditionThePackageFailed)
     EXPECT_EQ(mustReturn(1, arguments())[0].cellMatrix(0), (Rows{{1, 2}}));
 }
 
+TEST_P(PureCompoundCommand, ClearsWhatAFailingPackageLeavesInTheValues)
+{
+    const int before = ReferencesOn(package.context.get());
+    package.*GetParam().answer = [&](const CompoundCall &, Variant &values) {
+        values = ArrayOfVariants({InterfaceVariant(package.context.get())});
+        return computationFailed;
+    };
+    EXPECT_EQ(refusal(1, arguments()), method() + " failed at 300 " + unit() + ": computation error");
+    EXPECT_EQ(ReferencesOn(package.context.get()), before);
+}
+
+TEST_P(PureCompoundCommand, RefusesElementsThatAreNotWhatTheArraySays)
+{
+    answer(Mislabeled(BlankArray(VT_I8, 2), VT_R8));
+    EXPECT_EQ(refusal(1, arguments()), "Invalid data from " + method() + " at 300 " + unit() +
+                                           ": Expected an array of type double precision");
+}
+
 TEST_P(PureCompoundCommand, TellsConditionsThatAreNoOrdinaryNumbers)
 {
     package.answer(method(), computationFailed);

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <limits>
+
 #include <cstdint>
 
 namespace {
@@ -101,15 +104,15 @@ TEST(TakeTexts, GivesTheStringsWhereTheyLie)
     EXPECT_EQ(VariantClear(&value), S_OK);
 }
 
-TEST(GiveDoubles, MakesAnArrayThatStartsAtZeroAndClearsWhatWasThere)
+// What stands there may be a pointer to nowhere.
+TEST(GiveDoubles, MakesAnArrayThatStartsAtZeroWhateverTheTargetHolds)
 {
-    VARIANT target = pairOf(VT_BSTR, 0);
-    const BSTR text = SysAllocString(OLESTR("old"));
-    LONG index = 0;
-    ASSERT_EQ(SafeArrayPutElement(target.parray, &index, text), S_OK);
-    SysFreeString(text);
+    VARIANT target;
+    std::memset(&target, 0xCD, sizeof target);
+    target.vt = VT_BSTR;
     const double values[] = {1, 2, 3};
-    GiveDoubles(values, 3, &target);
+    ASSERT_EQ(GiveDoubles(values, 3, &target), S_OK);
+    LONG index = 0;
     ASSERT_EQ(target.vt, VT_ARRAY | VT_R8);
     LONG lower = -1;
     LONG upper = -1;
@@ -130,12 +133,22 @@ TEST(GiveDoubles, MakesAnArrayOfNoLength)
 {
     VARIANT target;
     VariantInit(&target);
-    GiveDoubles(nullptr, 0, &target);
+    ASSERT_EQ(GiveDoubles(nullptr, 0, &target), S_OK);
     ASSERT_EQ(target.vt, VT_ARRAY | VT_R8);
     LONG upper = 7;
     EXPECT_EQ(SafeArrayGetUBound(target.parray, 1, &upper), S_OK);
     EXPECT_EQ(upper, -1);
     EXPECT_EQ(VariantClear(&target), S_OK);
+}
+
+TEST(GiveDoubles, LeavesAnEmptyValueWhereThereIsNoMemory)
+{
+    VARIANT target;
+    std::memset(&target, 0xCD, sizeof target);
+    const double value = 1;
+    constexpr std::int32_t tooMany = std::numeric_limits<std::int32_t>::max(); // no array has so many bytes
+    EXPECT_EQ(GiveDoubles(&value, tooMany, &target), E_OUTOFMEMORY);
+    EXPECT_EQ(target.vt, VT_EMPTY);
 }
 
 } // namespace

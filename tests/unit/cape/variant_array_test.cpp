@@ -5,6 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <initializer_list>
+#include <limits>
+#include <new>
+#include <utility>
 
 namespace {
 
@@ -119,6 +122,143 @@ TEST(VariantArray, NamesTheExpectedElementTypeAndNotTheOneFound)
     EXPECT_EQ(whyNot(arrayOf(VT_BSTR, 0, 1), VT_I4), OLESTR("Expected an array of type long"));
     EXPECT_EQ(whyNot(arrayOf(VT_BSTR, 0, 1), VT_EMPTY), OLESTR("Expected an array of type EMPTY"));
     EXPECT_EQ(whyNot(arrayOf(VT_BSTR, 0, 1), VT_BOOL), OLESTR("Expected an array of type <unknown>"));
+}
+
+// The elements are freed and copied as what the array itself knows them to be.
+TEST(VariantArray, RefusesElementsThatAreNotWhatTheValueSays)
+{
+    const struct {
+        VARTYPE said;
+        VARTYPE held;
+        LPCWSTR message;
+    } cases[] = {
+        {VT_BSTR, VT_R8, OLESTR("Expected an array of type string")},
+        {VT_BSTR, VT_I8, OLESTR("Expected an array of type string")},
+        {VT_BSTR, VT_UNKNOWN, OLESTR("Expected an array of type string")},
+        {VT_VARIANT, VT_BSTR, OLESTR("Expected an array of type VARIANT")},
+        {VT_VARIANT, VT_R8, OLESTR("Expected an array of type VARIANT")},
+        {VT_R8, VT_R4, OLESTR("Expected an array of type double precision")},
+        {VT_R8, VT_BSTR, OLESTR("Expected an array of type double precision")},
+        {VT_R8, VT_DATE, OLESTR("Expected an array of type double precision")},
+        {VT_R8, VT_I8, OLESTR("Expected an array of type double precision")},
+    };
+    for (const auto &each : cases) {
+        VARIANT value = arrayOf(each.held, 0, 3);
+        value.vt = static_cast<VARTYPE>(VT_ARRAY | each.said);
+        EXPECT_EQ(whyNot(value, each.said), each.message) << each.said << " over " << each.held;
+    }
+}
+
+namespace {
+
+// As older runtimes make arrays: without a word on what the elements are.
+VARIANT withoutElementType(VARIANT value, VARTYPE said)
+{
+    value.parray->fFeatures &= static_cast<USHORT>(~FADF_HAVEVARTYPE);
+    value.vt = static_cast<VARTYPE>(VT_ARRAY | said);
+    return value;
+}
+
+} // namespace
+
+TEST(VariantArray, BelievesAnArrayThatDoesNotKnowItsElementsIfTheyOwnNothing)
+{
+    const VARIANT numbers = withoutElementType(arrayOf(VT_R8, 0, 2), VT_R8);
+    static_cast<double *>(numbers.parray->pvData)[1] = 2.5;
+    VariantArray array;
+    array.Attach(numbers, 1);
+    WideString message;
+    ASSERT_TRUE(array.Validate(VT_R8, message));
+    EXPECT_EQ(array.count, 2);
+    EXPECT_EQ(array.GetDouble(1), 2.5);
+
+    EXPECT_EQ(whyNot(withoutElementType(arrayOf(VT_R8, 0, 2), VT_BSTR), VT_BSTR),
+              OLESTR("Expected an array of type string"));
+    EXPECT_EQ(whyNot(withoutElementType(arrayOf(VT_R4, 0, 2), VT_R8), VT_R8),
+              OLESTR("Expected an array of type double precision"));
+}
+
+TEST(VariantArray, RefusesElementsThatAreNowhere)
+{
+    VARIANT value = arrayOf(VT_R8, 0, 2);
+    void *const data = std::exchange(value.parray->pvData, nullptr);
+    VariantArray array;
+    array.Attach(value, 0);
+    WideString message;
+    EXPECT_FALSE(array.Validate(VT_R8, message));
+    EXPECT_EQ(message, OLESTR("Expected an array of type double precision"));
+    value.parray->pvData = data;
+    VariantClear(&value);
+}
+
+TEST(VariantArray, CountsFromTheLowestAndToTheHighestBoundOfAll)
+{
+    constexpr LONG lowest = std::numeric_limits<LONG>::min();
+    constexpr LONG highest = std::numeric_limits<LONG>::max();
+    const struct {
+        LONG lower;
+        ULONG count;
+    } cases[] = {{lowest, 0}, {lowest, 1}, {lowest, 3}, {highest, 0}, {highest, 1}, {highest - 1, 2}};
+    for (const auto &each : cases) {
+        VARIANT numbers = arrayOf(VT_R8, each.lower, each.count);
+        for (ULONG i = 0; i < each.count; ++i)
+            static_cast<double *>(numbers.parray->pvData)[i] = i + 0.5;
+        VariantArray array;
+        array.Attach(numbers, 1);
+        WideString message;
+        ASSERT_TRUE(array.Validate(VT_R8, message)) << each.lower;
+        EXPECT_EQ(array.count, static_cast<std::int32_t>(each.count)) << each.lower;
+        for (std::int32_t i = 0; i < array.count; ++i)
+            EXPECT_EQ(array.GetDouble(i), i + 0.5) << each.lower;
+    }
+}
+
+// An array of so many elements would not fit into memory, but a descriptor can say what it likes.
+TEST(VariantArray, RefusesMoreElementsThanAnIndexReaches)
+{
+    VARIANT value = arrayOf(VT_R8, 0, 1);
+    value.parray->rgsabound[0].cElements = 0x80000000u;
+    VariantArray array;
+    array.Attach(value, 0);
+    WideString message;
+    EXPECT_FALSE(array.Validate(VT_R8, message));
+    EXPECT_EQ(message, OLESTR("Expected an array of type double precision"));
+    value.parray->rgsabound[0].cElements = 1;
+    VariantClear(&value);
+}
+
+TEST(VariantArray, ThatCannotBeHadThrowsAndIsEmpty)
+{
+    VariantArray array;
+    EXPECT_THROW(array.Create(std::numeric_limits<std::int32_t>::max(), VT_VARIANT), std::bad_alloc);
+    EXPECT_EQ(array.value.vt, VT_EMPTY);
+    EXPECT_EQ(array.count, 0);
+}
+
+TEST(VariantArray, GivesAnElementThatCannotBeCopiedAsAnError)
+{
+    VARIANT values = arrayOf(VT_VARIANT, 0, 1);
+    VARIANT &element = static_cast<VARIANT *>(values.parray->pvData)[0];
+    element.vt = 0x0FFF; // no type of automation
+    VariantArray array;
+    array.Attach(values, 1);
+    WideString message;
+    ASSERT_TRUE(array.Validate(VT_VARIANT, message));
+    VARIANT copy;
+    array.GetVariant(0, copy);
+    EXPECT_EQ(copy.vt, VT_ERROR);
+    element.vt = VT_EMPTY;
+}
+
+TEST(VariantArray, MovesWithWhatItOwns)
+{
+    VariantArray source;
+    source.Create(2, VT_R8);
+    source.PutDouble(1, 7);
+    VariantArray target(std::move(source));
+    EXPECT_EQ(target.count, 2);
+    EXPECT_EQ(target.GetDouble(1), 7);
+    EXPECT_EQ(source.value.vt, VT_EMPTY);
 }
 
 TEST(VariantArray, RefusesAnArrayByReference)

@@ -67,6 +67,7 @@ protected:
             inputs.push_back(argument.get());
         mxArray *output = nullptr;
         const Verdict verdict = command({0, &output, inputs.data()});
+        PackageInUse.reset(); // as the end of a call does
         result = output ? Array(output) : Array();
         if (verdict.isDone())
             return "";

@@ -38,13 +38,14 @@ TEST_F(RepeatedCalls, ReadingAndWritingValuesThatWereSetBeforeAllocatesNothing)
 {
     ASSERT_EQ(view->SetSinglePhaseProp(longName.get(), label.get(), nullptr, matrix.value), S_OK);
     ASSERT_EQ(view->SetSinglePhaseProp(enthalpy.get(), label.get(), perMole.get(), scalar.value), S_OK);
-    OwnedVariant results;
+    OwnedVariant derivatives;
+    OwnedVariant perMassValue;
     const Bstr perMass(mass);
     const AllocationWatch watch;
     EXPECT_EQ(view->SetSinglePhaseProp(longName.get(), label.get(), nullptr, matrix.value), S_OK);
     EXPECT_EQ(view->SetSinglePhaseProp(enthalpy.get(), label.get(), perMole.get(), scalar.value), S_OK);
-    EXPECT_EQ(view->GetSinglePhaseProp(longName.get(), label.get(), nullptr, results.out()), S_OK);
-    EXPECT_EQ(view->GetSinglePhaseProp(enthalpy.get(), label.get(), perMass.get(), results.out()), S_OK);
+    EXPECT_EQ(view->GetSinglePhaseProp(longName.get(), label.get(), nullptr, derivatives.out()), S_OK);
+    EXPECT_EQ(view->GetSinglePhaseProp(enthalpy.get(), label.get(), perMass.get(), perMassValue.out()), S_OK);
     EXPECT_EQ(watch.count(), 0u);
 }
 

@@ -107,8 +107,22 @@ TEST_F(PackageRecord, OfAZeroWeightInTheLastPlaceIsFilledToTheEnd)
     EXPECT_EQ(record.molecularWeights[1], 0);
 }
 
+// The leak checker sees what is not cleared.
+TEST_F(PackageRecord, ClearsWhatAFailingPackageWroteIntoTheListsOfPhases)
+{
+    VariantArray labels;
+    labels.Create(2, VT_BSTR);
+    labels.HandOver(&package.first);
+    VariantArray states;
+    states.Create(2, VT_BSTR);
+    states.HandOver(&package.second);
+    package.answer = E_FAIL;
+    EXPECT_FALSE(EnsurePhases(record));
+    EXPECT_EQ(record.phaseLabelList.value.vt, VT_EMPTY);
+}
+
 // A package that fails may still hold what it wrote into the results.
-TEST_F(PackageRecord, LeavesToAFailingPackageWhatItWroteIntoTheResults)
+TEST_F(PackageRecord, LeavesToAFailingPackageTheListsOfCompounds)
 {
     TextArgument texts({OLESTR("mine")});
     DoubleArgument numbers({1});
@@ -116,9 +130,7 @@ TEST_F(PackageRecord, LeavesToAFailingPackageWhatItWroteIntoTheResults)
     package.second = numbers.value;
     package.answer = E_FAIL;
     EXPECT_FALSE(EnsureCompounds(record));
-    EXPECT_FALSE(EnsurePhases(record));
     EXPECT_EQ(record.compoundIdList.value.vt, VT_EMPTY);
-    EXPECT_EQ(record.phaseLabelList.value.vt, VT_EMPTY);
     EXPECT_EQ(TextsIn(texts), std::vector<std::string>{"mine"});
     EXPECT_EQ(DoublesIn(numbers), std::vector<double>{1});
 }

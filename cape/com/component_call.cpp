@@ -1,0 +1,3 @@
+#include "cape/com/component_call.h"
+
+ComponentCallState ComponentCalls;

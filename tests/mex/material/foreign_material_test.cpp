@@ -1,0 +1,50 @@
+// What a material makes of objects that say they are materials of this library.
+#include "material/imaterial.h"
+#include "tests/support/package_test.h"
+
+using namespace support;
+
+namespace {
+
+// Has the private interface, which gives an address only on request.
+class Impostor final : public IMaterial {
+public:
+    HRESULT answer = S_OK;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void **object) override
+    {
+        *object = static_cast<IMaterial *>(this);
+        return S_OK;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
+    ULONG STDMETHODCALLTYPE Release() override { return 1; }
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT *) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo **) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR *, UINT, LCID, DISPID *) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS *, VARIANT *, EXCEPINFO *, UINT *) override
+    {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE GetMaterialObject(CMaterialObject **) override { return answer; }
+};
+
+class ForeignMaterial : public PackageTest {};
+
+} // namespace
+
+TEST_F(ForeignMaterial, ThatGivesNoAddressIsNoMaterialOfOurs)
+{
+    for (const HRESULT answer : {E_FAIL, S_OK}) {
+        Impostor impostor;
+        impostor.answer = answer;
+        RefusedCall told;
+        package.calcSinglePhase = [&](const SinglePhaseCall &asked) {
+            IDispatch *source = &impostor;
+            EXPECT_EQ(asked.material.get()->CopyFromMaterial(&source), CapeFailure(1));
+            told = asked.material.lastRefusal();
+            return StoreSinglePhase({{"volume", "mole", {0.025}}})(asked);
+        };
+        mustReturn(1, singlePhase());
+        EXPECT_EQ(told.name, Wide("Not a Matlab material"));
+    }
+}
