@@ -165,7 +165,7 @@ void sameNumbersAlike(FuzzedDataProvider &input)
 } // namespace
 
 // What the interpreter keeps for itself, as the comments of a function that it has read.
-extern "C" const char *__lsan_default_suppressions() { return "leak:liboctinterp\n"; }
+extern "C" [[gnu::visibility("default")]] const char *__lsan_default_suppressions() { return "leak:liboctinterp\n"; }
 
 extern "C" int LLVMFuzzerInitialize(int *, char ***)
 {
