@@ -5,6 +5,7 @@ help:
 	@echo "make test     all tests: native with sanitizers, native, and the Windows build under Wine"
 	@echo "make check    what to run before each commit: the native tests with sanitizers"
 	@echo "make bench    the measurements in bench/"
+	@echo "make soak     CALLS=n mixed calls in one process, natively and under Wine; a million without a number"
 	@echo "make coverage the lines of the library that the native tests reach, into build/linux-coverage/coverage"
 	@echo "make fuzz     looks for input that breaks something, MINUTES=1 of processor time for each target of fuzz/"
 	@echo "make plots    draws the plots of the user guide anew"
@@ -32,6 +33,10 @@ check:
 bench:
 	@scripts/bootstrap.sh bench
 	@scripts/bench.sh
+
+soak:
+	@scripts/bootstrap.sh
+	@scripts/soak.sh $(CALLS)
 
 coverage:
 	@scripts/bootstrap.sh coverage
@@ -70,4 +75,4 @@ clean:
 	@[ ! -d build/wine ] || scripts/wine.sh --kill
 	@rm -rf build dist
 
-.PHONY: help demo test check bench coverage fuzz plots dist check-dist format lint lint-all clean
+.PHONY: help demo test check bench soak coverage fuzz plots dist check-dist format lint lint-all clean

@@ -167,8 +167,8 @@ void measure(benchmark::State &state, void (*command)(std::size_t), void (*floor
         ->UseManualTime()                                                                                              \
         ->Iterations(10)
 
-constexpr double sameBasisLimit = 1.5;
-constexpr double conversionLimit = 2.0;
+constexpr double sameBasisLimit = 1.45;
+constexpr double conversionLimit = 1.55;
 
 MEASURE(command_22_three_scalars, singlePhase, floorSinglePhase, "mole", sameBasisLimit);
 MEASURE(command_22_converted, singlePhase, floorSinglePhase, "mass", conversionLimit);

@@ -12,7 +12,8 @@ template <class Element>
 inline bool ListElements(const VARIANT &value, VARTYPE type, const Element *&elements, std::int32_t &count)
 {
     SAFEARRAY *array = value.parray;
-    if (value.vt != (VT_ARRAY | type) || !array || array->cDims != 1 || !HoldsElements(array, type))
+    if (value.vt != (VT_ARRAY | type) || !array || array->cDims != 1 ||
+        !(SurelyHoldsElements(array, type) || HoldsElements(array, type)))
         return false;
     elements = static_cast<const Element *>(array->pvData);
     count = static_cast<std::int32_t>(array->rgsabound[0].cElements);

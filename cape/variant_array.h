@@ -5,11 +5,23 @@
 #include "platform/platform.h"
 
 #include <cstdint>
+#include <cstring>
 #include <utility>
 
 // Whether an array of one dimension holds what a VARIANT says of it: elements of the type, as many as an index reaches.
 // One that does not know the type of its elements is believed if they own nothing.
 bool HoldsElements(SAFEARRAY *array, VARTYPE elementType);
+
+// The usual answer without a call: true is right, false says nothing. An array that has FADF_HAVEVARTYPE keeps the type
+// in the 4 bytes in front of its descriptor, as oaidl.h tells.
+inline bool SurelyHoldsElements(const SAFEARRAY *array, VARTYPE elementType)
+{
+    std::uint32_t held = 0;
+    if ((array->fFeatures & FADF_HAVEVARTYPE) == 0)
+        return false;
+    std::memcpy(&held, reinterpret_cast<const char *>(array) - sizeof held, sizeof held);
+    return held == elementType && array->pvData && array->rgsabound[0].cElements <= 0x7FFFFFFFu;
+}
 
 class VariantArray {
 public:

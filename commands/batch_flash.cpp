@@ -119,10 +119,9 @@ class Batch {
 public:
     Batch(OpenPackage &openPackage, const FlashTable &flashTable, std::int32_t vapor)
         : package(openPackage), material(*openPackage.material), table(flashTable), vaporPhase(vapor),
+          mixture(material, NameList.size()),
           vaporFractionBasis(isVaporFractionGiven() ? GlobalSettings.defaultBasis : 0)
     {
-        for (std::int32_t p = 0; p < material.phaseCount(); ++p)
-            lookups.emplace_back(material.phaseProps[p], NameList.size());
     }
 
     Verdict runRow(std::int32_t c)
@@ -195,8 +194,9 @@ private:
 
     Verdict storeResults(std::int32_t c)
     {
+        mixture.startRow();
         for (std::size_t i = 0; i < NameList.size(); ++i) {
-            if (Verdict verdict = FlashResult(material, lookups, i, vaporPhase, CommandScratch.resultData[i][c]);
+            if (Verdict verdict = FlashResult(mixture, i, vaporPhase, CommandScratch.resultData[i][c]);
                 !verdict.isDone())
                 return verdict;
         }
@@ -207,8 +207,8 @@ private:
     CMaterialObject &material;
     const FlashTable &table;
     std::int32_t vaporPhase;
-    std::vector<StoredLookup> lookups; // of the phases
-    std::int32_t vaporFractionBasis;   // before each flash: what a given vapor fraction is in, else mole
+    FlashedMixture mixture;
+    std::int32_t vaporFractionBasis; // before each flash: what a given vapor fraction is in, else mole
 };
 
 } // namespace

@@ -45,10 +45,12 @@ Verdict vaporFraction(const CMaterialObject &material, std::int32_t vaporPhase, 
     return Verdict::done();
 }
 
-// Brings one value to the other basis, in place; power 0 leaves it.
-Verdict convertValue(const MixtureComposition &composition, std::int32_t power, double &value)
+Verdict convertValue(const MixtureComposition &composition, KnownMolarMass &molarMass, std::int32_t power,
+                     double &value)
 {
-    if (power == 0 || ChainRuleConvert(composition, &value, &value, 1, power, ScratchText, 1, 0))
+    double mass = 0;
+    if (power == 0 || (molarMass.of(composition, mass, ScratchText) &&
+                       ChainRuleConvert(mass, composition.weights, &value, &value, 1, power, ScratchText, 1, 0)))
         return Verdict::done();
     return FailWith(OLESTR("CAPE-OPEN: "), ScratchText);
 }
@@ -64,9 +66,9 @@ std::int32_t firstPresentPhase(const CMaterialObject &material)
 // The sum of the phases' values weighted by the phase fractions, formed in the basis of the
 // fractions and then brought to the default basis. A phase without amount adds nothing and needs
 // no value.
-Verdict PostFlashAverage(const CMaterialObject &material, std::vector<StoredLookup> &lookups, std::size_t index,
-                         double &value)
+Verdict PostFlashAverage(FlashedMixture &mixture, std::size_t index, double &value)
 {
+    const CMaterialObject &material = mixture.material;
     const std::int32_t basisPower = CommandScratch.parsedProperties[index].basisPower;
     value = 0;
     const std::int32_t first = firstPresentPhase(material);
@@ -79,20 +81,48 @@ Verdict PostFlashAverage(const CMaterialObject &material, std::vector<StoredLook
             continue;
         if ((material.phaseFractionBasis[p] != 0) != fractionsPerMass)
             return Verdict::refuse("Inconsistent bases of phase fractions after flash; not supported");
-        const PropertyValues *stored = lookups[static_cast<std::size_t>(p)].at(index, NameList[index].c_str());
+        const PropertyValues *stored = mixture.stored(p, index);
         if (!stored || stored->count == 0)
             return Verdict::refuse("Property not set after post-flash property calculation");
         double phaseValue = stored->values[0];
         const std::int32_t power = ConversionPower(basisPower, (stored->basis & 1) != 0, fractionsPerMass);
-        if (Verdict verdict = convertValue(material.compositionOf(p), power, phaseValue); !verdict.isDone())
+        if (Verdict verdict = mixture.convertOfPhase(p, power, phaseValue); !verdict.isDone())
             return verdict;
         value += phaseValue * fraction;
     }
-    return convertValue(material.compositionOfOverall(), ConversionPower(basisPower, fractionsPerMass, defaultIsMass()),
-                        value);
+    return mixture.convertOfOverall(ConversionPower(basisPower, fractionsPerMass, defaultIsMass()), value);
 }
 
 } // namespace
+
+FlashedMixture::FlashedMixture(const CMaterialObject &flashed, std::size_t nameCount)
+    : material(flashed), molarMasses(static_cast<std::size_t>(flashed.phaseCount()))
+{
+    for (std::int32_t p = 0; p < material.phaseCount(); ++p)
+        lookups.emplace_back(material.phaseProps[p], nameCount);
+}
+
+void FlashedMixture::startRow()
+{
+    for (KnownMolarMass &mass : molarMasses)
+        mass.forget();
+    overallMolarMass.forget();
+}
+
+const PropertyValues *FlashedMixture::stored(std::int32_t phase, std::size_t index)
+{
+    return lookups[static_cast<std::size_t>(phase)].at(index, NameList[index].c_str());
+}
+
+Verdict FlashedMixture::convertOfPhase(std::int32_t phase, std::int32_t power, double &value)
+{
+    return convertValue(material.compositionOf(phase), molarMasses[static_cast<std::size_t>(phase)], power, value);
+}
+
+Verdict FlashedMixture::convertOfOverall(std::int32_t power, double &value)
+{
+    return convertValue(material.compositionOfOverall(), overallMolarMass, power, value);
+}
 
 Verdict ReadFlashResult(const WideString &name, ParsedProperty &property)
 {
@@ -108,9 +138,9 @@ Verdict ReadFlashResult(const WideString &name, ParsedProperty &property)
     return FailWith(OLESTR("Invalid / unsupported flash property: "), name);
 }
 
-Verdict FlashResult(const CMaterialObject &material, std::vector<StoredLookup> &lookups, std::size_t index,
-                    std::int32_t vaporPhase, double &value)
+Verdict FlashResult(FlashedMixture &mixture, std::size_t index, std::int32_t vaporPhase, double &value)
 {
+    const CMaterialObject &material = mixture.material;
     switch (CommandScratch.parsedProperties[index].kind) {
     case TemperatureResult:
         value = material.temperature;
@@ -121,7 +151,7 @@ Verdict FlashResult(const CMaterialObject &material, std::vector<StoredLookup> &
     case VaporFractionResult:
         return vaporFraction(material, vaporPhase, value);
     case SinglePhase:
-        return PostFlashAverage(material, lookups, index, value);
+        return PostFlashAverage(mixture, index, value);
     default:
         value = QuietNaN;
         return Verdict::done();

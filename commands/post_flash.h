@@ -4,6 +4,7 @@
 #include "commands/stored_lookup.h"
 #include "gateway/call/verdict.h"
 #include "material/material_object.h"
+#include "properties/chain_rule.h"
 #include "properties/property_name.h"
 
 #include <cstddef>
@@ -21,7 +22,28 @@ enum FlashResultKind : std::int32_t {
 // value. Refuses others.
 Verdict ReadFlashResult(const WideString &name, ParsedProperty &property);
 
-// The value of result `index` of the row that was just flashed, with the lookups of the phases. A vapor fraction that
-// can't be converted is a NaN and a warning; every other failure ends the command.
-Verdict FlashResult(const CMaterialObject &material, std::vector<StoredLookup> &lookups, std::size_t index,
-                    std::int32_t vaporPhase, double &value);
+// A material that results are read from, with what is looked up and worked out once for several of them.
+class FlashedMixture {
+public:
+    FlashedMixture(const CMaterialObject &flashed, std::size_t nameCount);
+
+    const CMaterialObject &material;
+
+    // To be called behind each flash: compositions have changed.
+    void startRow();
+
+    const PropertyValues *stored(std::int32_t phase, std::size_t index);
+
+    // Brings a value of a phase, or of all, to the other basis, in place; power 0 leaves it.
+    Verdict convertOfPhase(std::int32_t phase, std::int32_t power, double &value);
+    Verdict convertOfOverall(std::int32_t power, double &value);
+
+private:
+    std::vector<StoredLookup> lookups;       // of the phases
+    std::vector<KnownMolarMass> molarMasses; // of the phases
+    KnownMolarMass overallMolarMass;
+};
+
+// The value of result `index` of the row that was just flashed. A vapor fraction that can't be converted is a NaN and a
+// warning; every other failure ends the command.
+Verdict FlashResult(FlashedMixture &mixture, std::size_t index, std::int32_t vaporPhase, double &value);

@@ -65,7 +65,8 @@ Verdict findBaseValue(const PropertyMap &store, const ParsedProperty &property, 
 
 // Brings the values of one condition, already in the result, to the default basis.
 Verdict convertValues(const CMaterialObject &material, std::int32_t phase, const ParsedProperty &property,
-                      const WideString &name, const PropertyValues &stored, double *values, std::int32_t stride)
+                      const WideString &name, const PropertyValues &stored, KnownMolarMass &molarMass, double *values,
+                      std::int32_t stride)
 {
     const bool wantedPerMass = GlobalSettings.defaultBasis != 0;
     const std::int32_t power = ConversionPower(property.basisPower, (stored.basis & 1) != 0, wantedPerMass);
@@ -81,8 +82,10 @@ Verdict convertValues(const CMaterialObject &material, std::int32_t phase, const
     }
     MixtureComposition composition = material.compositionOf(phase);
     composition.basis = GlobalSettings.defaultBasis; // as the conditions are given
+    double mass = 0;
     return Verdict::of(
-        ChainRuleConvert(composition, values, values, stored.count, power, LastError, stride, baseValue));
+        molarMass.of(composition, mass, LastError) &&
+        ChainRuleConvert(mass, composition.weights, values, values, stored.count, power, LastError, stride, baseValue));
 }
 
 Verdict calculate(OpenPackage &package, const MixtureConditions &conditions, std::int32_t phase, std::size_t nameCount)
@@ -91,6 +94,7 @@ Verdict calculate(OpenPackage &package, const MixtureConditions &conditions, std
     CMaterialObject &material = *package.material;
     const std::int32_t stride = conditions.count;
     StoredLookup lookup(material.phaseProps[phase], nameCount);
+    KnownMolarMass molarMass;
     for (std::int32_t c = 0; c < conditions.count; ++c) {
         SetPhaseConditions(material, conditions, phase, c);
         const HRESULT hr = CallComponent([&] {
@@ -98,6 +102,7 @@ Verdict calculate(OpenPackage &package, const MixtureConditions &conditions, std
         });
         if (FAILED(hr))
             return CalculationFailure(OLESTR("CalcSinglePhaseProp failed"), conditions, c, package.propertyRoutine, hr);
+        molarMass.forget();
         for (std::size_t i = 0; i < nameCount; ++i) {
             const WideString &name = NameList[i];
             const PropertyValues *stored = lookup.at(i, name.c_str());
@@ -106,8 +111,8 @@ Verdict calculate(OpenPackage &package, const MixtureConditions &conditions, std
                                 OLESTR(" was not set by property package during calculation"));
             double *const values = scratch.resultData[i] + c;
             SpreadValues(stored->values, stored->count, values, stride);
-            if (Verdict verdict =
-                    convertValues(material, phase, scratch.parsedProperties[i], name, *stored, values, stride);
+            if (Verdict verdict = convertValues(material, phase, scratch.parsedProperties[i], name, *stored, molarMass,
+                                                values, stride);
                 !verdict.isDone())
                 return verdict;
         }

@@ -90,7 +90,10 @@ HRESULT storeIn(PropertyValues &entry, const GivenValues &given, std::int32_t ba
 {
     if (!entry.resize(static_cast<std::uint32_t>(given.count)))
         return E_OUTOFMEMORY;
-    std::copy_n(given.data, given.count, entry.values);
+    if (given.count == 1) // nearly always, and then cheaper than a call
+        entry.values[0] = given.data[0];
+    else
+        std::copy_n(given.data, given.count, entry.values);
     entry.basis = basisBit;
     return S_OK;
 }

@@ -82,6 +82,10 @@ bool CreatePackage(const WideString &managerName, const WideString &packageName,
         LastError = OLESTR("no package can be opened while all packages are being closed");
         return false;
     }
+    if (!HasFreeHandle()) {
+        LastError = OLESTR("no more packages can be open at one time");
+        return false;
+    }
     auto record = std::make_unique<OpenPackage>();
     record->name = key;
     if (!CreatePackageObject(record->package, managerName, packageName))

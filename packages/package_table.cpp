@@ -1,5 +1,6 @@
 #include "packages/package_table.h"
 
+#include "cape/same_name.h"
 #include "gateway/state/global_lists.h"
 
 #include <algorithm>
@@ -14,6 +15,8 @@ using Table = std::unordered_map<std::int32_t, std::shared_ptr<OpenPackage>>;
 Table OpenPackageTable; // without a record where a package is being closed
 
 bool closingAll = false;
+
+constexpr int handleMask = 0x7FFF;
 
 } // namespace
 
@@ -37,7 +40,7 @@ OpenPackage *UsePackage(std::int32_t handle)
 bool FindPackageByKey(const WideString &key, std::int32_t &handle)
 {
     for (const auto &[openHandle, package] : OpenPackageTable) {
-        if (package && lstrcmpiW(package->name.c_str(), key.c_str()) == 0) {
+        if (package && SameName(package->name.c_str(), key.c_str())) {
             handle = openHandle;
             return true;
         }
@@ -45,9 +48,10 @@ bool FindPackageByKey(const WideString &key, std::int32_t &handle)
     return false;
 }
 
+bool HasFreeHandle() { return OpenPackageTable.size() <= handleMask; }
+
 std::int32_t AddPackage(std::unique_ptr<OpenPackage> package)
 {
-    constexpr int handleMask = 0x7FFF;
     std::int32_t handle = 0;
     do {
         handle = std::rand() & handleMask;

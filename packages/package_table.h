@@ -17,7 +17,10 @@ extern std::shared_ptr<OpenPackage> PackageInUse;
 // Finds an open package by its name key, without regard to case.
 bool FindPackageByKey(const WideString &key, std::int32_t &handle);
 
-// Enters a record under a new pseudo-random handle from 0 to 32767.
+// Whether a handle is left for another record.
+bool HasFreeHandle();
+
+// Enters a record under a new pseudo-random handle from 0 to 32767, of which one must be free.
 std::int32_t AddPackage(std::unique_ptr<OpenPackage> package);
 
 // Destroys a record; false for an unknown handle, and for one that is being closed.

@@ -2,6 +2,7 @@
 
 #include "cape/com/guarded_call.h"
 #include "gateway/state/host_mode.h"
+#include "gateway/state/narrow_text.h"
 #include "gateway/state/settings.h"
 #include "gateway/state/warning.h"
 
@@ -46,7 +47,11 @@ HRESULT STDMETHODCALLTYPE CSimulationContext::LogMessage(BSTR message) noexcept
 {
     return GuardedCall([&] {
         const InFloatingPointMode matlabMode(HostFloatingPointMode);
-        Warn(message);
+        try {
+            Warn(message);
+        } catch (const NarrowTextFailure &failure) {
+            return FAILED(failure.result) ? failure.result : E_UNEXPECTED;
+        }
         return S_OK;
     });
 }

@@ -17,8 +17,7 @@ bool fail(WideString &errorText, LPCWSTR message)
 
 } // namespace
 
-bool ChainRuleConvert(const MixtureComposition &composition, const double *source, double *target, std::uint32_t count,
-                      std::int32_t power, WideString &errorText, std::int32_t stride, double baseValue)
+bool MeanMolarMass(const MixtureComposition &composition, double &molarMass, WideString &errorText)
 {
     const MolecularWeights weights = composition.weights;
     if (std::any_of(composition.fractions, composition.fractions + weights.size(), IsMissing))
@@ -26,7 +25,22 @@ bool ChainRuleConvert(const MixtureComposition &composition, const double *sourc
     const double *const moleFractions = MoleFractionsOf(composition, errorText);
     if (!moleFractions || !CheckMolecularWeights(weights, errorText))
         return false;
-    const double molarMass = MeanMolecularWeight(weights, moleFractions) * kilogramsPerGram;
+    molarMass = MeanMolecularWeight(weights, moleFractions) * kilogramsPerGram;
+    return true;
+}
+
+bool ChainRuleConvert(const MixtureComposition &composition, const double *source, double *target, std::uint32_t count,
+                      std::int32_t power, WideString &errorText, std::int32_t stride, double baseValue)
+{
+    double molarMass = 0;
+    return MeanMolarMass(composition, molarMass, errorText) &&
+           ChainRuleConvert(molarMass, composition.weights, source, target, count, power, errorText, stride, baseValue);
+}
+
+bool ChainRuleConvert(double molarMass, MolecularWeights weights, const double *source, double *target,
+                      std::uint32_t count, std::int32_t power, WideString &errorText, std::int32_t stride,
+                      double baseValue)
+{
     const double factor = power == -1 ? 1 / molarMass : molarMass;
     const std::ptrdiff_t step = stride;
     for (std::ptrdiff_t k = 0; k < static_cast<std::ptrdiff_t>(count); ++k)

@@ -18,13 +18,16 @@ constexpr std::uint64_t maximumBytes = 0x7FFFFFFF;
 
 char *blockOf(SAFEARRAY *array) { return reinterpret_cast<char *>(array) - prefixSize; }
 
+// Where the system has it, too.
+char *typePlaceOf(SAFEARRAY *array) { return reinterpret_cast<char *>(array) - sizeof(std::uint32_t); }
+
 // As the features tell it; VT_EMPTY for an array that does not know.
 VARTYPE typeOf(SAFEARRAY *array)
 {
     if (array->fFeatures & FADF_HAVEVARTYPE) {
-        VARTYPE type = VT_EMPTY;
-        std::memcpy(&type, blockOf(array), sizeof type);
-        return type;
+        std::uint32_t type = VT_EMPTY;
+        std::memcpy(&type, typePlaceOf(array), sizeof type);
+        return static_cast<VARTYPE>(type);
     }
     constexpr std::pair<USHORT, VARTYPE> ownedElements[] = {
         {FADF_BSTR, VT_BSTR}, {FADF_UNKNOWN, VT_UNKNOWN}, {FADF_DISPATCH, VT_DISPATCH}, {FADF_VARIANT, VT_VARIANT}};
@@ -95,8 +98,9 @@ SAFEARRAY *makeArray(VARTYPE type, UINT dimensions, const SAFEARRAYBOUND *bounds
     char *block = static_cast<char *>(native::allocate(prefixSize + descriptorSize + bytes));
     if (!block)
         return nullptr;
-    std::memcpy(block, &type, sizeof type);
     SAFEARRAY *array = reinterpret_cast<SAFEARRAY *>(block + prefixSize);
+    const std::uint32_t heldType = type;
+    std::memcpy(typePlaceOf(array), &heldType, sizeof heldType);
     array->cDims = static_cast<USHORT>(dimensions);
     array->fFeatures = featuresOf(type);
     array->cbElements = size;

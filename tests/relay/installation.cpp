@@ -98,18 +98,38 @@ WithoutStandardLibrary::~WithoutStandardLibrary()
         registerTypeLibrary(before);
 }
 
-std::vector<DWORD> relays()
+namespace {
+
+std::vector<DWORD> processesOf(LPCWSTR program)
 {
     std::vector<DWORD> found;
     HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
     PROCESSENTRY32W entry = {};
     entry.dwSize = sizeof entry;
     for (BOOL more = Process32FirstW(snapshot, &entry); more; more = Process32NextW(snapshot, &entry))
-        if (lstrcmpiW(entry.szExeFile, L"Verdanth6432Relay.exe") == 0)
+        if (lstrcmpiW(entry.szExeFile, program) == 0)
             found.push_back(entry.th32ProcessID);
     CloseHandle(snapshot);
     return found;
 }
+
+void killAll(LPCWSTR program)
+{
+    for (const DWORD id : processesOf(program)) {
+        HANDLE process = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, id);
+        if (!process)
+            continue;
+        TerminateProcess(process, 1);
+        WaitForSingleObject(process, patienceMilliseconds);
+        CloseHandle(process);
+    }
+}
+
+constexpr LPCWSTR relayProgram = L"Verdanth6432Relay.exe";
+
+} // namespace
+
+std::vector<DWORD> relays() { return processesOf(relayProgram); }
 
 bool relaysEnd()
 {
@@ -122,16 +142,8 @@ bool relaysEnd()
     return true;
 }
 
-void killRelays()
-{
-    for (const DWORD id : relays()) {
-        HANDLE process = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, id);
-        if (!process)
-            continue;
-        TerminateProcess(process, 1);
-        WaitForSingleObject(process, patienceMilliseconds);
-        CloseHandle(process);
-    }
-}
+void killRelays() { killAll(relayProgram); }
+
+void forgetDeadServers() { killAll(L"rpcss.exe"); }
 
 } // namespace installation

@@ -61,6 +61,10 @@ bool relaysEnd();
 
 void killRelays(); // at once, as a crash would
 
+// Windows forgets the classes of a process that died. Wine's process that keeps them does not: it is ended, too, and
+// starts anew when it is needed.
+void forgetDeadServers();
+
 using support::keyExists;
 using support::registeredText;
 

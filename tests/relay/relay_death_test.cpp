@@ -2,7 +2,9 @@
 // dead process on its list.
 #include "tests/relay/through_relay_test.h"
 
+#include <chrono>
 #include <cmath>
+#include <thread>
 
 using namespace support;
 
@@ -86,6 +88,23 @@ TEST_F(RelayDeath, BetweenCommandsIsAnErrorOfTheNextAndSilentInABatchWithoutWarn
     for (const double row : batch[0].element(0).numbers())
         EXPECT_TRUE(std::isnan(row));
     EXPECT_EQ(batch.warnings, std::vector<std::string>());
+    expectLife();
+}
+
+TEST_F(RelayDeath, IsOverForAPackageThatIsOpenedAgain)
+{
+    EXPECT_EQ(flashAt(220), "");
+    installation::killRelays();
+    EXPECT_TRUE(flashAt(220).starts_with("CalcEquilibrium failed: ")) << flashAt(220);
+    mustReturn(0, {Scalar(4), handle});
+    installation::forgetDeadServers();
+    const CallResult again = openAlone(standAloneName);
+    ASSERT_TRUE(again.returned);
+    EXPECT_EQ(again.warnings, RelayWarning(standAloneName));
+    handle = again[0];
+    EXPECT_EQ(flashAt(220), "");
+    std::this_thread::sleep_for(std::chrono::seconds(3)); // longer than a relay stays that nobody holds
+    EXPECT_EQ(flashAt(230), "");
     expectLife();
 }
 

@@ -15,6 +15,7 @@ void give(const std::optional<WideString> &text, BSTR *result)
 
 HRESULT IdentificationFacet::get_ComponentName(BSTR *name)
 {
+    LeaveRubbish(name);
     const HRESULT hr = object.enter("get_ComponentName");
     if (SUCCEEDED(hr))
         give(object.script.componentName, name);

@@ -26,7 +26,7 @@ public:
 
     HRESULT STDMETHODCALLTYPE GetPropertyPackageList(VARIANT *names) override
     {
-        VariantInit(names);
+        ExpectEmpty(names, "GetPropertyPackageList");
         const HRESULT hr = object.enter("GetPropertyPackageList");
         if (SUCCEEDED(hr))
             manager.packageNames.giveTo(names);
@@ -34,10 +34,11 @@ public:
     }
     HRESULT STDMETHODCALLTYPE GetPropertyPackage(BSTR name, IDispatch **package) override
     {
-        *package = nullptr;
+        LeaveRubbish(package);
         const HRESULT hr = object.enter("GetPropertyPackage");
         if (FAILED(hr))
             return hr;
+        *package = nullptr;
         manager.requestedNames.push_back(TextOf(name));
         PackageScript *script = offered(manager.offers, manager.requestedNames.back());
         return script ? script->create(InterfaceId<IDispatch>, reinterpret_cast<void **>(package)) : invalidArgument;
@@ -51,12 +52,16 @@ class RelayFacet : public Facet<IVerdanth6432Relay> {
 public:
     RelayFacet(ScriptedObject &owner, RelayScript &relayScript) : Facet(owner), relay(relayScript) {}
 
+    // As of any component, and the one by which it is asked whether it lives.
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT *) override { return object.enter("GetTypeInfoCount"); }
+
     HRESULT STDMETHODCALLTYPE CreateObject32(BSTR classIdText, IUnknown **created) override
     {
-        *created = nullptr;
+        LeaveRubbish(created);
         const HRESULT hr = object.enter("CreateObject32");
         if (FAILED(hr))
             return hr;
+        *created = nullptr;
         relay.requestedClasses.push_back(TextOf(classIdText));
         ComponentScript *script = offered(relay.offers, relay.requestedClasses.back());
         return script ? script->create(InterfaceId<IUnknown>, reinterpret_cast<void **>(created)) : REGDB_E_CLASSNOTREG;

@@ -97,8 +97,11 @@ HRESULT ScriptedObject::query(REFIID from, REFIID wanted, void **object)
     *object = nullptr;
     if (released)
         script.misuses.push_back(script.label + ".QueryInterface after its release");
-    if (const std::optional<HRESULT> refused = script.refusal(wanted))
+    if (const std::optional<HRESULT> refused = script.refusal(wanted)) {
+        if (FAILED(*refused))
+            LeaveRubbish(object);
         return *refused;
+    }
     if (wanted == InterfaceId<IPersistStreamInit> && !script.persistent)
         return E_NOINTERFACE;
     if ((wanted == InterfaceId<ECapeUser> || wanted == InterfaceId<ECapeRoot>)&&!leadsToWords(from, wanted))

@@ -5,6 +5,9 @@
 #include "cape/com/cape_open.h"
 #include "tests/support/component_script.h"
 
+#include <gtest/gtest.h>
+
+#include <cstdint>
 #include <cstring>
 
 namespace support {
@@ -65,6 +68,12 @@ public:
 
     void *pointer() override { return static_cast<Interface *>(this); }
 };
+
+// What stands in the out slot of a call that failed is nobody's business: here it is an address of nothing.
+template <class Pointer> void LeaveRubbish(Pointer *slot) { *slot = reinterpret_cast<Pointer>(std::uintptr_t{0x10}); }
+
+// A VARIANT that a component is handed to fill: [in, out] in most methods, and empty in all of them.
+inline void ExpectEmpty(const VARIANT *target, const char *method) { EXPECT_EQ(target->vt, VT_EMPTY) << method; }
 
 // IDispatch of one interface; nobody calls these objects by name.
 template <class Interface> class Facet : public UnknownFacet<Interface> {

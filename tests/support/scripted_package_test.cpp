@@ -30,8 +30,7 @@ TEST_F(ScriptedPackage, GivesItsListsAsTheyAre)
     package.phaseLabels = TwoDimensionalArray(VT_R8, 2, 3);
     package.statesOfAggregation = Variant();
     package.keyCompounds = TextArray({"A"}, -2);
-    Variant labels = TextVariant("something that was there before");
-    Variant states, keys;
+    Variant labels, states, keys;
     EXPECT_EQ(as<ICapeThermoPhases>()->GetPhaseList(&labels.value, &states.value, &keys.value), S_OK);
     EXPECT_EQ(labels.value.vt, VT_ARRAY | VT_R8);
     EXPECT_EQ(SafeArrayGetDim(labels.value.parray), 2u);

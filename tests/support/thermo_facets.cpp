@@ -4,10 +4,9 @@ namespace support {
 
 namespace {
 
-// A list into an out-parameter that may be used uninitialized.
 HRESULT giveList(ScriptedObject &object, const char *method, const Variant &list, VARIANT *target)
 {
-    VariantInit(target);
+    ExpectEmpty(target, method);
     const HRESULT hr = object.enter(method);
     if (SUCCEEDED(hr))
         list.giveTo(target);
@@ -29,7 +28,7 @@ HRESULT answerCompounds(HRESULT hr, const CompoundAnswer &answer, const VARIANT 
 
 HRESULT CompoundsFacet::GetCompoundConstant(VARIANT properties, VARIANT compoundIds, VARIANT *values)
 {
-    VariantInit(values);
+    ExpectEmpty(values, "GetCompoundConstant");
     Variant answered;
     const HRESULT hr =
         answerCompounds(object.enter("GetCompoundConstant"), package.constants, properties, 0, compoundIds, answered);
@@ -40,6 +39,8 @@ HRESULT CompoundsFacet::GetCompoundConstant(VARIANT properties, VARIANT compound
 HRESULT CompoundsFacet::GetCompoundList(VARIANT *compoundIds, VARIANT *formulae, VARIANT *names,
                                         VARIANT *boilingTemperatures, VARIANT *molecularWeights, VARIANT *casNumbers)
 {
+    for (const VARIANT *list : {compoundIds, formulae, names, boilingTemperatures, molecularWeights, casNumbers})
+        ExpectEmpty(list, "GetCompoundList");
     const HRESULT hr = object.enter("GetCompoundList");
     if (FAILED(hr))
         return hr;
@@ -67,6 +68,7 @@ HRESULT CompoundsFacet::GetNumCompounds(LONG *count)
 
 HRESULT CompoundsFacet::GetPDependentProperty(VARIANT properties, double pressure, VARIANT compoundIds, VARIANT *values)
 {
+    ExpectEmpty(values, "GetPDependentProperty");
     Variant answered;
     const HRESULT hr = answerCompounds(object.enter("GetPDependentProperty"), package.pressureDependent, properties,
                                        pressure, compoundIds, answered);
@@ -82,6 +84,7 @@ HRESULT CompoundsFacet::GetPDependentPropList(VARIANT *properties)
 HRESULT CompoundsFacet::GetTDependentProperty(VARIANT properties, double temperature, VARIANT compoundIds,
                                               VARIANT *values)
 {
+    ExpectEmpty(values, "GetTDependentProperty");
     Variant answered;
     const HRESULT hr = answerCompounds(object.enter("GetTDependentProperty"), package.temperatureDependent, properties,
                                        temperature, compoundIds, answered);
@@ -111,6 +114,8 @@ HRESULT PhasesFacet::GetPhaseInfo(BSTR, BSTR, VARIANT *value)
 
 HRESULT PhasesFacet::GetPhaseList(VARIANT *phaseLabels, VARIANT *statesOfAggregation, VARIANT *keyCompoundIds)
 {
+    for (const VARIANT *list : {phaseLabels, statesOfAggregation, keyCompoundIds})
+        ExpectEmpty(list, "GetPhaseList");
     const HRESULT hr = object.enter("GetPhaseList");
     if (FAILED(hr))
         return hr;

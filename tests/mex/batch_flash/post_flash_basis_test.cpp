@@ -84,6 +84,18 @@ TEST_F(PostFlashBasis, OfTheSumIsBroughtFromMassToMoleWithTheOverallComposition)
     ExpectNear(enthalpy(Row({0.5, 0.5})), {{4320}});
 }
 
+// The package stores the overall composition anew, in the other basis: mass fractions of one half each are 2/3 and 1/3
+// of 18 and 36 g/mol, which are 24 g/mol.
+TEST_F(PostFlashBasis, OfTheOverallCompositionIsTheStoredOne)
+{
+    package.calcEquilibrium = [](const EquilibriumCall &request) {
+        EXPECT_EQ(request.material.setOverall("fraction", "mass", {0.5, 0.5}), S_OK);
+        return request.material.setEquilibrium({{"Liquid", 1, {0.2, 0.8}}}, 300, 1e5, "mass");
+    };
+    calculate("mass", 0, 100);
+    ExpectNear(enthalpy(Row({0.1, 0.9})), {{100 * 0.024}});
+}
+
 TEST_F(PostFlashBasis, OfValueFractionAndResultMayAllDiffer)
 {
     // Values per mass, fractions per mole, result per mass.

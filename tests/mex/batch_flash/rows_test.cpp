@@ -106,6 +106,40 @@ TEST_F(BatchFlashRows, AreFlashedOnceEach)
     EXPECT_EQ(package.calls("CheckEquilibriumSpec"), 0);
 }
 
+// What a package writes over its conditions must not reach the next row.
+TEST_F(BatchFlashRows, WriteArgumentsOfOneRowAgainEachTime)
+{
+    findLiquid();
+    const auto find = package.calcEquilibrium;
+    package.calcEquilibrium = [find](const EquilibriumCall &request) {
+        const HRESULT hr = find(request);
+        EXPECT_EQ(request.material.setOverall("temperature", "", {999}), S_OK);
+        EXPECT_EQ(request.material.setOverall("pressure", "", {9e9}), S_OK);
+        EXPECT_EQ(request.material.setOverall("fraction", "mass", {0.9, 0.1}), S_OK);
+        return hr;
+    };
+    column({.values1 = Column({300, 310, 320})});
+    column({.compositions = Matrix({{0.25, 0.75}, {0.5, 0.5}, {0.75, 0.25}})});
+    ASSERT_EQ(seen.size(), 6u);
+    for (std::size_t row = 0; row < 3; ++row) {
+        EXPECT_EQ(seen[row].overall.temperature, 300 + 10.0 * static_cast<double>(row));
+        EXPECT_EQ(seen[row].overall.pressure, 1e5);
+        EXPECT_EQ(seen[row].overall.composition, (std::vector<double>{0.5, 0.5})) << "per mole as it is given";
+        EXPECT_EQ(seen[3 + row].overall.temperature, 300);
+        EXPECT_EQ(seen[3 + row].overall.pressure, 1e5);
+        const double first = 0.25 * static_cast<double>(row + 1);
+        EXPECT_EQ(seen[3 + row].overall.composition, (std::vector<double>{first, 1 - first}));
+    }
+}
+
+TEST_F(BatchFlashRows, WithoutNamesThatFailAreToldAllTheSame)
+{
+    package.answer("CalcEquilibrium", computationFailed, 2);
+    EXPECT_EQ(
+        mustReturn(1, batch({.values1 = Column({300, 310, 320}), .outputs = Scalar(0), .names = Text("")})).warnings,
+        std::vector<std::string>{"CAPE-OPEN: Flash failed at 310, 100000: computation error"});
+}
+
 TEST_F(BatchFlashRows, WithoutNamesAreFlashedForNothing)
 {
     findLiquid();

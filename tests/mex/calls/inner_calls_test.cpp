@@ -2,6 +2,9 @@
 // within the first.
 #include "tests/support/package_test.h"
 
+#include <future>
+#include <thread>
+
 using namespace support;
 
 namespace {
@@ -23,8 +26,10 @@ protected:
     void TearDown() override
     {
         otherHandle = Array();
-        package.onCall = nullptr;
-        other.onCall = nullptr;
+        for (PackageScript *script : {&package, &other}) {
+            script->onCall = nullptr;
+            script->calcSinglePhase = nullptr; // with the arrays that it holds
+        }
         PackageTest::TearDown();
     }
 
@@ -128,6 +133,54 @@ TEST_F(InnerCalls, OneWithinAnotherComeBackInTheirOrder)
     EXPECT_EQ(mustReturn(1, singlePhase({.temperatures = threeTemperatures}))[0].element(0).numbers(),
               (std::vector<double>{0.025, 0.025, 0.025}));
     EXPECT_EQ(actions, 1);
+}
+
+// Each package, while it calculates, has the other one calculate and writes into its material.
+TEST_F(InnerCalls, LetPackagesWorkOnEachOthersMaterials)
+{
+    int depth = 0;
+    const auto calculation = [&](PackageScript &self, PackageScript &partner, const Array &partnersHandle,
+                                 double value) {
+        self.calcSinglePhase = [&, value, partnersHandle](const SinglePhaseCall &request) {
+            if (depth < 5) {
+                ++depth;
+                EXPECT_TRUE(call(1, {Scalar(22), Scalar(1), partnersHandle, Text("volume"), Scalar(400), Scalar(1e5),
+                                     Row({0.1, 0.9}), Text("Liquid")})
+                                .returned);
+                --depth;
+            }
+            const MaterialClient partners(partner.material.get());
+            EXPECT_EQ(partners.setSinglePhase("density", "Vapor", "mole", {value}), S_OK);
+            EXPECT_EQ(partners.setOverall("temperature", "", {1}), S_OK);
+            return request.material.setSinglePhase("volume", request.phase, "mole", {value});
+        };
+    };
+    calculation(package, other, otherHandle, 1);
+    calculation(other, package, handle, 2);
+    mustReturn(1, {Scalar(22), Scalar(1), otherHandle, Text("volume"), Scalar(400), Scalar(1e5), Row({0.1, 0.9}),
+                   Text("Liquid")}); // both have their material
+    EXPECT_EQ(mustReturn(1, singlePhase({.temperatures = threeTemperatures}))[0].element(0).numbers(),
+              (std::vector<double>{1, 1, 1}));
+}
+
+// Nothing of the library is held while a package does not come back: another thread gets its answer.
+TEST_F(InnerCalls, FromAnotherThreadAreAnsweredWhileAPackageDoesNotReturn)
+{
+    std::promise<void> entered;
+    std::promise<void> released;
+    during("CalcSinglePhaseProp", [&] {
+        entered.set_value();
+        released.get_future().wait();
+    });
+    const std::vector<Array> request = singlePhase();
+    const std::vector<Array> question = {Scalar(19), Text("volume")};
+    std::vector<double> volume;
+    std::thread calculation([&] { volume = mustReturn(1, request)[0].element(0).numbers(); });
+    entered.get_future().wait();
+    EXPECT_EQ(mustReturn(1, question)[0].text(), Wide("m3 / mol"));
+    released.set_value();
+    calculation.join();
+    EXPECT_EQ(volume, std::vector<double>{0.025});
 }
 
 TEST_F(InnerCalls, CanCloseThePackageThatCalculates)

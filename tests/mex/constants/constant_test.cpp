@@ -117,6 +117,14 @@ TEST_F(Constant, ThatIsTextKeepsWhatAnEarlierCommandLeftWhereItHasNoValue)
     EXPECT_EQ(constant("chemicalFormula").texts(), Names({"volume", "x"}));
 }
 
+TEST_F(Constant, ThatIsTextKeepsTheNamesInFrontOfWhatWasNoName)
+{
+    EXPECT_EQ(refusal(1, {Scalar(20), Scalar(1), handle, Cell({Text("volume density"), Scalar(1)}), Scalar(300)}),
+              "Expected string or cell array of strings for property names");
+    answer(ArrayOfVariants({Variant(), TextVariant("x")}));
+    EXPECT_EQ(constant("chemicalFormula").texts(), Names({"volume", "x"}));
+}
+
 TEST_F(Constant, ThatMixesTextAndNumbersIsRefusedWhicheverComesFirst)
 {
     answer(ArrayOfVariants({TextVariant("x"), RealVariant(1)}));

@@ -4,6 +4,7 @@
 #include "tests/support/package_test.h"
 
 #include <cmath>
+#include <tuple>
 
 using namespace support;
 
@@ -127,6 +128,65 @@ TEST_F(FlashBasis, MustBeTheSameForAllPhases)
             EXPECT_EQ(refusal(5, flash()), message);
         }
     }
+}
+
+// Phase by phase: its basis against that of the phases before it, then its conversion; the fractions come last.
+TEST_F(FlashBasis, IsReadPhaseByPhaseBasisBeforeConversion)
+{
+    const auto findBoth = [this](const char *vaporBasis, std::vector<double> vapor, const char *liquidBasis,
+                                 std::vector<double> liquid) {
+        package.calcEquilibrium = [=](const EquilibriumCall &request) {
+            for (const auto &[label, basis, composition] :
+                 {std::tuple("Vapor", vaporBasis, vapor), std::tuple("Liquid", liquidBasis, liquid)}) {
+                EXPECT_EQ(request.material.setSinglePhase("fraction", label, basis, composition), S_OK);
+                EXPECT_EQ(request.material.setSinglePhase("phaseFraction", label, "mole", {0}), S_OK);
+            }
+            return S_OK;
+        };
+    };
+    const std::string inconsistent =
+        "Equilibrium phases not stored in consistent basis; unable to perform basis conversion";
+    const std::string noTotal = "Zero or negative total composition in basis conversion";
+    findBoth("mass", {0, 0}, "mole", {0.5, 0.5});
+    EXPECT_EQ(refusal(5, flash()), noTotal) << "the vapor is converted before the liquid is looked at";
+    findBoth("mole", {0.5, 0.5}, "mass", {0, 0});
+    EXPECT_EQ(refusal(5, flash()), inconsistent) << "the liquid's basis comes before its conversion";
+    findBoth("mass", {0.5, 0.5}, "mass", {0, 0});
+    EXPECT_EQ(refusal(5, flash()), noTotal) << "and all phases before the fractions, whose sum is nothing";
+    findBoth("mass", {0.5, 0.5}, "mass", {0.5, 0.5});
+    EXPECT_EQ(refusal(5, flash()), "Zero total phase moles after flash calculation");
+}
+
+// In the order that the operations are told in, so that a script gets the same numbers everywhere.
+TEST_F(FlashBasis, RepairsToTheBit)
+{
+    const double weights[] = {18, 36};
+    const double phases[2][2] = {{0.1, 0.7}, {0.6, 0.3}};
+    const double fractions[] = {0.3, 0.45};
+    find(
+        {{"Vapor", fractions[0], {phases[0][0], phases[0][1]}}, {"Liquid", fractions[1], {phases[1][0], phases[1][1]}}},
+        "mass");
+    const CallResult result = mustReturn(5, flash());
+    double expected[2] = {};
+    double total = 0;
+    for (int p = 0; p < 2; ++p) {
+        double moles[2];
+        double sum = 0;
+        for (int i = 0; i < 2; ++i) {
+            moles[i] = phases[p][i] / weights[i];
+            sum += moles[i];
+        }
+        double weight = 0;
+        for (int i = 0; i < 2; ++i) {
+            moles[i] *= 1 / sum;
+            EXPECT_EQ(result[2].matrix()[static_cast<std::size_t>(p)][static_cast<std::size_t>(i)], moles[i]);
+            weight += moles[i] * weights[i];
+        }
+        expected[p] = fractions[p] / weight;
+        total += expected[p];
+    }
+    for (int p = 0; p < 2; ++p)
+        EXPECT_EQ(result[1].numbers()[static_cast<std::size_t>(p)], expected[p] / total);
 }
 
 TEST_F(FlashBasis, OfAnAbsentPhaseDoesNotMatter)

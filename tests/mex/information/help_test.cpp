@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+#include <cstring>
+
 using namespace support;
 
 namespace {
@@ -92,6 +94,23 @@ TEST_F(HelpCommand, ShowsTheFileInTheParentOfTheLibrarysFolder)
     EXPECT_EQ(request().command, 0u);
     EXPECT_FALSE(request().hasOwner);
     EXPECT_FALSE(request().hasData);
+}
+
+// The system fills the whole room with a path that is too long, and need not terminate it.
+TEST_F(HelpCommand, APathOfMoreThan1023CharactersIsCut)
+{
+    registerViewer("help_viewer.dll");
+    for (const std::size_t folder : {1010u, 1018u, 1022u}) {
+        std::string longPath = "C:\\" + std::string(folder - 4, 'd') + "\\" + std::string(1024 - folder, 'f');
+        LibraryCall<"GetModuleFileNameA", decltype(GetModuleFileNameA)> name(
+            GetModuleFileNameA, [&](HMODULE, LPSTR path, DWORD capacity) {
+                EXPECT_EQ(capacity, 1024u);
+                std::memcpy(path, longPath.data(), capacity);
+                return capacity;
+            });
+        EXPECT_EQ(showHelp(), "");
+        EXPECT_EQ(std::string(request().path), (longPath.substr(0, folder) + "..\\Verdanth.chm").substr(0, 1023));
+    }
 }
 
 TEST_F(HelpCommand, AFileThatTheViewerCanNotShowIsAnErrorAndTheViewerIsKept)

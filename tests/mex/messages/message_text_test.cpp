@@ -102,6 +102,38 @@ TEST_F(MessageText, ThatCannotBeConvertedEndsTheCallAndTheNextOneWorks)
     EXPECT_EQ(refused("mgr").error, "no such package manager: \"mgr\"");
 }
 
+// A package that logs is told why its message did not get through.
+TEST_F(MessageText, OfALogThatCannotBeConvertedIsRefusedWithTheReason)
+{
+    PackageScript &package = world.addPackage("Alone");
+    handle = open("Alone");
+    const auto logged = [&](Narrowing::Body narrowing) {
+        Narrowing narrow(WideCharToMultiByte, std::move(narrowing));
+        HRESULT result = S_OK;
+        package.onCall = [&](const std::string &) { result = LogMessage(package, "not heard"); };
+        EXPECT_EQ(mustReturn(1, {Scalar(10), handle}).warnings, std::vector<std::string>());
+        package.onCall = nullptr;
+        return static_cast<std::uint32_t>(result);
+    };
+    EXPECT_EQ(logged([](UINT, DWORD, LPCWSTR, int, LPSTR, int, auto, auto) {
+                  SetLastError(5);
+                  return 0;
+              }),
+              0x80070005u);
+    EXPECT_EQ(logged([](UINT, DWORD, LPCWSTR, int, LPSTR, int, auto, auto) {
+                  SetLastError(0);
+                  return 0;
+              }),
+              0x8000FFFFu)
+        << "a failure without a reason";
+    EXPECT_EQ(logged([](UINT, DWORD, LPCWSTR, int, LPSTR target, int, auto, auto) {
+                  SetLastError(bufferTooSmall);
+                  return target ? 0 : -5; // a size below zero
+              }),
+              0x80070057u);
+    EXPECT_EQ(mustReturn(1, {Scalar(10), handle}).warnings, std::vector<std::string>());
+}
+
 TEST_F(MessageText, WithoutMemoryEndsTheCallAndTheNextOneWorks)
 {
     {

@@ -226,8 +226,8 @@ TEST_P(PureCompoundCommand, ClearsWhatAFailingPackageLeavesInTheValues)
 TEST_P(PureCompoundCommand, RefusesElementsThatAreNotWhatTheArraySays)
 {
     answer(Mislabeled(BlankArray(VT_I8, 2), VT_R8));
-    EXPECT_EQ(refusal(1, arguments()), "Invalid data from " + method() + " at 300 " + unit() +
-                                           ": Expected an array of type double precision");
+    EXPECT_EQ(refusal(1, arguments()),
+              "Invalid data from " + method() + " at 300 " + unit() + ": Expected an array of type double precision");
 }
 
 TEST_P(PureCompoundCommand, TellsConditionsThatAreNoOrdinaryNumbers)
@@ -351,6 +351,16 @@ TEST_F(PureCompoundBasis, OfMoleLeavesEverythingAsThePackageGaveIt)
 {
     package.temperatureDependent = AnswerValues(NumberArray({1800, 1800}));
     EXPECT_EQ(mustReturn(1, temperatureCommand("idealGasEnthalpy"))[0].cellMatrix(0), (Rows{{1800, 1800}}));
+}
+
+TEST_F(PureCompoundBasis, OfMoleIsThatOfTheCallAlsoAfterOneOfMass)
+{
+    package.temperatureDependent = AnswerValues(NumberArray({100, 200}));
+    const std::vector<Array> request = {Scalar(20), Scalar(1), handle, Text("idealGasHeatCapacity"), Scalar(300)};
+    useBasis("mass");
+    ExpectNear(mustReturn(1, request)[0].cellMatrix(0), {{100 / 0.018, 200 / 0.036}});
+    useBasis("mole");
+    EXPECT_EQ(mustReturn(1, request)[0].cellMatrix(0), (Rows{{100, 200}}));
 }
 
 TEST_F(PureCompoundBasis, OfMassLeavesWhatHasNoBasis)

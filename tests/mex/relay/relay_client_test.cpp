@@ -78,6 +78,33 @@ TEST_F(RelayClient, KeepsOneInstanceUntilExit)
     EXPECT_EQ(relay.references(), 0);
 }
 
+// Its process was killed, or a component ended it.
+TEST_F(RelayClient, PutsAnotherInstanceInThePlaceOfOneThatDied)
+{
+    registerPackage(TextValue("Old"));
+    mustReturn(0, {Scalar(4), openBy("Old")[0]});
+    for (const std::uint32_t result :
+         {0x80010007u, 0x80010012u, 0x80010108u, 0x800401FDu, 0x800706BAu, 0x800706BEu, 0x800706BFu}) {
+        const int before = relay.objectsMade();
+        relay.answer("GetTypeInfoCount", static_cast<HRESULT>(result));
+        mustReturn(0, {Scalar(4), openBy("Old")[0]});
+        EXPECT_EQ(relay.objectsMade() - before, 2) << std::hex << result;
+        EXPECT_EQ(relay.references(), 1);
+    }
+}
+
+TEST_F(RelayClient, KeepsAnInstanceThatLivesWhateverItAnswers)
+{
+    registerPackage(TextValue("Old"));
+    mustReturn(0, {Scalar(4), openBy("Old")[0]});
+    for (const HRESULT result : {S_OK, S_FALSE, E_NOTIMPL, E_FAIL, static_cast<HRESULT>(0x80010001u)}) {
+        const int before = relay.objectsMade();
+        relay.answer("GetTypeInfoCount", result);
+        mustReturn(0, {Scalar(4), openBy("Old")[0]});
+        EXPECT_EQ(relay.objectsMade() - before, 1) << std::hex << result;
+    }
+}
+
 TEST_F(RelayClient, WarnsAtEveryCreation)
 {
     registerPackage(TextValue("Old"));

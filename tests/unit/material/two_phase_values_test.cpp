@@ -57,6 +57,14 @@ TEST_F(TwoPhaseValues, NeedKnownPhasesTheFirstLookedAtFirst)
     expectRefusedByBoth(nullptr, TextArgument({OLESTR("vapor"), nullptr}), "Invalid phase | Invalid phase: NULL");
 }
 
+TEST_F(TwoPhaseValues, NeedAPropertyBeforeNoBasisAndThatBeforeAKnownProperty)
+{
+    EXPECT_EQ(view.setTwoPhase(none, vaporLiquid, mole, one),
+              "Invalid property | Invalid property: NULL" + place("SetTwoPhaseProp"));
+    EXPECT_EQ(view.setTwoPhase(OLESTR("nothing"), vaporLiquid, mole, one),
+              "Invalid basis | Expected no basis" + place("SetTwoPhaseProp"));
+}
+
 TEST_F(TwoPhaseValues, NeedAProperty)
 {
     expectRefusedByBoth(nullptr, vaporLiquid, "Invalid property | Invalid property: NULL");

@@ -65,6 +65,29 @@ TEST(ConversionPower, IsThePropertysOwnTowardsMassAndItsNegativeTowardsMole)
     EXPECT_EQ(1, ConversionPower(-1, true, false));
 }
 
+// In the order that the operations are told in: the same numbers everywhere.
+TEST(ChainRuleConvert, IsTheSameToTheBit)
+{
+    const double weights[] = {16.04, 30.07, 44.1};
+    Compounds test({weights[0], weights[1], weights[2]});
+    const double composition[] = {0.1, 0.7, 0.3};
+    const double source[] = {1.1, -2.3, 1e-7};
+    const double base = 0.37;
+    double sum = 0;
+    for (int i = 0; i < 3; ++i)
+        sum += weights[i] * composition[i];
+    const double mass = sum * 0.001;
+    WideString message;
+    double target[3];
+    ASSERT_TRUE(ChainRuleConvert(test.with(composition, 0), source, target, 3, 1, message, 1, base));
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(target[i], mass * source[i] + weights[i] * base * 0.001);
+    ASSERT_TRUE(ChainRuleConvert(test.with(composition, 0), source, target, 3, -1, message, 1, base));
+    const double factor = 1 / mass;
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(target[i], factor * source[i] - weights[i] * base * 0.001 * factor * factor);
+}
+
 // 1000 mol/m3 of 0.018 kg/mol each.
 TEST(ChainRuleConvert, TurnsAPureDensityToKilograms)
 {
