@@ -54,7 +54,7 @@ class Target:
 
     def was_slow(self, file):
         """libFuzzer's clock goes on while the machine does something else: whether a file only took long then."""
-        if not file.name.startswith("timeout-"):
+        if not file.name.startswith(("timeout-", "slow-unit-")):
             return False
         again = subprocess.run([self.program, file], capture_output=True, check=False,
                                preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_CPU, (15, 15)))
