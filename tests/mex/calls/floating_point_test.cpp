@@ -126,6 +126,37 @@ TEST_F(FloatingPoint, ModeOfThePackageDoesNotReachWhatTheMaterialConverts)
     EXPECT_EQ(told, "One or more missing molecular weights in basis conversion");
 }
 
+// A weight that is no weight: its product with nothing is no number, which the package's mode would not allow.
+TEST_F(FloatingPoint, ModeOfThePackageDoesNotReachProductsThatAreNoNumbers)
+{
+    package.molecularWeights = NumberArray({18, std::numeric_limits<double>::infinity()});
+    std::string told;
+    package.calcSinglePhase = [&](const SinglePhaseCall &asked) {
+        std::vector<double> values;
+        EXPECT_EQ(asked.material.getSinglePhase("fraction", "Vapor", "mass", values), CapeFailure(1));
+        told = Narrow(asked.material.lastRefusal().description);
+        return StoreSinglePhase({{"volume", "mole", {1}}})(asked);
+    };
+    mustReturn(1, singlePhase({.compositions = Row({1, 0})}));
+    EXPECT_EQ(told, "Zero or negative total composition in basis conversion");
+}
+
+TEST_F(FloatingPoint, ModeOfThePackageDoesNotReachTheCommandsThatItCalls)
+{
+    const std::vector<Array> noCommand = {Scalar(notANumber)};
+    std::string refused;
+    bool packageKeptItsMode = false;
+    package.calcSinglePhase = [&](const SinglePhaseCall &asked) {
+        const FloatingPointMode packages = FloatingPointMode::current();
+        refused = call(1, noCommand).error;
+        packageKeptItsMode = FloatingPointMode::current() == packages && !(packages == before);
+        return StoreSinglePhase({{"volume", "mole", {1}}})(asked);
+    };
+    mustReturn(1, singlePhase());
+    EXPECT_EQ(refused, "Invalid function argument to Verdanth");
+    EXPECT_TRUE(packageKeptItsMode);
+}
+
 // MATLAB shows the message in its own mode, and the package goes on in its.
 TEST_F(FloatingPoint, ModeOfThePackageDoesNotReachMatlabsWarnings)
 {

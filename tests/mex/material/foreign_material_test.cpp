@@ -2,6 +2,8 @@
 #include "material/imaterial.h"
 #include "tests/support/package_test.h"
 
+#include <cstdint>
+
 using namespace support;
 
 namespace {
@@ -25,7 +27,12 @@ public:
     {
         return E_NOTIMPL;
     }
-    HRESULT STDMETHODCALLTYPE GetMaterialObject(CMaterialObject **) override { return answer; }
+    HRESULT STDMETHODCALLTYPE GetMaterialObject(CMaterialObject **material) override
+    {
+        if (FAILED(answer))
+            *material = reinterpret_cast<CMaterialObject *>(std::uintptr_t{0x10}); // of no worth
+        return answer;
+    }
 };
 
 class ForeignMaterial : public PackageTest {};
