@@ -12,7 +12,7 @@ template <class Element>
 inline bool ListElements(const VARIANT &value, VARTYPE type, const Element *&elements, std::int32_t &count)
 {
     SAFEARRAY *array = value.parray;
-    if (value.vt != (VT_ARRAY | type) || !array || array->cDims != 1 ||
+    if (value.vt != (VT_ARRAY | type) || !array || array->cDims != 1 || array->cbElements != sizeof(Element) ||
         !(SurelyHoldsElements(array, type) || HoldsElements(array, type)))
         return false;
     elements = static_cast<const Element *>(array->pvData);

@@ -12,8 +12,8 @@
 // One that does not know the type of its elements is believed if they own nothing.
 bool HoldsElements(SAFEARRAY *array, VARTYPE elementType);
 
-// The usual answer without a call: true is right, false says nothing. An array that has FADF_HAVEVARTYPE keeps the type
-// in the 4 bytes in front of its descriptor, as oaidl.h tells.
+// The usual answer without a call: true is right where elements have the size of the type, false says nothing. An array
+// that has FADF_HAVEVARTYPE keeps the type in the 4 bytes in front of its descriptor, as oaidl.h tells.
 inline bool SurelyHoldsElements(const SAFEARRAY *array, VARTYPE elementType)
 {
     std::uint32_t held = 0;

@@ -42,7 +42,7 @@ inline double AnyNumber(FuzzedDataProvider &input)
         return input.PickValueInArray(edges);
     case 1: {
         const auto bits = input.ConsumeIntegral<std::uint64_t>();
-        double number;
+        double number = 0;
         std::memcpy(&number, &bits, sizeof number);
         return number;
     }

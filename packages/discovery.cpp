@@ -91,6 +91,12 @@ void ScanRegistry()
     if (begun)
         return;
     begun = true;
+    ScanRegistryAnew();
+}
+
+void ScanRegistryAnew()
+{
+    PackageSourceList.clear();
     const std::unique_ptr<WCHAR[]> buffer(new (std::nothrow) WCHAR[bufferCharacters]);
     if (!buffer)
         return;

@@ -23,6 +23,9 @@ extern std::vector<PackageSource> PackageSourceList;
 // Fills the list at the first call; later changes of the registry are not noticed.
 void ScanRegistry();
 
+// Fills it with what the registry has now.
+void ScanRegistryAnew();
+
 // Index of the first source of that name, case counting; the length of the list when there is none.
 std::size_t FindPackageSource(LPCWSTR name);
 

@@ -8,11 +8,10 @@
 //
 // It shows no window. The exit code of the registrations is 0, or the HRESULT of the error.
 #include "relay/class_object.h"
+#include "relay/command_line.h"
 #include "relay/process_life.h"
 #include "relay/registration.h"
 #include "relay/standard_library.h"
-
-#include <string_view>
 
 namespace {
 
@@ -36,16 +35,23 @@ HRESULT serve()
     return S_OK;
 }
 
-// The only switch on the command line, in lower case and without its / or -; empty for anything else.
-WideString switchOf(const char *commandLine)
+HRESULT perform(RelayTask task)
 {
-    const std::string_view line = commandLine ? commandLine : "";
-    if (line.empty() || (line[0] != '/' && line[0] != '-'))
-        return {};
-    WideString word;
-    for (const char c : line.substr(1))
-        word += static_cast<WCHAR>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c);
-    return word.substr(0, word.find(L' '));
+    switch (task) {
+    case RelayTask::RegisterServer:
+        return RegisterServer();
+    case RelayTask::UnregisterServer:
+        return UnregisterServer();
+    case RelayTask::RegisterTypeLibrary:
+        return RegisterStandardLibrary();
+    case RelayTask::UnregisterTypeLibrary:
+        return UnregisterStandardLibrary();
+    case RelayTask::Serve:
+        return serve();
+    case RelayTask::None:
+        break;
+    }
+    return E_INVALIDARG;
 }
 
 } // namespace
@@ -54,22 +60,10 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR commandLine, int)
 {
     // A component that cannot be loaded, or crashes, is reported by an HRESULT.
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
-    const WideString word = switchOf(commandLine);
     HRESULT hr = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     if (FAILED(hr))
         return hr;
-    if (word == L"regserver")
-        hr = RegisterServer();
-    else if (word == L"unregserver")
-        hr = UnregisterServer();
-    else if (word == L"regtypelib")
-        hr = RegisterStandardLibrary();
-    else if (word == L"unregtypelib")
-        hr = UnregisterStandardLibrary();
-    else if (word == L"embedding")
-        hr = serve();
-    else
-        hr = E_INVALIDARG;
+    hr = perform(TaskOf(commandLine));
     CoUninitialize();
     // Another thread may still be in a call, so nothing is torn down.
     TerminateProcess(GetCurrentProcess(), static_cast<UINT>(hr));

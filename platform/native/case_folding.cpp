@@ -56,6 +56,8 @@ int native::compareFolded(std::u16string_view a, std::u16string_view b)
 {
     const std::size_t common = std::min(a.size(), b.size());
     for (std::size_t i = 0; i < common; ++i) {
+        if (a[i] == b[i]) // which most are
+            continue;
         const int difference = upperCase(a[i]) - upperCase(b[i]);
         if (difference != 0)
             return difference;

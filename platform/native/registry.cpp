@@ -188,9 +188,7 @@ LSTATUS RegQueryValueExA(HKEY key, LPCSTR name, LPDWORD, LPDWORD type, LPBYTE da
         return status;
     if (!isText(value->type))
         return deliver(value->data, value->type, sizeof(CHAR), type, data, size);
-    std::u16string wide(value->data.size() / sizeof(WCHAR), u'\0'); // terminators and all
-    std::memcpy(wide.data(), value->data.data(), wide.size() * sizeof(WCHAR));
-    const std::string narrow = native::toUtf8(wide);
+    const std::string narrow = native::toUtf8(native::unitsOfBytes(value->data));
     return deliver({narrow.begin(), narrow.end()}, value->type, sizeof(CHAR), type, data, size);
 }
 

@@ -23,10 +23,17 @@ std::vector<BYTE> native::bytesOfText(std::u16string_view text)
     return data;
 }
 
+std::u16string native::unitsOfBytes(const std::vector<BYTE> &data)
+{
+    std::u16string units(data.size() / sizeof(char16_t), u'\0');
+    if (!units.empty()) // no bytes need not have an address
+        std::memcpy(units.data(), data.data(), units.size() * sizeof(char16_t));
+    return units;
+}
+
 std::u16string native::textOfBytes(const std::vector<BYTE> &data)
 {
-    std::u16string text(data.size() / sizeof(char16_t), u'\0');
-    std::memcpy(text.data(), data.data(), text.size() * sizeof(char16_t));
+    std::u16string text = unitsOfBytes(data);
     if (const std::size_t end = text.find(u'\0'); end != std::u16string::npos)
         text.resize(end);
     return text;

@@ -17,8 +17,9 @@ struct RegistryValue {
     std::vector<BYTE> data;
 };
 
-// The bytes of a text value, terminator included, and back without it.
+// The bytes of a text value, terminator included, and back: all that is there, and the text in front of the terminator.
 std::vector<BYTE> bytesOfText(std::u16string_view text);
+std::u16string unitsOfBytes(const std::vector<BYTE> &data);
 std::u16string textOfBytes(const std::vector<BYTE> &data);
 
 struct RegistryKey {

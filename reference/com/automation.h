@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <iterator>
+#include <limits>
 #include <span>
 #include <string_view>
 
@@ -57,17 +58,21 @@ public:
     // False when the value is not a one-dimensional array of these elements. Call it once only.
     bool open(const VARIANT &value)
     {
-        if (value.vt != (VT_ARRAY | type) || !value.parray || SafeArrayGetDim(value.parray) != 1)
+        if (value.vt != (VT_ARRAY | type) || !value.parray || SafeArrayGetDim(value.parray) != 1 ||
+            SafeArrayGetElemsize(value.parray) != sizeof(Element))
             return false;
-        LONG first = 0;
-        LONG last = -1;
+        // What the array says of itself counts, too. One that does not know is believed where elements own nothing.
+        VARTYPE held = VT_EMPTY;
+        const bool isKnown = SUCCEEDED(SafeArrayGetVartype(value.parray, &held));
+        if (isKnown ? held != type : type == VT_BSTR)
+            return false;
+        const ULONG count = value.parray->rgsabound[0].cElements;
         void *data = nullptr;
-        if (FAILED(SafeArrayGetLBound(value.parray, 1, &first)) || FAILED(SafeArrayGetUBound(value.parray, 1, &last)) ||
-            FAILED(SafeArrayAccessData(value.parray, &data)))
+        if (count > std::numeric_limits<LONG>::max() || FAILED(SafeArrayAccessData(value.parray, &data)))
             return false;
         array = value.parray;
-        elements = {static_cast<const Element *>(data), static_cast<std::size_t>(last - first + 1)};
-        return true;
+        elements = {static_cast<const Element *>(data), static_cast<std::size_t>(count)};
+        return data || count == 0;
     }
     int size() const { return static_cast<int>(elements.size()); }
     const Element &operator[](int index) const { return elements[static_cast<std::size_t>(index)]; }

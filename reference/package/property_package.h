@@ -32,7 +32,8 @@ public:
 
     // The material's compounds are matched with the package's by id or, where the id is unknown, by CAS
     // number: any subset of them in any order, each once. A second material replaces the first; one that
-    // is refused leaves the first in place.
+    // is refused leaves the first in place. Both refuse while a calculation with the material is going on,
+    // in a call from the material or beneath it.
     HRESULT STDMETHODCALLTYPE SetMaterial(IDispatch *material) override;
     HRESULT STDMETHODCALLTYPE UnsetMaterial() override;
 
@@ -95,6 +96,21 @@ private:
     // Refuses when no material is set.
     HRESULT needMaterial(const Call &call) const;
 
+    // A calculation that calls the material, for as long as this lives.
+    class Calculation {
+    public:
+        explicit Calculation(PropertyPackage &owner) : package(owner) { ++package.calculations; }
+        Calculation(const Calculation &) = delete;
+        Calculation &operator=(const Calculation &) = delete;
+        ~Calculation() { --package.calculations; }
+
+    private:
+        PropertyPackage &package;
+    };
+
+    // Refuses while there is one.
+    HRESULT needNoCalculation(const Call &call) const;
+
     // Refuses a temperature or pressure outside the range of the models.
     HRESULT checkCondition(const Call &call, FlashVariable condition, double value) const;
 
@@ -142,7 +158,8 @@ private:
     const EquationOfState equation;
     std::vector<const CompoundData *> compounds;
     ComPointer<ICapeThermoMaterial> material;
-    MixtureModel model; // of the material's compounds, in the material's order
+    int calculations = 0; // one within the other
+    MixtureModel model;   // of the material's compounds, in the material's order
 
     // Identifiers for calls to the material, allocated once.
     struct {

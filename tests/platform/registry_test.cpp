@@ -241,6 +241,25 @@ TEST(Registry, ReadsNarrowTexts)
               ERROR_FILE_NOT_FOUND);
 }
 
+TEST(Registry, ReadsATextOfNoBytesAsNoBytes)
+{
+    ScratchKey scratch;
+    ASSERT_EQ(RegSetValueExW(scratch.handle(), OLESTR("Value"), 0, REG_SZ, nullptr, 0), ERROR_SUCCESS);
+    DWORD type = 0;
+    DWORD size = 8;
+    WCHAR wide[4];
+    EXPECT_EQ(
+        RegQueryValueExW(scratch.handle(), OLESTR("Value"), nullptr, &type, reinterpret_cast<LPBYTE>(wide), &size),
+        ERROR_SUCCESS);
+    EXPECT_EQ(type, REG_SZ);
+    EXPECT_EQ(size, 0u);
+    size = 8;
+    BYTE narrow[8];
+    EXPECT_EQ(RegQueryValueExA(scratch.handle(), "Value", nullptr, &type, narrow, &size), ERROR_SUCCESS);
+    EXPECT_EQ(type, REG_SZ);
+    EXPECT_EQ(size, 0u);
+}
+
 TEST(Registry, DeletesAKeyWithAllBelowIt)
 {
     ScratchKey scratch;

@@ -2,6 +2,7 @@
 #include "platform/matlab/standin.h"
 #include "platform/platform.h"
 #include "toolbox/octave/bridge.h"
+#include "toolbox/octave/load_beside.h"
 
 #include <dlfcn.h>
 
@@ -154,18 +155,11 @@ public:
     }
 
 private:
-    // Verdanth.so lies beside this library. Octave has given the names that it uses to functions of its own; with
-    // RTLD_DEEPBIND those of the libraries it was linked with come first.
     bool load()
     {
         if (module)
             return true;
-        Dl_info self{};
-        dladdr(reinterpret_cast<void *>(&VerdanthLibrarySide), &self);
-        std::string path = self.dli_fname;
-        path.resize(path.rfind('/') + 1);
-        path += "Verdanth.so";
-        module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_DEEPBIND);
+        module = LoadBeside(reinterpret_cast<void *>(&VerdanthLibrarySide), "Verdanth.so");
         if (module)
             function = reinterpret_cast<MexFunction>(dlsym(module, "mexFunction"));
         if (!function)

@@ -1,6 +1,7 @@
 // Octave's side: the MEX function that Octave calls. Errors and warnings become Octave's here, and arrays are turned
 // into its own.
 #include "toolbox/octave/bridge.h"
+#include "toolbox/octave/load_beside.h"
 #include "toolbox/octave/octave_errors.h"
 
 #include <mex.h>
@@ -22,17 +23,11 @@ void *module = nullptr;
 LibrarySide *library = nullptr;
 std::string errorText; // of the process: raising an error leaves this file without a destructor run
 
-// The library's side lies beside this file. Its names must be its own, not those that Octave has for the same.
 bool loadLibrarySide()
 {
     if (library)
         return true;
-    Dl_info self{};
-    dladdr(reinterpret_cast<void *>(&loadLibrarySide), &self);
-    std::string path = self.dli_fname;
-    path.resize(path.rfind('/') + 1);
-    path += "libverdanth_octave.so";
-    module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_DEEPBIND);
+    module = LoadBeside(reinterpret_cast<void *>(&loadLibrarySide), "libverdanth_octave.so");
     const auto getter = module ? reinterpret_cast<LibrarySideGetter>(dlsym(module, "VerdanthLibrarySide")) : nullptr;
     if (!getter) {
         errorText = std::string("Verdanth could not be loaded: ") + dlerror();

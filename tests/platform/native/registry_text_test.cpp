@@ -72,6 +72,13 @@ TEST_F(RegistryText, HasNumbersAndBytes)
     EXPECT_EQ(valueOf(u"K", u"several").data.size(), 10u);
 }
 
+TEST_F(RegistryText, TakesAServerOfNoBytesForAnEmptyPath)
+{
+    read(u"[HKEY_CLASSES_ROOT\\CLSID\\{A}\\InprocServer32]\n@=hex(1):\n");
+    EXPECT_EQ(valueOf(u"CLSID\\{A}\\InprocServer32", u"").type, REG_SZ);
+    EXPECT_EQ(textOf(u"CLSID\\{A}\\InprocServer32", u""), u"");
+}
+
 TEST_F(RegistryText, ContinuesLinesOfBytes)
 {
     read(u"[HKEY_CLASSES_ROOT\\K]\r\n\"bytes\"=hex:01,02,\\\r\n  03,\\\r\n  04\r\n\"next\"=\"x\"\r\n");

@@ -119,3 +119,32 @@ TEST_F(PackageMaterialContext, KeepsTheFirstMaterialWhenTheSecondIsRefused)
     EXPECT_EQ(calculate(), S_OK);
     EXPECT_EQ(material.written.size(), 1u);
 }
+
+// As it may happen to a host that handles messages while it waits.
+TEST_F(PackageMaterialContext, KeepsTheMaterialInTheMidstOfACalculation)
+{
+    TestMaterial other({"methane"});
+    ASSERT_EQ(context->SetMaterial(dispatch()), S_OK);
+    const auto utilities = as<ICapeUtilities>(compounds.get());
+    const char *reason = "A calculation with the material is going on";
+    int calls = 0;
+    material.onCall = [&] {
+        ++calls;
+        expectFailure(context->UnsetMaterial(), errors::badInvocationOrder, "ICapeThermoMaterialContext",
+                      "UnsetMaterial", reason);
+        expectFailure(utilities->Terminate(), errors::badInvocationOrder, "ICapeThermoMaterialContext", "UnsetMaterial",
+                      reason);
+        expectFailure(context->SetMaterial(static_cast<ICapeThermoMaterial *>(&other)), errors::badInvocationOrder,
+                      "ICapeThermoMaterialContext", "SetMaterial", reason);
+    };
+    EXPECT_EQ(calculate(), S_OK);
+    EXPECT_EQ(calls, 2);
+    EXPECT_EQ(properties->CalcTwoPhaseProp(texts({"kvalue"}).get(), texts({"Vapor", "Liquid"}).get()), S_OK);
+    EXPECT_EQ(calls, 5);
+    EXPECT_EQ(equilibrium->CalcEquilibrium(texts({"temperature", "", "Overall"}).get(),
+                                           texts({"pressure", "", "Overall"}).get(), nullptr),
+              S_OK);
+    EXPECT_GT(calls, 5);
+    material.onCall = nullptr;
+    EXPECT_EQ(context->UnsetMaterial(), S_OK);
+}

@@ -1,6 +1,7 @@
 #include "tests/reference/com/package_fixture.h"
 
 #include <cmath>
+#include <limits>
 
 using namespace reference;
 
@@ -89,6 +90,37 @@ TEST_F(PackageProperties, RefuseWrongArguments)
                   "The properties must be an array of one name or more");
     expectRefusal(calculate({"volume", "pH"}), errors::limitedImplementation, "Phases have no property \"pH\" here");
     expectRefusal(calculate({""}), errors::limitedImplementation, "Phases have no property \"\" here");
+}
+
+// A list of texts by the word of the value, and of something else by its own.
+TEST_F(PackageProperties, RefuseAListOfOtherElementsThanItIsSaidToHave)
+{
+    setMaterial();
+    const char *reason = "The properties must be an array of one name or more";
+    for (const VARTYPE type : {VT_I2, VT_R8, VT_VARIANT}) {
+        Argument list;
+        list.out()->vt = VT_ARRAY | VT_BSTR;
+        list.out()->parray = SafeArrayCreateVector(type, 0, 3);
+        expectRefusal(properties->CalcSinglePhaseProp(list.get(), Bstr(std::string_view("Vapor")).get()),
+                      errors::invalidArgument, reason);
+    }
+}
+
+TEST_F(PackageProperties, TakeAListFromAnyLowerBound)
+{
+    setMaterial();
+    constexpr LONG lowest = std::numeric_limits<LONG>::min();
+    Argument none;
+    none.out()->vt = VT_ARRAY | VT_BSTR;
+    none.out()->parray = SafeArrayCreateVector(VT_BSTR, lowest, 0);
+    expectRefusal(properties->CalcSinglePhaseProp(none.get(), Bstr(std::string_view("Vapor")).get()),
+                  errors::invalidArgument, "The properties must be an array of one name or more");
+    Argument one;
+    one.out()->vt = VT_ARRAY | VT_BSTR;
+    one.out()->parray = SafeArrayCreateVector(VT_BSTR, lowest, 1);
+    *static_cast<BSTR *>(one.get().parray->pvData) = Bstr("volume").detach();
+    EXPECT_EQ(properties->CalcSinglePhaseProp(one.get(), Bstr(std::string_view("Vapor")).get()), S_OK);
+    EXPECT_EQ(material.written.count("Vapor/volume"), 1u);
 }
 
 TEST_F(PackageProperties, RefuseConditionsThatMakeNoSense)

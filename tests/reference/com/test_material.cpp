@@ -19,6 +19,8 @@ HRESULT unexpected(const char *method)
 std::optional<HRESULT> TestMaterial::refuses(const char *method, const std::string &details)
 {
     calls.push_back(details.empty() ? method : method + (" " + details));
+    if (onCall)
+        onCall();
     if (failing && failing->strikes()) {
         failed = method;
         return failure;

@@ -6,6 +6,7 @@
 #include "reference/com/component.h"
 #include "tests/support/nth_call.h"
 
+#include <functional>
 #include <limits>
 #include <map>
 #include <optional>
@@ -33,7 +34,8 @@ public:
     std::map<std::string, std::vector<double>> ownCompositions; // by phase
     std::map<std::string, double> given;                        // by phase or "Overall", slash, property, slash, basis
     std::vector<std::string> presentPhases = {"Vapor", "Liquid"};
-    std::string refused; // the method that fails, with "<method> is refused" as its words
+    std::string refused;          // the method that fails, with "<method> is refused" as its words
+    std::function<void()> onCall; // called in the midst of every call of a package
 
     // The n-th call of whatever method, QueryInterface among them, gives this result and does nothing else.
     support::NthCall *failing = nullptr;

@@ -87,6 +87,20 @@ TEST(TakeDoubles, RefusesElementsThatAreNoDoubles)
     EXPECT_EQ(SafeArrayDestroy(value.parray), S_OK);
 }
 
+// Read as doubles they would reach beyond the end.
+TEST(TakeDoubles, RefusesDoublesThatAreSaidToHaveAnotherSize)
+{
+    VARIANT value = pairOf(VT_R8, 0);
+    value.parray->cbElements = 4;
+    const double *data = nullptr;
+    std::int32_t count = 7;
+    WideString text;
+    EXPECT_FALSE(TakeDoubles(value, data, count, text));
+    EXPECT_EQ(text, OLESTR("Expected an array of type double precision"));
+    value.parray->cbElements = sizeof(double);
+    EXPECT_EQ(VariantClear(&value), S_OK);
+}
+
 TEST(TakeTexts, GivesTheStringsWhereTheyLie)
 {
     VARIANT value = pairOf(VT_BSTR, 1);

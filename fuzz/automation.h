@@ -1,0 +1,108 @@
+// Values as another component hands them over: most often what is expected, sometimes anything else.
+#pragma once
+
+#include "cape/com/variant.h"
+#include "fuzz/input.h"
+
+#include <algorithm>
+#include <cstring>
+#include <vector>
+
+inline BSTR NewText(const WideString &text) { return SysAllocStringLen(text.data(), static_cast<UINT>(text.size())); }
+
+// Owner of a BSTR that may be null.
+class OwnText {
+public:
+    explicit OwnText(BSTR owned) : text(owned) {}
+    OwnText(const OwnText &) = delete;
+    OwnText &operator=(const OwnText &) = delete;
+    ~OwnText() { SysFreeString(text); }
+    operator BSTR() const { return text; }
+
+private:
+    BSTR text;
+};
+
+inline LONG AnyLowerBound(FuzzedDataProvider &input)
+{
+    static constexpr LONG bounds[] = {0, 0, 0, 0, 1, -1, 42, std::numeric_limits<LONG>::min(), 2147483647};
+    return input.PickValueInArray(bounds);
+}
+
+inline VARIANT NewArray(VARTYPE type, LONG lowerBound, std::size_t count)
+{
+    VARIANT value;
+    VariantInit(&value);
+    value.parray = SafeArrayCreateVector(type, lowerBound, static_cast<ULONG>(count));
+    FUZZ_CHECK(value.parray != nullptr);
+    value.vt = static_cast<VARTYPE>(VT_ARRAY | type);
+    return value;
+}
+
+inline VARIANT NewNumbers(FuzzedDataProvider &input, const std::vector<double> &numbers)
+{
+    const VARIANT value = NewArray(VT_R8, AnyLowerBound(input), numbers.size());
+    if (!numbers.empty())
+        std::memcpy(value.parray->pvData, numbers.data(), numbers.size() * sizeof(double));
+    return value;
+}
+
+inline VARIANT NewTexts(FuzzedDataProvider &input, const std::vector<WideString> &texts)
+{
+    const VARIANT value = NewArray(VT_BSTR, AnyLowerBound(input), texts.size());
+    auto *elements = static_cast<BSTR *>(value.parray->pvData);
+    for (const WideString &text : texts) // no text may be a null one
+        *elements++ = text.empty() && input.ConsumeBool() ? nullptr : NewText(text);
+    return value;
+}
+
+// Something that is no list, or a list of something else. The caller clears it.
+inline VARIANT OddValue(FuzzedDataProvider &input)
+{
+    VARIANT value{};
+    switch (input.ConsumeIntegralInRange(0, 8)) {
+    case 0:
+        break;
+    case 1:
+        value.vt = VT_BSTR;
+        value.bstrVal = input.ConsumeBool() ? nullptr : NewText(AnyText(input, 10));
+        break;
+    case 2:
+        value.vt = VT_R8;
+        value.dblVal = AnyNumber(input);
+        break;
+    case 3:
+        value.vt = static_cast<VARTYPE>(VT_ARRAY | (input.ConsumeBool() ? VT_R8 : VT_BSTR)); // with no array behind it
+        break;
+    case 4: { // of two dimensions
+        SAFEARRAYBOUND bounds[] = {{input.ConsumeIntegralInRange<ULONG>(0, 3), AnyLowerBound(input)},
+                                   {input.ConsumeIntegralInRange<ULONG>(0, 3), AnyLowerBound(input)}};
+        const VARTYPE type = input.ConsumeBool() ? VT_R8 : VT_BSTR;
+        value.parray = SafeArrayCreate(type, 2, bounds);
+        value.vt = static_cast<VARTYPE>(VT_ARRAY | type);
+        break;
+    }
+    case 5: { // not of the elements that it says
+        static constexpr VARTYPE types[] = {VT_I2, VT_I4, VT_R8, VT_BSTR, VT_VARIANT, VT_UI1};
+        value = NewArray(input.PickValueInArray(types), AnyLowerBound(input), input.ConsumeIntegralInRange(0, 4));
+        value.vt = static_cast<VARTYPE>(VT_ARRAY | (input.ConsumeBool() ? VT_R8 : VT_BSTR));
+        break;
+    }
+    case 6: {
+        static constexpr VARTYPE types[] = {VT_I4, VT_VARIANT, VT_R8, VT_BSTR};
+        value = NewArray(input.PickValueInArray(types), AnyLowerBound(input), input.ConsumeIntegralInRange(0, 4));
+        break;
+    }
+    case 7: {
+        std::vector<double> numbers(input.ConsumeIntegralInRange<std::size_t>(0, 5));
+        std::generate(numbers.begin(), numbers.end(), [&] { return AnyNumber(input); });
+        return NewNumbers(input, numbers);
+    }
+    default: {
+        std::vector<WideString> texts(input.ConsumeIntegralInRange<std::size_t>(0, 5));
+        std::generate(texts.begin(), texts.end(), [&] { return AnyText(input, 10); });
+        return NewTexts(input, texts);
+    }
+    }
+    return value;
+}
