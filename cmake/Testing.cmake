@@ -16,7 +16,7 @@ target_precompile_headers(test_code INTERFACE <gtest/gtest.h> <functional> <stri
                           "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/platform/platform.h>")
 
 # Adds the suites of a GoogleTest program to CTest as PREFIX and the suite's name, each run in a process of its own, with
-# the test properties that follow. While the suite ALONE, if one is named, runs, no other test does. Their cases are counted
+# the test properties that follow. While a suite runs whose name matches ALONE, no other test does. Their cases are counted
 # one by one: scripts/run_suite.py.
 function(add_suites target prefix)
     cmake_parse_arguments(suites "" "ALONE" "" ${ARGN})

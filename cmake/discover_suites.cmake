@@ -32,7 +32,7 @@ foreach(suite IN LISTS suites)
     add_test(${test} python3 -B ${runner} ${test} ${cases}/${file}.txt ${suite} ${count_of_${suite}} ${emulator} ${program})
     # The runner sees to the time that a process may take.
     set_tests_properties(${test} PROPERTIES WORKING_DIRECTORY ${folder} TIMEOUT 3600 ${properties})
-    if(suite STREQUAL alone)
+    if(suite MATCHES "^(${alone})$")
         set_tests_properties(${test} PROPERTIES RUN_SERIAL ON)
     endif()
 endforeach()

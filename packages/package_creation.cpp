@@ -1,5 +1,6 @@
 #include "packages/package_creation.h"
 
+#include "cape/com/bstr.h"
 #include "cape/error_text.h"
 #include "gateway/state/global_text.h"
 #include "packages/component.h"
@@ -27,26 +28,25 @@ bool createStandAlone(const PackageSource &source, ComPointer<IDispatch> &packag
 // A package name is never freed once a manager has it: managers keep the pointer they are given.
 BSTR lendForGood(const WideString &packageName)
 {
-    const BSTR name = SysAllocString(packageName.c_str());
-    keepReachable(name);
-    return name;
+    Bstr name(packageName);
+    keepReachable(name.get());
+    return name.detach();
 }
 
 bool createThroughManager(const PackageSource &source, const WideString &packageName, ComPointer<IDispatch> &package)
 {
-    ComPointer<ICapeThermoPropertyPackageManager> manager;
-    if (!OpenManager(source, manager))
+    Manager manager;
+    if (!manager.open(source))
         return false;
-    HRESULT hr = CallComponent([&] { return manager->GetPropertyPackage(lendForGood(packageName), package.out()); });
+    const BSTR name = lendForGood(packageName);
+    HRESULT hr = CallComponent([&] { return manager.get()->GetPropertyPackage(name, package.out()); });
     if (SUCCEEDED(hr) && !package)
         hr = E_POINTER; // a success without a package
-    const bool created = SUCCEEDED(hr);
-    if (!created) {
-        package.detach();
-        LastError = OLESTR("package creation failed: ") + CapeErrorText(manager.get(), hr);
-    }
-    CloseManager(manager);
-    return created;
+    if (SUCCEEDED(hr))
+        return true;
+    package.detach();
+    LastError = OLESTR("package creation failed: ") + CapeErrorText(manager.get(), hr);
+    return false;
 }
 
 } // namespace

@@ -7,6 +7,8 @@
 #include "gateway/state/global_text.h"
 #include "packages/component.h"
 
+#include <utility>
+
 const PackageSource *RequirePackageSource(const WideString &name)
 {
     ScanRegistry();
@@ -25,7 +27,7 @@ bool ClassIdOf(const PackageSource &source, CLSID &classId)
     return false;
 }
 
-bool OpenManager(const PackageSource &source, ComPointer<ICapeThermoPropertyPackageManager> &manager)
+bool Manager::open(const PackageSource &source)
 {
     if (source.kind != ManagerSource) {
         LastError = OLESTR("internal error: unknown ppm type");
@@ -34,24 +36,25 @@ bool OpenManager(const PackageSource &source, ComPointer<ICapeThermoPropertyPack
     CLSID classId;
     if (!ClassIdOf(source, classId))
         return false;
-    const HRESULT hr = CreateComObject(classId, InterfaceId<ICapeThermoPropertyPackageManager>, manager.outVoid());
+    ComPointer<ICapeThermoPropertyPackageManager> created;
+    const HRESULT hr = CreateComObject(classId, InterfaceId<ICapeThermoPropertyPackageManager>, created.outVoid());
     if (FAILED(hr)) {
-        manager.detach();
+        created.detach();
         LastError = OLESTR("creation of package manager failed: ") + HResultText(hr);
         return false;
     }
-    if (!InitializeComponent(manager.get())) {
+    if (!InitializeComponent(created.get())) {
         LastError.insert(0, OLESTR("PPM "));
-        manager.reset();
         return false;
     }
+    manager = std::move(created);
     return true;
 }
 
-void CloseManager(ComPointer<ICapeThermoPropertyPackageManager> &manager)
+Manager::~Manager()
 {
-    TerminateComponent(manager.get());
-    manager.reset();
+    if (manager)
+        TerminateComponent(manager.get());
 }
 
 namespace {
@@ -88,10 +91,6 @@ bool ListPackages(const WideString &sourceName)
         NameList.assign(1, OLESTR("(stand-alone)"));
         return true;
     }
-    ComPointer<ICapeThermoPropertyPackageManager> manager;
-    if (!OpenManager(*source, manager))
-        return false;
-    const bool fetched = fetchPackageNames(manager.get());
-    CloseManager(manager);
-    return fetched;
+    Manager manager;
+    return manager.open(*source) && fetchPackageNames(manager.get());
 }

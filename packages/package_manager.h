@@ -12,9 +12,20 @@ const PackageSource *RequirePackageSource(const WideString &name);
 // The class id of a source; false with the message in LastError.
 bool ClassIdOf(const PackageSource &source, CLSID &classId);
 
-// Creates and initializes the manager of a source. False with the message in LastError; a manager
-// that can't be initialized is released without being terminated.
-bool OpenManager(const PackageSource &source, ComPointer<ICapeThermoPropertyPackageManager> &manager);
+// A manager that was created and initialized. It is terminated and released at the end, however that comes.
+class Manager {
+public:
+    Manager() = default;
+    Manager(const Manager &) = delete;
+    Manager &operator=(const Manager &) = delete;
+    ~Manager();
 
-// Terminates and releases the manager.
-void CloseManager(ComPointer<ICapeThermoPropertyPackageManager> &manager);
+    // The manager of a source. False with the message in LastError; one that can't be initialized is released without
+    // being terminated.
+    bool open(const PackageSource &source);
+
+    ICapeThermoPropertyPackageManager *get() const { return manager.get(); }
+
+private:
+    ComPointer<ICapeThermoPropertyPackageManager> manager;
+};

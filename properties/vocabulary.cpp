@@ -23,15 +23,13 @@ void BuildPropertyTables()
 {
     if (tablesBuilt)
         return;
-    tablesBuilt = true;
-    for (const PropertyInfo &row : rows)
+    for (const PropertyInfo &row : rows) // what stands there already was built when memory ran out
         tables[row.kind]->try_emplace(WSTRMapKeyString(row.name), &row);
+    tablesBuilt = true;
 }
 
 void ClearPropertyTables()
 {
-    if (!tablesBuilt)
-        return;
     tablesBuilt = false;
     for (PropertyTable *table : tables)
         table->clear();

@@ -1,5 +1,5 @@
-// Owner of one BSTR, and its text as a string. Where there is no memory for a copy of a wide text std::bad_alloc is
-// thrown: a null BSTR would be an empty text.
+// Owner of one BSTR, and its text as a string. Where there is no memory for a copy of a text std::bad_alloc is thrown:
+// a null BSTR would be an empty text.
 #pragma once
 
 #include "platform/platform.h"
@@ -25,8 +25,9 @@ public:
     explicit Bstr(const WideString &source) : text(CopyText(source.c_str())) {}
     explicit Bstr(std::string_view ascii) : text(SysAllocStringLen(nullptr, static_cast<UINT>(ascii.size())))
     {
-        if (text) // null without memory
-            std::copy(ascii.begin(), ascii.end(), text);
+        if (!text)
+            throw std::bad_alloc();
+        std::copy(ascii.begin(), ascii.end(), text);
     }
     Bstr(const Bstr &) = delete;
     Bstr &operator=(const Bstr &) = delete;

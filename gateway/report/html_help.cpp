@@ -49,12 +49,18 @@ HtmlHelpEntry *loadViewer()
     return findProcedure<HtmlHelpEntry>(viewer, reinterpret_cast<LPCSTR>(htmlHelpOrdinal));
 }
 
+// Found once, or missing for the rest of the process. Not local to a function: the lock that would guard the first use
+// needs memory, and the runtime does not look whether it got any.
+HtmlHelpEntry *entry = nullptr;
+bool isLookedFor = false;
+
 } // namespace
 
 HWND HtmlHelp(const char *path)
 {
-    // Found once, or missing for the rest of the process.
-    static HtmlHelpEntry *const entry = loadViewer();
+    if (!isLookedFor)
+        entry = loadViewer();
+    isLookedFor = true;
     constexpr UINT displayDefaultTopic = 0;
     return entry ? entry(nullptr, path, displayDefaultTopic, 0) : nullptr;
 }

@@ -28,9 +28,10 @@ VARIANT *Value::makeVariants(int count) { return makeArray<VARIANT>(VT_VARIANT, 
 
 void Value::setText(std::string_view ascii)
 {
+    Bstr text(ascii);
     VariantClear(&variant);
     variant.vt = VT_BSTR;
-    variant.bstrVal = Bstr(ascii).detach();
+    variant.bstrVal = text.detach();
 }
 
 void Value::setNumber(double number)

@@ -22,20 +22,20 @@ public:
     BSTR *makeTexts(int count);
     VARIANT *makeVariants(int count);
 
-    // A new value in place of the old one.
+    // A new value in place of the old one; std::bad_alloc without memory for a text.
     void setText(std::string_view ascii);
     void setNumber(double number);
     bool setNumbers(const double *values, int count); // false when out of memory
 
-    // A new array of the texts that `text` gives for each row of a table. False when out of memory.
+    // A new array of the texts that `text` gives for each row of a table. False when out of memory for the array, and
+    // std::bad_alloc for a text.
     template <class Table, class Function> bool setTexts(const Table &table, Function text)
     {
         BSTR *element = makeTexts(static_cast<int>(std::size(table)));
         if (!element)
             return false;
         for (const auto &row : table)
-            if (!(*element++ = Bstr(std::string_view(std::invoke(text, row))).detach()))
-                return false;
+            *element++ = Bstr(std::string_view(std::invoke(text, row))).detach();
         return true;
     }
 

@@ -1,6 +1,7 @@
 #include "reference/com/component.h"
 
 #include "cape/com/com_pointer.h"
+#include "cape/com/guarded_call.h"
 
 #include <utility>
 
@@ -75,8 +76,10 @@ HRESULT STDMETHODCALLTYPE Component::get_ComponentName(BSTR *name) { return give
 
 HRESULT STDMETHODCALLTYPE Component::put_ComponentName(BSTR name)
 {
-    setText(name, componentName);
-    return S_OK;
+    return GuardedCall([&]() -> HRESULT {
+        setText(name, componentName);
+        return S_OK;
+    });
 }
 
 HRESULT STDMETHODCALLTYPE Component::get_ComponentDescription(BSTR *description)
@@ -86,17 +89,21 @@ HRESULT STDMETHODCALLTYPE Component::get_ComponentDescription(BSTR *description)
 
 HRESULT STDMETHODCALLTYPE Component::put_ComponentDescription(BSTR description)
 {
-    setText(description, componentDescription);
-    return S_OK;
+    return GuardedCall([&]() -> HRESULT {
+        setText(description, componentDescription);
+        return S_OK;
+    });
 }
 
 HRESULT STDMETHODCALLTYPE Component::get_parameters(IDispatch **parameters)
 {
     const Call call{*this, OLESTR("ICapeUtilities"), OLESTR("get_parameters")};
-    if (!parameters)
-        return E_POINTER;
-    *parameters = nullptr;
-    return call.refuse(errors::noImplementation, OLESTR("There are no parameters"));
+    return GuardedCall([&]() -> HRESULT {
+        if (!parameters)
+            return E_POINTER;
+        *parameters = nullptr;
+        return call.refuse(errors::noImplementation, OLESTR("There are no parameters"));
+    });
 }
 
 HRESULT STDMETHODCALLTYPE Component::put_simulationContext(IDispatch *) { return S_OK; }
@@ -106,7 +113,8 @@ HRESULT STDMETHODCALLTYPE Component::Terminate() { return S_OK; }
 HRESULT STDMETHODCALLTYPE Component::Edit()
 {
     const Call call{*this, OLESTR("ICapeUtilities"), OLESTR("Edit")};
-    return call.refuse(errors::noImplementation, OLESTR("There is nothing to edit"));
+    return GuardedCall(
+        [&]() -> HRESULT { return call.refuse(errors::noImplementation, OLESTR("There is nothing to edit")); });
 }
 
 HRESULT STDMETHODCALLTYPE Component::get_name(BSTR *name) { return giveText(lastError.name, name); }
@@ -126,8 +134,11 @@ HRESULT STDMETHODCALLTYPE Component::get_description(BSTR *description)
 
 HRESULT STDMETHODCALLTYPE Component::get_scope(BSTR *scope)
 {
-    const WideString path = *lastOperation ? WideString(OLESTR("VerdanthReference.")) + lastInterface : WideString();
-    return giveText(path, scope);
+    return GuardedCall([&]() -> HRESULT {
+        const WideString path =
+            *lastOperation ? WideString(OLESTR("VerdanthReference.")) + lastInterface : WideString();
+        return giveText(path, scope);
+    });
 }
 
 HRESULT STDMETHODCALLTYPE Component::get_interfaceName(BSTR *name) { return giveText(lastInterface, name); }

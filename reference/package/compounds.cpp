@@ -1,3 +1,4 @@
+#include "cape/com/guarded_call.h"
 #include "reference/package/compound_constants.h"
 #include "reference/package/property_package.h"
 
@@ -92,60 +93,64 @@ HRESULT PropertyPackage::readCompounds(const Call &call, const VARIANT &argument
 HRESULT STDMETHODCALLTYPE PropertyPackage::GetCompoundConstant(VARIANT properties, VARIANT compoundIds, VARIANT *values)
 {
     const Call call{*this, interfaceName, OLESTR("GetCompoundConstant")};
-    if (!values)
-        return E_POINTER;
-    VariantInit(values);
-    std::vector<const CompoundConstant *> constants;
-    std::vector<const CompoundData *> chosen;
-    if (const HRESULT result = readRows(call, compoundConstants(), properties, constants); FAILED(result))
-        return result;
-    if (const HRESULT result = readCompounds(call, compoundIds, chosen); FAILED(result))
-        return result;
+    return GuardedCall([&]() -> HRESULT {
+        if (!values)
+            return E_POINTER;
+        VariantInit(values);
+        std::vector<const CompoundConstant *> constants;
+        std::vector<const CompoundData *> chosen;
+        if (const HRESULT result = readRows(call, compoundConstants(), properties, constants); FAILED(result))
+            return result;
+        if (const HRESULT result = readCompounds(call, compoundIds, chosen); FAILED(result))
+            return result;
 
-    Value list;
-    VARIANT *element = list.makeVariants(static_cast<int>(constants.size() * chosen.size()));
-    if (!element)
-        return E_OUTOFMEMORY;
-    for (const CompoundConstant *constant : constants)
-        for (const CompoundData *compound : chosen)
-            putConstant(*constant, {*compound, equation}, *element++);
-    return list.give(values);
+        Value list;
+        VARIANT *element = list.makeVariants(static_cast<int>(constants.size() * chosen.size()));
+        if (!element)
+            return E_OUTOFMEMORY;
+        for (const CompoundConstant *constant : constants)
+            for (const CompoundData *compound : chosen)
+                putConstant(*constant, {*compound, equation}, *element++);
+        return list.give(values);
+    });
 }
 
 HRESULT STDMETHODCALLTYPE PropertyPackage::GetCompoundList(VARIANT *compoundIds, VARIANT *formulae, VARIANT *names,
                                                            VARIANT *boilingTemperatures, VARIANT *molecularWeights,
                                                            VARIANT *casNumbers)
 {
-    if (!compoundIds || !formulae || !names || !boilingTemperatures || !molecularWeights || !casNumbers)
-        return E_POINTER;
-    Value ids;
-    Value formulaTexts;
-    Value nameTexts;
-    Value casTexts;
-    Value boilingNumbers;
-    Value weightNumbers;
-    double *boiling = boilingNumbers.makeNumbers(static_cast<int>(compounds.size()));
-    double *weights = weightNumbers.makeNumbers(static_cast<int>(compounds.size()));
-    if (!boiling || !weights || !ids.setTexts(compounds, &CompoundData::id) ||
-        !formulaTexts.setTexts(compounds, &CompoundData::formula) ||
-        !nameTexts.setTexts(compounds, &CompoundData::iupacName) ||
-        !casTexts.setTexts(compounds, &CompoundData::casNumber))
-        return E_OUTOFMEMORY;
-    for (const CompoundData *compound : compounds) {
-        *boiling++ = compound->normalBoilingPoint;
-        *weights++ = compound->molecularWeight;
-    }
-    ids.replace(compoundIds);
-    formulaTexts.replace(formulae);
-    nameTexts.replace(names);
-    boilingNumbers.replace(boilingTemperatures);
-    weightNumbers.replace(molecularWeights);
-    return casTexts.replace(casNumbers);
+    return GuardedCall([&]() -> HRESULT {
+        if (!compoundIds || !formulae || !names || !boilingTemperatures || !molecularWeights || !casNumbers)
+            return E_POINTER;
+        Value ids;
+        Value formulaTexts;
+        Value nameTexts;
+        Value casTexts;
+        Value boilingNumbers;
+        Value weightNumbers;
+        double *boiling = boilingNumbers.makeNumbers(static_cast<int>(compounds.size()));
+        double *weights = weightNumbers.makeNumbers(static_cast<int>(compounds.size()));
+        if (!boiling || !weights || !ids.setTexts(compounds, &CompoundData::id) ||
+            !formulaTexts.setTexts(compounds, &CompoundData::formula) ||
+            !nameTexts.setTexts(compounds, &CompoundData::iupacName) ||
+            !casTexts.setTexts(compounds, &CompoundData::casNumber))
+            return E_OUTOFMEMORY;
+        for (const CompoundData *compound : compounds) {
+            *boiling++ = compound->normalBoilingPoint;
+            *weights++ = compound->molecularWeight;
+        }
+        ids.replace(compoundIds);
+        formulaTexts.replace(formulae);
+        nameTexts.replace(names);
+        boilingNumbers.replace(boilingTemperatures);
+        weightNumbers.replace(molecularWeights);
+        return casTexts.replace(casNumbers);
+    });
 }
 
 HRESULT STDMETHODCALLTYPE PropertyPackage::GetConstPropList(VARIANT *properties)
 {
-    return giveNames(compoundConstants(), properties);
+    return GuardedCall([&]() -> HRESULT { return giveNames(compoundConstants(), properties); });
 }
 
 HRESULT STDMETHODCALLTYPE PropertyPackage::GetNumCompounds(LONG *count)
@@ -191,27 +196,31 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::GetPDependentProperty(VARIANT propert
                                                                  VARIANT compoundIds, VARIANT *values)
 {
     const Call call{*this, interfaceName, OLESTR("GetPDependentProperty")};
-    return values ? giveConditioned(call, pressureDependentProperties(), pressure, properties, compoundIds, values)
-                  : E_POINTER;
+    return GuardedCall([&]() -> HRESULT {
+        return values ? giveConditioned(call, pressureDependentProperties(), pressure, properties, compoundIds, values)
+                      : E_POINTER;
+    });
 }
 
 HRESULT STDMETHODCALLTYPE PropertyPackage::GetPDependentPropList(VARIANT *properties)
 {
-    return giveNames(pressureDependentProperties().rows, properties);
+    return GuardedCall([&]() -> HRESULT { return giveNames(pressureDependentProperties().rows, properties); });
 }
 
 HRESULT STDMETHODCALLTYPE PropertyPackage::GetTDependentProperty(VARIANT properties, double temperature,
                                                                  VARIANT compoundIds, VARIANT *values)
 {
     const Call call{*this, interfaceName, OLESTR("GetTDependentProperty")};
-    return values
-               ? giveConditioned(call, temperatureDependentProperties(), temperature, properties, compoundIds, values)
-               : E_POINTER;
+    return GuardedCall([&]() -> HRESULT {
+        return values ? giveConditioned(call, temperatureDependentProperties(), temperature, properties, compoundIds,
+                                        values)
+                      : E_POINTER;
+    });
 }
 
 HRESULT STDMETHODCALLTYPE PropertyPackage::GetTDependentPropList(VARIANT *properties)
 {
-    return giveNames(temperatureDependentProperties().rows, properties);
+    return GuardedCall([&]() -> HRESULT { return giveNames(temperatureDependentProperties().rows, properties); });
 }
 
 } // namespace reference

@@ -1,3 +1,4 @@
+#include "cape/com/guarded_call.h"
 #include "reference/engine/quantities/phase_calculation.h"
 #include "reference/package/flash_input.h"
 #include "reference/package/phase_of_present.h"
@@ -32,46 +33,51 @@ bool isGiven(const FlashInput (&inputs)[2], FlashVariable variable)
 HRESULT STDMETHODCALLTYPE PropertyPackage::CheckEquilibriumSpec(VARIANT specification1, VARIANT specification2,
                                                                 BSTR solutionType, VARIANT_BOOL *supported)
 {
-    if (!supported)
-        return E_POINTER;
-    FlashInput inputs[2];
-    SolutionType type = SolutionType::unspecified;
-    const bool good = readFlashInputs(specification1, specification2, inputs).isGood() &&
-                      readSolutionType(solutionType, type).isGood();
-    *supported = good ? VARIANT_TRUE : VARIANT_FALSE;
-    return S_OK;
+    return GuardedCall([&]() -> HRESULT {
+        if (!supported)
+            return E_POINTER;
+        FlashInput inputs[2];
+        SolutionType type = SolutionType::unspecified;
+        const bool good = readFlashInputs(specification1, specification2, inputs).isGood() &&
+                          readSolutionType(solutionType, type).isGood();
+        *supported = good ? VARIANT_TRUE : VARIANT_FALSE;
+        return S_OK;
+    });
 }
 
 HRESULT STDMETHODCALLTYPE PropertyPackage::CalcEquilibrium(VARIANT specification1, VARIANT specification2,
                                                            BSTR solutionType)
 {
     const Call call{*this, interfaceName, OLESTR("CalcEquilibrium")};
-    if (const HRESULT result = needMaterial(call); FAILED(result))
-        return result;
-    const Calculation calculation(*this);
-    FlashInput inputs[2];
-    FlashRequest request{};
-    if (FlashVerdict verdict = readFlashInputs(specification1, specification2, inputs); !verdict.isGood())
-        return call.refuse(*verdict.kind, std::move(verdict.description));
-    if (FlashVerdict verdict = readSolutionType(solutionType, request.solution); !verdict.isGood())
-        return call.refuse(*verdict.kind, std::move(verdict.description));
-    if (const HRESULT result = readAllowedPhases(call, request.phases); FAILED(result))
-        return result;
-    if (request.phases != FlashPhases::vaporAndLiquid && (inputs[0].isPhaseFraction || inputs[1].isPhaseFraction))
-        return call.refuse(errors::invalidArgument,
-                           OLESTR("A flash can be given the fraction of a phase where it may use both phases only"));
-    CompoundArray feed;
-    if (const HRESULT result = readFlashConditions(call, inputs, request, feed); FAILED(result))
-        return result;
+    return GuardedCall([&]() -> HRESULT {
+        if (const HRESULT result = needMaterial(call); FAILED(result))
+            return result;
+        const Calculation calculation(*this);
+        FlashInput inputs[2];
+        FlashRequest request{};
+        if (FlashVerdict verdict = readFlashInputs(specification1, specification2, inputs); !verdict.isGood())
+            return call.refuse(*verdict.kind, std::move(verdict.description));
+        if (FlashVerdict verdict = readSolutionType(solutionType, request.solution); !verdict.isGood())
+            return call.refuse(*verdict.kind, std::move(verdict.description));
+        if (const HRESULT result = readAllowedPhases(call, request.phases); FAILED(result))
+            return result;
+        if (request.phases != FlashPhases::vaporAndLiquid && (inputs[0].isPhaseFraction || inputs[1].isPhaseFraction))
+            return call.refuse(
+                errors::invalidArgument,
+                OLESTR("A flash can be given the fraction of a phase where it may use both phases only"));
+        CompoundArray feed;
+        if (const HRESULT result = readFlashConditions(call, inputs, request, feed); FAILED(result))
+            return result;
 
-    FlashResult result;
-    FlashReason reason;
-    const std::span<const double> fractions(feed.data(), static_cast<std::size_t>(model.size));
-    const FlashStatus status = flash(model, request, fractions, result, reason);
-    if (status != FlashStatus::solved)
-        return call.refuse(kindOf(status), wide(reason.data()));
-    return writeEquilibrium(call, result,
-                            {isGiven(inputs, FlashVariable::temperature), isGiven(inputs, FlashVariable::pressure)});
+        FlashResult result;
+        FlashReason reason;
+        const std::span<const double> fractions(feed.data(), static_cast<std::size_t>(model.size));
+        const FlashStatus status = flash(model, request, fractions, result, reason);
+        if (status != FlashStatus::solved)
+            return call.refuse(kindOf(status), wide(reason.data()));
+        return writeEquilibrium(
+            call, result, {isGiven(inputs, FlashVariable::temperature), isGiven(inputs, FlashVariable::pressure)});
+    });
 }
 
 HRESULT PropertyPackage::readFlashConditions(const Call &call, const FlashInput (&inputs)[2], FlashRequest &request,
@@ -204,10 +210,11 @@ HRESULT PropertyPackage::writeEquilibrium(const Call &call, const FlashResult &r
     const int count = result.vaporPresent + result.liquidPresent;
     Value labels;
     Value statuses;
-    BSTR *label = labels.makeTexts(count);
+    BSTR *const presentLabels = labels.makeTexts(count);
     LONG *status = statuses.makeIntegers(count);
-    if (!label || !status)
+    if (!presentLabels || !status)
         return E_OUTOFMEMORY;
+    BSTR *label = presentLabels;
     for (int i = 0; i < phaseCount; ++i) {
         if (!phases[i].present)
             continue;
@@ -217,8 +224,6 @@ HRESULT PropertyPackage::writeEquilibrium(const Call &call, const FlashResult &r
     if (const HRESULT written = material->SetPresentPhases(labels.get(), statuses.get()); FAILED(written))
         return refuse(written);
 
-    TextView presentLabels;
-    presentLabels.open(labels.get());
     int present = 0;
     for (const auto &phase : phases) {
         if (!phase.present)

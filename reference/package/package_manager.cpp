@@ -1,5 +1,7 @@
 #include "reference/package/package_manager.h"
 
+#include "cape/com/guarded_call.h"
+
 #include "reference/package/package_table.h"
 #include "reference/package/property_package.h"
 
@@ -14,29 +16,33 @@ void *PackageManager::findInterface(REFIID iid)
 
 HRESULT STDMETHODCALLTYPE PackageManager::GetPropertyPackageList(VARIANT *names)
 {
-    if (!names)
-        return E_POINTER;
-    VariantInit(names);
-    Value list;
-    if (!list.setTexts(packageTable(), &PackageDefinition::name))
-        return E_OUTOFMEMORY;
-    return list.give(names);
+    return GuardedCall([&]() -> HRESULT {
+        if (!names)
+            return E_POINTER;
+        VariantInit(names);
+        Value list;
+        if (!list.setTexts(packageTable(), &PackageDefinition::name))
+            return E_OUTOFMEMORY;
+        return list.give(names);
+    });
 }
 
 HRESULT STDMETHODCALLTYPE PackageManager::GetPropertyPackage(BSTR name, IDispatch **package)
 {
     const Call call{*this, OLESTR("ICapeThermoPropertyPackageManager"), OLESTR("GetPropertyPackage")};
-    if (!package)
-        return E_POINTER;
-    *package = nullptr;
-    for (const PackageDefinition &definition : packageTable()) {
-        if (!sameWord(name, definition.name))
-            continue;
-        auto *made = new PropertyPackage({&ownClass(), definition.name, definition.description}, definition);
-        *package = static_cast<ICapeIdentification *>(made); // with the reference that it starts with
-        return S_OK;
-    }
-    return call.refuse(errors::invalidArgument, OLESTR("There is no package ") + quoted(name));
+    return GuardedCall([&]() -> HRESULT {
+        if (!package)
+            return E_POINTER;
+        *package = nullptr;
+        for (const PackageDefinition &definition : packageTable()) {
+            if (!sameWord(name, definition.name))
+                continue;
+            auto *made = new PropertyPackage({&ownClass(), definition.name, definition.description}, definition);
+            *package = static_cast<ICapeIdentification *>(made); // with the reference that it starts with
+            return S_OK;
+        }
+        return call.refuse(errors::invalidArgument, OLESTR("There is no package ") + quoted(name));
+    });
 }
 
 } // namespace reference

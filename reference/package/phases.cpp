@@ -1,3 +1,4 @@
+#include "cape/com/guarded_call.h"
 #include "reference/package/phase_table.h"
 #include "reference/package/property_package.h"
 
@@ -48,36 +49,40 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::GetNumPhases(LONG *count)
 HRESULT STDMETHODCALLTYPE PropertyPackage::GetPhaseInfo(BSTR phaseLabel, BSTR attribute, VARIANT *value)
 {
     const Call call{*this, OLESTR("ICapeThermoPhases"), OLESTR("GetPhaseInfo")};
-    if (!value)
-        return E_POINTER;
-    VariantInit(value);
-    const PhaseRow *phase = findPhase(phaseLabel);
-    if (!phase)
-        return call.refuse(errors::invalidArgument, OLESTR("There is no phase ") + quoted(phaseLabel));
-    for (const PhaseAttribute &row : attributes) {
-        if (!sameWord(attribute, row.name))
-            continue;
-        Value text;
-        text.setText(row.value(*phase));
-        return text.give(value);
-    }
-    return call.refuse(errors::invalidArgument, OLESTR("Phases have no attribute ") + quoted(attribute));
+    return GuardedCall([&]() -> HRESULT {
+        if (!value)
+            return E_POINTER;
+        VariantInit(value);
+        const PhaseRow *phase = findPhase(phaseLabel);
+        if (!phase)
+            return call.refuse(errors::invalidArgument, OLESTR("There is no phase ") + quoted(phaseLabel));
+        for (const PhaseAttribute &row : attributes) {
+            if (!sameWord(attribute, row.name))
+                continue;
+            Value text;
+            text.setText(row.value(*phase));
+            return text.give(value);
+        }
+        return call.refuse(errors::invalidArgument, OLESTR("Phases have no attribute ") + quoted(attribute));
+    });
 }
 
 HRESULT STDMETHODCALLTYPE PropertyPackage::GetPhaseList(VARIANT *phaseLabels, VARIANT *statesOfAggregation,
                                                         VARIANT *keyCompoundIds)
 {
-    if (!phaseLabels || !statesOfAggregation || !keyCompoundIds)
-        return E_POINTER;
-    Value labels;
-    Value states;
-    Value keys;
-    if (!labels.setTexts(phases, &PhaseRow::label) || !states.setTexts(phases, &PhaseRow::stateOfAggregation) ||
-        !keys.setTexts(phases, undefined))
-        return E_OUTOFMEMORY;
-    labels.replace(phaseLabels);
-    states.replace(statesOfAggregation);
-    return keys.replace(keyCompoundIds);
+    return GuardedCall([&]() -> HRESULT {
+        if (!phaseLabels || !statesOfAggregation || !keyCompoundIds)
+            return E_POINTER;
+        Value labels;
+        Value states;
+        Value keys;
+        if (!labels.setTexts(phases, &PhaseRow::label) || !states.setTexts(phases, &PhaseRow::stateOfAggregation) ||
+            !keys.setTexts(phases, undefined))
+            return E_OUTOFMEMORY;
+        labels.replace(phaseLabels);
+        states.replace(statesOfAggregation);
+        return keys.replace(keyCompoundIds);
+    });
 }
 
 } // namespace reference

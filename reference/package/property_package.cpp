@@ -1,5 +1,7 @@
 #include "reference/package/property_package.h"
 
+#include "cape/com/guarded_call.h"
+
 #include <algorithm>
 #include <cmath>
 #include <iterator>
@@ -61,19 +63,21 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::Terminate() { return UnsetMaterial();
 HRESULT STDMETHODCALLTYPE PropertyPackage::SetMaterial(IDispatch *object)
 {
     const Call call{*this, OLESTR("ICapeThermoMaterialContext"), OLESTR("SetMaterial")};
-    if (const HRESULT result = needNoCalculation(call); FAILED(result))
-        return result;
-    ComPointer<ICapeThermoMaterial> newMaterial;
-    ComPointer<ICapeThermoCompounds> list;
-    if (FAILED(newMaterial.queryFrom(object)) || FAILED(list.queryFrom(object)))
-        return call.refuse(errors::invalidArgument, OLESTR("The object is no material with a list of compounds"));
+    return GuardedCall([&]() -> HRESULT {
+        if (const HRESULT result = needNoCalculation(call); FAILED(result))
+            return result;
+        ComPointer<ICapeThermoMaterial> newMaterial;
+        ComPointer<ICapeThermoCompounds> list;
+        if (FAILED(newMaterial.queryFrom(object)) || FAILED(list.queryFrom(object)))
+            return call.refuse(errors::invalidArgument, OLESTR("The object is no material with a list of compounds"));
 
-    std::vector<const CompoundData *> chosen;
-    if (const HRESULT result = readMaterialCompounds(call, *list.get(), chosen); FAILED(result))
-        return result;
-    model = MixtureModel::of(chosen, equation);
-    material = std::move(newMaterial);
-    return S_OK;
+        std::vector<const CompoundData *> chosen;
+        if (const HRESULT result = readMaterialCompounds(call, *list.get(), chosen); FAILED(result))
+            return result;
+        model = MixtureModel::of(chosen, equation);
+        material = std::move(newMaterial);
+        return S_OK;
+    });
 }
 
 HRESULT PropertyPackage::readMaterialCompounds(const Call &call, ICapeThermoCompounds &list,
@@ -117,10 +121,12 @@ const CompoundData *PropertyPackage::findCompound(BSTR text, std::string_view Co
 HRESULT STDMETHODCALLTYPE PropertyPackage::UnsetMaterial()
 {
     const Call call{*this, OLESTR("ICapeThermoMaterialContext"), OLESTR("UnsetMaterial")};
-    const HRESULT result = needNoCalculation(call);
-    if (SUCCEEDED(result))
-        material.reset();
-    return result;
+    return GuardedCall([&]() -> HRESULT {
+        const HRESULT result = needNoCalculation(call);
+        if (SUCCEEDED(result))
+            material.reset();
+        return result;
+    });
 }
 
 HRESULT PropertyPackage::needNoCalculation(const Call &call) const

@@ -1,3 +1,4 @@
+#include "cape/com/guarded_call.h"
 #include "reference/engine/phase/phase_evaluation.h"
 #include "reference/engine/phase/phase_point.h"
 #include "reference/engine/quantities/phase_calculation.h"
@@ -103,45 +104,48 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcAndGetLnPhi(BSTR phaseLabel, doub
                                                            VARIANT *lnPhiDT, VARIANT *lnPhiDP, VARIANT *lnPhiDn)
 {
     const Call call{*this, interfaceName, OLESTR("CalcAndGetLnPhi")};
-    const struct {
-        LnPhiFlag flag;
-        VARIANT *argument;
-    } parts[] = {{lnPhiFlag, lnPhi}, {byTemperatureFlag, lnPhiDT}, {byPressureFlag, lnPhiDP}, {byMolesFlag, lnPhiDn}};
-    for (const auto &part : parts)
-        if ((flags & part.flag) && !part.argument)
-            return E_POINTER;
-    if (const HRESULT result = needMaterial(call); FAILED(result))
-        return result;
-    const PhaseRow *phase = findPhase(phaseLabel);
-    if (!phase)
-        return refusePhase(call, phaseLabel);
-    CompoundArray fractions;
-    if (const HRESULT result = readMixture(call, temperature, pressure, moleNumbers, fractions); FAILED(result))
-        return result;
-
-    const int n = model.size;
-    const Isotherm isotherm(model, temperature);
-    PhaseState state;
-    PhaseSlopes slopes;
-    PairArray byMoles;
-    evaluatePhase(model, isotherm, pressure, fractions.data(), phase->root, state);
-    if (flags & (byTemperatureFlag | byPressureFlag))
-        evaluateSlopes(model, isotherm, fractions.data(), state, slopes);
-    if (flags & byMolesFlag)
-        lnPhiByMoles(model, isotherm, state, byMoles);
-
-    const double *values[] = {state.lnPhi.data(), slopes.lnPhiByT.data(), slopes.lnPhiByP.data(), byMoles.data()};
-    for (std::size_t i = 0; i < std::size(parts); ++i) {
-        if (!parts[i].argument)
-            continue;
-        VariantClear(parts[i].argument);
-        if (!(flags & parts[i].flag))
-            continue;
-        const int count = parts[i].flag == byMolesFlag ? n * n : n;
-        if (const HRESULT result = giveNumbers(values[i], count, parts[i].argument); FAILED(result))
+    return GuardedCall([&]() -> HRESULT {
+        const struct {
+            LnPhiFlag flag;
+            VARIANT *argument;
+        } parts[] = {
+            {lnPhiFlag, lnPhi}, {byTemperatureFlag, lnPhiDT}, {byPressureFlag, lnPhiDP}, {byMolesFlag, lnPhiDn}};
+        for (const auto &part : parts)
+            if ((flags & part.flag) && !part.argument)
+                return E_POINTER;
+        if (const HRESULT result = needMaterial(call); FAILED(result))
             return result;
-    }
-    return S_OK;
+        const PhaseRow *phase = findPhase(phaseLabel);
+        if (!phase)
+            return refusePhase(call, phaseLabel);
+        CompoundArray fractions;
+        if (const HRESULT result = readMixture(call, temperature, pressure, moleNumbers, fractions); FAILED(result))
+            return result;
+
+        const int n = model.size;
+        const Isotherm isotherm(model, temperature);
+        PhaseState state;
+        PhaseSlopes slopes;
+        PairArray byMoles;
+        evaluatePhase(model, isotherm, pressure, fractions.data(), phase->root, state);
+        if (flags & (byTemperatureFlag | byPressureFlag))
+            evaluateSlopes(model, isotherm, fractions.data(), state, slopes);
+        if (flags & byMolesFlag)
+            lnPhiByMoles(model, isotherm, state, byMoles);
+
+        const double *values[] = {state.lnPhi.data(), slopes.lnPhiByT.data(), slopes.lnPhiByP.data(), byMoles.data()};
+        for (std::size_t i = 0; i < std::size(parts); ++i) {
+            if (!parts[i].argument)
+                continue;
+            VariantClear(parts[i].argument);
+            if (!(flags & parts[i].flag))
+                continue;
+            const int count = parts[i].flag == byMolesFlag ? n * n : n;
+            if (const HRESULT result = giveNumbers(values[i], count, parts[i].argument); FAILED(result))
+                return result;
+        }
+        return S_OK;
+    });
 }
 
 PhasePoint PropertyPackage::PhaseConditions::point(const MixtureModel &model, Root root) const
@@ -172,67 +176,71 @@ HRESULT PropertyPackage::refuseWrite(const Call &call, HRESULT written) const
 HRESULT STDMETHODCALLTYPE PropertyPackage::CalcSinglePhaseProp(VARIANT properties, BSTR phaseLabel)
 {
     const Call call{*this, interfaceName, OLESTR("CalcSinglePhaseProp")};
-    if (const HRESULT result = needMaterial(call); FAILED(result))
-        return result;
-    const Calculation calculation(*this);
-    const PhaseRow *phaseRow = findPhase(phaseLabel);
-    if (!phaseRow)
-        return refusePhase(call, phaseLabel);
-    Requests<PhaseQuantity> requests;
-    if (const HRESULT result = requests.read(call, phaseQuantities(), OLESTR("Phases"), properties); FAILED(result))
-        return result;
-    PhaseConditions conditions;
-    if (const HRESULT result = readPhase(call, phaseLabel, conditions); FAILED(result))
-        return result;
+    return GuardedCall([&]() -> HRESULT {
+        if (const HRESULT result = needMaterial(call); FAILED(result))
+            return result;
+        const Calculation calculation(*this);
+        const PhaseRow *phaseRow = findPhase(phaseLabel);
+        if (!phaseRow)
+            return refusePhase(call, phaseLabel);
+        Requests<PhaseQuantity> requests;
+        if (const HRESULT result = requests.read(call, phaseQuantities(), OLESTR("Phases"), properties); FAILED(result))
+            return result;
+        PhaseConditions conditions;
+        if (const HRESULT result = readPhase(call, phaseLabel, conditions); FAILED(result))
+            return result;
 
-    const PhasePoint phase = conditions.point(model, phaseRow->root);
-    return requests.answer(
-        call, model.size,
-        [&](const auto &request, std::span<double> values) {
-            return calculateValues(phase, phaseRow->root, request.quantity, request.differential, values);
-        },
-        [&](const auto &request, BSTR name, const VARIANT &values) {
-            const BSTR basis = shapeOf(request.quantity).molarBasis ? words.mole.get() : nullptr;
-            return refuseWrite(call, material->SetSinglePhaseProp(name, phaseLabel, basis, values));
-        });
+        const PhasePoint phase = conditions.point(model, phaseRow->root);
+        return requests.answer(
+            call, model.size,
+            [&](const auto &request, std::span<double> values) {
+                return calculateValues(phase, phaseRow->root, request.quantity, request.differential, values);
+            },
+            [&](const auto &request, BSTR name, const VARIANT &values) {
+                const BSTR basis = shapeOf(request.quantity).molarBasis ? words.mole.get() : nullptr;
+                return refuseWrite(call, material->SetSinglePhaseProp(name, phaseLabel, basis, values));
+            });
+    });
 }
 
 HRESULT STDMETHODCALLTYPE PropertyPackage::CalcTwoPhaseProp(VARIANT properties, VARIANT phaseLabels)
 {
     const Call call{*this, interfaceName, OLESTR("CalcTwoPhaseProp")};
-    if (const HRESULT result = needMaterial(call); FAILED(result))
-        return result;
-    const Calculation calculation(*this);
-    TextView labels;
-    if (!labels.open(phaseLabels) || labels.size() != 2)
-        return call.refuse(errors::invalidArgument, OLESTR("The phases must be an array of two labels"));
-    const PhaseRow *const rows[] = {findPhase(labels[0]), findPhase(labels[1])};
-    for (int k = 0; k < 2; ++k)
-        if (!rows[k])
-            return refusePhase(call, labels[k]);
-    if (rows[0] == rows[1])
-        return call.refuse(errors::invalidArgument, OLESTR("The two phases are the same"));
-    Requests<PairQuantity> requests;
-    if (const HRESULT result = requests.read(call, pairQuantities(), OLESTR("Pairs of phases"), properties);
-        FAILED(result))
-        return result;
-    PhaseConditions conditions[2];
-    for (int k = 0; k < 2; ++k)
-        if (const HRESULT result = readPhase(call, labels[k], conditions[k]); FAILED(result))
+    return GuardedCall([&]() -> HRESULT {
+        if (const HRESULT result = needMaterial(call); FAILED(result))
             return result;
-    if (conditions[0].temperature != conditions[1].temperature || conditions[0].pressure != conditions[1].pressure)
-        return call.refuse(errors::invalidArgument, OLESTR("The two phases differ in temperature or pressure"));
+        const Calculation calculation(*this);
+        TextView labels;
+        if (!labels.open(phaseLabels) || labels.size() != 2)
+            return call.refuse(errors::invalidArgument, OLESTR("The phases must be an array of two labels"));
+        const PhaseRow *const rows[] = {findPhase(labels[0]), findPhase(labels[1])};
+        for (int k = 0; k < 2; ++k)
+            if (!rows[k])
+                return refusePhase(call, labels[k]);
+        if (rows[0] == rows[1])
+            return call.refuse(errors::invalidArgument, OLESTR("The two phases are the same"));
+        Requests<PairQuantity> requests;
+        if (const HRESULT result = requests.read(call, pairQuantities(), OLESTR("Pairs of phases"), properties);
+            FAILED(result))
+            return result;
+        PhaseConditions conditions[2];
+        for (int k = 0; k < 2; ++k)
+            if (const HRESULT result = readPhase(call, labels[k], conditions[k]); FAILED(result))
+                return result;
+        if (conditions[0].temperature != conditions[1].temperature || conditions[0].pressure != conditions[1].pressure)
+            return call.refuse(errors::invalidArgument, OLESTR("The two phases differ in temperature or pressure"));
 
-    const PhasePoint first = conditions[0].point(model, rows[0]->root);
-    const PhasePoint second = conditions[1].point(model, rows[1]->root);
-    return requests.answer(
-        call, model.size,
-        [&](const auto &request, std::span<double> values) {
-            return calculatePair(first, second, request.quantity, request.differential, values);
-        },
-        [&](const auto &, BSTR name, const VARIANT &values) {
-            return refuseWrite(call, material->SetTwoPhaseProp(name, phaseLabels, nullptr, values));
-        });
+        const PhasePoint first = conditions[0].point(model, rows[0]->root);
+        const PhasePoint second = conditions[1].point(model, rows[1]->root);
+        return requests.answer(
+            call, model.size,
+            [&](const auto &request, std::span<double> values) {
+                return calculatePair(first, second, request.quantity, request.differential, values);
+            },
+            [&](const auto &, BSTR name, const VARIANT &values) {
+                return refuseWrite(call, material->SetTwoPhaseProp(name, phaseLabels, nullptr, values));
+            });
+    });
 }
 
 // Whether a property is available for at least one compound of the package.
@@ -268,26 +276,30 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CheckTwoPhasePropSpec(BSTR property, 
 
 HRESULT STDMETHODCALLTYPE PropertyPackage::GetSinglePhasePropList(VARIANT *properties)
 {
-    if (!properties)
-        return E_POINTER;
-    std::vector<std::string> names;
-    for (int i = 0; i < phaseQuantityCount; ++i) {
-        const auto quantity = static_cast<PhaseQuantity>(i);
-        if (std::ranges::any_of(phaseTable(), [&](const PhaseRow &phase) { return offers(phase.root, quantity); }))
-            addNames(shapeOf(quantity), names);
-    }
-    return giveNames(names, properties);
+    return GuardedCall([&]() -> HRESULT {
+        if (!properties)
+            return E_POINTER;
+        std::vector<std::string> names;
+        for (int i = 0; i < phaseQuantityCount; ++i) {
+            const auto quantity = static_cast<PhaseQuantity>(i);
+            if (std::ranges::any_of(phaseTable(), [&](const PhaseRow &phase) { return offers(phase.root, quantity); }))
+                addNames(shapeOf(quantity), names);
+        }
+        return giveNames(names, properties);
+    });
 }
 
 HRESULT STDMETHODCALLTYPE PropertyPackage::GetTwoPhasePropList(VARIANT *properties)
 {
-    if (!properties)
-        return E_POINTER;
-    std::vector<std::string> names;
-    for (int i = 0; i < pairQuantityCount; ++i)
-        if (const auto quantity = static_cast<PairQuantity>(i); offers(quantity))
-            addNames(shapeOf(quantity), names);
-    return giveNames(names, properties);
+    return GuardedCall([&]() -> HRESULT {
+        if (!properties)
+            return E_POINTER;
+        std::vector<std::string> names;
+        for (int i = 0; i < pairQuantityCount; ++i)
+            if (const auto quantity = static_cast<PairQuantity>(i); offers(quantity))
+                addNames(shapeOf(quantity), names);
+        return giveNames(names, properties);
+    });
 }
 
 } // namespace reference

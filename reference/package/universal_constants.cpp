@@ -1,3 +1,4 @@
+#include "cape/com/guarded_call.h"
 #include "reference/engine/eos/gas_constant.h"
 #include "reference/engine/phase/mixture_model.h"
 #include "reference/package/property_package.h"
@@ -29,28 +30,32 @@ constexpr UniversalConstant constants[] = {
 HRESULT STDMETHODCALLTYPE PropertyPackage::GetUniversalConstant(BSTR id, VARIANT *value)
 {
     const Call call{*this, interfaceName, OLESTR("GetUniversalConstant")};
-    if (!value)
-        return E_POINTER;
-    VariantInit(value);
-    for (const UniversalConstant &constant : constants) {
-        if (!sameWord(id, constant.id))
-            continue;
-        Value number;
-        number.setNumber(constant.value);
-        return number.give(value);
-    }
-    return call.refuse(errors::invalidArgument, OLESTR("There is no universal constant ") + quoted(id));
+    return GuardedCall([&]() -> HRESULT {
+        if (!value)
+            return E_POINTER;
+        VariantInit(value);
+        for (const UniversalConstant &constant : constants) {
+            if (!sameWord(id, constant.id))
+                continue;
+            Value number;
+            number.setNumber(constant.value);
+            return number.give(value);
+        }
+        return call.refuse(errors::invalidArgument, OLESTR("There is no universal constant ") + quoted(id));
+    });
 }
 
 HRESULT STDMETHODCALLTYPE PropertyPackage::GetUniversalConstantList(VARIANT *ids)
 {
-    if (!ids)
-        return E_POINTER;
-    VariantInit(ids);
-    Value list;
-    if (!list.setTexts(constants, &UniversalConstant::id))
-        return E_OUTOFMEMORY;
-    return list.give(ids);
+    return GuardedCall([&]() -> HRESULT {
+        if (!ids)
+            return E_POINTER;
+        VariantInit(ids);
+        Value list;
+        if (!list.setTexts(constants, &UniversalConstant::id))
+            return E_OUTOFMEMORY;
+        return list.give(ids);
+    });
 }
 
 } // namespace reference

@@ -18,7 +18,7 @@ struct ComClass {
     ComponentDescription description; // Name and Description are registered
     std::string_view programId;
     std::string_view category;                                     // in braces
-    Component *(*create)(const ComponentDescription &description); // with one reference; null when out of memory
+    Component *(*create)(const ComponentDescription &description); // with one reference
 };
 std::span<const ComClass> classTable();
 

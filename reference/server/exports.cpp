@@ -2,6 +2,7 @@
 #include "reference/server/registration.h"
 
 #include "cape/com/com_pointer.h"
+#include "cape/com/guarded_call.h"
 #include "cape/com/registry_key.h"
 
 namespace reference {
@@ -42,10 +43,12 @@ public:
         *object = nullptr;
         if (outer)
             return CLASS_E_NOAGGREGATION;
-        Component *component = made->create(made->description);
-        const HRESULT result = component->QueryInterface(iid, object);
-        component->Release();
-        return result;
+        return GuardedCall([&] {
+            Component *component = made->create(made->description);
+            const HRESULT result = component->QueryInterface(iid, object);
+            component->Release();
+            return result;
+        });
     }
     HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override
     {
@@ -86,8 +89,10 @@ extern "C" HRESULT STDAPICALLTYPE DllGetClassObject(REFCLSID classId, REFIID iid
     for (const ComClass &entry : classTable()) {
         if (!(*entry.description.classId == classId))
             continue;
-        ComPointer<ClassFactory> factory(new ClassFactory(&entry));
-        return factory->QueryInterface(iid, object);
+        return GuardedCall([&] {
+            ComPointer<ClassFactory> factory(new ClassFactory(&entry));
+            return factory->QueryInterface(iid, object);
+        });
     }
     return CLASS_E_CLASSNOTAVAILABLE;
 }
@@ -96,23 +101,27 @@ extern "C" HRESULT STDAPICALLTYPE DllCanUnloadNow() { return libraryUses == 0 ? 
 
 extern "C" HRESULT STDAPICALLTYPE DllRegisterServer()
 {
-    const WideString path = libraryPath();
-    LSTATUS status = ERROR_MOD_NOT_FOUND;
-    const bool done =
-        !path.empty() && describeRegistration(path, [&](const auto &key, const auto &name, const auto &value) {
-            status = RegistryKey::create(HKEY_CLASSES_ROOT, key.c_str()).setText(name.c_str(), value);
-            return status == ERROR_SUCCESS;
-        });
-    return done ? S_OK : ResultOf(status);
+    return GuardedCall([] {
+        const WideString path = libraryPath();
+        LSTATUS status = ERROR_MOD_NOT_FOUND;
+        const bool done =
+            !path.empty() && describeRegistration(path, [&](const auto &key, const auto &name, const auto &value) {
+                status = RegistryKey::create(HKEY_CLASSES_ROOT, key.c_str()).setText(name.c_str(), value);
+                return status == ERROR_SUCCESS;
+            });
+        return done ? S_OK : ResultOf(status);
+    });
 }
 
 extern "C" HRESULT STDAPICALLTYPE DllUnregisterServer()
 {
-    HRESULT result = S_OK;
-    for (const WideString &key : registeredKeys()) {
-        const LSTATUS status = RegDeleteTreeW(HKEY_CLASSES_ROOT, key.c_str());
-        if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND)
-            result = ResultOf(status);
-    }
-    return result;
+    return GuardedCall([] {
+        HRESULT result = S_OK;
+        for (const WideString &key : registeredKeys()) {
+            const LSTATUS status = RegDeleteTreeW(HKEY_CLASSES_ROOT, key.c_str());
+            if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND)
+                result = ResultOf(status);
+        }
+        return result;
+    });
 }

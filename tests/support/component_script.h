@@ -5,6 +5,7 @@
 
 #include "cape/com/com_pointer.h"
 #include "tests/support/automation_values.h"
+#include "tests/support/nth_call.h"
 
 #include <functional>
 #include <map>
@@ -20,6 +21,15 @@ namespace support {
 using CallLog = std::vector<std::string>;
 
 class ScriptedObject;
+
+// The n-th call of a method, or of QueryInterface, on whichever component of a world: it gives this result and does
+// nothing else.
+struct FailingCall {
+    NthCall *which = nullptr; // not owned; null: none fails
+    HRESULT result = E_FAIL;
+    std::string method; // what was struck, behind the label: "package.Initialize"
+    IID wanted = {};    // of QueryInterface
+};
 
 // The words behind a failed call. An interface that is not there is refused by QueryInterface; a
 // text that is not there leaves the caller's BSTR null.
@@ -67,6 +77,8 @@ public:
 
     std::string label; // in front of the methods in the log
     CallLog *log = nullptr;
+    FailingCall *failingMethod = nullptr; // of the world, as the log is
+    FailingCall *failingQuery = nullptr;
     int calls(const std::string &method) const;
     int objectsMade() const { return static_cast<int>(objects.size()); }
     int references() const;           // on all objects, by all interfaces

@@ -49,6 +49,8 @@ template <class Script> Script &ComponentWorld::add()
     auto script = std::make_unique<Script>();
     Script &reference = *script;
     reference.log = &log;
+    reference.failingMethod = &failingMethod;
+    reference.failingQuery = &failingQuery;
     scripts.push_back(std::move(script));
     return reference;
 }
@@ -107,10 +109,12 @@ void ComponentWorld::serve(REFCLSID classId, ComponentScript &component, DWORD c
         cookies.push_back(cookie);
 }
 
-CLSID ComponentWorld::newClassId()
+CLSID ComponentWorld::newClassId() { return classIdOf(++classesMade); }
+
+CLSID ComponentWorld::classIdOf(std::uint32_t n)
 {
     CLSID classId = {0x7E570000, 0x3B1C, 0x4D0A, {0x9E, 0x55, 0x21, 0x6B, 0x0C, 0x5F, 0xA8, 0x10}};
-    classId.Data1 += ++classesMade;
+    classId.Data1 += n;
     return classId;
 }
 

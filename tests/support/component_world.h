@@ -34,6 +34,7 @@ public:
     // A class factory for a component; the class is not registered with it.
     void serve(REFCLSID classId, ComponentScript &component, DWORD context = CLSCTX_INPROC_SERVER);
     CLSID newClassId();
+    static CLSID classIdOf(std::uint32_t n); // that the n-th newClassId of a world gives, the first being 1
 
     ClassRegistration &registry() { return *registration; }
 
@@ -41,6 +42,8 @@ public:
     void expectAllReleased() const;
 
     CallLog log;
+    FailingCall failingMethod; // "created" counts among them
+    FailingCall failingQuery;
 
 private:
     template <class Script> Script &add();

@@ -62,6 +62,10 @@ HRESULT ComponentScript::create(REFIID iid, void **object)
 
 HRESULT ComponentScript::resultOf(const std::string &method, int call) const
 {
+    if (failingMethod && failingMethod->which && failingMethod->which->strikes()) {
+        failingMethod->method = label + "." + method;
+        return failingMethod->result;
+    }
     const auto found = answers.find(method);
     if (found == answers.end())
         return S_OK;
@@ -97,6 +101,11 @@ HRESULT ScriptedObject::query(REFIID from, REFIID wanted, void **object)
     *object = nullptr;
     if (released)
         script.misuses.push_back(script.label + ".QueryInterface after its release");
+    if (script.failingQuery && script.failingQuery->which && script.failingQuery->which->strikes()) {
+        script.failingQuery->method = script.label;
+        script.failingQuery->wanted = wanted;
+        return script.failingQuery->result;
+    }
     if (const std::optional<HRESULT> refused = script.refusal(wanted)) {
         if (FAILED(*refused))
             LeaveRubbish(object);

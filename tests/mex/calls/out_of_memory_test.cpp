@@ -1,5 +1,7 @@
 // MATLAB ends a call when it can't make an array. Nothing of the library may be alive in any frame
-// then: the leak checker and the packages' counts tell.
+// then: the leak checker and the packages' counts tell. Memory of other kinds ends it by an exception, which leaves
+// nothing half done.
+#include "tests/mex/support/failing_call.h"
 #include "tests/support/mex_test.h"
 
 using namespace support;
@@ -67,4 +69,45 @@ TEST_F(OutOfMemory, EndsAFlash)
                      {Scalar(24), open("Alone"), Row({0.5, 0.5}), Text("temperature"), Scalar(340), Text("pressure"),
                       Scalar(101325), Text("Unspecified")},
                      7);
+}
+
+TEST_F(OutOfMemory, WhileTheVocabularyIsBuiltLeavesTheRestToTheNextCall)
+{
+    constexpr int someRow = 100;
+    int requests = 0;
+    mustReturn(1, {Scalar(5)});
+    {
+        const MemoryRefusal refusal([&](std::size_t) { return ++requests == someRow; });
+        EXPECT_EQ(call(1, {Scalar(19), Text("volume")}).error, "Unexpected exception: std::bad_alloc");
+    }
+    EXPECT_EQ(mustReturn(1, {Scalar(19), Text("volume")})[0].text(), Wide("m3 / mol"));
+}
+
+TEST_F(OutOfMemory, ForThePackageNameEndsTheCreationAndTheManager)
+{
+    ManagerScript &manager = world.addManager("Manager");
+    world.addPackageOf(manager, "Inner");
+    {
+        LibraryCall<"SysAllocString", decltype(SysAllocString)> none(SysAllocString,
+                                                                     [](LPCWSTR) -> BSTR { return nullptr; });
+        EXPECT_EQ(call(1, {Scalar(3), Text("Manager"), Text("Inner")}).error, "Unexpected exception: std::bad_alloc");
+    }
+    EXPECT_EQ(manager.calls("GetPropertyPackage"), 0);
+    EXPECT_EQ(manager.calls("Terminate"), 1);
+    EXPECT_EQ(manager.references(), 0);
+    mustReturn(1, {Scalar(3), Text("Manager"), Text("Inner")});
+}
+
+TEST_F(OutOfMemory, ForTheNamesOfPackagesEndsTheManager)
+{
+    ManagerScript &manager = world.addManager("Manager");
+    manager.packageNames = TextArray({"One", "Two"});
+    {
+        LibraryCall<"SafeArrayGetElement", decltype(SafeArrayGetElement)> none(
+            SafeArrayGetElement, [](SAFEARRAY *, LONG *, void *) { return E_OUTOFMEMORY; });
+        EXPECT_EQ(call(1, {Scalar(2), Text("Manager")}).error, "Unexpected exception: std::bad_alloc");
+    }
+    EXPECT_EQ(manager.calls("Terminate"), 1);
+    EXPECT_EQ(manager.references(), 0);
+    EXPECT_EQ(mustReturn(1, {Scalar(2), Text("Manager")})[0].texts(), Names({"One", "Two"}));
 }

@@ -1,5 +1,5 @@
-// A call that the loaded library makes of the system, led to a function of the test: so that a test sees its
-// arguments, counts it, or lets it fail, on every platform.
+// A call that a loaded library makes of the system, led to a function of the test: so that a test sees its arguments,
+// counts it, or lets it fail, on every platform of 64 bits.
 #pragma once
 
 #include "platform/platform.h"
@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <functional>
+#include <string>
 #include <utility>
 
 namespace support {
@@ -21,6 +22,11 @@ public:
     ~ImportSlot(); // leads back; the library must still be loaded
     ImportSlot(const ImportSlot &) = delete;
     ImportSlot &operator=(const ImportSlot &) = delete;
+
+    static bool isThere(const char *name, AnyFunction system) { return find(name, system) != nullptr; }
+
+    // The library whose calls are led, by its name on Windows.
+    static inline std::string library = "Verdanth.mexw64";
 
 private:
     static AnyFunction *find(const char *name, AnyFunction system); // null when there is none
@@ -60,15 +66,34 @@ private:
     ImportSlot slot;
 };
 
+// While it lives, a test says which of the library's requests for memory are refused: the requests of operator new in
+// all its forms, and of whatever else the compiler's runtime needs where that is part of the library. One at a time.
+class MemoryRefusal {
+public:
+    using Refuses = std::function<bool(std::size_t bytes)>; // is asked once for each request
+
+    explicit MemoryRefusal(Refuses refuses);
+    ~MemoryRefusal();
+    MemoryRefusal(const MemoryRefusal &) = delete;
+    MemoryRefusal &operator=(const MemoryRefusal &) = delete;
+};
+
 // While it lives, the library gets no memory for buffers of so many bytes.
 class NoMemoryFor {
 public:
-    explicit NoMemoryFor(std::size_t bytes);
-    ~NoMemoryFor();
-    NoMemoryFor(const NoMemoryFor &) = delete;
-    NoMemoryFor &operator=(const NoMemoryFor &) = delete;
+    explicit NoMemoryFor(std::size_t bytes)
+        : refusal([this, bytes](std::size_t wanted) {
+              refusals += wanted == bytes;
+              return wanted == bytes;
+          })
+    {
+    }
 
-    int refused() const; // requests so far
+    int refused() const { return refusals; } // requests so far
+
+private:
+    int refusals = 0;
+    MemoryRefusal refusal;
 };
 
 // Counts, from its construction on, the blocks of so many bytes that the library makes with operator new, and all

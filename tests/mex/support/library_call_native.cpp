@@ -6,6 +6,7 @@
 #include <link.h>
 #include <memory>
 #include <new>
+#include <optional>
 #include <string_view>
 #include <sys/mman.h>
 #include <unistd.h>
@@ -42,7 +43,8 @@ ImportSlot::AnyFunction *findIn(const Relocations &relocations, const dl_phdr_in
 
 int searchLibrary(dl_phdr_info *library, std::size_t, void *argument)
 {
-    if (!std::string_view(library->dlpi_name).ends_with("/Verdanth.so"))
+    const std::string &name = ImportSlot::library;
+    if (!std::string_view(library->dlpi_name).ends_with("/" + name.substr(0, name.rfind('.')) + ".so"))
         return 0;
     const ElfW(Dyn) *entry = nullptr;
     for (int i = 0; i < library->dlpi_phnum; ++i)
@@ -100,38 +102,57 @@ void ImportSlot::write(AnyFunction *slot, AnyFunction function)
 
 namespace {
 
-using Allocate = void *(std::size_t bytes, const std::nothrow_t &);
-using Allocation = LibraryCall<"operator new[]", Allocate>;
-
-std::unique_ptr<Allocation> allocation;
-int refusedAllocations = 0;
-
-} // namespace
-
-NoMemoryFor::NoMemoryFor(std::size_t bytes)
-{
-    refusedAllocations = 0;
-    Allocate *const system = &operator new[];
-    allocation = std::make_unique<Allocation>(system, [=](std::size_t wanted, const std::nothrow_t &tag) -> void * {
-        if (wanted != bytes)
-            return operator new[](wanted, tag);
-        ++refusedAllocations;
-        return nullptr;
-    });
-}
-
-NoMemoryFor::~NoMemoryFor() { allocation.reset(); }
-
-int NoMemoryFor::refused() const { return refusedAllocations; }
-
-namespace {
-
 using New = void *(std::size_t bytes);
+using NewOrNull = void *(std::size_t bytes, const std::nothrow_t &);
 #ifdef __cpp_sized_deallocation
 using Delete = void(void *block, std::size_t bytes) noexcept;
 #else // not every compiler's default
 using Delete = void(void *block) noexcept;
 #endif
+
+struct RefusedRequests {
+    std::optional<LibraryCall<"operator new", New>> ofOne;
+    std::optional<LibraryCall<"operator new[]", New>> ofMany;
+    std::optional<LibraryCall<"operator new[]", NewOrNull>> orNull;
+
+    RefusedRequests(New *systemOne, New *systemMany, NewOrNull *systemOrNull, const MemoryRefusal::Refuses &refuses)
+    {
+        leadIfThere(ofOne, "operator new", systemOne, [refuses](std::size_t bytes) {
+            return refuses(bytes) ? throw std::bad_alloc() : operator new(bytes);
+        });
+        leadIfThere(ofMany, "operator new[]", systemMany, [refuses](std::size_t bytes) {
+            return refuses(bytes) ? throw std::bad_alloc() : operator new[](bytes);
+        });
+        leadIfThere(orNull, "operator new[]", systemOrNull, [refuses](std::size_t bytes, const std::nothrow_t &tag) {
+            return refuses(bytes) ? nullptr : operator new[](bytes, tag);
+        });
+    }
+
+private:
+    // Not every library calls every form.
+    template <class Call, class Function, class Body>
+    void leadIfThere(std::optional<Call> &call, const char *name, Function *system, Body body)
+    {
+        if (ImportSlot::isThere(name, reinterpret_cast<ImportSlot::AnyFunction>(system)))
+            call.emplace(system, std::move(body));
+    }
+};
+
+std::unique_ptr<RefusedRequests> refused;
+
+} // namespace
+
+MemoryRefusal::MemoryRefusal(Refuses refuses)
+{
+    New *const one = &operator new;
+    New *const many = &operator new[];
+    NewOrNull *const orNull = &operator new[];
+    refused = std::make_unique<RefusedRequests>(one, many, orNull, std::move(refuses));
+}
+
+MemoryRefusal::~MemoryRefusal() { refused.reset(); }
+
+namespace {
 
 struct MemoryCount {
     int made = 0;

@@ -35,7 +35,7 @@ ImportSlot::AnyFunction *findSlot(HMODULE module, const char *function)
 
 ImportSlot::AnyFunction *ImportSlot::find(const char *name, AnyFunction)
 {
-    return findSlot(GetModuleHandleW(L"Verdanth.mexw64"), name);
+    return findSlot(GetModuleHandleA(library.c_str()), name);
 }
 
 void ImportSlot::write(AnyFunction *slot, AnyFunction function)
@@ -52,24 +52,17 @@ namespace {
 using Allocation = LibraryCall<"malloc", void *(std::size_t bytes)>;
 
 std::unique_ptr<Allocation> allocation;
-int refusedAllocations = 0;
 
 } // namespace
 
-NoMemoryFor::NoMemoryFor(std::size_t bytes)
+MemoryRefusal::MemoryRefusal(Refuses refuses)
 {
-    refusedAllocations = 0;
-    allocation = std::make_unique<Allocation>(std::malloc, [=](std::size_t wanted) -> void * {
-        if (wanted != bytes)
-            return std::malloc(wanted);
-        ++refusedAllocations;
-        return nullptr;
+    allocation = std::make_unique<Allocation>(std::malloc, [refuses = std::move(refuses)](std::size_t bytes) {
+        return refuses(bytes) ? nullptr : std::malloc(bytes);
     });
 }
 
-NoMemoryFor::~NoMemoryFor() { allocation.reset(); }
-
-int NoMemoryFor::refused() const { return refusedAllocations; }
+MemoryRefusal::~MemoryRefusal() { allocation.reset(); }
 
 namespace {
 

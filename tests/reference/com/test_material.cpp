@@ -16,17 +16,25 @@ HRESULT unexpected(const char *method)
 
 } // namespace
 
-bool TestMaterial::refuses(const char *method, const std::string &details)
+std::optional<HRESULT> TestMaterial::refuses(const char *method, const std::string &details)
 {
     calls.push_back(details.empty() ? method : method + (" " + details));
     if (onCall)
         onCall();
-    return refused == method;
+    if (failing && failing->strikes()) {
+        failed = method;
+        return failure;
+    }
+    return refused == method ? std::optional<HRESULT>(unknown.result) : std::nullopt;
 }
 
 HRESULT STDMETHODCALLTYPE TestMaterial::QueryInterface(REFIID iid, void **object)
 {
     *object = nullptr;
+    if (failing && failing->strikes()) {
+        failed = "QueryInterface";
+        return failure;
+    }
     if (iid == InterfaceId<IUnknown> || iid == InterfaceId<IDispatch> || iid == InterfaceId<ICapeThermoMaterial>)
         *object = static_cast<ICapeThermoMaterial *>(this);
     else if (iid == InterfaceId<ICapeThermoCompounds>)
@@ -58,21 +66,21 @@ HRESULT TestMaterial::giveValue(const std::string &phase, BSTR property, BSTR ba
 
 HRESULT STDMETHODCALLTYPE TestMaterial::GetOverallTPFraction(double *t, double *p, VARIANT *fractions)
 {
-    return refuses("GetOverallTPFraction") ? unknown.result : giveConditions(composition, t, p, fractions);
+    const auto result = refuses("GetOverallTPFraction");
+    return result ? *result : giveConditions(composition, t, p, fractions);
 }
 
 HRESULT STDMETHODCALLTYPE TestMaterial::GetTPFraction(BSTR phaseLabel, double *t, double *p, VARIANT *fractions)
 {
     const auto own = ownCompositions.find(narrow(phaseLabel));
-    return refuses("GetTPFraction", narrow(phaseLabel))
-               ? unknown.result
-               : giveConditions(own == ownCompositions.end() ? composition : own->second, t, p, fractions);
+    const auto result = refuses("GetTPFraction", narrow(phaseLabel));
+    return result ? *result : giveConditions(own == ownCompositions.end() ? composition : own->second, t, p, fractions);
 }
 
 HRESULT STDMETHODCALLTYPE TestMaterial::GetOverallProp(BSTR property, BSTR basis, VARIANT *results)
 {
-    if (refuses("GetOverallProp", narrow(property)))
-        return unknown.result;
+    if (const auto result = refuses("GetOverallProp", narrow(property)))
+        return *result;
     if (narrow(property) != "fraction")
         return giveValue("Overall", property, basis, results);
     EXPECT_EQ(narrow(basis), "mole");
@@ -82,15 +90,14 @@ HRESULT STDMETHODCALLTYPE TestMaterial::GetOverallProp(BSTR property, BSTR basis
 
 HRESULT STDMETHODCALLTYPE TestMaterial::GetSinglePhaseProp(BSTR property, BSTR phaseLabel, BSTR basis, VARIANT *results)
 {
-    return refuses("GetSinglePhaseProp", narrow(phaseLabel) + "/" + narrow(property))
-               ? unknown.result
-               : giveValue(narrow(phaseLabel), property, basis, results);
+    const auto result = refuses("GetSinglePhaseProp", narrow(phaseLabel) + "/" + narrow(property));
+    return result ? *result : giveValue(narrow(phaseLabel), property, basis, results);
 }
 
 HRESULT STDMETHODCALLTYPE TestMaterial::SetOverallProp(BSTR property, BSTR basis, VARIANT values)
 {
-    if (refuses("SetOverallProp", narrow(property)))
-        return unknown.result;
+    if (const auto result = refuses("SetOverallProp", narrow(property)))
+        return *result;
     written["Overall/" + narrow(property)] = {narrow(basis), numbersOf(values)};
     return S_OK;
 }
@@ -99,16 +106,16 @@ HRESULT STDMETHODCALLTYPE TestMaterial::SetTwoPhaseProp(BSTR property, VARIANT p
 {
     const std::vector<std::string> labels = textsOf(phaseLabels);
     const std::string key = labels.at(0) + "," + labels.at(1) + "/" + narrow(property);
-    if (refuses("SetTwoPhaseProp", key))
-        return unknown.result;
+    if (const auto result = refuses("SetTwoPhaseProp", key))
+        return *result;
     written[key] = {narrow(basis), numbersOf(values)};
     return S_OK;
 }
 
 HRESULT STDMETHODCALLTYPE TestMaterial::GetPresentPhases(VARIANT *phaseLabels, VARIANT *phaseStatus)
 {
-    if (refuses("GetPresentPhases"))
-        return unknown.result;
+    if (const auto result = refuses("GetPresentPhases"))
+        return *result;
     *phaseLabels = texts(presentPhases).detach();
     VariantInit(phaseStatus);
     return S_OK;
@@ -116,8 +123,8 @@ HRESULT STDMETHODCALLTYPE TestMaterial::GetPresentPhases(VARIANT *phaseLabels, V
 
 HRESULT STDMETHODCALLTYPE TestMaterial::SetPresentPhases(VARIANT phaseLabels, VARIANT phaseStatus)
 {
-    if (refuses("SetPresentPhases"))
-        return unknown.result;
+    if (const auto result = refuses("SetPresentPhases"))
+        return *result;
     presentPhases = textsOf(phaseLabels);
     reference::ArrayView<LONG, VT_I4> list;
     EXPECT_TRUE(list.open(phaseStatus));
@@ -128,8 +135,8 @@ HRESULT STDMETHODCALLTYPE TestMaterial::SetPresentPhases(VARIANT phaseLabels, VA
 HRESULT STDMETHODCALLTYPE TestMaterial::SetSinglePhaseProp(BSTR property, BSTR phaseLabel, BSTR basis, VARIANT values)
 {
     const std::string key = narrow(phaseLabel) + "/" + narrow(property);
-    if (refuses("SetSinglePhaseProp", key))
-        return unknown.result;
+    if (const auto result = refuses("SetSinglePhaseProp", key))
+        return *result;
     written[key] = {narrow(basis), numbersOf(values)};
     return S_OK;
 }
@@ -138,8 +145,8 @@ HRESULT STDMETHODCALLTYPE TestMaterial::GetCompoundList(VARIANT *ids, VARIANT *f
                                                         VARIANT *boilingTemperatures, VARIANT *molecularWeights,
                                                         VARIANT *casTexts)
 {
-    if (refuses("GetCompoundList"))
-        return unknown.result;
+    if (const auto result = refuses("GetCompoundList"))
+        return *result;
     *ids = compoundIds.empty() ? VARIANT{} : texts(compoundIds).detach();
     *casTexts = casNumbers.empty() ? VARIANT{} : texts(casNumbers).detach();
     for (VARIANT *other : {formulae, names, boilingTemperatures, molecularWeights})

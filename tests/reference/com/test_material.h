@@ -4,10 +4,12 @@
 
 #include "cape/com/cape_open.h"
 #include "reference/com/component.h"
+#include "tests/support/nth_call.h"
 
 #include <functional>
 #include <limits>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -34,6 +36,11 @@ public:
     std::vector<std::string> presentPhases = {"Vapor", "Liquid"};
     std::string refused;          // the method that fails, with "<method> is refused" as its words
     std::function<void()> onCall; // called in the midst of every call of a package
+
+    // The n-th call of whatever method, QueryInterface among them, gives this result and does nothing else.
+    support::NthCall *failing = nullptr;
+    HRESULT failure = E_FAIL;
+    std::string failed; // that method's name
 
     // What a package did.
     std::vector<std::string> calls;                 // in order; writes with property and phase
@@ -81,7 +88,8 @@ public:
     HRESULT STDMETHODCALLTYPE get_moreInfo(BSTR *information) override;
 
 private:
-    bool refuses(const char *method, const std::string &details = {});
+    // The result to give at once, if the method is to do nothing.
+    std::optional<HRESULT> refuses(const char *method, const std::string &details = {});
     HRESULT giveConditions(const std::vector<double> &fractions, double *t, double *p, VARIANT *list) const;
     HRESULT giveValue(const std::string &phase, BSTR property, BSTR basis, VARIANT *results) const;
 };
