@@ -49,10 +49,10 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcEquilibrium(VARIANT specification
                                                            BSTR solutionType)
 {
     const Call call{*this, interfaceName, OLESTR("CalcEquilibrium")};
-<<<<<<< HEAD
     return GuardedCall([&]() -> HRESULT {
         if (const HRESULT result = needMaterial(call); FAILED(result))
             return result;
+        const Calculation calculation(*this);
         FlashInput inputs[2];
         FlashRequest request{};
         if (FlashVerdict verdict = readFlashInputs(specification1, specification2, inputs); !verdict.isGood())
@@ -68,25 +68,6 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcEquilibrium(VARIANT specification
         CompoundArray feed;
         if (const HRESULT result = readFlashConditions(call, inputs, request, feed); FAILED(result))
             return result;
-=======
-    if (const HRESULT result = needMaterial(call); FAILED(result))
-        return result;
-    const Calculation calculation(*this);
-    FlashInput inputs[2];
-    FlashRequest request{};
-    if (FlashVerdict verdict = readFlashInputs(specification1, specification2, inputs); !verdict.isGood())
-        return call.refuse(*verdict.kind, std::move(verdict.description));
-    if (FlashVerdict verdict = readSolutionType(solutionType, request.solution); !verdict.isGood())
-        return call.refuse(*verdict.kind, std::move(verdict.description));
-    if (const HRESULT result = readAllowedPhases(call, request.phases); FAILED(result))
-        return result;
-    if (request.phases != FlashPhases::vaporAndLiquid && (inputs[0].isPhaseFraction || inputs[1].isPhaseFraction))
-        return call.refuse(errors::invalidArgument,
-                           OLESTR("A flash can be given the fraction of a phase where it may use both phases only"));
-    CompoundArray feed;
-    if (const HRESULT result = readFlashConditions(call, inputs, request, feed); FAILED(result))
-        return result;
->>>>>>> fuzz-parts
 
         FlashResult result;
         FlashReason reason;

@@ -63,20 +63,13 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::Terminate() { return UnsetMaterial();
 HRESULT STDMETHODCALLTYPE PropertyPackage::SetMaterial(IDispatch *object)
 {
     const Call call{*this, OLESTR("ICapeThermoMaterialContext"), OLESTR("SetMaterial")};
-<<<<<<< HEAD
     return GuardedCall([&]() -> HRESULT {
+        if (const HRESULT result = needNoCalculation(call); FAILED(result))
+            return result;
         ComPointer<ICapeThermoMaterial> newMaterial;
         ComPointer<ICapeThermoCompounds> list;
         if (FAILED(newMaterial.queryFrom(object)) || FAILED(list.queryFrom(object)))
             return call.refuse(errors::invalidArgument, OLESTR("The object is no material with a list of compounds"));
-=======
-    if (const HRESULT result = needNoCalculation(call); FAILED(result))
-        return result;
-    ComPointer<ICapeThermoMaterial> newMaterial;
-    ComPointer<ICapeThermoCompounds> list;
-    if (FAILED(newMaterial.queryFrom(object)) || FAILED(list.queryFrom(object)))
-        return call.refuse(errors::invalidArgument, OLESTR("The object is no material with a list of compounds"));
->>>>>>> fuzz-parts
 
         std::vector<const CompoundData *> chosen;
         if (const HRESULT result = readMaterialCompounds(call, *list.get(), chosen); FAILED(result))
@@ -128,10 +121,12 @@ const CompoundData *PropertyPackage::findCompound(BSTR text, std::string_view Co
 HRESULT STDMETHODCALLTYPE PropertyPackage::UnsetMaterial()
 {
     const Call call{*this, OLESTR("ICapeThermoMaterialContext"), OLESTR("UnsetMaterial")};
-    const HRESULT result = needNoCalculation(call);
-    if (SUCCEEDED(result))
-        material.reset();
-    return result;
+    return GuardedCall([&]() -> HRESULT {
+        const HRESULT result = needNoCalculation(call);
+        if (SUCCEEDED(result))
+            material.reset();
+        return result;
+    });
 }
 
 HRESULT PropertyPackage::needNoCalculation(const Call &call) const

@@ -176,10 +176,10 @@ HRESULT PropertyPackage::refuseWrite(const Call &call, HRESULT written) const
 HRESULT STDMETHODCALLTYPE PropertyPackage::CalcSinglePhaseProp(VARIANT properties, BSTR phaseLabel)
 {
     const Call call{*this, interfaceName, OLESTR("CalcSinglePhaseProp")};
-<<<<<<< HEAD
     return GuardedCall([&]() -> HRESULT {
         if (const HRESULT result = needMaterial(call); FAILED(result))
             return result;
+        const Calculation calculation(*this);
         const PhaseRow *phaseRow = findPhase(phaseLabel);
         if (!phaseRow)
             return refusePhase(call, phaseLabel);
@@ -189,20 +189,6 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcSinglePhaseProp(VARIANT propertie
         PhaseConditions conditions;
         if (const HRESULT result = readPhase(call, phaseLabel, conditions); FAILED(result))
             return result;
-=======
-    if (const HRESULT result = needMaterial(call); FAILED(result))
-        return result;
-    const Calculation calculation(*this);
-    const PhaseRow *phaseRow = findPhase(phaseLabel);
-    if (!phaseRow)
-        return refusePhase(call, phaseLabel);
-    Requests<PhaseQuantity> requests;
-    if (const HRESULT result = requests.read(call, phaseQuantities(), OLESTR("Phases"), properties); FAILED(result))
-        return result;
-    PhaseConditions conditions;
-    if (const HRESULT result = readPhase(call, phaseLabel, conditions); FAILED(result))
-        return result;
->>>>>>> fuzz-parts
 
         const PhasePoint phase = conditions.point(model, phaseRow->root);
         return requests.answer(
@@ -220,31 +206,10 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcSinglePhaseProp(VARIANT propertie
 HRESULT STDMETHODCALLTYPE PropertyPackage::CalcTwoPhaseProp(VARIANT properties, VARIANT phaseLabels)
 {
     const Call call{*this, interfaceName, OLESTR("CalcTwoPhaseProp")};
-<<<<<<< HEAD
     return GuardedCall([&]() -> HRESULT {
         if (const HRESULT result = needMaterial(call); FAILED(result))
-=======
-    if (const HRESULT result = needMaterial(call); FAILED(result))
-        return result;
-    const Calculation calculation(*this);
-    TextView labels;
-    if (!labels.open(phaseLabels) || labels.size() != 2)
-        return call.refuse(errors::invalidArgument, OLESTR("The phases must be an array of two labels"));
-    const PhaseRow *const rows[] = {findPhase(labels[0]), findPhase(labels[1])};
-    for (int k = 0; k < 2; ++k)
-        if (!rows[k])
-            return refusePhase(call, labels[k]);
-    if (rows[0] == rows[1])
-        return call.refuse(errors::invalidArgument, OLESTR("The two phases are the same"));
-    Requests<PairQuantity> requests;
-    if (const HRESULT result = requests.read(call, pairQuantities(), OLESTR("Pairs of phases"), properties);
-        FAILED(result))
-        return result;
-    PhaseConditions conditions[2];
-    for (int k = 0; k < 2; ++k)
-        if (const HRESULT result = readPhase(call, labels[k], conditions[k]); FAILED(result))
->>>>>>> fuzz-parts
             return result;
+        const Calculation calculation(*this);
         TextView labels;
         if (!labels.open(phaseLabels) || labels.size() != 2)
             return call.refuse(errors::invalidArgument, OLESTR("The phases must be an array of two labels"));
