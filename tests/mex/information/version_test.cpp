@@ -66,8 +66,7 @@ TEST_F(Version, AndHelpOfARenamedLibrarySayWhatIsWrong)
     LibraryCall<"LoadLibraryW", decltype(LoadLibraryW)> loads(LoadLibraryW, [](LPCWSTR) -> HMODULE { return nullptr; });
     EXPECT_EQ(mustReturn(1, {Scalar(26)})[0].text(),
               Wide("Failed to get Verdanth.DLL version: its file is not called Verdanth.mexw64"));
-    EXPECT_EQ(refusal(0, {Scalar(28)}),
-              "Failed to load help file: the library's file is not called Verdanth.mexw64");
+    EXPECT_EQ(refusal(0, {Scalar(28)}), "Failed to load help file: the library's file is not called Verdanth.mexw64");
 }
 
 TEST_F(Version, TheLibrarysOwnHandleIsTakenWithTheFirstCommandThatNeedsItAndKept)

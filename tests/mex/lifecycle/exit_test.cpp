@@ -119,8 +119,8 @@ TEST_F(Exit, GivesUpWhatAPackageLeftInARefusedResult)
     PackageScript &package = world.addPackage("Alone");
     package.keepsContext = true;
     const Array handle = open("Alone");
-    package.constants =
-        AnswerValues(ArrayOfVariants({InterfaceVariant(package.context.get()), InterfaceVariant(package.context.get())}));
+    package.constants = AnswerValues(
+        ArrayOfVariants({InterfaceVariant(package.context.get()), InterfaceVariant(package.context.get())}));
     EXPECT_EQ(refusal(1, {Scalar(16), handle, Text("charge")}),
               "Inconsistent return data type from GetCompoundConstant");
     package.constants = nullptr;

@@ -15,9 +15,8 @@ using Lead = std::function<std::shared_ptr<void>(NthCall &calls)>;
 
 // A function of the system that gives `failure` instead of being called, and `otherwise` in its place where it doesn't
 // fail.
-template <FunctionName Name, class Result, class... Arguments>
-Lead GivesOrElse(Result (*system)(Arguments...), std::type_identity_t<Result> failure,
-                 Result (*otherwise)(Arguments...))
+template <FunctionName Name, class Result, class... Arguments> Lead
+GivesOrElse(Result (*system)(Arguments...), std::type_identity_t<Result> failure, Result (*otherwise)(Arguments...))
 {
     return [=](NthCall &calls) {
         return std::make_shared<LibraryCall<Name, Result(Arguments...)>>(system, [=, &calls](Arguments... arguments) {
