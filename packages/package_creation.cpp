@@ -90,6 +90,8 @@ bool CreatePackage(const WideString &managerName, const WideString &packageName,
     record->name = key;
     if (!CreatePackageObject(record->package, managerName, packageName))
         return false;
+    if (FindPackageByKey(key, handle)) // opened meanwhile by a command that the package called: one record for a key
+        return true;
     handle = AddPackage(std::move(record));
     return true;
 }

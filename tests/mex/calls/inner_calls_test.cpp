@@ -246,6 +246,18 @@ TEST_F(InnerCalls, ThatOpenAPackageWhileItIsClosedGetAnother)
     EXPECT_EQ(refusal(1, {Scalar(6), handle}), "Invalid property package handle");
 }
 
+TEST_F(InnerCalls, ThatOpenThePackageThatIsBeingCreatedGetItsOnlyRecord)
+{
+    mustReturn(0, {Scalar(4), handle});
+    std::int32_t inner = -1;
+    during("Initialize", [&] { inner = open("Alone").int32(); });
+    EXPECT_EQ(open("Alone").int32(), inner);
+    EXPECT_EQ(actions, 1);
+    EXPECT_EQ(mustReturn(1, {Scalar(5)})[0].count(), 2u) << "with the other package";
+    EXPECT_EQ(package.objectsMade(), 3);
+    EXPECT_EQ(package.calls("Terminate"), 2) << "of the first record, and of the object that is not needed";
+}
+
 TEST_F(InnerCalls, ThatOpenManyPackagesWhileOneIsClosedLoseNone)
 {
     std::vector<PackageScript *> more;
