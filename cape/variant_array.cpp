@@ -58,12 +58,6 @@ void requireMemory(HRESULT hr)
         throw std::bad_alloc();
 }
 
-// The sum may lie beyond the largest index if the array is one that has no such element.
-LONG positionOf(std::int32_t index, std::int32_t lowerBound)
-{
-    return static_cast<LONG>(static_cast<std::uint32_t>(index) + static_cast<std::uint32_t>(lowerBound));
-}
-
 } // namespace
 
 bool HoldsElements(SAFEARRAY *array, VARTYPE elementType)
@@ -149,15 +143,20 @@ bool VariantArray::Validate(VARTYPE elementType, WideString &message)
         message = OLESTR("failed to get upper bound");
         return false;
     }
+    // Of the bounds' difference, which overflows at the ends of all numbers, the descriptor has the value.
+    const auto elements = static_cast<std::int32_t>(value.parray->rgsabound[0].cElements);
+    if (lower > std::numeric_limits<LONG>::max() - elements) { // some systems find no element there
+        message = OLESTR("failed to get upper bound");
+        return false;
+    }
     lowerBound = lower;
-    // In unsigned arithmetic, where no elements at the lowest bound of all give 0.
-    count = static_cast<std::int32_t>(static_cast<std::uint32_t>(upper) - static_cast<std::uint32_t>(lower) + 1u);
+    count = elements;
     return true;
 }
 
 BSTR VariantArray::GetString(std::int32_t index) const
 {
-    LONG position = positionOf(index, lowerBound);
+    LONG position = index + lowerBound;
     BSTR text = nullptr;
     requireMemory(SafeArrayGetElement(value.parray, &position, &text));
     return text;
@@ -172,7 +171,7 @@ WideString VariantArray::TextAt(std::int32_t index) const
 
 double VariantArray::GetDouble(std::int32_t index) const
 {
-    LONG position = positionOf(index, lowerBound);
+    LONG position = index + lowerBound;
     double number = 0;
     SafeArrayGetElement(value.parray, &position, &number);
     return number;
@@ -181,7 +180,7 @@ double VariantArray::GetDouble(std::int32_t index) const
 void VariantArray::GetVariant(std::int32_t index, VARIANT &element) const
 {
     VariantInit(&element);
-    LONG position = positionOf(index, lowerBound);
+    LONG position = index + lowerBound;
     const HRESULT hr = SafeArrayGetElement(value.parray, &position, &element);
     requireMemory(hr);
     if (FAILED(hr)) { // a type that there is none of
