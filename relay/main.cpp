@@ -7,6 +7,7 @@
 //   -Embedding      serves clients; this is how COM starts it
 //
 // It shows no window. The exit code of the registrations is 0, or the HRESULT of the error.
+#include "cape/com/guarded_call.h"
 #include "relay/class_object.h"
 #include "relay/process_life.h"
 #include "relay/registration.h"
@@ -21,7 +22,9 @@ constexpr DWORD closedMilliseconds = 1000; // by then the calls of clients that 
 
 HRESULT serve()
 {
-    StartProcessLife();
+    const HRESULT hr = StartProcessLife();
+    if (FAILED(hr))
+        return hr;
     ClassObject classObject;
     if (FAILED(classObject.registration()))
         return classObject.registration();
@@ -48,28 +51,32 @@ WideString switchOf(const char *commandLine)
     return word.substr(0, word.find(L' '));
 }
 
+HRESULT execute(const char *commandLine)
+{
+    const WideString word = switchOf(commandLine);
+    if (word == L"regserver")
+        return RegisterServer();
+    if (word == L"unregserver")
+        return UnregisterServer();
+    if (word == L"regtypelib")
+        return RegisterStandardLibrary();
+    if (word == L"unregtypelib")
+        return UnregisterStandardLibrary();
+    if (word == L"embedding")
+        return serve();
+    return E_INVALIDARG;
+}
+
 } // namespace
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR commandLine, int)
 {
     // A component that cannot be loaded, or crashes, is reported by an HRESULT.
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
-    const WideString word = switchOf(commandLine);
     HRESULT hr = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     if (FAILED(hr))
         return hr;
-    if (word == L"regserver")
-        hr = RegisterServer();
-    else if (word == L"unregserver")
-        hr = UnregisterServer();
-    else if (word == L"regtypelib")
-        hr = RegisterStandardLibrary();
-    else if (word == L"unregtypelib")
-        hr = UnregisterStandardLibrary();
-    else if (word == L"embedding")
-        hr = serve();
-    else
-        hr = E_INVALIDARG;
+    hr = GuardedCall([commandLine] { return execute(commandLine); });
     CoUninitialize();
     // Another thread may still be in a call, so nothing is torn down.
     TerminateProcess(GetCurrentProcess(), static_cast<UINT>(hr));
