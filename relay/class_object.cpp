@@ -14,7 +14,7 @@ namespace {
 RelayFactory mainFactory;
 
 // The process whose call this thread is serving.
-void noteCaller()
+void noteCaller() noexcept
 {
     unsigned long processId = 0;
     if (I_RpcBindingInqLocalClientPID(nullptr, &processId) != RPC_S_OK)
@@ -28,7 +28,7 @@ class FrontFactory final : public IClassFactory {
 public:
     explicit FrontFactory(IClassFactory *mainThreads) : factory(mainThreads) {}
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void **object) override
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void **object) noexcept override
     {
         if (!object)
             return E_POINTER;
@@ -36,10 +36,10 @@ public:
         *object = known ? this : nullptr;
         return known ? S_OK : E_NOINTERFACE;
     }
-    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
+    ULONG STDMETHODCALLTYPE AddRef() noexcept override { return 2; }
+    ULONG STDMETHODCALLTYPE Release() noexcept override { return 1; }
 
-    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown *outer, REFIID iid, void **object) override
+    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown *outer, REFIID iid, void **object) noexcept override
     {
         if (!object)
             return E_POINTER;
@@ -49,7 +49,7 @@ public:
         noteCaller();
         return factory->CreateInstance(nullptr, iid, object);
     }
-    HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override
+    HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) noexcept override
     {
         noteCaller();
         return factory->LockServer(lock);
@@ -63,8 +63,12 @@ private:
 
 ClassObject::ClassObject()
 {
-    if (FAILED(CoMarshalInterThreadInterfaceInStream(InterfaceId<IClassFactory>, &mainFactory, &factoryStream)))
+    if (!opened || !closing || !closed)
         return;
+    result = CoMarshalInterThreadInterfaceInStream(InterfaceId<IClassFactory>, &mainFactory, &factoryStream);
+    if (FAILED(result))
+        return;
+    result = E_OUTOFMEMORY;
     if (HANDLE thread = CreateThread(nullptr, 0, run, this, 0, nullptr)) {
         waitFor(opened);
         CloseHandle(thread);

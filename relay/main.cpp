@@ -7,6 +7,7 @@
 //   -Embedding      serves clients; this is how COM starts it
 //
 // It shows no window. The exit code of the registrations is 0, or the HRESULT of the error.
+#include "cape/com/guarded_call.h"
 #include "relay/class_object.h"
 #include "relay/command_line.h"
 #include "relay/process_life.h"
@@ -20,7 +21,9 @@ constexpr DWORD closedMilliseconds = 1000; // by then the calls of clients that 
 
 HRESULT serve()
 {
-    StartProcessLife();
+    const HRESULT hr = StartProcessLife();
+    if (FAILED(hr))
+        return hr;
     ClassObject classObject;
     if (FAILED(classObject.registration()))
         return classObject.registration();
@@ -63,7 +66,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR commandLine, int)
     HRESULT hr = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     if (FAILED(hr))
         return hr;
-    hr = perform(TaskOf(commandLine));
+    hr = GuardedCall([commandLine] { return perform(TaskOf(commandLine)); });
     CoUninitialize();
     // Another thread may still be in a call, so nothing is torn down.
     TerminateProcess(GetCurrentProcess(), static_cast<UINT>(hr));

@@ -1,6 +1,9 @@
 #include "relay/process_life.h"
 
+#include "cape/com/registry_key.h"
+
 #include <mutex>
+#include <new>
 #include <set>
 
 namespace {
@@ -59,7 +62,11 @@ void CALLBACK clientDied(void *, BOOLEAN)
 
 } // namespace
 
-void StartProcessLife() { wake = CreateEventW(nullptr, FALSE, FALSE, nullptr); }
+HRESULT StartProcessLife() noexcept
+{
+    wake = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+    return wake ? S_OK : ResultOf(static_cast<LSTATUS>(GetLastError()));
+}
 
 void HoldProcess()
 {
@@ -75,11 +82,16 @@ void LetGoOfProcess()
         SetEvent(wake);
 }
 
-void NoteClient(DWORD processId)
+void NoteClient(DWORD processId) noexcept
 {
     const std::lock_guard lock(mutex);
-    if (!clients.insert(processId).second)
+    try {
+        if (!clients.insert(processId).second)
+            return;
+    } catch (const std::bad_alloc &) {
+        allAreWatched = false;
         return;
+    }
     HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, processId);
     HANDLE wait = nullptr;
     if (process && RegisterWaitForSingleObject(&wait, process, clientDied, nullptr, INFINITE,

@@ -3,8 +3,8 @@
 
 #include "platform/platform.h"
 
-// Call this before anybody can hold the process.
-void StartProcessLife();
+// Call this before anybody can hold the process. Where it fails, nobody could ever end the wait for the release.
+HRESULT StartProcessLife() noexcept;
 
 // A relay, or a lock; from any thread.
 void HoldProcess();
@@ -12,7 +12,7 @@ void LetGoOfProcess();
 
 // Records a client by its process. A client that dies releases nothing, and not every system does so on its behalf:
 // when all clients are dead the process ends, whatever they held.
-void NoteClient(DWORD processId);
+void NoteClient(DWORD processId) noexcept;
 inline constexpr DWORD unknownClient = 0; // its death cannot be observed, so it counts as alive
 
 // Runs the main thread's message loop until nobody holds the process any more, until all clients are dead, or because

@@ -10,8 +10,8 @@ namespace {
 constexpr LPCWSTR description = L"Verdanth 32-bit relay";
 constexpr LPCWSTR libraryVersion = L"1.1";
 
-const WideString classKey = L"CLSID\\" + IdentifierText(CLSID_Verdanth6432Relay);
-const WideString libraryKey = L"TypeLib\\" + IdentifierText(LIBID_Verdanth6432Relay);
+WideString classKey() { return L"CLSID\\" + IdentifierText(CLSID_Verdanth6432Relay); }
+WideString libraryKey() { return L"TypeLib\\" + IdentifierText(LIBID_Verdanth6432Relay); }
 
 HRESULT registerTypeLibrary(const WideString &path)
 {
@@ -19,7 +19,7 @@ HRESULT registerTypeLibrary(const WideString &path)
     HRESULT hr = LoadTypeLibEx(path.c_str(), REGKIND_REGISTER, library.out());
     // The entry is made for 32-bit programs; 64-bit ones can read this file, too.
     if (SUCCEEDED(hr))
-        hr = WriteText(0, libraryKey + L"\\" + libraryVersion + L"\\0\\win64", nullptr, path);
+        hr = WriteText(0, libraryKey() + L"\\" + libraryVersion + L"\\0\\win64", nullptr, path);
     if (SUCCEEDED(hr))
         hr = EnterInterface(InterfaceId<IVerdanth6432Relay>, L"IVerdanth6432Relay", LIBID_Verdanth6432Relay,
                             libraryVersion);
@@ -45,7 +45,7 @@ HRESULT RegisterServer()
     for (const REGSAM view : registryViews)
         for (const auto &entry : entries)
             if (SUCCEEDED(hr))
-                hr = WriteText(view, classKey + entry.subkey, nullptr, entry.value);
+                hr = WriteText(view, classKey() + entry.subkey, nullptr, entry.value);
     return hr;
 }
 
@@ -53,8 +53,8 @@ HRESULT UnregisterServer()
 {
     HRESULT result = RemoveInterface(InterfaceId<IVerdanth6432Relay>, LIBID_Verdanth6432Relay, libraryVersion);
     for (const REGSAM view : registryViews) {
-        for (const WideString *key : {&classKey, &libraryKey}) {
-            const HRESULT hr = RemoveKey(view, *key);
+        for (const WideString &key : {classKey(), libraryKey()}) {
+            const HRESULT hr = RemoveKey(view, key);
             if (SUCCEEDED(result))
                 result = hr;
         }

@@ -17,16 +17,19 @@ WideString IdentifierText(REFGUID id)
     return text;
 }
 
-WideString ReadText(REGSAM view, const WideString &path, LPCWSTR name)
+HRESULT ReadText(REGSAM view, const WideString &path, LPCWSTR name, WideString &text)
 {
+    text.clear();
     const RegistryKey key(HKEY_CLASSES_ROOT, path.c_str(), KEY_READ | view);
-    if (!key)
-        return {};
-    WCHAR text[1024] = {};
-    DWORD size = sizeof text - sizeof(WCHAR);
+    WCHAR value[1024] = {};
+    DWORD size = sizeof value - sizeof(WCHAR);
     DWORD type = REG_NONE;
-    const LSTATUS status = RegQueryValueExW(key.get(), name, nullptr, &type, reinterpret_cast<BYTE *>(text), &size);
-    return status == ERROR_SUCCESS && type == REG_SZ ? text : WideString();
+    LSTATUS status = key.result();
+    if (key)
+        status = RegQueryValueExW(key.get(), name, nullptr, &type, reinterpret_cast<BYTE *>(value), &size);
+    if (status == ERROR_SUCCESS && type == REG_SZ)
+        text = value;
+    return status == ERROR_FILE_NOT_FOUND || status == ERROR_MORE_DATA ? S_OK : ResultOf(status);
 }
 
 HRESULT WriteText(REGSAM view, const WideString &path, LPCWSTR name, const WideString &value)
@@ -64,10 +67,15 @@ HRESULT RemoveInterface(REFIID iid, REFGUID libraryId, const WideString &library
     const WideString key = interfaceKey(iid);
     HRESULT result = S_OK;
     for (const REGSAM view : registryViews) {
+        WideString library;
+        WideString version;
+        HRESULT hr = ReadText(view, key + L"\\TypeLib", nullptr, library);
+        if (SUCCEEDED(hr))
+            hr = ReadText(view, key + L"\\TypeLib", L"Version", version);
         const bool isOurs =
-            lstrcmpiW(ReadText(view, key + L"\\TypeLib", nullptr).c_str(), IdentifierText(libraryId).c_str()) == 0 &&
-            ReadText(view, key + L"\\TypeLib", L"Version") == libraryVersion;
-        const HRESULT hr = isOurs ? RemoveKey(view, key) : S_OK;
+            lstrcmpiW(library.c_str(), IdentifierText(libraryId).c_str()) == 0 && version == libraryVersion;
+        if (SUCCEEDED(hr) && isOurs)
+            hr = RemoveKey(view, key);
         if (SUCCEEDED(result))
             result = hr;
     }

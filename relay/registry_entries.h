@@ -8,8 +8,9 @@ inline constexpr REGSAM registryViews[] = {KEY_WOW64_32KEY, KEY_WOW64_64KEY};
 
 WideString IdentifierText(REFGUID id); // in braces
 
-// The text of a named value of a key, or of its default value for a null `name`; empty when there is none.
-WideString ReadText(REGSAM view, const WideString &path, LPCWSTR name);
+// Reads the text of a named value of a key, or of its default value for a null `name`; empty when there is none, or one
+// that is longer than any path or identifier.
+HRESULT ReadText(REGSAM view, const WideString &path, LPCWSTR name, WideString &text);
 
 // Creates the key if necessary.
 HRESULT WriteText(REGSAM view, const WideString &path, LPCWSTR name, const WideString &value);

@@ -1,6 +1,6 @@
 #include "relay/relay_object.h"
 
-#include "cape/com/com_pointer.h"
+#include "cape/com/guarded_call.h"
 #include "relay/process_life.h"
 
 Relay::Relay() { HoldProcess(); }
@@ -17,7 +17,7 @@ void *Relay::FindInterface(REFIID iid)
     return findInterface(interfaces, iid, this);
 }
 
-HRESULT STDMETHODCALLTYPE Relay::CreateObject32(BSTR classIdText, IUnknown **object)
+HRESULT STDMETHODCALLTYPE Relay::CreateObject32(BSTR classIdText, IUnknown **object) noexcept
 {
     if (!object)
         return E_POINTER;
@@ -29,8 +29,10 @@ HRESULT STDMETHODCALLTYPE Relay::CreateObject32(BSTR classIdText, IUnknown **obj
     HRESULT hr = IIDFromString(classIdText, &classId);
     if (FAILED(hr))
         return hr;
-    hr = CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, InterfaceId<IUnknown>,
-                          reinterpret_cast<void **>(object));
+    hr = GuardedCall([&] { // whatever a component's constructor lets out
+        return CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, InterfaceId<IUnknown>,
+                                reinterpret_cast<void **>(object));
+    });
     if (FAILED(hr)) {
         *object = nullptr;
         return hr;
@@ -38,7 +40,7 @@ HRESULT STDMETHODCALLTYPE Relay::CreateObject32(BSTR classIdText, IUnknown **obj
     return *object ? hr : E_UNEXPECTED;
 }
 
-HRESULT STDMETHODCALLTYPE RelayFactory::QueryInterface(REFIID iid, void **object)
+HRESULT STDMETHODCALLTYPE RelayFactory::QueryInterface(REFIID iid, void **object) noexcept
 {
     if (!object)
         return E_POINTER;
@@ -47,7 +49,7 @@ HRESULT STDMETHODCALLTYPE RelayFactory::QueryInterface(REFIID iid, void **object
     return known ? S_OK : E_NOINTERFACE;
 }
 
-HRESULT STDMETHODCALLTYPE RelayFactory::CreateInstance(IUnknown *outer, REFIID iid, void **object)
+HRESULT STDMETHODCALLTYPE RelayFactory::CreateInstance(IUnknown *outer, REFIID iid, void **object) noexcept
 {
     if (!object)
         return E_POINTER;
@@ -57,10 +59,10 @@ HRESULT STDMETHODCALLTYPE RelayFactory::CreateInstance(IUnknown *outer, REFIID i
     // The release of a temporary relay would end the process.
     if (!(iid == InterfaceId<IUnknown>)&&!(iid == InterfaceId<IDispatch>)&&!(iid == InterfaceId<IVerdanth6432Relay>))
         return E_NOINTERFACE;
-    return (new CComObject<Relay>)->QueryInterface(iid, object);
+    return GuardedCall([&] { return (new CComObject<Relay>)->QueryInterface(iid, object); });
 }
 
-HRESULT STDMETHODCALLTYPE RelayFactory::LockServer(BOOL lock)
+HRESULT STDMETHODCALLTYPE RelayFactory::LockServer(BOOL lock) noexcept
 {
     if (lock)
         HoldProcess();

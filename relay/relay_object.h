@@ -18,15 +18,15 @@ public:
     void *FindInterface(REFIID iid);
 
     // Returns the error of the step that failed. Accepts class ids in braces only, not program ids.
-    HRESULT STDMETHODCALLTYPE CreateObject32(BSTR classIdText, IUnknown **object) override;
+    HRESULT STDMETHODCALLTYPE CreateObject32(BSTR classIdText, IUnknown **object) noexcept override;
 };
 
 // Creates relays. There is one for the process; its reference count has no effect.
 class RelayFactory final : public IClassFactory {
 public:
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void **object) override;
-    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
-    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown *outer, REFIID iid, void **object) override;
-    HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override;
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void **object) noexcept override;
+    ULONG STDMETHODCALLTYPE AddRef() noexcept override { return 2; }
+    ULONG STDMETHODCALLTYPE Release() noexcept override { return 1; }
+    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown *outer, REFIID iid, void **object) noexcept override;
+    HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) noexcept override;
 };
