@@ -12,8 +12,9 @@ namespace {
 
 constexpr std::size_t bufferCharacters = 1024;
 constexpr DWORD nameBytes = 1024; // longest value of "Name", in bytes
-constexpr DWORD mostFailures =
-    0x10000; // more unreadable keys side by side are a registry that never says it is at its end
+
+// More unreadable keys side by side are a registry that never says that it is at its end.
+constexpr DWORD mostFailures = 0x10000;
 
 struct Category {
     LPCWSTR path;
