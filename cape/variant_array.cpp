@@ -3,7 +3,6 @@
 #include "cape/com/bstr.h"
 #include "cape/com/component_call.h"
 
-#include <limits>
 #include <new>
 
 namespace {
@@ -66,9 +65,9 @@ bool HoldsElements(SAFEARRAY *array, VARTYPE elementType)
     const bool isKnown = SUCCEEDED(SafeArrayGetVartype(array, &held));
     if (isKnown ? held != elementType : ownSomething(elementType))
         return false;
-    const ULONG count = array->rgsabound[0].cElements;
-    return array->cbElements == elementSize(elementType) && (array->pvData || count == 0) &&
-           count <= static_cast<ULONG>(std::numeric_limits<std::int32_t>::max());
+    const SAFEARRAYBOUND &bound = array->rgsabound[0];
+    return array->cbElements == elementSize(elementType) && (array->pvData || bound.cElements == 0) &&
+           HasIndices(bound);
 }
 
 VariantArray::VariantArray() { VariantInit(&value); }
@@ -144,13 +143,8 @@ bool VariantArray::Validate(VARTYPE elementType, WideString &message)
         return false;
     }
     // Of the bounds' difference, which overflows at the ends of all numbers, the descriptor has the value.
-    const auto elements = static_cast<std::int32_t>(value.parray->rgsabound[0].cElements);
-    if (lower > std::numeric_limits<LONG>::max() - elements) { // some systems find no element there
-        message = OLESTR("failed to get upper bound");
-        return false;
-    }
     lowerBound = lower;
-    count = elements;
+    count = static_cast<std::int32_t>(value.parray->rgsabound[0].cElements);
     return true;
 }
 

@@ -12,6 +12,14 @@
 // One that does not know the type of its elements is believed if they own nothing.
 bool HoldsElements(SAFEARRAY *array, VARTYPE elementType);
 
+// Whether every element has an index, and the index behind the last one is a number, too: some systems calculate it.
+inline bool HasIndices(const SAFEARRAYBOUND &bound)
+{
+    constexpr std::int64_t highest = 0x7FFFFFFF;
+    const std::int64_t count = bound.cElements;
+    return count <= highest && bound.lLbound + count <= highest;
+}
+
 // The usual answer without a call: true is right where elements have the size of the type, false says nothing. An array
 // that has FADF_HAVEVARTYPE keeps the type in the 4 bytes in front of its descriptor, as oaidl.h tells.
 inline bool SurelyHoldsElements(const SAFEARRAY *array, VARTYPE elementType)
@@ -20,7 +28,7 @@ inline bool SurelyHoldsElements(const SAFEARRAY *array, VARTYPE elementType)
     if ((array->fFeatures & FADF_HAVEVARTYPE) == 0)
         return false;
     std::memcpy(&held, reinterpret_cast<const char *>(array) - sizeof held, sizeof held);
-    return held == elementType && array->pvData && array->rgsabound[0].cElements <= 0x7FFFFFFFu;
+    return held == elementType && array->pvData && HasIndices(array->rgsabound[0]);
 }
 
 class VariantArray {

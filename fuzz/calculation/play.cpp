@@ -14,7 +14,7 @@ namespace fuzz {
 namespace {
 
 // What a script passes holds no null character here: how a text with one is cut is no matter of calculations.
-WideString plain(WideString text) { return text.substr(0, text.find(WCHAR{0})); }
+WideString plain(const WideString &text) { return text.substr(0, text.find(WCHAR{0})); }
 
 std::vector<WideString> split(const WideString &text)
 {

@@ -173,7 +173,7 @@ void Requests::mistake(const Package &package)
                                                       {Scalar(3), Text(manager), Text("nothing")},
                                                       {Scalar(6), Int32(-1)},
                                                       {Scalar(9), handle, Text("Plasma")},
-                                                      {Scalar(16), handle, Text("colour")},
+                                                      {Scalar(16), handle, Text("shade")},
                                                       {Scalar(19), Text("nothing.Dtemperature")},
                                                       {Scalar(22), Scalar(1), handle, Text("nothing"), Scalar(300),
                                                        Scalar(1e5), composition(package, 1), Text("Vapor")},

@@ -23,8 +23,6 @@ Lead entersOtherwise()
     };
 }
 
-constexpr auto noSuchPage = static_cast<HRESULT>(0x80070057u); // of ERROR_INVALID_PARAMETER
-
 Lead narrowsNothing()
 {
     using Narrowing = LibraryCall<"WideCharToMultiByte", decltype(WideCharToMultiByte)>;
@@ -83,7 +81,7 @@ const std::string unknown = "Unexpected exception: unknown"; // a text that coul
 const std::string notListed[] = {"no such package manager: \"Manager\"", "no such package manager: \"Alone\"",
                                  "no such package manager: \"Old\""};
 
-std::vector<WayToFail> allWays()
+std::vector<WayToFail> everyWay()
 {
     const std::vector<std::string> outOfMemory = {bad,          unknown,      "Out of memory", "out of memory",
                                                   notListed[0], notListed[1], notListed[2]};
@@ -170,7 +168,7 @@ std::vector<WayToFail> allWays()
 
 const std::vector<WayToFail> &WaysToFail()
 {
-    static const std::vector<WayToFail> ways = allWays();
+    static const std::vector<WayToFail> ways = everyWay();
     return ways;
 }
 

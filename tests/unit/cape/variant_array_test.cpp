@@ -214,7 +214,8 @@ TEST(VariantArray, CountsFromTheLowestAndToTheHighestBoundOfAll)
 
 TEST(VariantArray, RefusesElementsUpToTheHighestNumberOfAll)
 {
-    EXPECT_EQ(whyNot(arrayOf(VT_R8, std::numeric_limits<LONG>::max(), 1), VT_R8), OLESTR("failed to get upper bound"));
+    EXPECT_EQ(whyNot(arrayOf(VT_R8, std::numeric_limits<LONG>::max(), 1), VT_R8),
+              OLESTR("Expected an array of type double precision"));
 }
 
 // An array of so many elements would not fit into memory, but a descriptor can say what it likes.
