@@ -10,6 +10,12 @@
 
 inline BSTR NewText(const WideString &text) { return SysAllocStringLen(text.data(), static_cast<UINT>(text.size())); }
 
+// A null BSTR is an empty text too.
+inline BSTR NewTextOrNull(FuzzedDataProvider &input, const WideString &text)
+{
+    return text.empty() && input.ConsumeBool() ? nullptr : NewText(text);
+}
+
 // Owner of a BSTR that may be null.
 class OwnText {
 public:
@@ -51,8 +57,8 @@ inline VARIANT NewTexts(FuzzedDataProvider &input, const std::vector<WideString>
 {
     const VARIANT value = NewArray(VT_BSTR, AnyLowerBound(input), texts.size());
     auto *elements = static_cast<BSTR *>(value.parray->pvData);
-    for (const WideString &text : texts) // no text may be a null one
-        *elements++ = text.empty() && input.ConsumeBool() ? nullptr : NewText(text);
+    for (const WideString &text : texts)
+        *elements++ = NewTextOrNull(input, text);
     return value;
 }
 
