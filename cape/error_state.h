@@ -16,8 +16,8 @@ public:
     HRESULT STDMETHODCALLTYPE get_description(BSTR *description) noexcept override;
     HRESULT STDMETHODCALLTYPE get_scope(BSTR *scope) noexcept override;
     HRESULT STDMETHODCALLTYPE get_interfaceName(BSTR *name) noexcept override;
-    HRESULT STDMETHODCALLTYPE
-    get_operation(BSTR *operation) noexcept override; // always "N/A": the method stands in the scope
+    // Always "N/A": the method stands in the scope.
+    HRESULT STDMETHODCALLTYPE get_operation(BSTR *operation) noexcept override;
     HRESULT STDMETHODCALLTYPE get_moreInfo(BSTR *info) noexcept override; // always one address
 
 protected:

@@ -1,6 +1,5 @@
 #include "gateway/lifecycle.h"
 
-#include "cape/com/component_call.h"
 #include "gateway/running_call.h"
 #include "gateway/state/global_lists.h"
 #include "gateway/state/host_mode.h"
@@ -29,7 +28,6 @@ void OnMexExit()
 {
     const KeepFloatingPointMode matlabMode;
     HostFloatingPointMode = FloatingPointMode::current();
-    ComponentCalls = {};
     ForgetAbandonedCalls();
     ResultArray.Reset(1);
     CloseAllPackages();

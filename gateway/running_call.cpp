@@ -8,54 +8,49 @@
 #include "packages/package_table.h"
 
 #include <memory>
+#include <tuple>
 #include <utility>
 
 namespace {
 
-struct SharedState {
+// What the calls share and one that began within another must not touch.
+auto sharedState()
+{
+    return std::tie(LastError, ScratchText, NameList, HandleList, ConstantValues, ResultArray, NameArray,
+                    CommandScratch, PackageInUse);
+}
+
+template <class... State> std::tuple<State...> emptyState(std::tuple<State &...>) { return {}; }
+
+struct OuterCall {
     int depth; // of the component call in which the inner call began
-    WideString lastError;
-    WideString scratchText;
-    std::vector<WideString> nameList;
-    std::vector<std::int32_t> handleList;
-    std::vector<double> constantValues;
-    VariantArray resultArray;
-    VariantArray nameArray;
-    CommandContainers commandScratch;
-    std::shared_ptr<OpenPackage> packageInUse;
+    decltype(emptyState(sharedState())) state;
 };
 
 // Of the calls that wait for an inner one, the outermost first.
-std::vector<std::unique_ptr<SharedState>> outerCalls;
+std::vector<std::unique_ptr<OuterCall>> outerCalls;
 
-void exchangeWith(SharedState &state)
+void exchangeStateWith(OuterCall &call)
 {
-    std::swap(LastError, state.lastError);
-    std::swap(ScratchText, state.scratchText);
-    std::swap(NameList, state.nameList);
-    std::swap(HandleList, state.handleList);
-    std::swap(ConstantValues, state.constantValues);
-    std::swap(ResultArray, state.resultArray);
-    std::swap(NameArray, state.nameArray);
-    std::swap(CommandScratch, state.commandScratch);
-    std::swap(PackageInUse, state.packageInUse);
+    auto shared = sharedState();
+    std::apply([&shared](auto &...kept) { std::tie(kept...).swap(shared); }, call.state);
 }
 
 void noteInnermost() { ComponentCalls.innerCall = outerCalls.empty() ? 0 : outerCalls.back()->depth; }
 
 void endInnerCall()
 {
-    const std::unique_ptr<SharedState> outer = std::move(outerCalls.back());
+    const std::unique_ptr<OuterCall> outer = std::move(outerCalls.back());
     outerCalls.pop_back();
     noteInnermost();
-    exchangeWith(*outer); // what the inner call leaves goes with `outer`
+    exchangeStateWith(*outer); // what the inner call leaves goes with `outer`
 }
 
 void beginInnerCall()
 {
-    auto outer = std::make_unique<SharedState>();
+    auto outer = std::make_unique<OuterCall>();
     outer->depth = ComponentCalls.depth;
-    exchangeWith(*outerCalls.emplace_back(std::move(outer)));
+    exchangeStateWith(*outerCalls.emplace_back(std::move(outer)));
     noteInnermost();
     ComponentCalls.endInnerCall = endInnerCall;
 }

@@ -17,12 +17,13 @@ constexpr unsigned lowWord(DWORD value) { return value & 0xFFFFu; }
 // A version that can't be had is told in the result: scripts that print it go on.
 void GetVersionText()
 {
-    if (!LibraryModule()) {
+    const HMODULE library = LibraryModule();
+    if (!library) {
         ScratchText = OLESTR("Failed to get Verdanth.DLL version: its file is not called Verdanth.mexw64");
         return;
     }
     const std::unique_ptr<WCHAR[]> buffer(new WCHAR[bufferCharacters]());
-    GetModuleFileNameW(LibraryModule(), buffer.get(), bufferCharacters);
+    GetModuleFileNameW(library, buffer.get(), bufferCharacters);
     VS_FIXEDFILEINFO *version = nullptr;
     UINT size = 0;
     // The version block takes the place of the path.
