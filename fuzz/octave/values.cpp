@@ -6,6 +6,7 @@
 #include <octave/ov-struct.h>
 #include <octave/parse.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -181,13 +182,18 @@ void MakeOddValues()
     oddValues.emplace_back(octave_map());
 }
 
-octave_value Row(std::initializer_list<double> list)
+octave_value Row(std::initializer_list<double> numbers)
 {
-    Matrix row(1, static_cast<octave_idx_type>(list.size()));
-    octave_idx_type i = 0;
-    for (const double number : list)
-        row(i++) = number;
+    RowVector row(static_cast<octave_idx_type>(numbers.size()));
+    std::copy(numbers.begin(), numbers.end(), row.fortran_vec());
     return row;
+}
+
+octave_value Column(std::initializer_list<double> numbers)
+{
+    ColumnVector column(static_cast<octave_idx_type>(numbers.size()));
+    std::copy(numbers.begin(), numbers.end(), column.fortran_vec());
+    return column;
 }
 
 octave_value AnyValue(FuzzedDataProvider &input, int depth)

@@ -11,6 +11,7 @@
 void MakeOddValues();
 
 octave_value Row(std::initializer_list<double> numbers);
+octave_value Column(std::initializer_list<double> numbers);
 
 // A value of any class, shape and storage. `depth` is that of the cells and structs around it.
 octave_value AnyValue(FuzzedDataProvider &input, int depth);
