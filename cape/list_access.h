@@ -1,6 +1,7 @@
 // The elements of a list where they lie, for lists that are read or made at every condition.
 #pragma once
 
+#include "cape/com/array_elements.h"
 #include "cape/variant_array.h"
 #include "platform/platform.h"
 
@@ -12,8 +13,7 @@ template <class Element>
 inline bool ListElements(const VARIANT &value, VARTYPE type, const Element *&elements, std::int32_t &count)
 {
     SAFEARRAY *array = value.parray;
-    if (value.vt != (VT_ARRAY | type) || !array || array->cDims != 1 || array->cbElements != sizeof(Element) ||
-        !(SurelyHoldsElements(array, type) || HoldsElements(array, type)))
+    if (value.vt != (VT_ARRAY | type) || !array || array->cDims != 1 || !HoldsElements(array, type, sizeof(Element)))
         return false;
     elements = static_cast<const Element *>(array->pvData);
     count = static_cast<std::int32_t>(array->rgsabound[0].cElements);

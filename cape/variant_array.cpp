@@ -1,5 +1,6 @@
 #include "cape/variant_array.h"
 
+#include "cape/com/array_elements.h"
 #include "cape/com/bstr.h"
 #include "cape/com/component_call.h"
 
@@ -7,48 +8,28 @@
 
 namespace {
 
-struct ElementTypeName {
+struct ElementType {
     VARTYPE type;
     LPCWSTR name;
+    std::size_t size;
 };
 
-constexpr ElementTypeName elementTypeNames[] = {
-    {VT_EMPTY, OLESTR("EMPTY")},         {VT_I2, OLESTR("short")},    {VT_I4, OLESTR("long")},
-    {VT_R8, OLESTR("double precision")}, {VT_BSTR, OLESTR("string")}, {VT_VARIANT, OLESTR("VARIANT")},
+constexpr ElementType elementTypes[] = {
+    {VT_EMPTY, OLESTR("EMPTY"), 0},
+    {VT_I2, OLESTR("short"), sizeof(SHORT)},
+    {VT_I4, OLESTR("long"), sizeof(LONG)},
+    {VT_R8, OLESTR("double precision"), sizeof(double)},
+    {VT_BSTR, OLESTR("string"), sizeof(BSTR)},
+    {VT_VARIANT, OLESTR("VARIANT"), sizeof(VARIANT)},
 };
 
-LPCWSTR nameOfElementType(VARTYPE type)
+ElementType elementTypeOf(VARTYPE type)
 {
-    for (const ElementTypeName &row : elementTypeNames)
+    for (const ElementType &row : elementTypes)
         if (row.type == type)
-            return row.name;
-    return OLESTR("<unknown>");
+            return row;
+    return {type, OLESTR("<unknown>"), 0};
 }
-
-WideString expectedArrayText(VARTYPE elementType)
-{
-    return OLESTR("Expected an array of type ") + WideString(nameOfElementType(elementType));
-}
-
-ULONG elementSize(VARTYPE type)
-{
-    switch (type) {
-    case VT_I2:
-        return sizeof(SHORT);
-    case VT_I4:
-        return sizeof(LONG);
-    case VT_R8:
-        return sizeof(double);
-    case VT_BSTR:
-        return sizeof(BSTR);
-    case VT_VARIANT:
-        return sizeof(VARIANT);
-    default:
-        return 0;
-    }
-}
-
-bool ownSomething(VARTYPE type) { return type == VT_BSTR || type == VT_VARIANT; }
 
 // The other failures are those of an index, which callers keep in range.
 void requireMemory(HRESULT hr)
@@ -58,17 +39,6 @@ void requireMemory(HRESULT hr)
 }
 
 } // namespace
-
-bool HoldsElements(SAFEARRAY *array, VARTYPE elementType)
-{
-    VARTYPE held = VT_EMPTY;
-    const bool isKnown = SUCCEEDED(SafeArrayGetVartype(array, &held));
-    if (isKnown ? held != elementType : ownSomething(elementType))
-        return false;
-    const SAFEARRAYBOUND &bound = array->rgsabound[0];
-    return array->cbElements == elementSize(elementType) && (array->pvData || bound.cElements == 0) &&
-           HasIndices(bound);
-}
 
 VariantArray::VariantArray() { VariantInit(&value); }
 
@@ -120,18 +90,19 @@ bool VariantArray::Validate(VARTYPE elementType, WideString &message)
         count = 0;
         return true;
     }
-    if (value.vt != (VT_ARRAY | elementType)) {
-        message = expectedArrayText(elementType);
+    const ElementType expected = elementTypeOf(elementType);
+    const auto refuse = [&] {
+        message = OLESTR("Expected an array of type ") + WideString(expected.name);
         return false;
-    }
+    };
+    if (value.vt != (VT_ARRAY | elementType))
+        return refuse();
     if (SafeArrayGetDim(value.parray) != 1) {
         message = OLESTR("unexpected dimension; 1-dimensional array expected");
         return false;
     }
-    if (!HoldsElements(value.parray, elementType)) {
-        message = expectedArrayText(elementType);
-        return false;
-    }
+    if (!HoldsElements(value.parray, elementType, expected.size))
+        return refuse();
     LONG lower = 0;
     if (FAILED(SafeArrayGetLBound(value.parray, 1, &lower))) {
         message = OLESTR("failed to get lower bound");

@@ -5,31 +5,7 @@
 #include "platform/platform.h"
 
 #include <cstdint>
-#include <cstring>
 #include <utility>
-
-// Whether an array of one dimension holds what a VARIANT says of it: elements of the type, as many as an index reaches.
-// One that does not know the type of its elements is believed if they own nothing.
-bool HoldsElements(SAFEARRAY *array, VARTYPE elementType);
-
-// Whether every element has an index, and the index behind the last one is a number, too: some systems calculate it.
-inline bool HasIndices(const SAFEARRAYBOUND &bound)
-{
-    constexpr std::int64_t highest = 0x7FFFFFFF;
-    const std::int64_t count = bound.cElements;
-    return count <= highest && bound.lLbound + count <= highest;
-}
-
-// The usual answer without a call: true is right where elements have the size of the type, false says nothing. An array
-// that has FADF_HAVEVARTYPE keeps the type in the 4 bytes in front of its descriptor, as oaidl.h tells.
-inline bool SurelyHoldsElements(const SAFEARRAY *array, VARTYPE elementType)
-{
-    std::uint32_t held = 0;
-    if ((array->fFeatures & FADF_HAVEVARTYPE) == 0)
-        return false;
-    std::memcpy(&held, reinterpret_cast<const char *>(array) - sizeof held, sizeof held);
-    return held == elementType && array->pvData && HasIndices(array->rgsabound[0]);
-}
 
 class VariantArray {
 public:

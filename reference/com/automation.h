@@ -1,12 +1,12 @@
 // Automation values as they are made, and lists as they come in arguments.
 #pragma once
 
+#include "cape/com/array_elements.h"
 #include "cape/com/bstr.h"
 #include "cape/com/variant.h"
 
 #include <functional>
 #include <iterator>
-#include <limits>
 #include <span>
 #include <string_view>
 
@@ -58,21 +58,13 @@ public:
     // False when the value is not a one-dimensional array of these elements. Call it once only.
     bool open(const VARIANT &value)
     {
-        if (value.vt != (VT_ARRAY | type) || !value.parray || SafeArrayGetDim(value.parray) != 1 ||
-            SafeArrayGetElemsize(value.parray) != sizeof(Element))
-            return false;
-        // What the array says of itself counts, too. One that does not know is believed where elements own nothing.
-        VARTYPE held = VT_EMPTY;
-        const bool isKnown = SUCCEEDED(SafeArrayGetVartype(value.parray, &held));
-        if (isKnown ? held != type : type == VT_BSTR)
-            return false;
-        const ULONG count = value.parray->rgsabound[0].cElements;
         void *data = nullptr;
-        if (count > std::numeric_limits<LONG>::max() || FAILED(SafeArrayAccessData(value.parray, &data)))
+        if (value.vt != (VT_ARRAY | type) || SafeArrayGetDim(value.parray) != 1 ||
+            !HoldsElements(value.parray, type, sizeof(Element)) || FAILED(SafeArrayAccessData(value.parray, &data)))
             return false;
         array = value.parray;
-        elements = {static_cast<const Element *>(data), static_cast<std::size_t>(count)};
-        return data || count == 0;
+        elements = {static_cast<const Element *>(data), value.parray->rgsabound[0].cElements};
+        return true;
     }
     int size() const { return static_cast<int>(elements.size()); }
     const Element &operator[](int index) const { return elements[static_cast<std::size_t>(index)]; }
