@@ -7,19 +7,43 @@ add_subdirectory(/usr/src/googletest googletest EXCLUDE_FROM_ALL SYSTEM)
 # A test program is asked for its tests when they are to be run: with a cross build, building needs no emulator.
 set(CMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE PRE_TEST)
 
-# What every program of tests is compiled with. Most of the time goes into headers, hence these once per program; and a
-# test is run once, hence no optimization and just the line numbers.
+# What every program of tests is compiled with: a test is run once, hence no optimization and just the line numbers.
+set(test_options -O0 -g1)
+if(NOT WIN32)
+    list(APPEND test_options -fPIC) # programs, too, so that they can share compiled headers with libraries
+endif()
+target_compile_options(gtest PRIVATE ${test_options})
 add_library(test_code INTERFACE)
 target_link_libraries(test_code INTERFACE GTest::gtest)
-target_compile_options(test_code INTERFACE -O0 -g1)
-target_precompile_headers(test_code INTERFACE <gtest/gtest.h> <functional> <string> <vector>
-                          "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/platform/platform.h>")
+target_compile_options(test_code INTERFACE ${test_options})
+
+# All targets below a directory.
+function(targets_below directory result)
+    get_property(targets DIRECTORY ${directory} PROPERTY BUILDSYSTEM_TARGETS)
+    get_property(subdirectories DIRECTORY ${directory} PROPERTY SUBDIRECTORIES)
+    foreach(subdirectory IN LISTS subdirectories)
+        targets_below(${subdirectory} below)
+        list(APPEND targets ${below})
+    endforeach()
+    set(${result} ${targets} PARENT_SCOPE)
+endfunction()
+
+# Most of the time goes into headers: what is test code below a directory shares them, compiled once as `test_headers`.
+function(share_test_headers directory)
+    targets_below(${directory} targets)
+    foreach(target IN LISTS targets)
+        get_target_property(libraries ${target} LINK_LIBRARIES)
+        if(NOT target STREQUAL test_headers AND libraries MATCHES "(^|;)test_(code|support)(;|$)")
+            target_precompile_headers(${target} REUSE_FROM test_headers)
+        endif()
+    endforeach()
+endfunction()
 
 # Adds the suites of a GoogleTest program to CTest as PREFIX and the suite's name, each run in a process of its own, with
-# the test properties that follow. While a suite runs whose name matches ALONE, no other test does. Their cases are counted
-# one by one: scripts/run_suite.py.
+# the test properties that follow; suites whose name matches REGISTRY_SUITES have those of ${ON_REGISTRY}, too. Their cases are
+# counted one by one: scripts/run_suite.py.
 function(add_suites target prefix)
-    cmake_parse_arguments(suites "" "ALONE" "" ${ARGN})
+    cmake_parse_arguments(suites "" "REGISTRY_SUITES" "" ${ARGN})
     set(file ${CMAKE_CURRENT_BINARY_DIR}/${prefix}${target}.cmake)
     file(GENERATE OUTPUT ${file} CONTENT
 "set(target ${target})
@@ -30,13 +54,18 @@ set(runner ${PROJECT_SOURCE_DIR}/scripts/run_suite.py)
 set(cases ${PROJECT_BINARY_DIR}/test-cases)
 set(folder ${CMAKE_CURRENT_BINARY_DIR})
 set(properties \"${suites_UNPARSED_ARGUMENTS}\")
-set(alone \"${suites_ALONE}\")
+set(registry_suites \"${suites_REGISTRY_SUITES}\")
+set(registry_properties \"${ON_REGISTRY}\")
 include(${PROJECT_SOURCE_DIR}/cmake/discover_suites.cmake)
 ")
     set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${file})
 endfunction()
 
 if(WIN32)
+    # The test properties of what changes the registry, of which each of the prefixes of scripts/wine.sh has one, or counts
+    # on nobody else changing it.
+    set(ON_REGISTRY RESOURCE_LOCK registry)
+    set(ON_SECOND_REGISTRY RESOURCE_LOCK second_registry ENVIRONMENT_MODIFICATION VERDANTH_WINE=set:second)
     # Before anything else CTest gets Wine up, which takes longer the first time than a test may.
     configure_file(${PROJECT_SOURCE_DIR}/cmake/wine-up.cmake.in ${PROJECT_BINARY_DIR}/wine-up.cmake @ONLY)
     set_property(DIRECTORY PROPERTY TEST_INCLUDE_FILES ${PROJECT_BINARY_DIR}/wine-up.cmake)
@@ -44,7 +73,7 @@ endif()
 
 # Every Windows program called *_tests below a directory runs once more, all of it in one process, with heap checking.
 function(add_heap_checks directory)
-    get_property(targets DIRECTORY ${directory} PROPERTY BUILDSYSTEM_TARGETS)
+    targets_below(${directory} targets)
     foreach(target IN LISTS targets)
         get_target_property(type ${target} TYPE)
         if(type STREQUAL EXECUTABLE AND target MATCHES "_tests$")
@@ -58,11 +87,8 @@ function(add_heap_checks directory)
             if(environment)
                 set_tests_properties(HeapCheck.${target} PROPERTIES ENVIRONMENT "${environment}")
             endif()
-            set_tests_properties(HeapCheck.${target} PROPERTIES RESOURCE_LOCK registry TIMEOUT 900)
+            # First of all: they take longest.
+            set_tests_properties(HeapCheck.${target} PROPERTIES COST 100 TIMEOUT 900 ${ON_SECOND_REGISTRY})
         endif()
-    endforeach()
-    get_property(subdirectories DIRECTORY ${directory} PROPERTY SUBDIRECTORIES)
-    foreach(subdirectory IN LISTS subdirectories)
-        add_heap_checks(${subdirectory})
     endforeach()
 endfunction()

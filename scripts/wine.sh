@@ -1,13 +1,14 @@
 #!/bin/sh
-# Runs Windows programs under Wine in a prefix of the project's own, build/wine.
+# Runs Windows programs under Wine in a prefix of the project's own, build/wine. What works on the registry can be run
+# beside others that do with VERDANTH_WINE=second, which has a copy of the prefix to itself, build/wine-second.
 #
 #   scripts/wine.sh PROGRAM.exe [ARGUMENT...]   runs it; makes the prefix and starts the server first if need be
 #   scripts/wine.sh --apart PROGRAM.exe [ARGUMENT...]
 #                                               runs it in a copy of the prefix with a server of its own, both of which
 #                                               then go: for what spoils the session for others
 #   scripts/wine.sh --up                        only makes ready
-#   scripts/wine.sh --down                      stops the server, unless a program is running
-#   scripts/wine.sh --kill                      stops the server and whatever runs in the prefix
+#   scripts/wine.sh --down                      stops the servers in which no program is running
+#   scripts/wine.sh --kill                      stops the servers and whatever runs in the prefixes
 #
 # With the server and Wine's services already up, a test process starts in 20 ms; without, each takes seconds. So the
 # server outlives the programs for a while, and ends by itself when nobody asks for it any more.
@@ -24,14 +25,24 @@ fi
 
 root=$(cd "$(dirname "$0")/.." && pwd)
 build=$root/build
-lock=$build/wine.lock
-ready=$build/wine/.ready
-window=$build/wine/.window
+first=$build/wine
+second=$build/wine-second
+case ${VERDANTH_WINE-} in
+"") prefix=$first ;;
+second) prefix=$second ;;
+*)
+    echo "wine.sh: VERDANTH_WINE is second, or nothing" >&2
+    exit 2
+    ;;
+esac
+lock=$prefix.lock
+ready=$prefix/.ready
+window=$prefix/.window
 recipe=6        # raise when make_prefix changes: older prefixes are then made anew
 idle_seconds=60
 window_seconds=1800
 
-export WINEPREFIX="$build/wine"
+export WINEPREFIX="$prefix"
 # Of Wine's own messages only those on memory: why a program could not begin.
 export WINEDEBUG="${WINEDEBUG:--all,err+virtual}"
 # The same code page and language everywhere, whoever runs the tests.
@@ -96,6 +107,14 @@ REG
     echo $recipe >"$ready"
 }
 
+# A copy with a registry of its own. The other files are the same ones: nothing of Wine writes to those.
+copy_prefix() { # FROM TO
+    mkdir -p "$2"
+    cp -al "$1/." "$2"
+    rm -f "$2"/*.reg "$2/.ready" "$2/.window"
+    cp "$1"/*.reg "$2"
+}
+
 # Every test that lists the packages of the machine walks the classes of the prefix. Of Wine's own, 600 and more, only
 # COM's and automation's are needed here, those that end as theirs do, and the ones that carry calls between processes.
 drop_classes() {
@@ -114,7 +133,17 @@ drop_classes() {
 }
 
 bring_up() {
-    is_ready || make_prefix
+    if ! is_ready; then
+        if [ "$prefix" = "$first" ]; then
+            make_prefix
+        else
+            quietly wineserver -k || true
+            VERDANTH_WINE="" "$0" --up 9>&-
+            rm -rf "$prefix"
+            copy_prefix "$first" "$prefix"
+            echo $recipe >"$ready"
+        fi
+    fi
     if ! is_up; then
         quietly wineserver "-p$idle_seconds" || true
         # The first program brings up Wine's services, which inherit its output and would keep a pipe open.
@@ -148,20 +177,20 @@ case ${1-} in
     ensure_up
     ;;
 --down)
-    if flock -n -x 9; then quietly wineserver -k || true; fi
+    for prefix in "$first" "$second"; do
+        exec 9>>"$prefix.lock"
+        if flock -n -x 9; then WINEPREFIX="$prefix" quietly wineserver -k || true; fi
+    done
     ;;
 --kill)
-    quietly wineserver -k || true
+    for prefix in "$first" "$second"; do WINEPREFIX="$prefix" quietly wineserver -k || true; done
     ;;
 --apart)
     shift
     ensure_up
     apart=$(mktemp -d "$build/wine-apart.XXXXXX")
     trap 'quietly wineserver -k || true; rm -rf "$apart"' EXIT
-    cp -al "$WINEPREFIX/." "$apart"
-    # Wine writes into a registry file that has other names, too.
-    rm "$apart"/*.reg
-    cp "$WINEPREFIX"/*.reg "$apart"
+    copy_prefix "$WINEPREFIX" "$apart"
     export WINEPREFIX="$apart"
     quietly wineserver "-p$idle_seconds" || true
     quietly "$wine" cmd /c exit

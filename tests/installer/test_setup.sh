@@ -3,11 +3,12 @@
 #
 #   tests/installer/test_setup.sh BUILD      the build folder of windows-x64
 set -eu
+export VERDANTH_WINE=second # the whole registry is compared: nothing else may change it
 build=$(cd "$1" && pwd)
 cd "$(dirname "$0")/../.."
 root=$PWD
 wine=$root/scripts/wine.sh
-drive=$root/build/wine/drive_c
+drive=$root/build/wine-$VERDANTH_WINE/drive_c
 installed="$drive/Program Files/Verdanth"
 work=$build/installer_test
 rm -rf "$work"
