@@ -1,59 +1,44 @@
-// A hundred thousand random flash problems of all pairs of specifications: how many of each were solved, how
-// many refused for a reason that is true, and what time they took. Ends with 1 if any answer is wrong, or if more than
-// one of a thousand were refused that have a solution.
-#include "tests/reference/engine/flash_sweep.h"
-#include "reference/engine/flash/flash_reason.h"
+// Flashes at given temperature and pressure over feeds of many kinds, each held against a slow search for the stable
+// state. Ends with 1 if any answer is not the stable state, or any feed was refused that has one.
+#include "tests/reference/engine/phase_sweep.h"
 
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-
-namespace {
+#include <string_view>
 
 using namespace reference;
 
-struct PairTotal {
-    SweepCount count;
-    double seconds = 0.0;
-};
-
-} // namespace
-
-// flash_sweep [PROBLEMS [FIRST]]: each problem follows from its number alone.
+// flash_sweep [FEEDS [FIRST [FAMILY]]]: so many of each family; each follows from its number alone.
 int main(int count, char **arguments)
 {
-    const int problems = count > 1 ? std::atoi(arguments[1]) : 100000;
+    const int feeds = count > 1 ? std::atoi(arguments[1]) : 100000 / static_cast<int>(feedFamilies().size());
     const std::uint64_t first = count > 2 ? std::strtoull(arguments[2], nullptr, 10) : 1000000;
-    static PairTotal pairs[flashVariableCount][flashVariableCount];
-    SweepCount all;
-    for (std::uint64_t number = first; number < first + static_cast<std::uint64_t>(problems); ++number) {
+    const std::string_view only = count > 3 ? arguments[3] : "";
+    PhaseSweepCount all;
+    const auto print = [](const char *name, const PhaseSweepCount &sum, double milliseconds) {
+        std::printf("%-12s %7d %7d %7d %7d %7d %7d %7d %7d %7d %9.2f\n", name, sum.feeds, sum.byPhases[1],
+                    sum.byPhases[2], sum.byPhases[3], sum.byPhases[0], sum.worse, sum.refused, sum.inexact,
+                    sum.judgeWorse, milliseconds);
+        std::fflush(stdout);
+    };
+    std::printf("%-12s %7s %7s %7s %7s %7s %7s %7s %7s %7s %9s\n", "", "feeds", "one", "two", "three", "none", "worse",
+                "refused", "inexact", "judge", "ms each");
+    for (const FeedFamily &family : feedFamilies()) {
+        if (!only.empty() && only != family.name)
+            continue;
+        PhaseSweepCount sum;
         const auto start = std::chrono::steady_clock::now();
-        const Sweep one = sweepFlashes(number, 1);
-        const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-        for (int i = 0; i < flashVariableCount; ++i)
-            for (int j = i; j < flashVariableCount; ++j) {
-                if (one.counts[i][j].problems == 0)
-                    continue;
-                pairs[i][j].count.add(one.counts[i][j]);
-                pairs[i][j].seconds += seconds;
-            }
-        all.add(one.total());
-        for (const std::string &fault : one.faults)
-            std::printf("problem %llu: %s\n", static_cast<unsigned long long>(number), fault.c_str());
-    }
-
-    std::printf("%-20s %-20s %9s %9s %9s %9s %9s %9s\n", "", "", "problems", "solved", "refused", "missed", "wrong",
-                "ms each");
-    double seconds = 0.0;
-    for (int i = 0; i < flashVariableCount; ++i)
-        for (int j = i + 1; j < flashVariableCount; ++j) {
-            const SweepCount &pair = pairs[i][j].count;
-            seconds += pairs[i][j].seconds;
-            std::printf("%-20s %-20s %9d %9d %9d %9d %9d %9.2f\n", flashVariableName(static_cast<FlashVariable>(i)),
-                        flashVariableName(static_cast<FlashVariable>(j)), pair.problems, pair.solved, pair.refused,
-                        pair.missed, pair.wrong, pair.problems ? 1e3 * pairs[i][j].seconds / pair.problems : 0.0);
+        for (int i = 0; i < feeds; ++i) {
+            const PhaseSweep one = sweepPhases(family, first + static_cast<std::uint64_t>(i), 1);
+            sum.add(one.count);
+            for (const std::string &fault : one.faults)
+                std::printf("%s %llu: %s\n", family.name, static_cast<unsigned long long>(first) + i, fault.c_str());
         }
-    std::printf("%-41s %9d %9d %9d %9d %9d %9.2f\n", "all", all.problems, all.solved, all.refused, all.missed,
-                all.wrong, 1e3 * seconds / problems);
-    return all.wrong == 0 && all.missed <= problems / 1000 ? 0 : 1;
+        const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
+        print(family.name, sum, 1e3 * seconds.count() / feeds);
+        all.add(sum);
+    }
+    print("all", all, 0.0);
+    return all.faults() == 0 ? 0 : 1;
 }

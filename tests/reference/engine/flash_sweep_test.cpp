@@ -6,7 +6,7 @@ using namespace reference;
 
 namespace {
 
-// A quarter of two thousand problems; bench/flash_sweep.cpp runs a hundred thousand.
+// A quarter of two thousand problems; bench/pair_sweep.cpp runs a hundred thousand.
 class FlashSweep : public testing::TestWithParam<int> {};
 
 } // namespace

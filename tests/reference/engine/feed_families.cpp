@@ -1,0 +1,219 @@
+#include "tests/reference/engine/feed_families.h"
+
+#include "reference/engine/equilibrium/flash_tp.h"
+#include "tests/reference/engine/mixtures.h"
+
+#include <sstream>
+
+namespace reference {
+
+namespace {
+
+using Names = std::vector<std::string_view>;
+
+const Names refinery = {"hydrogen", "nitrogen",  "carbon monoxide", "carbon dioxide",   "hydrogen sulfide", "methane",
+                        "ethane",   "ethylene",  "propane",         "propylene",        "n-butane",         "isobutane",
+                        "1-butene", "isobutene", "n-pentane",       "carbonyl sulfide", "n-hexane"};
+const Names aromatics = {"benzene",           "toluene",  "ethylbenzene", "o-xylene", "p-xylene", "cyclohexane",
+                         "methylcyclohexane", "n-hexane", "n-heptane",    "n-octane", "methane",  "hydrogen"};
+const Names wetHydrocarbons = {"water",    "methane",  "ethane",   "propane", "n-butane", "n-pentane",
+                               "n-hexane", "n-octane", "n-decane", "benzene", "nitrogen", "carbon dioxide"};
+const Names sour = {"hydrogen sulfide", "carbon dioxide", "methane", "ethane", "propane", "n-butane", "nitrogen"};
+const Names alcohols = {"water",     "methanol", "ethanol",  "1-propanol", "2-propanol",
+                        "1-butanol", "acetone",  "n-hexane", "benzene",    "methane"};
+
+class Draw {
+public:
+    explicit Draw(std::uint64_t seed) : random(seed * 2654435761u + 17) {}
+
+    double uniform() { return std::uniform_real_distribution<double>(0.0, 1.0)(random); }
+    double between(double low, double high) { return low + (high - low) * uniform(); }
+    double logBetween(double low, double high) { return low * std::pow(high / low, uniform()); }
+
+    // Some of the compounds, `always` the first ones of them.
+    Names some(const Names &from, std::size_t always, std::size_t fewest, std::size_t most)
+    {
+        Names names = from;
+        std::shuffle(names.begin() + static_cast<std::ptrdiff_t>(always), names.end(), random);
+        names.resize(std::min(names.size(), fewest + random() % (most - fewest + 1)));
+        return names;
+    }
+
+    EquationOfState cubic()
+    {
+        return uniform() < 0.7 ? EquationOfState::pengRobinson : EquationOfState::soaveRedlichKwong;
+    }
+
+    // Mole fractions of which a part are traces.
+    std::vector<double> fractions(std::size_t count, double shareOfTraces, double trace)
+    {
+        std::vector<double> z(count);
+        double sum = 0.0;
+        while (!(sum > 0.01)) {
+            sum = 0.0;
+            for (double &fraction : z) {
+                fraction = -std::log(1.0 - uniform()) * (uniform() < shareOfTraces ? trace : 1.0);
+                sum += fraction;
+            }
+        }
+        for (double &fraction : z)
+            fraction /= sum;
+        return z;
+    }
+
+    FeedCase feed(const Names &names, double shareOfTraces, double trace, double temperature, double pressure)
+    {
+        return {std::make_shared<MixtureModel>(modelOf(names, cubic())), fractions(names.size(), shareOfTraces, trace),
+                temperature, pressure};
+    }
+
+private:
+    std::mt19937_64 random;
+};
+
+FeedCase naturalGas(std::uint64_t seed)
+{
+    Draw draw(seed);
+    FeedCase made = draw.feed(draw.some(naturalGasCompounds, 1, 3, 11), 0.2, 1e-3, draw.between(100.0, 350.0),
+                              draw.logBetween(1e5, 2e7));
+    made.z[0] += 2.0; // mostly methane
+    for (double &fraction : made.z)
+        fraction /= 3.0;
+    return made;
+}
+
+FeedCase refineryGas(std::uint64_t seed)
+{
+    Draw draw(seed);
+    return draw.feed(draw.some(refinery, 0, 3, 12), 0.2, 1e-3, draw.between(90.0, 450.0), draw.logBetween(1e5, 3e7));
+}
+
+FeedCase aromaticFeed(std::uint64_t seed)
+{
+    Draw draw(seed);
+    return draw.feed(draw.some(aromatics, 0, 2, 10), 0.2, 1e-3, draw.between(250.0, 650.0), draw.logBetween(1e4, 1e7));
+}
+
+FeedCase traces(std::uint64_t seed)
+{
+    Draw draw(seed);
+    const bool wet = draw.uniform() < 0.5;
+    return draw.feed(draw.some(wet ? wetHydrocarbons : naturalGasCompounds, 1, 3, 10), 0.6, 1e-8,
+                     draw.between(150.0, 450.0), draw.logBetween(1e4, 2e7));
+}
+
+FeedCase wet(std::uint64_t seed)
+{
+    Draw draw(seed);
+    return draw.feed(draw.some(wetHydrocarbons, 1, 2, 10), 0.15, 1e-4, draw.between(250.0, 550.0),
+                     draw.logBetween(1e5, 3e7));
+}
+
+FeedCase coldSour(std::uint64_t seed)
+{
+    Draw draw(seed);
+    return draw.feed(draw.some(sour, 2, 3, 7), 0.1, 1e-3, draw.between(130.0, 280.0), draw.logBetween(1e5, 2e7));
+}
+
+FeedCase alcoholFeed(std::uint64_t seed)
+{
+    Draw draw(seed);
+    return draw.feed(draw.some(alcohols, 0, 2, 7), 0.1, 1e-3, draw.between(270.0, 500.0), draw.logBetween(1e4, 1e7));
+}
+
+FeedCase anyFeed(Draw &draw)
+{
+    const Names *const lists[] = {&naturalGasCompounds, &refinery, &wetHydrocarbons, &sour, &aromatics};
+    const Names &list = *lists[static_cast<int>(5.0 * draw.uniform())];
+    return draw.feed(draw.some(list, 1, 2, 9), 0.1, 1e-3, draw.between(150.0, 500.0), draw.logBetween(1e5, 1e7));
+}
+
+int phaseCountOf(const FeedCase &feed)
+{
+    FlashResult result;
+    if (flashTP(*feed.model, feed.temperature, feed.pressure, feed.z, result) != FlashStatus::solved)
+        return -1;
+    return result.vaporPresent + result.liquidPresent;
+}
+
+// Where the number of phases changes with the pressure, to one part of a hundred to ten million.
+FeedCase nearBoundary(std::uint64_t seed)
+{
+    Draw draw(seed);
+    FeedCase made = anyFeed(draw);
+    for (int attempt = 0; attempt < 20; ++attempt) {
+        made.temperature = draw.between(150.0, 500.0);
+        double low = 1e5;
+        double high = draw.logBetween(5e5, 3e7);
+        const auto countAt = [&](double pressure) {
+            made.pressure = pressure;
+            return phaseCountOf(made);
+        };
+        const int atLow = countAt(low);
+        if (atLow == countAt(high))
+            continue;
+        for (int halving = 0; halving < 50; ++halving) {
+            const double middle = std::sqrt(low * high);
+            (countAt(middle) == atLow ? low : high) = middle;
+        }
+        made.pressure = low * (1.0 + (draw.uniform() < 0.5 ? -1.0 : 1.0) * draw.logBetween(1e-7, 1e-2));
+        break;
+    }
+    return made;
+}
+
+// Binaries and ternaries around the mean of their critical temperatures: the phases are nearly alike.
+FeedCase nearCritical(std::uint64_t seed)
+{
+    Draw draw(seed);
+    const Names light = {"methane", "ethane", "propane", "carbon dioxide", "hydrogen sulfide", "nitrogen", "n-butane"};
+    FeedCase made = draw.feed(draw.some(light, 0, 2, 5), 0.0, 1.0, 0.0, 0.0);
+    double temperature = 0.0;
+    double pressure = 0.0;
+    for (std::size_t i = 0; i < made.z.size(); ++i) {
+        temperature += made.z[i] * made.model->compounds[i].criticalTemperature;
+        pressure += made.z[i] * made.model->compounds[i].criticalPressure;
+    }
+    made.temperature = temperature * draw.between(0.95, 1.15);
+    // The highest pressure with two phases at this temperature is the place to be near to.
+    double top = pressure;
+    for (double at = 0.6 * pressure; at < 4.0 * pressure; at *= 1.05) {
+        made.pressure = at;
+        if (phaseCountOf(made) == 2)
+            top = at;
+    }
+    double none = 1.06 * top;
+    for (int halving = 0; halving < 30; ++halving) {
+        made.pressure = 0.5 * (top + none);
+        (phaseCountOf(made) == 2 ? top : none) = made.pressure;
+    }
+    made.pressure = top * (1.0 - draw.logBetween(1e-8, 3e-2));
+    return made;
+}
+
+constexpr FeedFamily families[] = {{"natural gas", naturalGas},
+                                   {"refinery", refineryGas},
+                                   {"aromatics", aromaticFeed},
+                                   {"traces", traces},
+                                   {"water", wet},
+                                   {"sour, cold", coldSour},
+                                   {"boundaries", nearBoundary},
+                                   {"critical", nearCritical},
+                                   {"alcohols", alcoholFeed}};
+
+} // namespace
+
+std::span<const FeedFamily> feedFamilies() { return families; }
+
+std::string FeedCase::describe() const
+{
+    std::ostringstream text;
+    text.precision(17);
+    text << temperature << " K, " << pressure << " Pa, "
+         << (model->equation == EquationOfState::pengRobinson ? "Peng-Robinson" : "Soave-Redlich-Kwong");
+    for (int i = 0; i < model->size; ++i)
+        text << ", " << model->compounds[i].data->id << ' ' << z[static_cast<std::size_t>(i)];
+    return text.str();
+}
+
+} // namespace reference
