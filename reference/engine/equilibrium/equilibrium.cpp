@@ -2,83 +2,87 @@
 
 #include "reference/engine/eos/gas_constant.h"
 #include "reference/engine/equilibrium/flash_tp.h"
-#include "reference/engine/equilibrium/phase_transfer.h"
-#include "reference/engine/numerics/symmetric_solve.h"
-#include "reference/engine/phase/phase_evaluation.h"
-
-#include <cmath>
+#include "reference/engine/equilibrium/split_curvature.h"
 
 namespace reference {
 
 namespace {
 
-// What the moles that pass from one phase to the other add to the slopes. With g the difference of the
-// logarithms of the fugacities, v the moles of vapor and M = dg/dv, the mixture in equilibrium has
-// dv = -M^-1 dg; and the partial molar enthalpies and volumes differ by -R T^2 dg/dT and R T dg/dP.
-void addTransfer(const Feed &feed, const Isotherm &isotherm, const PhaseProperties &vapor,
-                 const PhaseProperties &liquid, const FlashResult &phases, Totals &totals)
+// A phase of a result, with what it holds.
+struct HeldPhase {
+    PhaseProperties properties;
+    double amount;
+};
+
+// What the moles that move between phases add to the slopes. With g the difference of the logarithms of the fugacities
+// along each move, v the moles that move and M = dg/dv, the mixture in equilibrium has dv = -M^-1 dg; and the partial
+// molar enthalpies and volumes differ by -R T^2 dg/dT and R T dg/dP.
+void addTransfer(const Feed &feed, const Isotherm &isotherm, int count, const HeldPhase *phases, Totals &totals)
 {
-    const int n = feed.size();
-    const double T = isotherm.temperature;
-    PhaseTransfer transfer(feed.model, isotherm, {phases.vaporFraction, phases.liquidFraction}, feed.z, vapor.state,
-                           phases.vapor, liquid.state, phases.liquid);
-    CompoundArray byT{};
-    CompoundArray byP{};
-    for (int i = 0; i < n; ++i) {
-        byT[i] = transfer.scale[i] * (vapor.slopes.lnPhiByT[i] - liquid.slopes.lnPhiByT[i]);
-        byP[i] = transfer.scale[i] * (vapor.slopes.lnPhiByP[i] - liquid.slopes.lnPhiByP[i]);
+    PhaseView views[maximumPhases];
+    for (int k = 0; k < count; ++k)
+        views[k] = {phases[k].amount, &phases[k].properties.fractions, &phases[k].properties.state};
+    SplitCurvature curvature(feed.model, isotherm, count, views);
+    MoveArray byT;
+    MoveArray byP;
+    for (int a = 0; a < curvature.size(); ++a) {
+        const SplitCurvature::Move &move = curvature.move(a);
+        const PhaseSlopes &to = phases[move.to].properties.slopes;
+        const PhaseSlopes &from = phases[move.from].properties.slopes;
+        byT[a] = move.scale * (to.lnPhiByT[move.compound] - from.lnPhiByT[move.compound]);
+        byP[a] = move.scale * (to.lnPhiByP[move.compound] - from.lnPhiByP[move.compound]);
     }
-    factorDescent(n, transfer.matrix);
-    CompoundArray movedByT = byT;
-    CompoundArray movedByP = byP;
-    solveFactored(n, transfer.matrix, movedByT);
-    solveFactored(n, transfer.matrix, movedByP);
+    MoveArray movedByT = byT;
+    MoveArray movedByP = byP;
+    curvature.solve(movedByT);
+    curvature.solve(movedByP);
     double TT = 0.0;
     double TP = 0.0;
     double PP = 0.0;
-    for (int i = 0; i < n; ++i) {
-        TT += byT[i] * movedByT[i];
-        TP += byT[i] * movedByP[i];
-        PP += byP[i] * movedByP[i];
+    for (int a = 0; a < curvature.size(); ++a) {
+        TT += byT[a] * movedByT[a];
+        TP += byT[a] * movedByP[a];
+        PP += byP[a] * movedByP[a];
     }
-    const double factor = phases.vaporFraction * phases.liquidFraction * gasConstant * T;
-    totals.heatCapacity += factor * T * TT;
-    totals.volumeByT -= factor * TP;
-    totals.volumeByP -= factor * PP;
+    const double thermal = gasConstant * isotherm.temperature;
+    totals.heatCapacity += thermal * isotherm.temperature * TT;
+    totals.volumeByT -= thermal * TP;
+    totals.volumeByP -= thermal * PP;
 }
 
 } // namespace
 
-bool Equilibrium::find(const Feed &feed, double temperature, double pressure)
+FlashStatus Equilibrium::find(const Feed &feed, double temperature, double pressure)
 {
-    if (feed.phases != FlashPhases::vaporAndLiquid) {
-        phases.temperature = temperature;
-        phases.pressure = pressure;
-        phases.setOnePhase(feed.phases == FlashPhases::vaporOnly, feed.fractions());
-    } else if (flashTP(feed.model, temperature, pressure, feed.fractions(), phases) != FlashStatus::solved) {
-        return false;
-    }
+    const FlashStatus status = flashTP(feed.model, temperature, pressure, feed.fractions(), feed.phases, phases);
+    if (status == FlashStatus::solved)
+        findTotals(feed);
+    return status;
+}
 
-    const Isotherm isotherm(feed.model, temperature);
-    PhaseProperties vapor;
-    PhaseProperties liquid;
+void Equilibrium::findTotals(const Feed &feed)
+{
+    const Isotherm isotherm(feed.model, phases.temperature);
+    HeldPhase held[maximumPhases];
+    int count = 0;
     totals = Totals{};
-    totals.temperature = temperature;
-    totals.pressure = pressure;
-    if (phases.vaporPresent) {
-        evaluateProperties(feed.model, isotherm, pressure, phases.vapor.data(), Root::vapor, vapor);
-        addDerivatives(feed.model, isotherm, vapor);
-        totals.add(phases.vaporFraction, Totals::of(vapor));
-    }
-    if (phases.liquidPresent) {
-        evaluateProperties(feed.model, isotherm, pressure, phases.liquid.data(), Root::liquid, liquid);
-        addDerivatives(feed.model, isotherm, liquid);
-        totals.add(phases.liquidFraction, Totals::of(liquid));
-    }
-    if (twoPhases())
-        addTransfer(feed, isotherm, vapor, liquid, phases, totals);
-    gibbs = totals.value(FlashVariable::gibbsEnergy) / (gasConstant * temperature);
-    return true;
+    totals.temperature = phases.temperature;
+    totals.pressure = phases.pressure;
+    const auto take = [&](bool present, double amount, const CompoundArray &fractions, Root root) {
+        if (!present)
+            return;
+        HeldPhase &phase = held[count++];
+        phase.amount = amount;
+        evaluateProperties(feed.model, isotherm, phases.pressure, fractions.data(), root, phase.properties);
+        addDerivatives(feed.model, isotherm, phase.properties);
+        totals.add(amount, Totals::of(phase.properties));
+    };
+    take(phases.vaporPresent, phases.vaporFraction, phases.vapor, Root::vapor);
+    take(phases.liquidPresent, phases.liquidFraction, phases.liquid, Root::liquid);
+    take(phases.liquid2Present, phases.liquid2Fraction, phases.liquid2, Root::liquid);
+    if (count > 1)
+        addTransfer(feed, isotherm, count, held, totals);
+    gibbs = totals.value(FlashVariable::gibbsEnergy) / (gasConstant * phases.temperature);
 }
 
 } // namespace reference

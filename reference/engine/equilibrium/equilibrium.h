@@ -1,7 +1,6 @@
 // A mixture in equilibrium at a temperature and pressure, with what it holds and how that changes.
 #pragma once
 
-#include "reference/engine/equilibrium/rachford_rice.h"
 #include "reference/engine/equilibrium/totals.h"
 
 namespace reference {
@@ -21,10 +20,11 @@ struct Equilibrium {
     Totals totals;
     double gibbs; // over R T
 
-    // Finds the phases at a temperature and pressure, and fills all. False when they are not found.
-    bool find(const Feed &feed, double temperature, double pressure);
+    // Finds the phases at a temperature and pressure, and fills all when they are found.
+    FlashStatus find(const Feed &feed, double temperature, double pressure);
 
-    bool twoPhases() const { return phases.vaporPresent && phases.liquidPresent; }
+    // Fills the rest from the phases, of which there must be something.
+    void findTotals(const Feed &feed);
 };
 
 } // namespace reference

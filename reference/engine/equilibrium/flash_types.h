@@ -48,18 +48,32 @@ enum class SolutionType {
     retrograde,
 };
 
-// The phases that may be formed.
+// The phases that may be formed. Where only one kind is allowed the whole feed is that, stable or not.
 enum class FlashPhases {
+    vaporAndTwoLiquids,
     vaporAndLiquid,
-    vaporOnly,  // the whole feed as vapor, stable or not
-    liquidOnly, // the whole feed as liquid, stable or not
+    twoLiquids,
+    vaporOnly,
+    liquidOnly,
 };
+
+constexpr bool allowsVapor(FlashPhases phases)
+{
+    return phases != FlashPhases::twoLiquids && phases != FlashPhases::liquidOnly;
+}
+
+constexpr bool allowsOneOnly(FlashPhases phases)
+{
+    return phases == FlashPhases::vaporOnly || phases == FlashPhases::liquidOnly;
+}
+
+constexpr bool allowsBoiling(FlashPhases phases) { return allowsVapor(phases) && !allowsOneOnly(phases); }
 
 struct FlashRequest {
     FlashSpecification first;
     FlashSpecification second;
     SolutionType solution = SolutionType::unspecified;
-    FlashPhases phases = FlashPhases::vaporAndLiquid;
+    FlashPhases phases = FlashPhases::vaporAndTwoLiquids;
 };
 
 enum class FlashStatus {
@@ -68,6 +82,7 @@ enum class FlashStatus {
     undetermined, // the two together leave the state open
     noSolution,   // no state within the limits below was found to have these values
     notConverged, // the phases at some conditions on the way were not found
+    otherPhases,  // the stable state has other phases than one vapor and two liquids
 };
 
 // Solutions are looked for within these limits only, ends included.
@@ -90,26 +105,38 @@ constexpr FlashLimits flashLimitsOf(FlashVariable condition)
                                                    : FlashLimits{lowestFlashPressure, highestFlashPressure};
 }
 
-// What a feed becomes. At most one vapor and one liquid: where the model has two liquids at once, one of
-// them stands for the vapor, the less dense one, as far as it can: where its equation has a vapor root,
-// too, it cannot, and the feed is given as one liquid. So the values that a mixture holds can jump there.
+// What a feed becomes: at most one vapor and two liquids. Of two liquids the second is the one richer in water, where
+// the model has water and the two differ in it, otherwise the denser one. Where only one liquid is allowed but two
+// would form, the less dense one stands for the vapor, as far as it can: where its equation has a vapor root, too, it
+// cannot. So the values that a mixture holds can jump there.
 struct FlashResult {
     double temperature; // K
     double pressure;    // Pa
     bool vaporPresent;  // a phase at its dew or bubble point is present with amount zero
     bool liquidPresent;
-    double vaporFraction;  // moles of vapor in one mole of feed: 0, 1 or between
-    double liquidFraction; // the rest, with all its digits when it is small
-    CompoundArray vapor;   // mole fractions, where present
+    bool liquid2Present;
+    double vaporFraction;   // moles in one mole of feed; the least of the amounts have all their digits
+    double liquidFraction;  //
+    double liquid2Fraction; //
+    CompoundArray vapor;    // mole fractions, where present
     CompoundArray liquid;
+    CompoundArray liquid2;
+
+    int phaseCount() const { return vaporPresent + liquidPresent + liquid2Present; }
+
+    // Nothing is there.
+    void clear()
+    {
+        vaporPresent = liquidPresent = liquid2Present = false;
+        vaporFraction = liquidFraction = liquid2Fraction = 0.0;
+    }
 
     // All of a feed, whose fractions z are, becomes one phase.
     void setOnePhase(bool isVapor, std::span<const double> z)
     {
-        vaporPresent = isVapor;
-        liquidPresent = !isVapor;
-        vaporFraction = isVapor ? 1.0 : 0.0;
-        liquidFraction = isVapor ? 0.0 : 1.0;
+        clear();
+        (isVapor ? vaporPresent : liquidPresent) = true;
+        (isVapor ? vaporFraction : liquidFraction) = 1.0;
         std::ranges::copy(z, (isVapor ? vapor : liquid).begin());
     }
 };

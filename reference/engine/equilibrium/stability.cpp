@@ -12,13 +12,25 @@ namespace {
 
 constexpr double unstable = -1e-11; // a distance below this is no round-off
 constexpr double converged = 1e-9;  // largest scaled gradient
-constexpr double trivial = 1e-10;   // squared distance from the feed in ln W
+constexpr double samePhase = 1e-3;  // sum of the differences between mole numbers of a trial and a phase that is known
 constexpr int substitutions = 8;
 constexpr int newtonSteps = 40;
 
+void normalize(int n, CompoundArray &lnW)
+{
+    const double largest = *std::max_element(lnW.begin(), lnW.begin() + n);
+    double sum = 0.0;
+    for (int i = 0; i < n; ++i)
+        sum += std::exp(lnW[i] - largest);
+    for (int i = 0; i < n; ++i)
+        lnW[i] -= largest + std::log(sum);
+}
+
+} // namespace
+
 // A trial composition with the modified tangent plane distance of Michelsen's eq. 17,
 // 1 + sum W_i (ln W_i + ln phi_i(W) - d_i - 1), and its gradient.
-struct Trial {
+struct StabilityTest::Trial {
     CompoundArray lnW;
     CompoundArray W;
     CompoundArray w;        // normalized
@@ -26,24 +38,22 @@ struct Trial {
     PhaseState state;
     double total;
     double distance;
-    double fromFeed; // squared
+    Root root;
 
-    void evaluate(const FlashProblem &problem, Root root)
+    void evaluate(const FlashProblem &problem, const CompoundArray &potential)
     {
-        const int n = problem.model.size;
+        const int n = problem.size();
         total = 0.0;
-        fromFeed = 0.0;
         for (int i = 0; i < n; ++i) {
             W[i] = std::exp(lnW[i]);
             total += W[i];
-            fromFeed += (lnW[i] - problem.lnZ[i]) * (lnW[i] - problem.lnZ[i]);
         }
         for (int i = 0; i < n; ++i)
             w[i] = W[i] / total;
         evaluatePhase(problem.model, problem.isotherm, problem.pressure, w.data(), root, state);
         distance = 1.0;
         for (int i = 0; i < n; ++i) {
-            gradient[i] = lnW[i] + state.lnPhi[i] - problem.potential[i];
+            gradient[i] = lnW[i] + state.lnPhi[i] - potential[i];
             distance += W[i] * (gradient[i] - 1.0);
         }
     }
@@ -56,22 +66,35 @@ struct Trial {
     }
 };
 
-// One step of Newton's method in 2 sqrt(W_i), shortened until the distance falls.
-bool newtonStep(const FlashProblem &problem, Root root, Trial &trial)
+StabilityTest::StabilityTest(const FlashProblem &whole, const PhaseSplit &phases) : problem(whole), split(phases)
 {
-    const int n = problem.model.size;
-    PairArray matrix;
+    const SplitPhase &first = split.phases[0];
+    for (int i = 0; i < problem.size(); ++i)
+        potential[i] = std::log(first.x[i]) + first.state.lnPhi[i];
+}
+
+// One step of Newton's method in 2 sqrt(W_i), shortened until the distance falls.
+bool StabilityTest::newtonStep(Trial &trial) const
+{
+    const int n = problem.size();
+    PairArray byMoles;
+    PairTriangle matrix;
     CompoundArray step;
     CompoundArray rootW;
-    lnPhiByMoles(problem.model, problem.isotherm, trial.state, matrix);
+    lnPhiByMoles(problem.model, problem.isotherm, trial.state, byMoles);
     for (int i = 0; i < n; ++i) {
         rootW[i] = std::sqrt(trial.W[i]);
         step[i] = -rootW[i] * trial.gradient[i];
     }
-    for (int j = 0; j < n; ++j)
-        for (int i = 0; i < n; ++i)
-            matrix[i + n * j] = (i == j ? 1.0 : 0.0) + rootW[i] * rootW[j] / trial.total * matrix[i + n * j];
-    solveDescent(n, matrix, step);
+    matrix.size = n;
+    for (int j = 0; j < n; ++j) {
+        const double *derivatives = columnOf(byMoles, n, j);
+        double *column = matrix.column(j);
+        for (int i = j; i < n; ++i)
+            column[i] = rootW[i] * rootW[j] / trial.total * derivatives[i];
+        column[j] += 1.0;
+    }
+    solveDescent(matrix, step.data());
 
     const Trial before = trial;
     double length = 1.0;
@@ -81,7 +104,7 @@ bool newtonStep(const FlashProblem &problem, Root root, Trial &trial)
     for (int halving = 0; halving < 12; ++halving, length *= 0.5) {
         for (int i = 0; i < n; ++i)
             trial.lnW[i] = 2.0 * std::log(rootW[i] + 0.5 * length * step[i]);
-        trial.evaluate(problem, root);
+        trial.evaluate(problem, potential);
         if (trial.distance < before.distance)
             return true;
     }
@@ -89,60 +112,96 @@ bool newtonStep(const FlashProblem &problem, Root root, Trial &trial)
     return false;
 }
 
-} // namespace
-
-FlashProblem::FlashProblem(const MixtureModel &mixture, double temperature, double pascal, const double *fractions)
-    : model(mixture), isotherm(mixture, temperature), pressure(pascal), z(fractions)
+// Whether a trial has come to one of the phases that are there.
+bool StabilityTest::isKnown(const CompoundArray &W, const PhaseState &state) const
 {
-    evaluatePhase(model, isotherm, pressure, z, Root::stable, feed);
-    gibbs = 0.0;
-    for (int i = 0; i < model.size; ++i) {
-        lnZ[i] = std::log(z[i]);
-        potential[i] = lnZ[i] + feed.lnPhi[i];
-        gibbs += z[i] * potential[i];
+    for (int k = 0; k < split.count; ++k) {
+        const SplitPhase &phase = split.phases[k];
+        if (std::fabs(state.Z - phase.state.Z) > 0.1 * phase.state.Z)
+            continue;
+        double difference = 0.0;
+        for (int i = 0; i < problem.size(); ++i)
+            difference += std::fabs(W[i] - phase.x[i]);
+        if (difference < samePhase)
+            return true;
     }
+    return false;
 }
 
-double wilsonLogRatio(const CompoundTerms &compound, double temperature, double pressure)
+bool StabilityTest::descend(TrialPhase &start_) const
 {
-    const double ratio = std::log(compound.criticalPressure / pressure) +
-                         5.373 * (1.0 + compound.acentricFactor) * (1.0 - compound.criticalTemperature / temperature);
-    return std::clamp(ratio, -300.0, 300.0);
-}
-
-bool splitsOff(const FlashProblem &problem, Root root, CompoundArray &lnW)
-{
-    const int n = problem.model.size;
-    const double direction = root == Root::vapor ? 1.0 : -1.0;
+    const int n = problem.size();
     Trial trial;
-    for (int i = 0; i < n; ++i)
-        trial.lnW[i] = problem.lnZ[i] + direction * wilsonLogRatio(problem.model.compounds[i],
-                                                                   problem.isotherm.temperature, problem.pressure);
-    // Only the composition matters at first: start with one mole.
-    double largest = *std::max_element(trial.lnW.begin(), trial.lnW.begin() + n);
-    double sum = 0.0;
-    for (int i = 0; i < n; ++i)
-        sum += std::exp(trial.lnW[i] - largest);
-    for (int i = 0; i < n; ++i)
-        trial.lnW[i] -= largest + std::log(sum);
-
-    trial.evaluate(problem, root);
+    trial.root = start_.root;
+    trial.lnW = start_.lnW;
+    normalize(n, trial.lnW); // only the composition matters at first
+    trial.evaluate(problem, potential);
     for (int step = 0; step < substitutions + newtonSteps; ++step) {
         // A few steps more than the first proof of instability take make a better start for the split.
         if (step >= substitutions / 2 && trial.distance < -1e-4)
             break;
-        if (trial.fromFeed < trivial || trial.largestGradient(n) < converged)
+        if (isKnown(trial.W, trial.state))
+            return false;
+        if (trial.largestGradient(n) < converged)
             break;
-        if (step < substitutions || !newtonStep(problem, root, trial)) {
+        if (step < substitutions || !newtonStep(trial)) {
             if (step >= substitutions && trial.largestGradient(n) < 1e-6)
                 break; // the distance cannot fall any more: round-off
             for (int i = 0; i < n; ++i)
-                trial.lnW[i] = problem.potential[i] - trial.state.lnPhi[i];
-            trial.evaluate(problem, root);
+                trial.lnW[i] = potential[i] - trial.state.lnPhi[i];
+            trial.evaluate(problem, potential);
         }
     }
-    lnW = trial.lnW;
-    return trial.fromFeed >= trivial && trial.distance < unstable;
+    start_.lnW = trial.lnW;
+    start_.distance = trial.distance;
+    return trial.distance < unstable && !isKnown(trial.W, trial.state);
+}
+
+// False when there is no such start.
+bool StabilityTest::setStart(int index, TrialPhase &trial) const
+{
+    const int n = problem.size();
+    const auto byWilson = [&](double sign) {
+        for (int i = 0; i < n; ++i)
+            trial.lnW[i] =
+                std::log(problem.z[i]) +
+                sign * wilsonLogRatio(problem.model.compounds[i], problem.isotherm.temperature, problem.pressure);
+    };
+    if (index == 0) {
+        trial.root = Root::vapor;
+        byWilson(1.0);
+        return problem.vaporAllowed;
+    }
+    if (index == 1) {
+        trial.root = Root::liquid;
+        byWilson(-1.0);
+        return true;
+    }
+    if (index == 2) {
+        trial.root = problem.bestRoot();
+        for (int i = 0; i < n; ++i) {
+            double sum = 0.0;
+            for (int k = 0; k < split.count; ++k)
+                sum += split.phases[k].x[i];
+            trial.lnW[i] = std::log(sum);
+        }
+        return split.count > 1;
+    }
+    const int pure = index - 3;
+    trial.root = Root::liquid;
+    for (int i = 0; i < n; ++i)
+        trial.lnW[i] = std::log(0.05 * problem.z[i] + (i == pure ? 0.95 : 0.0));
+    return true;
+}
+
+bool StabilityTest::findNext(TrialPhase &trial)
+{
+    for (; start < 3 + problem.size(); ++start)
+        if (setStart(start, trial) && descend(trial)) {
+            ++start;
+            return true;
+        }
+    return false;
 }
 
 } // namespace reference

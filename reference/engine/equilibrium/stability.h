@@ -1,33 +1,31 @@
-// Whether a phase is stable, by the tangent plane of the Gibbs energy: Michelsen, Fluid Phase
-// Equilibria 9 (1982) 1.
+// Whether phases are stable, by the tangent plane of the Gibbs energy: Michelsen, Fluid Phase Equilibria 9 (1982) 1.
 #pragma once
 
-#include "reference/engine/phase/isotherm.h"
-#include "reference/engine/phase/phase_state.h"
+#include "reference/engine/equilibrium/split_descent.h"
 
 namespace reference {
 
-// One mixture at a temperature and pressure, with all amounts above zero.
-struct FlashProblem {
-    const MixtureModel &model;
-    Isotherm isotherm;
-    double pressure;
-    const double *z;         // mole fractions of the feed, summing to one
-    CompoundArray lnZ;       // their logarithms
-    PhaseState feed;         // the feed as one phase, at its stable root
-    CompoundArray potential; // ln z_i + ln phi_i of that phase
-    double gibbs;            // sum z_i potential_i
+class StabilityTest {
+public:
+    // Of phases whose fugacities are equal.
+    StabilityTest(const FlashProblem &problem, const PhaseSplit &split);
 
-    FlashProblem(const MixtureModel &mixture, double temperature, double pressure, const double *z);
+    // Looks for another phase with less Gibbs energy, from the next ones of many starts: vapor and liquid by Wilson's
+    // ratios, the mean of the phases, each compound nearly pure (Li, Firoozabadi, Fluid Phase Equilibria 330 (2012) 1
+    // have such a list). False when no start is left that leads to one.
+    bool findNext(TrialPhase &trial);
+
+private:
+    const FlashProblem &problem;
+    const PhaseSplit &split;
+    CompoundArray potential; // ln x_i + ln phi_i, the same in all phases
+    int start = 0;
+
+    bool setStart(int index, TrialPhase &trial) const;
+    bool isKnown(const CompoundArray &W, const PhaseState &state) const;
+    bool descend(TrialPhase &trial) const;
+    struct Trial;
+    bool newtonStep(Trial &trial) const;
 };
-
-// Wilson's estimate of the ratio of a compound's mole fractions in vapor and liquid (1968), as
-// logarithm.
-double wilsonLogRatio(const CompoundTerms &compound, double temperature, double pressure);
-
-// Looks for a composition of kind `root` (vapor or liquid) that the feed would rather split off,
-// from the one that Wilson's ratios suggest. True when there is one; `lnW` then holds the logarithms
-// of its mole numbers, which sum to more than one.
-bool splitsOff(const FlashProblem &problem, Root root, CompoundArray &lnW);
 
 } // namespace reference

@@ -1,5 +1,6 @@
 #include "reference/engine/flash/flash.h"
 
+#include "reference/engine/equilibrium/flash_tp.h"
 #include "reference/engine/equilibrium/present_compounds.h"
 #include "reference/engine/flash/quality_line.h"
 #include "reference/engine/flash/state_search.h"
@@ -94,7 +95,7 @@ FlashStatus explainSearch(const SearchFindings &findings, const FlashSpecificati
 // A pure compound's vapor and liquid of the same Gibbs energy.
 bool boils(const Feed &feed, const FlashResult &result)
 {
-    if (feed.size() != 1 || feed.phases != FlashPhases::vaporAndLiquid)
+    if (feed.size() != 1 || !allowsBoiling(feed.phases))
         return false;
     const Isotherm isotherm(feed.model, result.temperature);
     PhaseState vapor;
@@ -121,11 +122,14 @@ FlashStatus flashPresent(const Feed &feed, const FlashSpecification &first, cons
     FoundState state;
     SearchFindings findings;
     if (isCondition(first.variable) && isCondition(second.variable)) {
-        findings.phasesNotFound = !state.equilibrium.find(feed, first.value, second.value);
-        if (findings.phasesNotFound)
-            return explainSearch(findings, first, second, reason);
-        result = state.equilibrium.phases;
-        return FlashStatus::solved;
+        const FlashStatus status =
+            flashTP(feed.model, first.value, second.value, feed.fractions(), feed.phases, result);
+        if (status == FlashStatus::otherPhases)
+            giveReason(reason, "At %.6g K and %.6g Pa other phases are stable than the ones that the flash may use",
+                       first.value, second.value);
+        else if (status != FlashStatus::solved)
+            giveReason(reason, "The phases at %.6g K and %.6g Pa were not found", first.value, second.value);
+        return status;
     }
     if (isCondition(first.variable)) {
         const double start = first.variable == FlashVariable::temperature ? 1e5 : 300.0;
@@ -169,7 +173,7 @@ FlashStatus flash(const MixtureModel &model, const FlashRequest &request, std::s
     for (const FlashSpecification &given : {first, second}) {
         if (!isPossible(given, reason))
             return FlashStatus::badValue;
-        if (isFraction(given.variable) && request.phases != FlashPhases::vaporAndLiquid) {
+        if (isFraction(given.variable) && !allowsBoiling(request.phases)) {
             giveReason(reason, "A %s needs both a vapor and a liquid to be allowed", flashVariableName(given.variable));
             return FlashStatus::undetermined;
         }
@@ -190,6 +194,8 @@ FlashStatus flash(const MixtureModel &model, const FlashRequest &request, std::s
         present.spread(result.vapor);
     if (status == FlashStatus::solved && result.liquidPresent)
         present.spread(result.liquid);
+    if (status == FlashStatus::solved && result.liquid2Present)
+        present.spread(result.liquid2);
     for (const FlashSpecification &given : {first, second}) {
         if (given.variable == FlashVariable::temperature)
             result.temperature = given.value;

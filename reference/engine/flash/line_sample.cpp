@@ -12,7 +12,7 @@ void LineSample::take(const Feed &feed, const FlashSpecification &at, double oth
     free = other;
     const bool atTemperature = at.variable == FlashVariable::temperature;
     known = flashTP(feed.model, atTemperature ? at.value : other, atTemperature ? other : at.value, feed.fractions(),
-                    state) == FlashStatus::solved;
+                    feed.phases, state) == FlashStatus::solved;
 }
 
 // The fraction that is given, of two phases.

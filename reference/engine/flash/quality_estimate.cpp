@@ -1,6 +1,6 @@
 #include "reference/engine/flash/quality_estimate.h"
 
-#include "reference/engine/equilibrium/stability.h"
+#include "reference/engine/equilibrium/flash_problem.h"
 
 #include <cmath>
 

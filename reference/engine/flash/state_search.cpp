@@ -61,7 +61,8 @@ public:
         const double free = std::exp(at);
         const bool atTemperature = fixed.variable == FlashVariable::temperature;
         Equilibrium &now = state.equilibrium;
-        if (!now.find(feed, atTemperature ? fixed.value : free, atTemperature ? free : fixed.value)) {
+        if (now.find(feed, atTemperature ? fixed.value : free, atTemperature ? free : fixed.value) !=
+            FlashStatus::solved) {
             findings.phasesNotFound = true;
             return result;
         }
@@ -79,7 +80,7 @@ public:
     // tell apart.
     bool cross(const Probe &a, const Probe &b)
     {
-        if (feed.phases == FlashPhases::vaporAndLiquid && crossTwoPhases(a, b))
+        if (allowsBoiling(feed.phases) && crossTwoPhases(a, b))
             return true;
         const Probe &better = std::fabs(a.residual) < std::fabs(b.residual) ? a : b;
         if (std::fabs(better.residual) < goodEnough && std::fabs(a.at - b.at) < 1e-9) {

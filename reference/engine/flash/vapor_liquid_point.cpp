@@ -42,7 +42,7 @@ bool isStable(const Feed &feed, const TwoPhasePoint &point)
 {
     constexpr double metastable = 1e-8; // a Gibbs energy over R T too high by this is no round-off
     Equilibrium found;
-    if (!found.find(feed, point.totals.temperature, point.totals.pressure))
+    if (found.find(feed, point.totals.temperature, point.totals.pressure) != FlashStatus::solved)
         return true;
     const double gibbs = point.totals.value(FlashVariable::gibbsEnergy) / (gasConstant * point.totals.temperature);
     return found.gibbs > gibbs - metastable * (1.0 + 1e-3 * std::fabs(gibbs));
@@ -53,6 +53,7 @@ void giveResult(const Feed &feed, const TwoPhasePoint &point, FlashResult &resul
     const int n = feed.size();
     result.temperature = point.totals.temperature;
     result.pressure = point.totals.pressure;
+    result.clear();
     result.vaporPresent = true;
     result.liquidPresent = true;
     result.vaporFraction = point.vaporAmount(n);

@@ -131,9 +131,10 @@ FeedCase anyFeed(Draw &draw)
 int phaseCountOf(const FeedCase &feed)
 {
     FlashResult result;
-    if (flashTP(*feed.model, feed.temperature, feed.pressure, feed.z, result) != FlashStatus::solved)
+    if (flashTP(*feed.model, feed.temperature, feed.pressure, feed.z, FlashPhases::vaporAndTwoLiquids, result) !=
+        FlashStatus::solved)
         return -1;
-    return result.vaporPresent + result.liquidPresent;
+    return result.phaseCount();
 }
 
 // Where the number of phases changes with the pressure, to one part of a hundred to ten million.

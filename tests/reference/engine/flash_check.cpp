@@ -12,24 +12,26 @@ namespace reference {
 namespace {
 
 struct Part {
-    PhaseProperties properties;
+    bool isVapor;
     double amount;
     const CompoundArray *fractions;
+    PhaseProperties properties;
 };
 
 std::vector<Part> partsOf(const MixtureModel &model, const FlashResult &result)
 {
     std::vector<Part> parts;
     const Isotherm isotherm(model, result.temperature);
-    if (result.vaporPresent) {
-        parts.push_back({{}, result.vaporFraction, &result.vapor});
-        evaluateProperties(model, isotherm, result.pressure, result.vapor.data(), Root::vapor, parts.back().properties);
-    }
-    if (result.liquidPresent) {
-        parts.push_back({{}, result.liquidFraction, &result.liquid});
-        evaluateProperties(model, isotherm, result.pressure, result.liquid.data(), Root::liquid,
+    const auto take = [&](bool present, bool isVapor, double amount, const CompoundArray &fractions) {
+        if (!present)
+            return;
+        parts.push_back({isVapor, amount, &fractions, {}});
+        evaluateProperties(model, isotherm, result.pressure, fractions.data(), isVapor ? Root::vapor : Root::liquid,
                            parts.back().properties);
-    }
+    };
+    take(result.vaporPresent, true, result.vaporFraction, result.vapor);
+    take(result.liquidPresent, false, result.liquidFraction, result.liquid);
+    take(result.liquid2Present, false, result.liquid2Fraction, result.liquid2);
     return parts;
 }
 
@@ -143,7 +145,7 @@ std::string faultOf(const FlashCase &problem, const FlashResult &result)
     fault.precision(6);
     if (!(result.temperature > 0.0) || !(result.pressure > 0.0))
         fault << "no conditions; ";
-    if (!result.vaporPresent && !result.liquidPresent)
+    if (result.phaseCount() == 0)
         return "no phases";
     const std::vector<Part> parts = partsOf(model, result);
     double amounts = 0.0;
@@ -169,28 +171,29 @@ std::string faultOf(const FlashCase &problem, const FlashResult &result)
         if (!(std::fabs(rest) < 1e-12))
             fault << "balance " << rest << "; ";
 
-    if (parts.size() == 2)
+    for (const Part &part : parts)
         for (int i = 0; i < n; ++i) {
             if (problem.z[static_cast<std::size_t>(i)] <= 1e-100)
                 continue;
-            const double lnRatio = std::log(result.vapor[i]) + parts[0].properties.state.lnPhi[i] -
-                                   std::log(result.liquid[i]) - parts[1].properties.state.lnPhi[i];
+            const double lnRatio = std::log((*part.fractions)[i]) + part.properties.state.lnPhi[i] -
+                                   std::log((*parts[0].fractions)[i]) - parts[0].properties.state.lnPhi[i];
             if (!(std::fabs(lnRatio) < 1e-9))
                 fault << "fugacity " << i << " by " << lnRatio << "; ";
         }
 
     // With one root each, the names are a matter of density.
-    if (parts.size() == 2 && !parts[0].properties.state.severalRoots && !parts[1].properties.state.severalRoots) {
-        const double vapor = parts[0].properties.volume / covolume(model, result.vapor);
-        const double liquid = parts[1].properties.volume / covolume(model, result.liquid);
-        if (!(vapor > liquid))
+    const auto relativeVolume = [&](const Part &part) {
+        return part.properties.volume / covolume(model, *part.fractions);
+    };
+    for (const Part &part : parts)
+        if (parts[0].isVapor && !part.isVapor && !parts[0].properties.state.severalRoots &&
+            !part.properties.state.severalRoots && !(relativeVolume(parts[0]) > relativeVolume(part)))
             fault << "the vapor is the denser phase; ";
-    }
 
     double together = 0.0;
     for (const Part &part : parts)
         together += part.amount * gibbs(model, part.fractions->data(), part.properties.state);
-    if (problem.request.phases == FlashPhases::vaporAndLiquid) {
+    if (!allowsOneOnly(problem.request.phases)) {
         PhaseState alone;
         const Isotherm isotherm(model, result.temperature);
         evaluatePhase(model, isotherm, result.pressure, problem.z.data(), Root::stable, alone);

@@ -38,7 +38,7 @@ std::string refusal(const MixtureModel &model, const std::vector<double> &z, con
 bool hasTwoPhases(const MixtureModel &model, const std::vector<double> &z, double temperature, double pressure)
 {
     FlashResult result;
-    EXPECT_EQ(flashTP(model, temperature, pressure, z, result), FlashStatus::solved);
+    EXPECT_EQ(flashTP(model, temperature, pressure, z, FlashPhases::vaporAndTwoLiquids, result), FlashStatus::solved);
     return result.vaporPresent && result.liquidPresent;
 }
 
@@ -189,7 +189,8 @@ TEST(Flash, AgreesWithAFlashAtTheConditionsItFinds)
                  {FlashSpecification{Variable::temperature, 185.0}, FlashSpecification{Variable::pressure, 2e6}}) {
                 const FlashResult found = solve(model, pipelineFractions, {condition, {variable, fraction}});
                 FlashResult again;
-                ASSERT_EQ(flashTP(model, found.temperature, found.pressure, pipelineFractions, again),
+                ASSERT_EQ(flashTP(model, found.temperature, found.pressure, pipelineFractions,
+                                  FlashPhases::vaporAndTwoLiquids, again),
                           FlashStatus::solved);
                 EXPECT_NEAR(again.vaporFraction, found.vaporFraction, 1e-8);
                 EXPECT_NEAR(again.liquid[3], found.liquid[3], 1e-8);
@@ -227,8 +228,10 @@ TEST(Flash, TellsTheTypesOfAFractionWithin)
         const FlashResult found = solve(model, richFractions, request);
         FlashResult above;
         FlashResult below;
-        ASSERT_EQ(flashTP(model, 300.0, 1.001 * found.pressure, richFractions, above), FlashStatus::solved);
-        ASSERT_EQ(flashTP(model, 300.0, 0.999 * found.pressure, richFractions, below), FlashStatus::solved);
+        ASSERT_EQ(flashTP(model, 300.0, 1.001 * found.pressure, richFractions, FlashPhases::vaporAndTwoLiquids, above),
+                  FlashStatus::solved);
+        ASSERT_EQ(flashTP(model, 300.0, 0.999 * found.pressure, richFractions, FlashPhases::vaporAndTwoLiquids, below),
+                  FlashStatus::solved);
         EXPECT_EQ(above.vaporFraction < below.vaporFraction, type == SolutionType::normal);
     }
 }

@@ -102,7 +102,7 @@ private:
     bool atTemperature;
     double value;
 
-    static bool isTwo(const FlashResult &state) { return state.vaporPresent && state.liquidPresent; }
+    static bool isTwo(const FlashResult &state) { return state.phaseCount() > 1; }
 
     // The vapor fraction where the region begins or ends before this step.
     double fractionAtEdge(int step, bool enters) const
@@ -128,8 +128,8 @@ private:
         const double low = atTemperature ? lowestFlashPressure : lowestFlashTemperature;
         const double high = atTemperature ? highestPressureOf(problem.model) : highestTemperatureOf(problem.model);
         const double free = low * std::pow(high / low, part);
-        return flashTP(problem.model, atTemperature ? value : free, atTemperature ? free : value, problem.z, state) ==
-               FlashStatus::solved;
+        return flashTP(problem.model, atTemperature ? value : free, atTemperature ? free : value, problem.z,
+                       FlashPhases::vaporAndTwoLiquids, state) == FlashStatus::solved;
     }
 };
 
@@ -221,7 +221,7 @@ private:
     bool randomState(const FlashCase &problem, FlashResult &state)
     {
         return flashTP(problem.model, randomTemperature(problem.model), randomPressure(problem.model), problem.z,
-                       state) == FlashStatus::solved;
+                       FlashPhases::vaporAndTwoLiquids, state) == FlashStatus::solved;
     }
 
     void accept(const FlashCase &problem, const FlashResult &result)

@@ -15,7 +15,7 @@ namespace {
 FlashResult flash(const MixtureModel &model, double temperature, double pressure, const std::vector<double> &z)
 {
     FlashResult result;
-    EXPECT_EQ(flashTP(model, temperature, pressure, z, result), FlashStatus::solved)
+    EXPECT_EQ(flashTP(model, temperature, pressure, z, FlashPhases::vaporAndLiquid, result), FlashStatus::solved)
         << "at " << temperature << " K, " << pressure << " Pa";
     return result;
 }

@@ -32,6 +32,7 @@ std::vector<Part> partsOf(const FeedCase &feed, const FlashResult &result)
     };
     take(result.vaporPresent, "vapor", result.vaporFraction, result.vapor, Root::vapor);
     take(result.liquidPresent, "liquid", result.liquidFraction, result.liquid, Root::liquid);
+    take(result.liquid2Present, "liquid2", result.liquid2Fraction, result.liquid2, Root::liquid);
     return parts;
 }
 
@@ -89,7 +90,8 @@ public:
         ++sweep.count.feeds;
         const JudgedState judged = judge(*feed.model, feed.temperature, feed.pressure, feed.z);
         FlashResult result;
-        if (flashTP(*feed.model, feed.temperature, feed.pressure, feed.z, result) != FlashStatus::solved) {
+        if (flashTP(*feed.model, feed.temperature, feed.pressure, feed.z, FlashPhases::vaporAndTwoLiquids, result) !=
+            FlashStatus::solved) {
             ++sweep.count.byPhases[0];
             if (judged.canBeNamed())
                 note(sweep.count.refused, "refused", judged);

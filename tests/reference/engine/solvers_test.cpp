@@ -60,9 +60,9 @@ TEST(SolveRachfordRice, SolvesForRatiosOfVeryDifferentSize)
 // (4 1; 1 3) (1, 2) = (6, 7)
 TEST(SolveDescent, SolvesAPositiveDefiniteSystem)
 {
-    PairArray matrix{4.0, 1.0, 1.0, 3.0};
+    PairTriangle matrix{2, {4.0, 1.0, 3.0}};
     CompoundArray right{6.0, 7.0};
-    solveDescent(2, matrix, right);
+    solveDescent(matrix, right.data());
     EXPECT_NEAR(right[0], 1.0, 1e-14);
     EXPECT_NEAR(right[1], 2.0, 1e-14);
 }
@@ -70,9 +70,9 @@ TEST(SolveDescent, SolvesAPositiveDefiniteSystem)
 // With minus the gradient on the right, a descent direction has a positive product with it.
 TEST(SolveDescent, GivesADescentDirectionForAnIndefiniteMatrix)
 {
-    PairArray matrix{1.0, 2.0, 2.0, 1.0};
+    PairTriangle matrix{2, {1.0, 2.0, 1.0}};
     const CompoundArray minusGradient{1.0, -1.0};
     CompoundArray step = minusGradient;
-    solveDescent(2, matrix, step);
+    solveDescent(matrix, step.data());
     EXPECT_GT(step[0] * minusGradient[0] + step[1] * minusGradient[1], 0.0);
 }

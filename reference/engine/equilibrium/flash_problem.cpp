@@ -1,0 +1,27 @@
+#include "reference/engine/equilibrium/flash_problem.h"
+
+#include "reference/engine/phase/phase_evaluation.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace reference {
+
+FlashProblem::FlashProblem(const MixtureModel &mixture, double temperature, double pascal, const double *fractions,
+                           bool withVapor)
+    : model(mixture), isotherm(mixture, temperature), pressure(pascal), z(fractions), vaporAllowed(withVapor)
+{
+    evaluatePhase(model, isotherm, pressure, z, bestRoot(), feed);
+    gibbs = 0.0;
+    for (int i = 0; i < model.size; ++i)
+        gibbs += z[i] * (std::log(z[i]) + feed.lnPhi[i]);
+}
+
+double wilsonLogRatio(const CompoundTerms &compound, double temperature, double pressure)
+{
+    const double ratio = std::log(compound.criticalPressure / pressure) +
+                         5.373 * (1.0 + compound.acentricFactor) * (1.0 - compound.criticalTemperature / temperature);
+    return std::clamp(ratio, -300.0, 300.0);
+}
+
+} // namespace reference

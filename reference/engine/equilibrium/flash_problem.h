@@ -1,0 +1,31 @@
+// One mixture at a temperature and pressure, as the search for its phases sees it.
+#pragma once
+
+#include "reference/engine/phase/isotherm.h"
+#include "reference/engine/phase/phase_state.h"
+
+namespace reference {
+
+// All amounts are above zero.
+struct FlashProblem {
+    const MixtureModel &model;
+    Isotherm isotherm;
+    double pressure;
+    const double *z;   // mole fractions of the feed, summing to one
+    bool vaporAllowed; // otherwise every phase stands at its liquid root
+    PhaseState feed;   // the feed as one phase, at its stable root
+    double gibbs;      // sum z_i (ln z_i + ln phi_i) of that phase
+
+    FlashProblem(const MixtureModel &mixture, double temperature, double pressure, const double *z,
+                 bool vaporAllowed = true);
+
+    int size() const { return model.size; }
+    // The one of lower Gibbs energy, of those that are allowed.
+    Root bestRoot() const { return vaporAllowed ? Root::stable : Root::liquid; }
+};
+
+// Wilson's estimate of the ratio of a compound's mole fractions in vapor and liquid (1968), as
+// logarithm.
+double wilsonLogRatio(const CompoundTerms &compound, double temperature, double pressure);
+
+} // namespace reference

@@ -1,0 +1,102 @@
+#include "reference/engine/equilibrium/phase_names.h"
+
+#include <utility>
+
+namespace reference {
+
+namespace {
+
+bool canBeVapor(const PhaseState &state) { return !state.severalRoots || state.vaporRoot; }
+bool canBeLiquid(const PhaseState &state) { return !state.severalRoots || state.liquidRoot; }
+
+bool looksLiquid(const FlashProblem &problem, const PhaseState &state)
+{
+    if (state.severalRoots)
+        return state.liquidRoot;
+    const CubicConstants &equation = cubicConstants(problem.model.equation);
+    const bool loop = state.B < equation.criticalThermal() * state.A; // B / A = R T b / a
+    return loop && state.Z < equation.criticalVolume * state.B;
+}
+
+double massDensity(const FlashProblem &problem, const SplitPhase &phase)
+{
+    double mass = 0.0;
+    for (int i = 0; i < problem.size(); ++i)
+        mass += phase.x[i] * problem.model.compounds[i].molecularWeight;
+    return mass / phase.state.Z;
+}
+
+bool isSecondLiquid(const FlashProblem &problem, const SplitPhase &phase, const SplitPhase &other)
+{
+    for (int i = 0; i < problem.size(); ++i)
+        if (problem.model.compounds[i].data->id == "water" && phase.x[i] != other.x[i])
+            return phase.x[i] > other.x[i];
+    return massDensity(problem, phase) > massDensity(problem, other);
+}
+
+// The phase that is the vapor, if any is.
+int vaporOf(const FlashProblem &problem, const PhaseSplit &split, FlashPhases allowed)
+{
+    if (!allowsVapor(allowed))
+        return -1;
+    int vapor = -1;
+    for (int k = 0; k < split.count; ++k) {
+        const PhaseState &state = split.phases[k].state;
+        if (!canBeLiquid(state))
+            return k;
+        if (canBeVapor(state) &&
+            (vapor < 0 || relativeVolume(problem, state) > relativeVolume(problem, split.phases[vapor].state)))
+            vapor = k;
+    }
+    if (vapor < 0)
+        return vapor;
+    const bool needed = split.count == (allowed == FlashPhases::vaporAndLiquid ? 2 : 3);
+    return needed || !looksLiquid(problem, split.phases[vapor].state) ? vapor : -1;
+}
+
+void give(const PresentCompounds &present, const SplitPhase &phase, bool &there, double &amount,
+          CompoundArray &fractions)
+{
+    there = true;
+    amount = phase.amount;
+    fractions = phase.x;
+    present.spread(fractions);
+}
+
+} // namespace
+
+double relativeVolume(const FlashProblem &problem, const PhaseState &state)
+{
+    if (problem.model.isIdeal())
+        return state.vaporRoot ? 1.0 : 0.0;
+    return state.Z / state.B;
+}
+
+bool namePhases(const FlashProblem &problem, const PhaseSplit &split, FlashPhases allowed,
+                const PresentCompounds &present, FlashResult &result)
+{
+    const int vapor = vaporOf(problem, split, allowed);
+    std::array<int, maximumPhases> liquids{};
+    int liquidCount = 0;
+    for (int k = 0; k < split.count; ++k) {
+        if (k == vapor ? !canBeVapor(split.phases[k].state)
+                       : allowsVapor(allowed) && !canBeLiquid(split.phases[k].state))
+            return false;
+        if (k != vapor)
+            liquids[liquidCount++] = k;
+    }
+    if (liquidCount > (allowed == FlashPhases::vaporAndLiquid ? 1 : 2))
+        return false;
+    if (liquidCount == 2 && isSecondLiquid(problem, split.phases[liquids[0]], split.phases[liquids[1]]))
+        std::swap(liquids[0], liquids[1]);
+    result.clear();
+    if (vapor >= 0)
+        give(present, split.phases[vapor], result.vaporPresent, result.vaporFraction, result.vapor);
+    if (liquidCount > 0)
+        give(present, split.phases[liquids[0]], result.liquidPresent, result.liquidFraction, result.liquid);
+    if (liquidCount > 1)
+        give(present, split.phases[liquids[1]], result.liquid2Present, result.liquid2Fraction, result.liquid2);
+    return true;
+}
+
+} // namespace reference

@@ -1,0 +1,44 @@
+// The split of a feed into several phases.
+#pragma once
+
+#include "reference/engine/equilibrium/flash_problem.h"
+#include "reference/engine/equilibrium/phase_amounts.h"
+
+namespace reference {
+
+struct SplitPhase {
+    Root root;         // by which its properties are found
+    double amount;     // moles in one mole of feed
+    CompoundArray lnE; // ln x_i less something that is the same for the compound in all phases
+    CompoundArray x;   // mole fractions
+    PhaseState state;
+};
+
+struct PhaseSplit {
+    int count = 0;
+    std::array<SplitPhase, maximumPhases> phases;
+    double largestLnRatio; // of a compound's fugacities in two phases, without sign
+    double gibbs;          // over R T, on the scale of FlashProblem::gibbs; valid after findGibbs
+
+    // The feed as one phase.
+    void setOnePhase(const FlashProblem &problem);
+
+    // Makes all but the Gibbs energy from each phase's root and lnE. Phases of which nothing is left are taken out;
+    // false when only one remains.
+    bool update(const FlashProblem &problem);
+    void findGibbs(const FlashProblem &problem);
+
+    void remove(int phase);
+
+    // ln f_i of a phase less that of the first one.
+    double lnFugacityRatio(int phase, int i) const
+    {
+        const SplitPhase &one = phases[phase];
+        return one.lnE[i] - phases[0].lnE[i] + one.state.lnPhi[i] - phases[0].state.lnPhi[i];
+    }
+
+private:
+    bool divide(const FlashProblem &problem); // amounts and compositions
+};
+
+} // namespace reference

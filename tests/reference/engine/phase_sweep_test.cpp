@@ -1,0 +1,99 @@
+#include "tests/reference/engine/phase_sweep.h"
+
+#include "reference/engine/equilibrium/flash_tp.h"
+#include "tests/reference/engine/mixtures.h"
+#include "tests/reference/engine/phase_judge.h"
+
+#include <gtest/gtest.h>
+
+using namespace reference;
+
+namespace {
+
+// A part of 2,016 feeds; bench/flash_sweep.cpp runs a hundred thousand.
+class PhaseSweepOf : public testing::TestWithParam<int> {};
+
+FlashResult stateOf(const MixtureModel &model, double temperature, double pressure, const std::vector<double> &z)
+{
+    FlashResult result;
+    EXPECT_EQ(flashTP(model, temperature, pressure, z, FlashPhases::vaporAndTwoLiquids, result), FlashStatus::solved);
+    return result;
+}
+
+} // namespace
+
+TEST_P(PhaseSweepOf, FindsTheStableStates)
+{
+    const FeedFamily &family = feedFamilies()[static_cast<std::size_t>(GetParam())];
+    const PhaseSweep sweep = sweepPhases(family, 1, 224);
+    for (const std::string &fault : sweep.faults)
+        ADD_FAILURE() << family.name << ": " << fault;
+    EXPECT_EQ(sweep.count.feeds, 224);
+    EXPECT_EQ(sweep.count.judgeWorse, 0);
+    EXPECT_GT(sweep.count.byPhases[1], 40);
+    EXPECT_GT(sweep.count.byPhases[2], 20);
+}
+
+INSTANTIATE_TEST_SUITE_P(Families, PhaseSweepOf, testing::Range(0, 9));
+
+// Water that condenses from a gas, of which Wilson's ratios see nothing.
+TEST(StablePhases, HaveTheWaterBesideAHotGas)
+{
+    const MixtureModel model = modelOf({"methane", "n-hexane", "water"});
+    const FlashResult result = stateOf(model, 410.0, 20e5, {0.5, 0.2, 0.3});
+    EXPECT_TRUE(result.vaporPresent && result.liquidPresent && !result.liquid2Present);
+    EXPECT_NEAR(result.vaporFraction, 0.8572, 5e-5);
+    EXPECT_GT(result.liquid[2], 0.99);
+}
+
+TEST(StablePhases, AreThreeWhereWaterAndHexaneCondense)
+{
+    const MixtureModel model = modelOf({"methane", "n-hexane", "water"});
+    const FlashResult result = stateOf(model, 300.0, 10e5, {0.5, 0.2, 0.3});
+    ASSERT_TRUE(result.vaporPresent && result.liquidPresent && result.liquid2Present);
+    EXPECT_GT(result.liquid[1], 0.9);   // the hydrocarbons
+    EXPECT_GT(result.liquid2[2], 0.99); // the water
+    EXPECT_GT(result.vapor[0], 0.9);
+    EXPECT_DOUBLE_EQ(result.vaporFraction + result.liquidFraction + result.liquid2Fraction, 1.0);
+}
+
+// At a pressure at which nothing boils the two liquids are there alone.
+TEST(StablePhases, AreTwoLiquidsUnderPressure)
+{
+    const MixtureModel model = modelOf({"n-hexane", "water"});
+    const FlashResult result = stateOf(model, 300.0, 50e5, {0.4, 0.6});
+    ASSERT_TRUE(!result.vaporPresent && result.liquidPresent && result.liquid2Present);
+    EXPECT_GT(result.liquid[0], 0.9);
+    EXPECT_GT(result.liquid2[1], 0.99);
+}
+
+// The denser of two liquids without water is the second one.
+TEST(StablePhases, NameTheDenserLiquidSecond)
+{
+    const MixtureModel model = modelOf({"methane", "hydrogen sulfide"});
+    const FlashResult result = stateOf(model, 180.0, 60e5, {0.5, 0.5});
+    ASSERT_TRUE(result.liquidPresent && result.liquid2Present);
+    EXPECT_GT(result.liquid[0], 0.5);
+    EXPECT_GT(result.liquid2[1], 0.5);
+}
+
+TEST(StablePhases, AreThoseThatAreAllowed)
+{
+    const MixtureModel model = modelOf({"methane", "n-hexane", "water"});
+    const std::vector<double> z = {0.5, 0.2, 0.3};
+    const auto at = [&](FlashPhases phases) {
+        FlashResult result;
+        EXPECT_EQ(flashTP(model, 300.0, 10e5, z, phases, result), FlashStatus::solved);
+        return result;
+    };
+    const FlashResult one = at(FlashPhases::vaporAndLiquid);
+    EXPECT_TRUE(one.vaporPresent && one.liquidPresent && !one.liquid2Present);
+    const FlashResult liquids = at(FlashPhases::twoLiquids);
+    EXPECT_TRUE(!liquids.vaporPresent && liquids.liquidPresent && liquids.liquid2Present);
+    const FlashResult vapor = at(FlashPhases::vaporOnly);
+    EXPECT_TRUE(vapor.vaporPresent && vapor.phaseCount() == 1);
+    const FlashResult liquid = at(FlashPhases::liquidOnly);
+    EXPECT_TRUE(liquid.liquidPresent && liquid.phaseCount() == 1);
+}
+
+// Carbon dioxide, hydrocarbons and water at low temperature can have four phases.
