@@ -1,5 +1,6 @@
 #include "cape/com/guarded_call.h"
 #include "reference/engine/quantities/phase_calculation.h"
+#include "reference/package/allowed_phases.h"
 #include "reference/package/flash_input.h"
 #include "reference/package/phase_of_present.h"
 #include "reference/package/phase_table.h"
@@ -59,12 +60,16 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcEquilibrium(VARIANT specification
             return call.refuse(*verdict.kind, std::move(verdict.description));
         if (FlashVerdict verdict = readSolutionType(solutionType, request.solution); !verdict.isGood())
             return call.refuse(*verdict.kind, std::move(verdict.description));
-        if (const HRESULT result = readAllowedPhases(call, request.phases); FAILED(result))
+        AllowedPhases allowed;
+        if (const HRESULT result = readAllowedPhases(call, allowed); FAILED(result))
             return result;
-        if (request.phases != FlashPhases::vaporAndLiquid && (inputs[0].isPhaseFraction || inputs[1].isPhaseFraction))
-            return call.refuse(
-                errors::invalidArgument,
-                OLESTR("A flash can be given the fraction of a phase where it may use both phases only"));
+        request.phases = allowed.kinds();
+        const FlashInput *fraction = std::ranges::find_if(inputs, &FlashInput::isPhaseFraction);
+        const bool fractionGiven = fraction != std::end(inputs);
+        if (fractionGiven && (!allowsBoiling(request.phases) || (fraction->ofLiquid && !allowed.is[liquidPhase])))
+            return call.refuse(errors::invalidArgument,
+                               OLESTR("A flash can be given the fraction of a phase only where it may use that phase, "
+                                      "and vapor as well as liquid"));
         CompoundArray feed;
         if (const HRESULT result = readFlashConditions(call, inputs, request, feed); FAILED(result))
             return result;
@@ -75,8 +80,14 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcEquilibrium(VARIANT specification
         const FlashStatus status = flash(model, request, fractions, result, reason);
         if (status != FlashStatus::solved)
             return call.refuse(kindOf(status), wide(reason.data()));
+        if (fractionGiven && fraction->ofLiquid && result.liquid2Present)
+            return call.refuse(
+                errors::solvingError,
+                OLESTR("Where the liquid has that fraction there are two liquids: give the fraction of the "
+                       "vapor, or allow one liquid"));
         return writeEquilibrium(
-            call, result, {isGiven(inputs, FlashVariable::temperature), isGiven(inputs, FlashVariable::pressure)});
+            call, result, allowed,
+            {isGiven(inputs, FlashVariable::temperature), isGiven(inputs, FlashVariable::pressure)});
     });
 }
 
@@ -168,9 +179,8 @@ HRESULT PropertyPackage::readFlashValue(const Call &call, const FlashInput &inpu
     return S_OK;
 }
 
-HRESULT PropertyPackage::readAllowedPhases(const Call &call, FlashPhases &phases) const
+HRESULT PropertyPackage::readAllowedPhases(const Call &call, AllowedPhases &allowed) const
 {
-    bool allowed[phaseCount] = {};
     Value labels;
     Value statuses;
     const HRESULT read = material->GetPresentPhases(labels.out(), statuses.out());
@@ -184,30 +194,28 @@ HRESULT PropertyPackage::readAllowedPhases(const Call &call, FlashPhases &phases
         const PhaseRow *phase = findPhase(name);
         if (!phase)
             return call.refuse(errors::invalidArgument, OLESTR("There is no phase ") + quoted(name));
-        allowed[phase - phaseTable().data()] = true;
+        allowed.is[phase->index] = true;
     }
-    if (allowed[vaporPhase] && allowed[liquidPhase])
-        phases = FlashPhases::vaporAndLiquid;
-    else
-        phases = allowed[vaporPhase] ? FlashPhases::vaporOnly : FlashPhases::liquidOnly;
     return S_OK;
 }
 
-HRESULT PropertyPackage::writeEquilibrium(const Call &call, const FlashResult &result,
+HRESULT PropertyPackage::writeEquilibrium(const Call &call, const FlashResult &result, const AllowedPhases &allowed,
                                           const GivenConditions &given) const
 {
     const struct {
+        PhaseIndex index;
         bool present;
         const double &amount;
         const CompoundArray &fractions;
-    } phases[phaseCount] = {{result.vaporPresent, result.vaporFraction, result.vapor},
-                            {result.liquidPresent, result.liquidFraction, result.liquid}};
+    } phases[] = {{vaporPhase, result.vaporPresent, result.vaporFraction, result.vapor},
+                  {allowed.firstLiquid(), result.liquidPresent, result.liquidFraction, result.liquid},
+                  {liquid2Phase, result.liquid2Present, result.liquid2Fraction, result.liquid2}};
 
     const auto refuse = [&](HRESULT written) {
         return call.refuseFor(errors::unknown, OLESTR("The material does not take the equilibrium: "), material.get(),
                               written);
     };
-    const int count = result.vaporPresent + result.liquidPresent;
+    const int count = result.phaseCount();
     Value labels;
     Value statuses;
     BSTR *const presentLabels = labels.makeTexts(count);
@@ -215,10 +223,10 @@ HRESULT PropertyPackage::writeEquilibrium(const Call &call, const FlashResult &r
     if (!presentLabels || !status)
         return E_OUTOFMEMORY;
     BSTR *label = presentLabels;
-    for (int i = 0; i < phaseCount; ++i) {
-        if (!phases[i].present)
+    for (const auto &phase : phases) {
+        if (!phase.present)
             continue;
-        *label++ = Bstr(phaseTable()[i].label).detach();
+        *label++ = Bstr(phaseTable()[phase.index].label).detach();
         *status++ = atEquilibrium;
     }
     if (const HRESULT written = material->SetPresentPhases(labels.get(), statuses.get()); FAILED(written))

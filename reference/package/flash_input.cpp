@@ -35,8 +35,12 @@ FlashVerdict readPhaseFraction(BSTR basis, BSTR label, FlashInput &input)
     if (!byMass && !sameWord(basis, "mole") && !sameWord(basis, ""))
         return {&errors::invalidArgument,
                 OLESTR("The basis of a phase fraction must be mole or mass, and not ") + quoted(basis)};
+    if (phase->index == liquid2Phase)
+        return {
+            &errors::limitedImplementation,
+            OLESTR("A flash can be given the fraction of the vapor or of the only liquid, and not of a second liquid")};
     input.isPhaseFraction = true;
-    input.ofLiquid = phase == &phaseTable()[liquidPhase];
+    input.ofLiquid = phase->index == liquidPhase;
     if (byMass)
         input.variable = FlashVariable::vaporMassFraction;
     return {};

@@ -21,7 +21,7 @@ struct FlashInput {
     const FlashProperty *property = nullptr;
     FlashVariable variable = FlashVariable::temperature;
     bool isPhaseFraction = false;
-    bool ofLiquid = false; // a phase fraction that is the liquid's; `variable` is the vapor's
+    bool ofLiquid = false; // a phase fraction that is the only liquid's; `variable` is the vapor's
 };
 
 // What is wrong with a specification; nothing if `kind` is null.

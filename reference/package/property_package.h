@@ -11,6 +11,7 @@
 
 namespace reference {
 
+struct AllowedPhases;
 struct ConditionedProperties;
 struct FlashInput;
 
@@ -137,7 +138,7 @@ private:
     HRESULT refuseWrite(const Call &call, HRESULT written) const;
 
     // The phases that the material lets a flash use.
-    HRESULT readAllowedPhases(const Call &call, FlashPhases &phases) const;
+    HRESULT readAllowedPhases(const Call &call, AllowedPhases &allowed) const;
 
     // The feed and the values of both inputs.
     HRESULT readFlashConditions(const Call &call, const FlashInput (&inputs)[2], FlashRequest &request,
@@ -153,7 +154,8 @@ private:
         bool temperature;
         bool pressure;
     };
-    HRESULT writeEquilibrium(const Call &call, const FlashResult &result, const GivenConditions &given) const;
+    HRESULT writeEquilibrium(const Call &call, const FlashResult &result, const AllowedPhases &allowed,
+                             const GivenConditions &given) const;
 
     const EquationOfState equation;
     std::vector<const CompoundData *> compounds;

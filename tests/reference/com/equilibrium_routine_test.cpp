@@ -452,5 +452,6 @@ TEST_F(PackageFlashPairs, RefuseValuesThatTheMaterialDoesNotGive)
     material.presentPhases = {"Vapor"};
     giveOverall("phaseFraction", 0.5);
     expectRefusal(calculate(givenPressure, {"phaseFraction", "mole", "Vapor"}), errors::invalidArgument,
-                  "A flash can be given the fraction of a phase where it may use both phases only");
+                  "A flash can be given the fraction of a phase only where it may use that phase, and vapor as well as "
+                  "liquid");
 }

@@ -4,20 +4,19 @@ using namespace reference;
 
 using PackagePhases = PackageFixture;
 
-TEST_F(PackagePhases, AreAVaporAndALiquid)
+TEST_F(PackagePhases, AreAVaporAndTwoLiquids)
 {
     LONG count = 0;
     ASSERT_EQ(phases->GetNumPhases(&count), S_OK);
-    EXPECT_EQ(count, 2);
+    EXPECT_EQ(count, 3);
     Argument labels;
     Argument states;
     Argument keys;
     labels.setText("to be freed");
     ASSERT_EQ(phases->GetPhaseList(labels.out(), states.out(), keys.out()), S_OK);
-    const std::vector<std::string> both = {"Vapor", "Liquid"};
-    EXPECT_EQ(textsOf(labels.get()), both);
-    EXPECT_EQ(textsOf(states.get()), both);
-    EXPECT_EQ(textsOf(keys.get()), (std::vector<std::string>{"", ""}));
+    EXPECT_EQ(textsOf(labels.get()), (std::vector<std::string>{"Vapor", "Liquid", "Liquid2"}));
+    EXPECT_EQ(textsOf(states.get()), (std::vector<std::string>{"Vapor", "Liquid", "Liquid"}));
+    EXPECT_EQ(textsOf(keys.get()), (std::vector<std::string>{"", "", ""}));
 }
 
 TEST_F(PackagePhases, TouchNothingWhenAPointerIsNull)
@@ -41,7 +40,7 @@ TEST_F(PackagePhases, TellTheirAttributes)
     };
     EXPECT_EQ(attribute("Vapor", "StateOfAggregation"), "Vapor");
     EXPECT_EQ(attribute("LIQUID", "stateofaggregation"), "Liquid");
-    EXPECT_EQ(attribute("Liquid", "UserDescription"), "Liquid");
+    EXPECT_EQ(attribute("Liquid", "UserDescription"), "The only liquid, or the less aqueous or less dense one of two");
     for (const char *undefined : {"KeyCompoundId", "ExcludedCompoundId", "DensityDescription", "TypeOfSolid"})
         EXPECT_EQ(attribute("Vapor", undefined), "");
 }
