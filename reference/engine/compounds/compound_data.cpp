@@ -30,7 +30,7 @@ const CompoundData *findCompound(std::string_view id)
 
 double interactionParameter(std::string_view first, std::string_view second, EquationOfState equation)
 {
-    if (equation == EquationOfState::idealMixture)
+    if (!isCubicEquation(equation))
         return 0.0;
     const std::span<const InteractionParameter> parameters =
         equation == EquationOfState::pengRobinson ? std::span<const InteractionParameter>(pengRobinsonParameters)

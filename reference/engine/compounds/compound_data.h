@@ -71,7 +71,7 @@ std::span<const CompoundData> compoundTable();
 const CompoundData *findCompound(std::string_view id);
 
 // The interaction parameter kij of the equation's mixing rule, the same in both directions; 0 for
-// pairs without one, and for the ideal mixture.
+// pairs without one, and for models that are no cubic equation.
 double interactionParameter(std::string_view first, std::string_view second,
                             EquationOfState equation = EquationOfState::pengRobinson);
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "reference/engine/compounds/compound_data.h"
+#include "reference/engine/numerics/temperature_function.h"
 
 namespace reference {
 
@@ -12,18 +13,10 @@ double vaporPressure(const CompoundData &compound, double kelvin);
 // Density of the saturated liquid, mol/m3. NaN outside of the range of the correlation.
 double saturatedLiquidDensity(const CompoundData &compound, double kelvin);
 
-// A function of temperature at one temperature, with its first three derivatives.
-struct TemperatureFunction {
-    double value;
-    double byT;   // per K
-    double byTT;  // per K2
-    double byTTT; // per K3; jumps where a correlation's continuation begins
-};
-
 // The logarithm of the vapor pressure in Pa at any temperature above zero, twice continuously
-// differentiable. Up to the temperature where ln p is straight over 1/T, some 0.8 Tc, it is the
-// correlation; from there on it goes on straight, by which the liquid of an ideal mixture keeps a
-// heat capacity above zero. At the critical point that makes some percent. Below the range of the
+// differentiable: the third derivative jumps where the continuation begins. Up to the temperature where ln p is
+// straight over 1/T, some 0.8 Tc, it is the correlation; from there on it goes on straight, by which the liquid of an
+// ideal mixture keeps a heat capacity above zero. At the critical point that makes some percent. Below the range of the
 // correlation the heat of vaporization changes with temperature as at its end (Kirchhoff).
 class SaturationPressure {
 public:

@@ -7,7 +7,13 @@ enum class EquationOfState {
     pengRobinson,
     soaveRedlichKwong,
     idealMixture, // ideal gas, and a liquid that obeys Raoult's law
+    nrtl,         // ideal gas, and a liquid with activity coefficients by NRTL
 };
+
+constexpr bool isCubicEquation(EquationOfState equation)
+{
+    return equation == EquationOfState::pengRobinson || equation == EquationOfState::soaveRedlichKwong;
+}
 
 // P = R T / (v - b) - a alpha(T) / ((v + d1 b) (v + d2 b)), with
 // a = omegaA (R Tc)^2 / Pc, b = omegaB R Tc / Pc and alpha = (1 + kappa (1 - sqrt(T / Tc)))^2.
@@ -26,7 +32,7 @@ struct CubicConstants {
     constexpr double criticalThermal() const { return omegaB / omegaA; }
 };
 
-// The constants of a cubic equation; those of Peng and Robinson for idealMixture, which has none.
+// The constants of a cubic equation; those of Peng and Robinson for models that are none.
 const CubicConstants &cubicConstants(EquationOfState equation);
 
 // kappa of the alpha function, from the acentric factor:

@@ -67,7 +67,7 @@ Residual idealGasResidual(Dual T, Dual P)
     return result;
 }
 
-Residual raoultResidual(Dual T, Dual P, const RaoultParameters &mean)
+Residual activityResidual(Dual T, Dual P, const ActivityParameters &mean)
 {
     // ln phi of the mixture is saturation + volume P - ln P.
     const Dual logPhi = mean.saturation + mean.volume * P - log(P);

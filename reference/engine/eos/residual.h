@@ -43,12 +43,12 @@ Residual cubicResidual(const CubicConstants &equation, Dual T, Dual P, const Cub
 
 Residual idealGasResidual(Dual T, Dual P); // all zero but the whole volume
 
-// The mean over the compounds of a liquid's `saturation` and `volume` of Isotherm, with derivatives by
-// temperature.
-struct RaoultParameters {
+// The mean over the compounds of a liquid that has activity coefficients: of what ln phi_i has beside v_i P / (R T) -
+// ln P, and of v_i / (R T), with derivatives by temperature.
+struct ActivityParameters {
     Dual saturation, saturationT, saturationTT;
     Dual volume, volumeT, volumeTT;
 };
-Residual raoultResidual(Dual T, Dual P, const RaoultParameters &parameters);
+Residual activityResidual(Dual T, Dual P, const ActivityParameters &parameters);
 
 } // namespace reference

@@ -68,7 +68,7 @@ bool isSecondLiquid(const MixtureModel &model, const CompoundArray &x, const Pha
 
 double relativeVolume(const FlashProblem &problem, const PhaseState &state)
 {
-    if (problem.model.isIdeal())
+    if (!problem.model.isCubic())
         return state.vaporRoot ? 1.0 : 0.0;
     return state.Z / state.B;
 }

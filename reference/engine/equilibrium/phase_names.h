@@ -16,7 +16,7 @@ bool namePhases(const FlashProblem &problem, const PhaseSplit &split, FlashPhase
 bool isSecondLiquid(const MixtureModel &model, const CompoundArray &x, const PhaseState &state,
                     const CompoundArray &otherX, const PhaseState &otherState);
 
-// A phase's volume in units of its own covolume; that of the ideal mixture, by its root alone.
+// A phase's volume in units of its own covolume; without a cubic equation, by its root alone.
 double relativeVolume(const FlashProblem &problem, const PhaseState &state);
 
 } // namespace reference

@@ -9,8 +9,8 @@ namespace reference {
 
 bool areVaporAndLiquid(const Feed &feed, const TwoPhasePoint &point)
 {
-    if (feed.model.isIdeal())
-        return true; // its phases never become one
+    if (!feed.model.isCubic())
+        return true; // an ideal gas and a liquid never become one
     const PhaseState &vapor = point.vapor.state;
     const PhaseState &liquid = point.liquid.state;
     const double ratio = vapor.Z / liquid.Z;

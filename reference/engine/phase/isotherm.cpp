@@ -8,33 +8,6 @@ namespace reference {
 
 namespace {
 
-// The product of two functions of temperature.
-TemperatureFunction product(const TemperatureFunction &f, const TemperatureFunction &g)
-{
-    return {f.value * g.value, f.byT * g.value + f.value * g.byT,
-            f.byTT * g.value + 2.0 * f.byT * g.byT + f.value * g.byTT,
-            f.byTTT * g.value + 3.0 * (f.byTT * g.byT + f.byT * g.byTT) + f.value * g.byTTT};
-}
-
-TemperatureFunction exponential(const TemperatureFunction &f)
-{
-    const double value = std::exp(f.value);
-    return {value, value * f.byT, value * (f.byTT + f.byT * f.byT),
-            value * (f.byTTT + (3.0 * f.byTT + f.byT * f.byT) * f.byT)};
-}
-
-// 1 / (R T)
-TemperatureFunction inverseThermal(double T)
-{
-    const double value = 1.0 / (gasConstant * T);
-    return {value, -value / T, 2.0 * value / (T * T), -6.0 * value / (T * T * T)};
-}
-
-TemperatureFunction operator-(const TemperatureFunction &f, const TemperatureFunction &g)
-{
-    return {f.value - g.value, f.byT - g.byT, f.byTT - g.byTT, f.byTTT - g.byTTT};
-}
-
 void prepareCubic(const MixtureModel &model, Isotherm &isotherm)
 {
     const double T = isotherm.temperature;
@@ -49,23 +22,25 @@ void prepareCubic(const MixtureModel &model, Isotherm &isotherm)
     }
 }
 
-void prepareIdeal(const MixtureModel &model, Isotherm &isotherm)
+void prepareSaturation(const MixtureModel &model, Isotherm &isotherm)
 {
     const double T = isotherm.temperature;
-    const TemperatureFunction inverse = inverseThermal(T);
+    const TemperatureFunction inverse = overTemperature(1.0 / gasConstant, T); // 1 / (R T)
     for (int i = 0; i < model.size; ++i) {
         const CompoundTerms &compound = model.compounds[i];
         const TemperatureFunction logPressure = compound.saturationPressure.logarithm(T);
-        isotherm.volume[i] = product(compound.liquidVolume.volume(T), inverse);
-        isotherm.saturation[i] = logPressure - product(isotherm.volume[i], exponential(logPressure));
+        isotherm.volume[i] = compound.liquidVolume.volume(T) * inverse;
+        isotherm.saturation[i] = logPressure - isotherm.volume[i] * exp(logPressure);
     }
+    if (model.equation == EquationOfState::nrtl)
+        isotherm.local.prepare(model.size, model.nrtl, T);
 }
 
 } // namespace
 
 Isotherm::Isotherm(const MixtureModel &model, double kelvin) : temperature(kelvin)
 {
-    model.isIdeal() ? prepareIdeal(model, *this) : prepareCubic(model, *this);
+    model.isCubic() ? prepareCubic(model, *this) : prepareSaturation(model, *this);
 }
 
 } // namespace reference

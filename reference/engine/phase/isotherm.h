@@ -1,6 +1,7 @@
 // The parts of a model that depend on temperature alone, worked out once for a temperature.
 #pragma once
 
+#include "reference/engine/phase/local_compositions.h"
 #include "reference/engine/phase/mixture_model.h"
 
 namespace reference {
@@ -13,9 +14,11 @@ struct Isotherm {
     CompoundArray slope;     // ds/dT
     CompoundArray curvature; // d2s/dT2
 
-    // Ideal mixture: ln phi_i of the liquid is saturation_i + volume_i P - ln P.
+    // Liquids that are not by a cubic equation: ln phi_i is saturation_i + ln gamma_i + volume_i P - ln P.
     std::array<TemperatureFunction, maximumCompounds> saturation; // ln p_i - v_i p_i / (R T)
     std::array<TemperatureFunction, maximumCompounds> volume;     // v_i / (R T), 1/Pa
+
+    LocalCompositions local; // for ln gamma_i of NRTL; of the ideal mixture it is zero
 
     Isotherm(const MixtureModel &model, double kelvin);
 };

@@ -1,5 +1,6 @@
 #include "reference/engine/phase/mixture_model.h"
 
+#include "reference/engine/compounds/nrtl.h"
 #include "reference/engine/eos/cubic.h"
 #include "reference/engine/eos/gas_constant.h"
 
@@ -37,7 +38,7 @@ CompoundTerms termsOf(const CompoundData &compound, EquationOfState equation)
                         .volumeShift = 0.0,
                         .saturationPressure = SaturationPressure(compound),
                         .liquidVolume = LiquidVolume(compound)};
-    if (equation != EquationOfState::idealMixture)
+    if (isCubicEquation(equation))
         terms.volumeShift = volumeShift(terms, equation);
     return terms;
 }
@@ -64,6 +65,13 @@ MixtureModel MixtureModel::of(std::span<const CompoundData *const> list, Equatio
         for (int j = 0; j < model.size; ++j)
             model.pairFactor[i + model.size * j] = 1.0 - interactionParameter(list[i]->id, list[j]->id, equation);
     }
+    if (equation == EquationOfState::nrtl)
+        for (int j = 0; j < model.size; ++j)
+            for (int i = 0; i < model.size; ++i) {
+                const NrtlParameters pair = nrtlParameters(list[i]->id, list[j]->id);
+                model.nrtl.energy[i + model.size * j] = pair.energy;
+                model.nrtl.nonrandomness[i + model.size * j] = pair.nonrandomness;
+            }
     return model;
 }
 
@@ -77,6 +85,13 @@ MixtureModel MixtureModel::subset(std::span<const int> members) const
         for (int j = 0; j < chosen.size; ++j)
             chosen.pairFactor[i + chosen.size * j] = pairFactor[members[i] + size * members[j]];
     }
+    if (equation == EquationOfState::nrtl)
+        for (int j = 0; j < chosen.size; ++j)
+            for (int i = 0; i < chosen.size; ++i) {
+                const int from = members[i] + size * members[j];
+                chosen.nrtl.energy[i + chosen.size * j] = nrtl.energy[from];
+                chosen.nrtl.nonrandomness[i + chosen.size * j] = nrtl.nonrandomness[from];
+            }
     return chosen;
 }
 

@@ -5,6 +5,7 @@
 #include "reference/engine/compounds/saturation.h"
 #include "reference/engine/eos/equation_of_state.h"
 #include "reference/engine/numerics/compound_arrays.h"
+#include "reference/engine/phase/local_compositions.h"
 
 #include <array>
 #include <span>
@@ -34,9 +35,11 @@ struct MixtureModel {
     EquationOfState equation = EquationOfState::pengRobinson;
     int size = 0;
     std::array<CompoundTerms, maximumCompounds> compounds;
-    PairArray pairFactor; // 1 - kij, symmetric; not used by the ideal mixture
+    PairArray pairFactor; // 1 - kij, symmetric; cubic equations only
+    NrtlTerms nrtl;       // NRTL only
 
     bool isIdeal() const { return equation == EquationOfState::idealMixture; }
+    bool isCubic() const { return isCubicEquation(equation); }
 
     // The model of these compounds in this order: at least one, at most maximumCompounds.
     static MixtureModel of(std::span<const CompoundData *const> list,

@@ -2,6 +2,7 @@
 
 #include "reference/engine/eos/cubic.h"
 #include "reference/engine/eos/gas_constant.h"
+#include "reference/engine/phase/activity_phase.h"
 #include "reference/engine/phase/cubic_phase.h"
 
 namespace reference {
@@ -38,43 +39,51 @@ CubicParameters cubicParameters(const MixtureModel &model, const Isotherm &isoth
     return sum;
 }
 
-RaoultParameters raoultParameters(const MixtureModel &model, const Isotherm &isotherm, const double *x,
-                                  const Direction &direction)
+using TemperatureFunctions = std::array<TemperatureFunction, maximumCompounds>;
+
+// The mean of a function of temperature of the compounds, its derivatives by temperature given one place further on.
+Dual meanOf(int n, const double *x, const TemperatureFunctions &functions, double TemperatureFunction::*value,
+            double TemperatureFunction::*byT, const Direction &direction)
 {
-    RaoultParameters mean;
-    const struct {
-        Dual RaoultParameters::*sum;
-        std::array<TemperatureFunction, maximumCompounds> Isotherm::*functions;
-        double TemperatureFunction::*value;
-        double TemperatureFunction::*slope;
-    } rows[] = {
-        {&RaoultParameters::saturation, &Isotherm::saturation, &TemperatureFunction::value, &TemperatureFunction::byT},
-        {&RaoultParameters::saturationT, &Isotherm::saturation, &TemperatureFunction::byT, &TemperatureFunction::byTT},
-        {&RaoultParameters::saturationTT, &Isotherm::saturation, &TemperatureFunction::byTT,
-         &TemperatureFunction::byTTT},
-        {&RaoultParameters::volume, &Isotherm::volume, &TemperatureFunction::value, &TemperatureFunction::byT},
-        {&RaoultParameters::volumeT, &Isotherm::volume, &TemperatureFunction::byT, &TemperatureFunction::byTT},
-        {&RaoultParameters::volumeTT, &Isotherm::volume, &TemperatureFunction::byTT, &TemperatureFunction::byTTT},
-    };
-    for (const auto &row : rows) {
-        const auto &functions = isotherm.*row.functions;
-        Dual sum;
-        for (int i = 0; i < model.size; ++i) {
-            sum.value += x[i] * (functions[i].*row.value);
-            sum.slope += x[i] * (functions[i].*row.slope) * direction.ofTemperature();
-        }
-        if (direction.compound >= 0)
-            sum.slope = functions[direction.compound].*row.value - sum.value;
-        mean.*row.sum = sum;
+    Dual sum;
+    for (int i = 0; i < n; ++i) {
+        sum.value += x[i] * (functions[i].*value);
+        sum.slope += x[i] * (functions[i].*byT) * direction.ofTemperature();
     }
-    return mean;
+    // What the compounds' own values do when moles are added has a mean of zero: Gibbs and Duhem.
+    if (direction.compound >= 0)
+        sum.slope = functions[direction.compound].*value - sum.value;
+    return sum;
+}
+
+ActivityParameters activityParameters(int n, const double *x, const TemperatureFunctions &terms,
+                                      const TemperatureFunctions &volumes, const Direction &direction)
+{
+    const auto mean = [&](const TemperatureFunctions &functions, double TemperatureFunction::*value,
+                          double TemperatureFunction::*byT) { return meanOf(n, x, functions, value, byT, direction); };
+    return {.saturation = mean(terms, &TemperatureFunction::value, &TemperatureFunction::byT),
+            .saturationT = mean(terms, &TemperatureFunction::byT, &TemperatureFunction::byTT),
+            .saturationTT = mean(terms, &TemperatureFunction::byTT, &TemperatureFunction::byTTT),
+            .volume = mean(volumes, &TemperatureFunction::value, &TemperatureFunction::byT),
+            .volumeT = mean(volumes, &TemperatureFunction::byT, &TemperatureFunction::byTT),
+            .volumeTT = mean(volumes, &TemperatureFunction::byTT, &TemperatureFunction::byTTT)};
+}
+
+// Of a pure compound as a liquid that has activity coefficients.
+Residual pureActivityResidual(const Isotherm &isotherm, int i, Dual T, Dual P)
+{
+    constexpr double whole = 1.0;
+    const Direction direction{T.slope != 0.0 ? Differential::byTemperature : Differential::none};
+    const TemperatureFunctions terms{isotherm.saturation[i]};
+    const TemperatureFunctions volumes{isotherm.volume[i]};
+    return activityResidual(T, P, activityParameters(1, &whole, terms, volumes, direction));
 }
 
 } // namespace
 
 PairSums::PairSums(const MixtureModel &model, const Isotherm &isotherm, const double *x)
 {
-    if (model.isIdeal())
+    if (!model.isCubic())
         return;
     cubic::pairSums(model, x, isotherm.slope, slope);
     cubic::pairSums(model, x, isotherm.curvature, curvature);
@@ -85,19 +94,24 @@ Residual residualOf(const MixtureModel &model, const Isotherm &isotherm, const d
 {
     const Dual T(isotherm.temperature, direction.ofTemperature());
     const Dual P(state.pressure, direction.ofPressure());
-    if (!model.isIdeal())
+    if (model.isCubic())
         return cubicResidual(cubicConstants(model.equation), T, P,
                              cubicParameters(model, isotherm, x, state, sums, direction), state.freeZ);
-    return state.vaporRoot ? idealGasResidual(T, P)
-                           : raoultResidual(T, P, raoultParameters(model, isotherm, x, direction));
+    if (state.vaporRoot)
+        return idealGasResidual(T, P);
+    TemperatureFunctions terms;
+    activity::temperatureTerms(model, isotherm, x, terms);
+    return activityResidual(T, P, activityParameters(model.size, x, terms, isotherm.volume, direction));
 }
 
 Residual pureResidualOf(const MixtureModel &model, const Isotherm &isotherm, const PhaseState &state, int i,
                         const Direction &direction)
 {
-    const CubicConstants &equation = cubicConstants(model.equation);
     const Dual T(isotherm.temperature, direction.ofTemperature());
     const Dual P(state.pressure, direction.ofPressure());
+    if (!model.isCubic())
+        return state.vaporRoot ? idealGasResidual(T, P) : pureActivityResidual(isotherm, i, T, P);
+    const CubicConstants &equation = cubicConstants(model.equation);
     const double s = isotherm.s[i];
     const double sT = isotherm.slope[i];
     const double sTT = isotherm.curvature[i];

@@ -9,7 +9,7 @@
 namespace reference {
 
 // What a phase by a cubic equation needs beyond PhaseState::pairSum for its residual properties: the
-// same sums with other values in place of s. Not filled for ideal mixtures.
+// same sums with other values in place of s. Not filled for other models.
 struct PairSums {
     CompoundArray slope;     // with ds/dT
     CompoundArray curvature; // with d2s/dT2
@@ -20,7 +20,7 @@ struct PairSums {
 Residual residualOf(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
                     const PhaseState &state, const PairSums &sums, const Direction &direction = {});
 
-// Of a pure compound as the same phase at the same temperature and pressure, by a cubic equation.
+// Of a pure compound as the same phase at the same temperature and pressure.
 Residual pureResidualOf(const MixtureModel &model, const Isotherm &isotherm, const PhaseState &state, int compound,
                         const Direction &direction);
 

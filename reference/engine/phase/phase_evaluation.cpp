@@ -1,26 +1,26 @@
 #include "reference/engine/phase/phase_evaluation.h"
 
+#include "reference/engine/phase/activity_phase.h"
 #include "reference/engine/phase/cubic_phase.h"
-#include "reference/engine/phase/ideal_phase.h"
 
 namespace reference {
 
 void evaluatePhase(const MixtureModel &model, const Isotherm &isotherm, double pressure, const double *moleFractions,
                    Root root, PhaseState &state)
 {
-    (model.isIdeal() ? ideal::evaluatePhase : cubic::evaluatePhase)(model, isotherm, pressure, moleFractions, root,
-                                                                    state);
+    (model.isCubic() ? cubic::evaluatePhase : activity::evaluatePhase)(model, isotherm, pressure, moleFractions, root,
+                                                                       state);
 }
 
 void lnPhiByMoles(const MixtureModel &model, const Isotherm &isotherm, const PhaseState &state, PairArray &derivatives)
 {
-    (model.isIdeal() ? ideal::lnPhiByMoles : cubic::lnPhiByMoles)(model, isotherm, state, derivatives);
+    (model.isCubic() ? cubic::lnPhiByMoles : activity::lnPhiByMoles)(model, isotherm, state, derivatives);
 }
 
 void evaluateSlopes(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
                     const PhaseState &state, PhaseSlopes &slopes)
 {
-    (model.isIdeal() ? ideal::evaluateSlopes : cubic::evaluateSlopes)(model, isotherm, moleFractions, state, slopes);
+    (model.isCubic() ? cubic::evaluateSlopes : activity::evaluateSlopes)(model, isotherm, moleFractions, state, slopes);
 }
 
 } // namespace reference

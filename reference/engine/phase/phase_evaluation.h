@@ -2,10 +2,10 @@
 // their derivatives, all analytic.
 //
 // Cubic equations (see CubicConstants) mix after van der Waals: a = sum x_i x_j sqrt(a_i a_j) (1 - kij),
-// b = sum x_i b_i. The ideal mixture has an ideal gas as vapor, and a liquid with
-// ln phi_i = ln(p_i / P) + v_i (P - p_i) / (R T), where p_i and v_i are vapor pressure and liquid
-// volume of the pure compound: Raoult's law with the Poynting factor, from which every other
-// property of that liquid follows.
+// b = sum x_i b_i. The other models have an ideal gas as vapor, and a liquid with
+// ln phi_i = ln gamma_i + ln(p_i / P) + v_i (P - p_i) / (R T), where p_i and v_i are vapor pressure and liquid
+// volume of the pure compound, and gamma_i is one in the ideal mixture or an activity coefficient by NRTL: Raoult's
+// law with the Poynting factor, from which every other property of that liquid follows.
 #pragma once
 
 #include "reference/engine/phase/isotherm.h"

@@ -45,7 +45,7 @@ public:
     void lnPhiSlopes(PhaseSlopes &slopes) const { evaluateSlopes(mixture, isotherm, x.data(), phase, slopes); }
     void lnPhiByComposition(PairArray &derivatives) const { lnPhiByMoles(mixture, isotherm, phase, derivatives); }
 
-    // Of a pure compound as the same phase at the same temperature and pressure, by a cubic equation.
+    // Of a pure compound as the same phase at the same temperature and pressure.
     Dual pureLnPhi(int compound, const Direction &direction) const;
 
 private:

@@ -21,6 +21,8 @@ struct PhaseState {
     bool liquidRoot;     // this is the liquid, or what is there instead of both
     CompoundArray lnPhi; // logarithms of the fugacity coefficients
 
+    CompoundArray fractions; // models of activity coefficients only: the mole fractions
+
     // Cubic equations only.
     double a;                 // Pa m6/mol2
     double b;                 // m3/mol

@@ -217,7 +217,7 @@ bool calculate(const PhasePoint &point, PhaseQuantity quantity, Differential dif
 
 bool isAvailable(const MixtureModel &model, Root root, PhaseQuantity quantity)
 {
-    const bool incompressible = model.isIdeal() && root == Root::liquid;
+    const bool incompressible = !model.isCubic() && root == Root::liquid;
     const auto allHave = [&](double CompoundData::*constant) {
         for (int i = 0; i < model.size; ++i)
             if (std::isnan(model.compounds[i].data->*constant))

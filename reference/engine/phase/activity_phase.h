@@ -1,10 +1,11 @@
-// Phases of an ideal mixture: what phase_evaluation.h declares, for models of that kind.
+// An ideal gas and a liquid of activity coefficients, which are one in the ideal mixture: what phase_evaluation.h
+// declares, for models of that kind.
 #pragma once
 
 #include "reference/engine/phase/isotherm.h"
 #include "reference/engine/phase/phase_state.h"
 
-namespace reference::ideal {
+namespace reference::activity {
 
 void evaluatePhase(const MixtureModel &model, const Isotherm &isotherm, double pressure, const double *moleFractions,
                    Root root, PhaseState &state);
@@ -12,4 +13,8 @@ void lnPhiByMoles(const MixtureModel &model, const Isotherm &isotherm, const Pha
 void evaluateSlopes(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
                     const PhaseState &state, PhaseSlopes &slopes);
 
-} // namespace reference::ideal
+// What temperature does to ln phi_i of the liquid at a composition, without volume_i P - ln P.
+void temperatureTerms(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
+                      std::array<TemperatureFunction, maximumCompounds> &terms);
+
+} // namespace reference::activity
