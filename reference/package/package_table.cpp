@@ -49,7 +49,8 @@ constexpr PackageDefinition packages[] = {
     {"Refrigerants", "Fluorinated and natural refrigerants by the Peng-Robinson equation", pengRobinson,
      refrigerantsCompounds},
     {"Water and light alcohols",
-     "Water and the alcohols up to 1-butanol at low pressure, by activity coefficients of NRTL and an ideal vapor",
+     "Water and the alcohols up to 1-butanol at low pressure, by activity coefficients of NRTL and an ideal vapor; "
+     "the propanols without water",
      nrtl, alcoholCompounds},
     {"All compounds (Peng-Robinson)", "Every compound of the library, by the Peng-Robinson equation", pengRobinson, {}},
     {"All compounds (Soave-Redlich-Kwong)",

@@ -1,6 +1,7 @@
 #include "reference/package/property_package.h"
 
 #include "cape/com/guarded_call.h"
+#include "reference/engine/compounds/nrtl.h"
 
 #include <algorithm>
 #include <cmath>
@@ -23,6 +24,24 @@ bool normalize(const NumberView &amounts, CompoundArray &fractions)
         return false;
     std::ranges::transform(amounts, fractions.begin(), [&](double amount) { return amount / sum; });
     return true;
+}
+
+// Without parameters a mixture would be calculated as an ideal one, which alcohols nearly are with each other and never
+// with water.
+std::vector<std::pair<int, int>> pairsWithoutParameters(std::span<const CompoundData *const> compounds,
+                                                        EquationOfState equation)
+{
+    std::vector<std::pair<int, int>> pairs;
+    if (equation != EquationOfState::nrtl)
+        return pairs;
+    for (int i = 0; i < static_cast<int>(compounds.size()); ++i)
+        for (int j = 0; j < i; ++j) {
+            const std::string_view first = compounds[i]->id;
+            const std::string_view second = compounds[j]->id;
+            if ((first == "water" || second == "water") && !nrtlParameters(first, second).known)
+                pairs.emplace_back(i, j);
+        }
+    return pairs;
 }
 
 } // namespace
@@ -74,6 +93,7 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::SetMaterial(IDispatch *object)
         std::vector<const CompoundData *> chosen;
         if (const HRESULT result = readMaterialCompounds(call, *list.get(), chosen); FAILED(result))
             return result;
+        unknownPairs = pairsWithoutParameters(chosen, equation);
         model = MixtureModel::of(chosen, equation);
         material = std::move(newMaterial);
         return S_OK;
@@ -161,6 +181,11 @@ HRESULT PropertyPackage::readComposition(const Call &call, const VARIANT &amount
     if (!normalize(values, fractions))
         return call.refuse(errors::invalidArgument,
                            OLESTR("The composition must be numbers that are not negative and not all zero"));
+    for (const auto &[first, second] : unknownPairs)
+        if (fractions[first] > 0.0 && fractions[second] > 0.0)
+            return call.refuse(errors::limitedImplementation,
+                               OLESTR("The package has no parameters for ") + wide(model.compounds[first].data->id) +
+                                   OLESTR(" together with ") + wide(model.compounds[second].data->id));
     return S_OK;
 }
 

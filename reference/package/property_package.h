@@ -7,6 +7,7 @@
 #include "reference/engine/phase/phase_point.h"
 #include "reference/package/package_table.h"
 
+#include <utility>
 #include <vector>
 
 namespace reference {
@@ -115,7 +116,8 @@ private:
     // Refuses a temperature or pressure outside the range of the models.
     HRESULT checkCondition(const Call &call, FlashVariable condition, double value) const;
 
-    // Amounts of the material's compounds, scaled to sum to one.
+    // Amounts of the material's compounds, scaled to sum to one. Refuses those of compounds that the model does not
+    // know together.
     HRESULT readComposition(const Call &call, const VARIANT &amounts, CompoundArray &fractions) const;
 
     // Checks the conditions and reads the composition.
@@ -160,8 +162,9 @@ private:
     const EquationOfState equation;
     std::vector<const CompoundData *> compounds;
     ComPointer<ICapeThermoMaterial> material;
-    int calculations = 0; // one within the other
-    MixtureModel model;   // of the material's compounds, in the material's order
+    int calculations = 0;                          // one within the other
+    MixtureModel model;                            // of the material's compounds, in the material's order
+    std::vector<std::pair<int, int>> unknownPairs; // of those compounds, which the model has no parameters for
 
     // Identifiers for calls to the material, allocated once.
     struct {
