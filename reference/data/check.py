@@ -12,7 +12,8 @@ from tables import FOLDER, by_id, number, rows
 
 R = 8.31446261815324  # J/mol/K, CODATA 2018 (exact)
 
-# Fuller, Ensley, Giddings (1969), cm3/mol: what a ring takes off the diffusion volume.
+# Fuller, Ensley, Giddings (1969), cm3/mol: what an aromatic ring takes off the diffusion volume; one of heteroatoms, too,
+# but none of the compounds has such.
 RING_VOLUME = -18.3
 
 

@@ -149,6 +149,9 @@ class WrongValues(unittest.TestCase):
     def test_diffusion_volume(self):
         self.expect("benzene: diffusion volume is 109.26, not 90.96", "transport", "benzene", "90.96", "109.26")
 
+    def test_diffusion_volume_of_a_ring_without_aromatics(self):
+        self.expect("cyclohexane: diffusion volume is 104.82, not 123.12", "transport", "cyclohexane", "123.12", "104.82")
+
     def test_interaction_parameter(self):
         self.expect("nitrogen and nitrogen: are no two compounds", "interaction_parameters", "nitrogen", "methane", "nitrogen")
 
