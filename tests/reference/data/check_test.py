@@ -159,6 +159,18 @@ class WrongValues(unittest.TestCase):
         self.expect("carbon dioxide and ethane: interaction parameter (Peng-Robinson against Soave) is 0.31, not 0.136",
                     "interaction_parameters", "carbon dioxide,ethane", "0.130", "0.310")
 
+    def test_interaction_parameter_far_from_published_ones(self):
+        self.expect("ethane and nitrogen: interaction parameter (against published ones) is 0.01, not 0.0344",
+                    "interaction_parameters", "nitrogen,ethane", "0.0533", "0.0100")
+
+    def test_interaction_parameter_that_is_missing(self):
+        self.expect("n-hexane and water: have no value of pengRobinson, against what is published", "interaction_parameters",
+                    "n-hexane,water", "0.4800,Thermopack,", ",,")
+
+    def test_interaction_parameter_that_nobody_published(self):
+        self.expect("ammonia and nitrogen: have a value of soaveRedlichKwong that nobody published",
+                    "interaction_parameters", "nitrogen,ammonia", "Knapp,,", "Knapp,0.2,Reid")
+
     def test_value_without_source(self):
         self.expect("oxygen and argon: have a value of peng_robinson without a source", "interaction_parameters",
                     "oxygen,argon", "Knapp", "")

@@ -106,7 +106,10 @@ TEST(InteractionParameter, IsThePublishedOne)
     EXPECT_EQ(interactionParameter("nitrogen", "methane"), 0.025);
     EXPECT_EQ(interactionParameter("n-hexane", "hydrogen sulfide"), 0.055);
     EXPECT_EQ(interactionParameter("carbon dioxide", "hydrogen sulfide"), 0.135);
-    EXPECT_EQ(interactionParameter("methane", "n-butane"), 0.0);
+    EXPECT_EQ(interactionParameter("methane", "n-butane"), 0.0185);
+    EXPECT_EQ(interactionParameter("n-hexane", "water"), 0.48);
+    EXPECT_EQ(interactionParameter("hydrogen", "ethylene"), 0.0074);
+    EXPECT_EQ(interactionParameter("o-xylene", "p-xylene"), 0.0);
     EXPECT_EQ(interactionParameter("methane", "methane"), 0.0);
 }
 
