@@ -9,7 +9,7 @@ import os
 import sys
 
 from molecule import atoms_of_formula, hill_order, read_smiles
-from tables import FOLDER, by_id, number, rows
+from tables import FOLDER, HEAT_CAPACITY, by_id, number, rows
 
 R = 8.31446261815324  # J/mol/K, CODATA 2018 (exact)
 
@@ -57,7 +57,22 @@ def liquid_density(row, T):
 
 def heat_capacity(row, T):
     """J/mol/K"""
-    return R * sum(number(row[f"a{k}"]) * T**k for k in range(5))
+    factors = [number(row[name]) for name in HEAT_CAPACITY]
+    ratios = [float(name[1:]) / T for name in HEAT_CAPACITY[1:]]
+    return R * (factors[0] + sum(factor * (x / (2.0 * math.sinh(0.5 * x)))**2 for factor, x in zip(factors[1:], ratios)))
+
+
+def published_heat_capacity(row, T):
+    """J/mol/K"""
+    a = [float(text) for text in row["coefficients"].split()]
+    if row["form"] == "NASA7":
+        first = 0 if T <= 1000.0 else 7
+        return R * sum(a[first + k] * T**k for k in range(5))
+    result = a[0] + a[1] / T**2 * math.exp(-a[2] / T)
+    if T > a[7]:
+        y = (T - a[7]) / (T + a[6])
+        result += a[3] * y**2 + (a[4] - a[5] / (T - a[7])**2) * y**8
+    return R * result
 
 
 def liquid_constant(tables, compound, kind, T):
@@ -96,7 +111,7 @@ NEEDED = {
     "identities": ("iupac_name", "formula", "cas", "smiles"),
     "constants": ("molecular_weight", "critical_temperature_K", "critical_pressure_Pa", "critical_density_mol/dm3",
                   "acentric_factor", "source"),
-    "heat": ("a0", "a1", "a2", "a3", "a4", "lowest_K", "highest_K", "source"),
+    "heat": HEAT_CAPACITY + ("lowest_K", "highest_K", "source"),
     "formation": (),
     "pressure": ("T0_K", "p0_Pa", "lowest_K", "n1", "t1", "source"),
     "density": ("form", "T0_K", "lowest_K", "A_or_r0", "B_or_n1", "D_or_t1", "source"),
@@ -208,6 +223,13 @@ def check_heat_capacity(tables, result):
         for T in [20, *range(50, 1501, 50)]:
             if heat_capacity(row, T) < (2.4 if T > 20 else 1.8) * R:
                 result.complain(compound, f"heat capacity at {T} K is {heat_capacity(row, T):.4g}, too small for any gas")
+    for equation in rows("heat_capacity_equations", os.path.join(FOLDER, "published")):
+        compound = equation["id"]
+        lowest, highest = number(equation["lowest_K"]), min(number(equation["highest_K"]), 1500.0)
+        for k in range(41):
+            T = lowest * (highest / lowest)**(k / 40.0)
+            result.near("heat capacity (against the equation)", compound, heat_capacity(tables.heat[compound], T),
+                        published_heat_capacity(equation, T), relative=0.01, where=f" at {T:.4g} K")
 
 
 def check_formation(tables, result):

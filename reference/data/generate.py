@@ -7,7 +7,7 @@
 import math
 import sys
 
-from tables import FOLDER, by_id, number, rows
+from tables import FOLDER, HEAT_CAPACITY, by_id, number, rows
 
 DEBYE = 3.33564e-30  # C m
 PARACHOR = 1e-3**0.25 * 1e-6  # (mN/m)^0.25 cm3/mol in kg^0.25 m3/(s^0.5 mol)
@@ -106,7 +106,7 @@ def compounds(folder):
             "liquidViscosity": cpp(scaled(fitted["viscosity_mPa*s"], 1e-3)),
             "liquidThermalConductivity": cpp(number(fitted["thermal_conductivity_W/m/K"])),
             "solventAssociation": cpp(number(fitted["solvent_association"] or "1")),
-            "idealGasHeatCapacity": braces([cpp(number(h[f"a{k}"])) for k in range(5)]),
+            "idealGasHeatCapacity": braces([cpp(number(h[name])) for name in HEAT_CAPACITY]),
             "vaporPressure": vapor_pressure(pressure.get(key)),
             "liquidDensity": liquid_density(density.get(key)),
         }

@@ -8,6 +8,10 @@ sys.path.append(os.path.join(FOLDER, "..", "..", "scripts"))
 from csv_table import numbered_rows  # pylint: disable=wrong-import-position
 
 
+# The columns of a heat capacity: the constant, and the temperatures of the oscillators.
+HEAT_CAPACITY = ("c0", "c150", "c250", "c400", "c650", "c1050", "c1700", "c2750", "c4450", "c7200")
+
+
 def number(text):
     """The value of a cell; None for an empty one."""
     return float(text) if text else None

@@ -67,6 +67,15 @@ MixtureModel MixtureModel::of(std::span<const CompoundData *const> list, Equatio
     return model;
 }
 
+HeatCapacityTerms MixtureModel::heatCapacityTerms(const double *moleFractions) const
+{
+    HeatCapacityTerms sum{};
+    for (int i = 0; i < size; ++i)
+        for (std::size_t term = 0; term < sum.size(); ++term)
+            sum[term] += moleFractions[i] * compounds[i].idealGasHeatCapacity[term];
+    return sum;
+}
+
 MixtureModel MixtureModel::subset(std::span<const int> members) const
 {
     MixtureModel chosen;

@@ -12,17 +12,17 @@
 namespace reference {
 
 struct CompoundTerms {
-    const CompoundData *data;                   // of the table, which outlives every model
-    double molecularWeight;                     // g/mol
-    double criticalTemperature;                 // K
-    double criticalPressure;                    // Pa
-    double acentricFactor;                      //
-    double attractionRoot;                      // square root of a at the critical temperature, Pa^0.5 m3/mol
-    double attractionSlope;                     // kappa of the alpha function
-    double inverseRootCriticalT;                // 1 / sqrt(Tc), K^-0.5
-    double covolume;                            // b, m3/mol
-    std::array<double, 5> idealGasHeatCapacity; // of Cp/R, by power of T
-    double volumeShift;                         // of a cubic equation's volumes over the true ones, m3/mol
+    const CompoundData *data;               // of the table, which outlives every model
+    double molecularWeight;                 // g/mol
+    double criticalTemperature;             // K
+    double criticalPressure;                // Pa
+    double acentricFactor;                  //
+    double attractionRoot;                  // square root of a at the critical temperature, Pa^0.5 m3/mol
+    double attractionSlope;                 // kappa of the alpha function
+    double inverseRootCriticalT;            // 1 / sqrt(Tc), K^-0.5
+    double covolume;                        // b, m3/mol
+    HeatCapacityTerms idealGasHeatCapacity; //
+    double volumeShift;                     // of a cubic equation's volumes over the true ones, m3/mol
     SaturationPressure saturationPressure;
     LiquidVolume liquidVolume;
 };
@@ -35,6 +35,9 @@ struct MixtureModel {
     int size = 0;
     std::array<CompoundTerms, maximumCompounds> compounds;
     PairArray pairFactor; // 1 - kij, symmetric; not used by the ideal mixture
+
+    // Of the mixture as an ideal gas.
+    HeatCapacityTerms heatCapacityTerms(const double *moleFractions) const;
 
     bool isIdeal() const { return equation == EquationOfState::idealMixture; }
 

@@ -10,19 +10,6 @@
 
 namespace reference {
 
-namespace {
-
-HeatCapacityPolynomial mixtureHeatCapacity(const MixtureModel &model, const CompoundArray &fractions)
-{
-    HeatCapacityPolynomial sum{};
-    for (int i = 0; i < model.size; ++i)
-        for (std::size_t power = 0; power < sum.size(); ++power)
-            sum[power] += fractions[i] * model.compounds[i].idealGasHeatCapacity[power];
-    return sum;
-}
-
-} // namespace
-
 void evaluateProperties(const MixtureModel &model, const Isotherm &isotherm, double pressure, const double *fractions,
                         Root root, PhaseProperties &properties)
 {
@@ -40,7 +27,7 @@ void evaluateProperties(const MixtureModel &model, const Isotherm &isotherm, dou
     }
     properties.molecularWeight = molecularWeight;
 
-    const HeatCapacityPolynomial ideal = mixtureHeatCapacity(model, properties.fractions);
+    const HeatCapacityTerms ideal = model.heatCapacityTerms(fractions);
     const Residual residual =
         residualOf(model, isotherm, fractions, properties.state, PairSums(model, isotherm, fractions));
     properties.enthalpy = idealGasEnthalpy(ideal, T) + residual.enthalpy.value;

@@ -110,10 +110,14 @@ class WrongValues(unittest.TestCase):
 
     def test_heat_capacity(self):
         self.expect("sulfur dioxide: heat capacity at 298.15 K (JANAF) is ", "ideal_gas_heat_capacity", "sulfur dioxide",
-                    "4.147", "4.417")
+                    ",4,", ",4.2,")
+
+    def test_heat_capacity_off_its_equation(self):
+        self.expect("n-hexane: heat capacity (against the equation) at 200 K is ", "ideal_gas_heat_capacity", "n-hexane",
+                    ",4,", ",4.3,")
 
     def test_heat_capacity_far_off(self):
-        self.expect("hydrogen: heat capacity at 1500 K is ", "ideal_gas_heat_capacity", "hydrogen", "e-11", "e-10")
+        self.expect("hydrogen: heat capacity at 1500 K is ", "ideal_gas_heat_capacity", "hydrogen", ",2.5,", ",0.5,")
 
     def test_gibbs_energy_of_formation(self):
         self.expect("methanol: Gibbs energy of formation is -163.32, not ", "formation", "methanol", "-162.32", "-163.32")

@@ -12,7 +12,7 @@ sys.path.insert(0, DATA)
 from tables import rows  # pylint: disable=wrong-import-position
 
 FOLDER = os.path.join(DATA, "published")
-TABLES = ("constants", "formation", "saturation")
+TABLES = ("constants", "formation", "saturation", "heat_capacity")
 
 
 def braces(*cells):

@@ -172,5 +172,5 @@ TEST(PublishedTables, AreComparedWhole)
         EXPECT_NE(findCompound(row.id), nullptr) << row.id;
         EXPECT_TRUE(row.lowest <= row.value && row.value <= row.highest) << row.id << " " << row.property;
     }
-    EXPECT_GE(std::size(publishedValues), 1283u);
+    EXPECT_GE(std::size(publishedValues), 1585u);
 }
