@@ -22,6 +22,17 @@ def rows(name, folder=FOLDER):
     return [row for _, row in numbered_rows(os.path.join(folder, name + ".csv"))]
 
 
+def transport_correlations(folder=FOLDER):
+    """The rows of transport_correlations.csv by compound and property. A property that stands there twice is an error."""
+    result = {}
+    for row in rows("transport_correlations", folder):
+        key = (row["id"], row["property"])
+        if key in result:
+            raise ValueError(f"transport_correlations.csv: the {key[1]} of {key[0]} is there twice")
+        result[key] = row
+    return result
+
+
 def by_id(name, folder=FOLDER):
     """The rows of a table by the column id. A compound that stands in it twice is an error."""
     result = {}

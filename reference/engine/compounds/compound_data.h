@@ -3,6 +3,7 @@
 #pragma once
 
 #include "reference/engine/compounds/ideal_gas.h"
+#include "reference/engine/compounds/transport_correlation.h"
 #include "reference/engine/eos/equation_of_state.h"
 
 #include <array>
@@ -56,14 +57,12 @@ struct CompoundData {
     double associationFactor; // kappa of Chung et al.
     double diffusionVolume;   // of Fuller et al., m3/mol
 
-    // Of the liquid at 298.15 K and 101325 Pa.
-    double liquidViscosity;           // Pa s
-    double liquidThermalConductivity; // W/m/K; known when the viscosity is
-    double solventAssociation;        // phi of Wilke and Chang; 1 for what does not associate
+    double solventAssociation; // phi of Wilke and Chang; 1 for what does not associate
 
     HeatCapacityTerms idealGasHeatCapacity;
     Correlation vaporPressure; // Pa
     Correlation liquidDensity; // of the saturated liquid, mol/m3
+    TransportCorrelations transport;
 };
 
 std::span<const CompoundData> compoundTable();

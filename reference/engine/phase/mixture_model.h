@@ -27,8 +27,13 @@ struct CompoundTerms {
     LiquidVolume liquidVolume;
 };
 
-// The volume of the pure compound's liquid by a cubic equation, or of what stands for it, m3/mol.
-double cubicLiquidVolume(const CompoundTerms &compound, EquationOfState equation, double kelvin, double pascal);
+// The volumes of the pure compound's liquid and vapor by a cubic equation, m3/mol: one and the same
+// where it has but one.
+struct CubicVolumes {
+    double liquid;
+    double vapor;
+};
+CubicVolumes cubicVolumes(const CompoundTerms &compound, EquationOfState equation, double kelvin, double pascal);
 
 struct MixtureModel {
     EquationOfState equation = EquationOfState::pengRobinson;

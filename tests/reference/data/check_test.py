@@ -128,22 +128,20 @@ class WrongValues(unittest.TestCase):
     def test_parachor(self):
         self.expect("n-octane: surface tension at 293.15 K (CRC) is ", "transport", "n-octane", "351.1", "315.1")
 
-    def test_liquid_viscosity(self):
-        self.expect("toluene: viscosity at 298.15 K (REFPROP) is 0.65, not 0.5526", "liquid_transport", "toluene", "0.560",
-                    "0.650")
+    def test_transport_correlation_that_rises_instead_of_falling(self):
+        self.expect("methane: liquid_viscosity does not fall with temperature", "transport_correlations",
+                    "methane,liquid_viscosity", " 178.15", " -178.15")
 
-    def test_liquid_thermal_conductivity(self):
-        self.expect("1-butanol: thermal conductivity at 298.15 K (Perry) is 0.145, not 0.153", "liquid_transport",
-                    "1-butanol", "0.154", "0.145")
+    def test_transport_correlation_below_zero(self):
+        self.expect("propane: liquid_conductivity is not above zero from 85.47 to 350 K", "transport_correlations",
+                    "propane,liquid_conductivity", "0.26755", "-0.26755")
 
-    def test_liquid_without_conductivity(self):
-        self.expect("water: is fitted to one of viscosity and thermal conductivity without the other", "liquid_transport",
-                    "water", "0.607", "")
+    def test_transport_correlation_of_nothing_known(self):
+        self.expect("water: has a correlation of gas_tension, which nobody asks for", "transport_correlations", "water",
+                    "gas_viscosity", "gas_tension")
 
-    def test_liquid_without_known_viscosity(self):
-        self.remove("known_values", "acetone,viscosity,")
-        self.assertEqual(compare(self.folder).complaints,
-                         ["acetone: has no known viscosity to compare with, or should not have one"])
+    def test_solvent_association(self):
+        self.expect("water: has the association 0.6, less than none", "transport", "water", ",2.6", ",0.6")
 
     def test_heat_capacity_neither_known_nor_unknown(self):
         self.remove("known_values", "R-125,heat_capacity,")

@@ -12,7 +12,8 @@ sys.path.insert(0, DATA)
 from tables import rows  # pylint: disable=wrong-import-position
 
 FOLDER = os.path.join(DATA, "published")
-TABLES = ("constants", "formation", "saturation", "heat_capacity")
+TABLES = ("constants", "formation", "saturation", "heat_capacity", "viscosity", "conductivity",
+          "surface_tension")
 
 
 def braces(*cells):

@@ -150,7 +150,8 @@ TEST_P(PublishedKind, MeetsThePreferredSourceInHalfOfAllCases)
     for (const Comparison &found : comparisons(kind))
         if (found.row->value != 0.0) {
             deviations.push_back(std::fabs(found.value / found.row->value - 1.0));
-            worst = std::max(worst, outside(*found.row, found.value) / std::fabs(found.row->value));
+            if (!std::isnan(found.value))
+                worst = std::max(worst, outside(*found.row, found.value) / std::fabs(found.row->value));
         }
     ASSERT_GE(deviations.size(), 50u);
     std::ranges::sort(deviations);
@@ -172,5 +173,5 @@ TEST(PublishedTables, AreComparedWhole)
         EXPECT_NE(findCompound(row.id), nullptr) << row.id;
         EXPECT_TRUE(row.lowest <= row.value && row.value <= row.highest) << row.id << " " << row.property;
     }
-    EXPECT_GE(std::size(publishedValues), 1585u);
+    EXPECT_GE(std::size(publishedValues), 2199u);
 }
