@@ -56,6 +56,15 @@ Basis entropies(double T)
     return result;
 }
 
+struct Integrals {
+    Basis enthalpy, entropy;
+};
+const Integrals &atReference()
+{
+    static const Integrals values = {enthalpies(referenceTemperature), entropies(referenceTemperature)};
+    return values;
+}
+
 double sumOver(const HeatCapacityTerms &terms, const Basis &at, const Basis &from)
 {
     double sum = 0.0;
@@ -86,14 +95,31 @@ double idealGasHeatCapacitySlope(const HeatCapacityTerms &terms, double T)
 
 double idealGasEnthalpy(const HeatCapacityTerms &terms, double T)
 {
-    static const Basis atReference = enthalpies(referenceTemperature);
-    return sumOver(terms, enthalpies(T), atReference);
+    return sumOver(terms, enthalpies(T), atReference().enthalpy);
 }
 
 double idealGasEntropy(const HeatCapacityTerms &terms, double T)
 {
-    static const Basis atReference = entropies(referenceTemperature);
-    return sumOver(terms, entropies(T), atReference);
+    return sumOver(terms, entropies(T), atReference().entropy);
+}
+
+IdealGasState idealGasState(const HeatCapacityTerms &terms, double T)
+{
+    const Oscillators all(T);
+    const Integrals &from = atReference();
+    double heatCapacity = terms[0];
+    double enthalpy = terms[0] * (T - from.enthalpy[0]);
+    double entropy = terms[0] * (std::log(T) - from.entropy[0]);
+    for (int i = 0; i < oscillators; ++i) {
+        const double rest = all.rest(i);
+        const double ratio = all.x[i] / rest;
+        const double energy = ratio * all.factor[i];
+        const double factor = terms[i + 1];
+        heatCapacity += factor * ratio * energy;
+        enthalpy += factor * (T * energy - from.enthalpy[i + 1]);
+        entropy += factor * (energy - std::log(rest) - from.entropy[i + 1]);
+    }
+    return {gasConstant * heatCapacity, gasConstant * enthalpy, gasConstant * entropy};
 }
 
 } // namespace reference

@@ -20,4 +20,12 @@ double idealGasHeatCapacitySlope(const HeatCapacityTerms &terms, double kelvin);
 double idealGasEnthalpy(const HeatCapacityTerms &terms, double kelvin); // J/mol
 double idealGasEntropy(const HeatCapacityTerms &terms, double kelvin);  // J/mol/K
 
+// The heat capacity and its integrals together, which share most of their work.
+struct IdealGasState {
+    double heatCapacity;
+    double enthalpy;
+    double entropy;
+};
+IdealGasState idealGasState(const HeatCapacityTerms &terms, double kelvin);
+
 } // namespace reference

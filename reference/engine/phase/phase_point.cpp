@@ -76,9 +76,10 @@ Bulk PhasePoint::bulk(const Direction &direction, bool withPure) const
     result.residual = residualOf(mixture, isotherm, x.data(), phase, sums, direction);
 
     const HeatCapacityTerms ideal = mixture.heatCapacityTerms(x.data());
-    result.idealEnthalpy.value = idealGasEnthalpy(ideal, T);
-    result.idealEntropy.value = idealGasEntropy(ideal, T);
-    result.idealHeatCapacity.value = idealGasHeatCapacity(ideal, T);
+    const IdealGasState state = idealGasState(ideal, T);
+    result.idealEnthalpy.value = state.enthalpy;
+    result.idealEntropy.value = state.entropy;
+    result.idealHeatCapacity.value = state.heatCapacity;
     double mixing = 0.0;
     for (int i = 0; i < mixture.size; ++i) {
         const CompoundTerms &compound = mixture.compounds[i];

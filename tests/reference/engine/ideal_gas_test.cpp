@@ -41,6 +41,10 @@ TEST(IdealGas, HasIntegralsThatBelongToItsHeatCapacity)
 {
     for (const double T : {20.0, 77.0, 298.15, 700.0, 1500.0}) {
         const double heatCapacity = idealGasHeatCapacity(mixed, T);
+        const IdealGasState state = idealGasState(mixed, T);
+        EXPECT_NEAR(state.heatCapacity, heatCapacity, 1e-12 * heatCapacity) << T;
+        EXPECT_NEAR(state.enthalpy, idealGasEnthalpy(mixed, T), 1e-11 * heatCapacity * T) << T;
+        EXPECT_NEAR(state.entropy, idealGasEntropy(mixed, T), 1e-12 * heatCapacity) << T;
         const auto of = [](auto function) { return [=](double kelvin) { return function(mixed, kelvin); }; };
         EXPECT_NEAR(slopeOf(of(idealGasEnthalpy), T), heatCapacity, 1e-8 * heatCapacity) << T;
         EXPECT_NEAR(slopeOf(of(idealGasEntropy), T) * T, heatCapacity, 1e-8 * heatCapacity) << T;
