@@ -5,15 +5,16 @@
                                   other tables than those beside it
 """
 import math
+import re
 import sys
 
-from tables import FOLDER, by_id, number, rows
+from tables import FOLDER, HEAT_CAPACITY, by_id, number, rows, transport_correlations
 
 DEBYE = 3.33564e-30  # C m
 PARACHOR = 1e-3**0.25 * 1e-6  # (mN/m)^0.25 cm3/mol in kg^0.25 m3/(s^0.5 mol)
 MOST_TERMS = 6
 NONE = "notDefined"
-NOT_FITTED = {"viscosity_mPa*s": "", "thermal_conductivity_W/m/K": "", "solvent_association": ""}
+TRANSPORT = ("gas_viscosity", "liquid_viscosity", "gas_conductivity", "liquid_conductivity", "surface_tension")
 
 
 def cpp(value):
@@ -69,15 +70,23 @@ def liquid_density(row):
     return correlation("linear", T0, scale, ([factor] + factors, [exponent] + exponents), lowest)
 
 
+def transport_correlation(row):
+    if row is None:
+        return "{}"
+    form = re.sub("_(.)", lambda match: match[1].upper(), row["form"])
+    coefficients = braces(cpp(number(text)) for text in row["coefficients"].split())
+    return braces([f"TransportForm::{form}", coefficients, cpp(number(row["lowest_K"])), cpp(number(row["highest_K"]))])
+
+
 def compounds(folder):
-    constants, heat, formation, pressure, density, transport, liquid = (
+    constants, heat, formation, pressure, density, transport = (
         by_id(name, folder) for name in ("constants", "ideal_gas_heat_capacity", "formation", "vapor_pressure",
-                                         "liquid_density", "transport", "liquid_transport"))
+                                         "liquid_density", "transport"))
+    correlations = transport_correlations(folder)
     R = 8.31446261815324
     for row in rows("identities", folder):
         key = row["id"]
         c, f, t, h = constants[key], formation[key], transport[key], heat[key]
-        fitted = liquid.get(key, NOT_FITTED)
         Tc, pc = number(c["critical_temperature_K"]), number(c["critical_pressure_Pa"])
         Vc = 1e-3 / number(c["critical_density_mol/dm3"])
         fields = {
@@ -103,12 +112,11 @@ def compounds(folder):
             "parachor": cpp(scaled(t["parachor"], PARACHOR)),
             "associationFactor": cpp(number(t["association_factor"])),
             "diffusionVolume": cpp(scaled(t["diffusion_volume_cm3/mol"], 1e-6)),
-            "liquidViscosity": cpp(scaled(fitted["viscosity_mPa*s"], 1e-3)),
-            "liquidThermalConductivity": cpp(number(fitted["thermal_conductivity_W/m/K"])),
-            "solventAssociation": cpp(number(fitted["solvent_association"] or "1")),
-            "idealGasHeatCapacity": braces([cpp(number(h[f"a{k}"])) for k in range(5)]),
+            "solventAssociation": cpp(number(t["solvent_association"])),
+            "idealGasHeatCapacity": braces([cpp(number(h[name])) for name in HEAT_CAPACITY]),
             "vaporPressure": vapor_pressure(pressure.get(key)),
             "liquidDensity": liquid_density(density.get(key)),
+            "transport": braces(transport_correlation(correlations.get((key, name))) for name in TRANSPORT),
         }
         yield fields
 

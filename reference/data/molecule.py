@@ -24,8 +24,8 @@ def hill_order(atoms):
 
 
 def read_smiles(smiles):
-    """The atoms of a SMILES with the hydrogen that it leaves out, and the number of its rings. Knows single bonds
-    (with their direction, too), double and triple ones, branches, rings of one digit, aromatic carbon, and atoms in brackets with hydrogen and charge."""
+    """The atoms of a SMILES with the hydrogen that it leaves out, and the number of its aromatic rings. Knows single
+    bonds (with their direction, too), double and triple ones, branches, rings of one digit, aromatic carbon, and atoms in brackets with hydrogen and charge."""
     atoms = []  # element, aromatic, valence used, hydrogen stated or None
     branches = []
     open_rings = {}
@@ -46,8 +46,9 @@ def read_smiles(smiles):
             last = branches.pop()
         elif token.isdigit():
             if token in open_rings:
-                join(open_rings.pop(token), last, 1)
-                rings += 1
+                first = open_rings.pop(token)
+                join(first, last, 1)
+                rings += atoms[first][1] and atoms[last][1]
             else:
                 open_rings[token] = last
         else:

@@ -139,7 +139,7 @@ template <PhaseQuantity quantity> double thinGas(Compound compound, double kelvi
 }
 
 // A function of the ideal gas's heat capacity.
-template <double (*function)(const HeatCapacityPolynomial &, double)> double idealGas(Compound compound, double kelvin)
+template <double (*function)(const HeatCapacityTerms &, double)> double idealGas(Compound compound, double kelvin)
 {
     return function(compound.data.idealGasHeatCapacity, kelvin);
 }

@@ -161,7 +161,7 @@ end
 
 function the_example_of_the_help_runs(toolbox)
     shown = evalc(example_of(fullfile(toolbox, '+capeopen', 'Package.m')));
-    check(~isempty(strfind(shown, 'density = 3033.8')), '%s', shown);
+    check(~isempty(strfind(shown, 'density = 3034.8')), '%s', shown);
     check(isempty(capeOpenHandleList()), 'a package is still open');
 end
 

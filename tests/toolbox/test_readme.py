@@ -23,8 +23,8 @@ class FirstLines(unittest.TestCase):
         self.assertNotIn("error", done.stderr)
         self.assertEqual(done.returncode, 0)
         self.assertRegex(done.stdout, r"11 compounds: methane, ethane, propane")
-        self.assertRegex(done.stdout, r"T = 220 K, P = 4e\+06 Pa\n +Vapor +Liquid\n +fraction +0\.785483 +0\.214517\n")
-        self.assertRegex(done.stdout, r"fraction =\s+0\.4918\s+0\.7855\s")
+        self.assertRegex(done.stdout, r"T = 220 K, P = 4e\+06 Pa\n +Vapor +Liquid\n +fraction +0\.791127 +0\.208873\n")
+        self.assertRegex(done.stdout, r"fraction =\s+0\.5041\s+0\.7911\s")
 
 
 if __name__ == "__main__":

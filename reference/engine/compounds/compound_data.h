@@ -2,6 +2,8 @@
 // parameters, as published. The tables and their sources stand in reference/data.
 #pragma once
 
+#include "reference/engine/compounds/ideal_gas.h"
+#include "reference/engine/compounds/transport_correlation.h"
 #include "reference/engine/eos/equation_of_state.h"
 
 #include <array>
@@ -55,14 +57,12 @@ struct CompoundData {
     double associationFactor; // kappa of Chung et al.
     double diffusionVolume;   // of Fuller et al., m3/mol
 
-    // Of the liquid at 298.15 K and 101325 Pa.
-    double liquidViscosity;           // Pa s
-    double liquidThermalConductivity; // W/m/K; known when the viscosity is
-    double solventAssociation;        // phi of Wilke and Chang; 1 for what does not associate
+    double solventAssociation; // phi of Wilke and Chang; 1 for what does not associate
 
-    std::array<double, 5> idealGasHeatCapacity; // c0..c4 of Cp/R = c0 + c1 T + c2 T^2 + c3 T^3 + c4 T^4, T in K
-    Correlation vaporPressure;                  // Pa
-    Correlation liquidDensity;                  // of the saturated liquid, mol/m3
+    HeatCapacityTerms idealGasHeatCapacity;
+    Correlation vaporPressure; // Pa
+    Correlation liquidDensity; // of the saturated liquid, mol/m3
+    TransportCorrelations transport;
 };
 
 std::span<const CompoundData> compoundTable();

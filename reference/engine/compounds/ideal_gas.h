@@ -8,14 +8,24 @@ namespace reference {
 inline constexpr double referenceTemperature = 298.15; // K
 inline constexpr double referencePressure = 101325.0;  // Pa
 
-// c0..c4 of Cp/R = c0 + c1 T + c2 T^2 + c3 T^3 + c4 T^4, T in K.
-using HeatCapacityPolynomial = std::array<double, 5>;
+// Cp/R = c0 + the sum of ci E(theta_i / T), E(x) = x^2 exp(x) / (exp(x) - 1)^2: what does not
+// oscillate, and harmonic oscillators of temperatures that all compounds share. So the coefficients of a
+// mixture are the mean of those of its compounds.
+using HeatCapacityTerms = std::array<double, 10>; // c0, c1, ...
 
-double idealGasHeatCapacity(const HeatCapacityPolynomial &coefficients, double kelvin);      // J/mol/K
-double idealGasHeatCapacitySlope(const HeatCapacityPolynomial &coefficients, double kelvin); // J/mol/K2
+double idealGasHeatCapacity(const HeatCapacityTerms &terms, double kelvin);      // J/mol/K
+double idealGasHeatCapacitySlope(const HeatCapacityTerms &terms, double kelvin); // J/mol/K2
 
 // Over those at 298.15 K and the same pressure.
-double idealGasEnthalpy(const HeatCapacityPolynomial &coefficients, double kelvin); // J/mol
-double idealGasEntropy(const HeatCapacityPolynomial &coefficients, double kelvin);  // J/mol/K
+double idealGasEnthalpy(const HeatCapacityTerms &terms, double kelvin); // J/mol
+double idealGasEntropy(const HeatCapacityTerms &terms, double kelvin);  // J/mol/K
+
+// The heat capacity and its integrals together, which share most of their work.
+struct IdealGasState {
+    double heatCapacity;
+    double enthalpy;
+    double entropy;
+};
+IdealGasState idealGasState(const HeatCapacityTerms &terms, double kelvin);
 
 } // namespace reference

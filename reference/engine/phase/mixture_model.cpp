@@ -16,7 +16,7 @@ double volumeShift(const CompoundTerms &compound, EquationOfState equation)
 {
     const double T = 0.7 * compound.criticalTemperature;
     const double P = std::exp(compound.saturationPressure.logarithm(T).value);
-    const double shift = cubicLiquidVolume(compound, equation, T, P) - compound.liquidVolume.volume(T).value;
+    const double shift = cubicVolumes(compound, equation, T, P).liquid - compound.liquidVolume.volume(T).value;
     return std::isfinite(shift) ? shift : 0.0;
 }
 
@@ -45,14 +45,14 @@ CompoundTerms termsOf(const CompoundData &compound, EquationOfState equation)
 
 } // namespace
 
-double cubicLiquidVolume(const CompoundTerms &compound, EquationOfState equation, double T, double P)
+CubicVolumes cubicVolumes(const CompoundTerms &compound, EquationOfState equation, double T, double P)
 {
     const double thermal = gasConstant * T;
     const double reducedRoot = std::sqrt(T) * compound.inverseRootCriticalT;
     const double s = compound.attractionRoot * (1.0 + compound.attractionSlope * (1.0 - reducedRoot));
     const CompressibilityRoots roots = solveCompressibility(cubicConstants(equation), s * s * P / (thermal * thermal),
                                                             compound.covolume * P / thermal);
-    return roots.liquid * thermal / P + compound.covolume;
+    return {roots.liquid * thermal / P + compound.covolume, roots.vapor * thermal / P + compound.covolume};
 }
 
 MixtureModel MixtureModel::of(std::span<const CompoundData *const> list, EquationOfState equation)
@@ -73,6 +73,15 @@ MixtureModel MixtureModel::of(std::span<const CompoundData *const> list, Equatio
                 model.nrtl.nonrandomness[i + model.size * j] = pair.nonrandomness;
             }
     return model;
+}
+
+HeatCapacityTerms MixtureModel::heatCapacityTerms(const double *moleFractions) const
+{
+    HeatCapacityTerms sum{};
+    for (int i = 0; i < size; ++i)
+        for (std::size_t term = 0; term < sum.size(); ++term)
+            sum[term] += moleFractions[i] * compounds[i].idealGasHeatCapacity[term];
+    return sum;
 }
 
 MixtureModel MixtureModel::subset(std::span<const int> members) const

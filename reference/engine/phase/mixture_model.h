@@ -13,23 +13,28 @@
 namespace reference {
 
 struct CompoundTerms {
-    const CompoundData *data;                   // of the table, which outlives every model
-    double molecularWeight;                     // g/mol
-    double criticalTemperature;                 // K
-    double criticalPressure;                    // Pa
-    double acentricFactor;                      //
-    double attractionRoot;                      // square root of a at the critical temperature, Pa^0.5 m3/mol
-    double attractionSlope;                     // kappa of the alpha function
-    double inverseRootCriticalT;                // 1 / sqrt(Tc), K^-0.5
-    double covolume;                            // b, m3/mol
-    std::array<double, 5> idealGasHeatCapacity; // of Cp/R, by power of T
-    double volumeShift;                         // of a cubic equation's volumes over the true ones, m3/mol
+    const CompoundData *data;               // of the table, which outlives every model
+    double molecularWeight;                 // g/mol
+    double criticalTemperature;             // K
+    double criticalPressure;                // Pa
+    double acentricFactor;                  //
+    double attractionRoot;                  // square root of a at the critical temperature, Pa^0.5 m3/mol
+    double attractionSlope;                 // kappa of the alpha function
+    double inverseRootCriticalT;            // 1 / sqrt(Tc), K^-0.5
+    double covolume;                        // b, m3/mol
+    HeatCapacityTerms idealGasHeatCapacity; //
+    double volumeShift;                     // of a cubic equation's volumes over the true ones, m3/mol
     SaturationPressure saturationPressure;
     LiquidVolume liquidVolume;
 };
 
-// The volume of the pure compound's liquid by a cubic equation, or of what stands for it, m3/mol.
-double cubicLiquidVolume(const CompoundTerms &compound, EquationOfState equation, double kelvin, double pascal);
+// The volumes of the pure compound's liquid and vapor by a cubic equation, m3/mol: one and the same
+// where it has but one.
+struct CubicVolumes {
+    double liquid;
+    double vapor;
+};
+CubicVolumes cubicVolumes(const CompoundTerms &compound, EquationOfState equation, double kelvin, double pascal);
 
 struct MixtureModel {
     EquationOfState equation = EquationOfState::pengRobinson;
@@ -37,6 +42,9 @@ struct MixtureModel {
     std::array<CompoundTerms, maximumCompounds> compounds;
     PairArray pairFactor; // 1 - kij, symmetric; cubic equations only
     NrtlTerms nrtl;       // NRTL only
+
+    // Of the mixture as an ideal gas.
+    HeatCapacityTerms heatCapacityTerms(const double *moleFractions) const;
 
     bool isIdeal() const { return equation == EquationOfState::idealMixture; }
     bool isCubic() const { return isCubicEquation(equation); }

@@ -75,15 +75,15 @@ Bulk PhasePoint::bulk(const Direction &direction, bool withPure) const
     result.P = {P, direction.ofPressure()};
     result.residual = residualOf(mixture, isotherm, x.data(), phase, sums, direction);
 
-    double heatCapacitySlope = 0.0;
+    const HeatCapacityTerms ideal = mixture.heatCapacityTerms(x.data());
+    const IdealGasState state = idealGasState(ideal, T);
+    result.idealEnthalpy.value = state.enthalpy;
+    result.idealEntropy.value = state.entropy;
+    result.idealHeatCapacity.value = state.heatCapacity;
     double mixing = 0.0;
     for (int i = 0; i < mixture.size; ++i) {
         const CompoundTerms &compound = mixture.compounds[i];
         const CompoundData &data = *compound.data;
-        result.idealEnthalpy.value += x[i] * idealGasEnthalpy(compound.idealGasHeatCapacity, T);
-        result.idealEntropy.value += x[i] * idealGasEntropy(compound.idealGasHeatCapacity, T);
-        result.idealHeatCapacity.value += x[i] * idealGasHeatCapacity(compound.idealGasHeatCapacity, T);
-        heatCapacitySlope += x[i] * idealGasHeatCapacitySlope(compound.idealGasHeatCapacity, T);
         result.formationEnthalpy.value += x[i] * data.formationEnthalpy;
         result.formationEntropy.value += x[i] * formationEntropy(data);
         result.molecularWeight.value += x[i] * compound.molecularWeight;
@@ -105,7 +105,8 @@ Bulk PhasePoint::bulk(const Direction &direction, bool withPure) const
         result.idealEnthalpy.slope = result.idealHeatCapacity.value * direction.ofTemperature();
         result.idealEntropy.slope =
             result.idealHeatCapacity.value / T * direction.ofTemperature() - gasConstant / P * direction.ofPressure();
-        result.idealHeatCapacity.slope = heatCapacitySlope * direction.ofTemperature();
+        if (direction.ofTemperature() != 0.0)
+            result.idealHeatCapacity.slope = idealGasHeatCapacitySlope(ideal, T);
     }
     result.idealEntropy.value += gasConstant * (mixing - std::log(P / referencePressure));
     if (withPure)

@@ -10,19 +10,6 @@
 
 namespace reference {
 
-namespace {
-
-HeatCapacityPolynomial mixtureHeatCapacity(const MixtureModel &model, const CompoundArray &fractions)
-{
-    HeatCapacityPolynomial sum{};
-    for (int i = 0; i < model.size; ++i)
-        for (std::size_t power = 0; power < sum.size(); ++power)
-            sum[power] += fractions[i] * model.compounds[i].idealGasHeatCapacity[power];
-    return sum;
-}
-
-} // namespace
-
 void evaluateProperties(const MixtureModel &model, const Isotherm &isotherm, double pressure, const double *fractions,
                         Root root, PhaseProperties &properties)
 {
@@ -40,16 +27,16 @@ void evaluateProperties(const MixtureModel &model, const Isotherm &isotherm, dou
     }
     properties.molecularWeight = molecularWeight;
 
-    const HeatCapacityPolynomial ideal = mixtureHeatCapacity(model, properties.fractions);
+    const IdealGasState ideal = idealGasState(model.heatCapacityTerms(fractions), T);
     const Residual residual =
         residualOf(model, isotherm, fractions, properties.state, PairSums(model, isotherm, fractions));
-    properties.enthalpy = idealGasEnthalpy(ideal, T) + residual.enthalpy.value;
-    properties.entropy = idealGasEntropy(ideal, T) + gasConstant * (mixing - std::log(pressure / referencePressure)) +
-                         residual.entropy.value;
+    properties.enthalpy = ideal.enthalpy + residual.enthalpy.value;
+    properties.entropy =
+        ideal.entropy + gasConstant * (mixing - std::log(pressure / referencePressure)) + residual.entropy.value;
     properties.volume = residual.volume.value;
     properties.volumeByT = residual.volumeByT.value;
     properties.volumeByP = residual.volumeByP.value;
-    properties.heatCapacity = idealGasHeatCapacity(ideal, T) + residual.heatCapacityP.value;
+    properties.heatCapacity = ideal.heatCapacity + residual.heatCapacityP.value;
 }
 
 void addDerivatives(const MixtureModel &model, const Isotherm &isotherm, PhaseProperties &properties)

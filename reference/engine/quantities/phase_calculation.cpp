@@ -1,7 +1,6 @@
 #include "reference/engine/quantities/phase_calculation.h"
 
 #include "reference/engine/eos/gas_constant.h"
-#include "reference/engine/transport/chung_mixture.h"
 #include "reference/engine/transport/diffusion.h"
 
 #include <cmath>
@@ -184,17 +183,17 @@ void calculateVector(const PhasePoint &point, PhaseQuantity quantity, Differenti
 
 void calculateTransport(const PhasePoint &point, PhaseQuantity quantity, Differential differential, double *values)
 {
-    const ChungMixture chung(point);
+    const TransportMixture mixture(point);
     const int n = point.model().size;
     const int block = valueCount(quantity, Differential::none, n);
     std::array<Dual, std::size_t{maximumCompounds} * maximumCompounds> results;
     for (int j = 0; j < (isByComposition(differential) ? n : 1); ++j) {
         const Direction direction{differential, isByComposition(differential) ? j : -1};
         if (quantity == PhaseQuantity::diffusionCoefficient)
-            diffusionCoefficients(point, chung, direction, results.data());
+            diffusionCoefficients(point, mixture, direction, results.data());
         else
-            results[0] = quantity == PhaseQuantity::viscosity ? chung.viscosity(direction)
-                                                              : chung.thermalConductivity(direction);
+            results[0] = quantity == PhaseQuantity::viscosity ? mixture.viscosity(direction)
+                                                              : mixture.thermalConductivity(direction);
         for (int k = 0; k < block; ++k)
             values[block * j + k] = differential == Differential::none ? results[k].value : results[k].slope;
     }

@@ -1,5 +1,6 @@
 #include "reference/engine/quantities/phase_pair.h"
 
+#include "reference/engine/transport/pure_transport.h"
 #include "reference/engine/transport/transport_density.h"
 
 #include <cmath>
@@ -36,20 +37,30 @@ void logRatiosByComposition(const PhasePoint &first, const PhasePoint &second, d
         values[block + k] = byMoles[k];
 }
 
-// The sum over the compounds of parachor times moles in a volume, kg^0.25 / s^0.5.
-Dual parachorDensity(const PhasePoint &point, const Direction &direction)
+using Parachors = std::array<Dual, maximumCompounds>; // with derivatives by temperature
+
+Parachors parachorsOf(const MixtureModel &model, double kelvin)
 {
-    const MixtureModel &model = point.model();
-    Dual parachor;
+    Parachors parachors;
     for (int i = 0; i < model.size; ++i)
-        parachor.value += point.fractions()[i] * model.compounds[i].data->parachor;
-    if (direction.compound >= 0)
-        parachor.slope = model.compounds[direction.compound].data->parachor - parachor.value;
+        parachors[i] = parachorAt(model.compounds[i], model.equation, kelvin);
+    return parachors;
+}
+
+// The sum over the compounds of parachor times moles in a volume, kg^0.25 / s^0.5.
+Dual parachorDensity(const PhasePoint &point, const Parachors &parachors, const Direction &direction)
+{
+    Dual parachor;
+    for (int i = 0; i < point.model().size; ++i)
+        parachor += point.fractions()[i] * parachors[i];
+    parachor.slope = direction.compound < 0 ? parachor.slope * direction.ofTemperature()
+                                            : parachors[direction.compound].value - parachor.value;
     return parachor * transportDensity(point, direction);
 }
 
 // sigma^(1/4) = sum P_i (x_i density_L - y_i density_V): Macleod, Trans. Faraday Soc. 19 (1923) 38; Sugden, J. Chem.
-// Soc. 125 (1924) 1177; for mixtures Weinaug, Katz, Ind. Eng. Chem. 35 (1943) 239. Either phase may be the first.
+// Soc. 125 (1924) 1177; for mixtures Weinaug, Katz, Ind. Eng. Chem. 35 (1943) 239, with the
+// parachor that each compound has at the temperature. Either phase may be the first.
 Dual fourthPower(Dual difference)
 {
     const Dual square = difference * difference;
@@ -58,19 +69,21 @@ Dual fourthPower(Dual difference)
 
 void surfaceTension(const PhasePoint &first, const PhasePoint &second, Differential differential, double *values)
 {
+    const Parachors parachors = parachorsOf(first.model(), first.temperature());
     if (!isByComposition(differential)) {
         const Direction both{differential};
-        const Dual tension = fourthPower(parachorDensity(first, both) - parachorDensity(second, both));
+        const Dual tension =
+            fourthPower(parachorDensity(first, parachors, both) - parachorDensity(second, parachors, both));
         *values = differential == Differential::none ? tension.value : tension.slope;
         return;
     }
     const int n = first.model().size;
-    const Dual ofFirst = parachorDensity(first, {});
-    const Dual ofSecond = parachorDensity(second, {});
+    const Dual ofFirst = parachorDensity(first, parachors, {});
+    const Dual ofSecond = parachorDensity(second, parachors, {});
     for (int j = 0; j < n; ++j) {
         const Direction direction{differential, j};
-        values[j] = fourthPower(parachorDensity(first, direction) - ofSecond).slope;
-        values[n + j] = fourthPower(ofFirst - parachorDensity(second, direction)).slope;
+        values[j] = fourthPower(parachorDensity(first, parachors, direction) - ofSecond).slope;
+        values[n + j] = fourthPower(ofFirst - parachorDensity(second, parachors, direction)).slope;
     }
 }
 

@@ -29,7 +29,7 @@ void ofVapor(const PhasePoint &point, const Direction &direction, Dual *values)
 
 // D = 7.4e-8 sqrt(phi M) T / (eta V^0.6) in cm2/s, with eta in mPa s, M of the solvent in g/mol and V of the solute
 // in cm3/mol.
-void ofLiquid(const PhasePoint &point, const ChungMixture &mixture, const Direction &direction, Dual *values)
+void ofLiquid(const PhasePoint &point, const TransportMixture &mixture, const Direction &direction, Dual *values)
 {
     const MixtureModel &model = point.model();
     const int n = model.size;
@@ -57,7 +57,7 @@ void ofLiquid(const PhasePoint &point, const ChungMixture &mixture, const Direct
 
 } // namespace
 
-void diffusionCoefficients(const PhasePoint &point, const ChungMixture &mixture, const Direction &direction,
+void diffusionCoefficients(const PhasePoint &point, const TransportMixture &mixture, const Direction &direction,
                            Dual *values)
 {
     point.isLiquid() ? ofLiquid(point, mixture, direction, values) : ofVapor(point, direction, values);

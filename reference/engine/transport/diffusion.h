@@ -1,7 +1,7 @@
 // Diffusion coefficients of one phase.
 #pragma once
 
-#include "reference/engine/transport/chung_mixture.h"
+#include "reference/engine/transport/transport_mixture.h"
 
 namespace reference {
 
@@ -13,7 +13,7 @@ namespace reference {
 // - Liquid: Wilke, Chang, AIChE J. 1 (1955) 264 for one compound in the other, with molar volumes at
 //   the boiling point after Tyn, Calus (1975), Vb = 0.285 Vc^1.048 in cm3/mol; between the two by
 //   Kooijman, Taylor, Ind. Eng. Chem. Res. 30 (1991) 1217. The viscosity is the mixture's.
-void diffusionCoefficients(const PhasePoint &point, const ChungMixture &mixture, const Direction &direction,
+void diffusionCoefficients(const PhasePoint &point, const TransportMixture &mixture, const Direction &direction,
                            Dual *values);
 
 } // namespace reference

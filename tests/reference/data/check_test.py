@@ -110,10 +110,14 @@ class WrongValues(unittest.TestCase):
 
     def test_heat_capacity(self):
         self.expect("sulfur dioxide: heat capacity at 298.15 K (JANAF) is ", "ideal_gas_heat_capacity", "sulfur dioxide",
-                    "4.147", "4.417")
+                    ",4,", ",4.2,")
+
+    def test_heat_capacity_off_its_equation(self):
+        self.expect("n-hexane: heat capacity (against the equation) at 200 K is ", "ideal_gas_heat_capacity", "n-hexane",
+                    ",4,", ",4.3,")
 
     def test_heat_capacity_far_off(self):
-        self.expect("hydrogen: heat capacity at 1500 K is ", "ideal_gas_heat_capacity", "hydrogen", "e-11", "e-10")
+        self.expect("hydrogen: heat capacity at 1500 K is ", "ideal_gas_heat_capacity", "hydrogen", ",2.5,", ",0.5,")
 
     def test_gibbs_energy_of_formation(self):
         self.expect("methanol: Gibbs energy of formation is -163.32, not ", "formation", "methanol", "-162.32", "-163.32")
@@ -124,22 +128,20 @@ class WrongValues(unittest.TestCase):
     def test_parachor(self):
         self.expect("n-octane: surface tension at 293.15 K (CRC) is ", "transport", "n-octane", "351.1", "315.1")
 
-    def test_liquid_viscosity(self):
-        self.expect("toluene: viscosity at 298.15 K (REFPROP) is 0.65, not 0.5526", "liquid_transport", "toluene", "0.560",
-                    "0.650")
+    def test_transport_correlation_that_rises_instead_of_falling(self):
+        self.expect("methane: liquid_viscosity does not fall with temperature", "transport_correlations",
+                    "methane,liquid_viscosity", " 178.15", " -178.15")
 
-    def test_liquid_thermal_conductivity(self):
-        self.expect("1-butanol: thermal conductivity at 298.15 K (Perry) is 0.145, not 0.153", "liquid_transport",
-                    "1-butanol", "0.154", "0.145")
+    def test_transport_correlation_below_zero(self):
+        self.expect("propane: liquid_conductivity is not above zero from 85.47 to 350 K", "transport_correlations",
+                    "propane,liquid_conductivity", "0.26755", "-0.26755")
 
-    def test_liquid_without_conductivity(self):
-        self.expect("water: is fitted to one of viscosity and thermal conductivity without the other", "liquid_transport",
-                    "water", "0.607", "")
+    def test_transport_correlation_of_nothing_known(self):
+        self.expect("water: has a correlation of gas_tension, which nobody asks for", "transport_correlations", "water",
+                    "gas_viscosity", "gas_tension")
 
-    def test_liquid_without_known_viscosity(self):
-        self.remove("known_values", "acetone,viscosity,")
-        self.assertEqual(compare(self.folder).complaints,
-                         ["acetone: has no known viscosity to compare with, or should not have one"])
+    def test_solvent_association(self):
+        self.expect("water: has the association 0.6, less than none", "transport", "water", ",2.6", ",0.6")
 
     def test_heat_capacity_neither_known_nor_unknown(self):
         self.remove("known_values", "R-125,heat_capacity,")
@@ -149,12 +151,27 @@ class WrongValues(unittest.TestCase):
     def test_diffusion_volume(self):
         self.expect("benzene: diffusion volume is 109.26, not 90.96", "transport", "benzene", "90.96", "109.26")
 
+    def test_diffusion_volume_of_a_ring_without_aromatics(self):
+        self.expect("cyclohexane: diffusion volume is 104.82, not 123.12", "transport", "cyclohexane", "123.12", "104.82")
+
     def test_interaction_parameter(self):
         self.expect("nitrogen and nitrogen: are no two compounds", "interaction_parameters", "nitrogen", "methane", "nitrogen")
 
     def test_interaction_parameters_that_differ(self):
         self.expect("carbon dioxide and ethane: interaction parameter (Peng-Robinson against Soave) is 0.31, not 0.136",
                     "interaction_parameters", "carbon dioxide,ethane", "0.130", "0.310")
+
+    def test_interaction_parameter_far_from_published_ones(self):
+        self.expect("ethane and nitrogen: interaction parameter (against published ones) is 0.01, not 0.0344",
+                    "interaction_parameters", "nitrogen,ethane", "0.0533", "0.0100")
+
+    def test_interaction_parameter_that_is_missing(self):
+        self.expect("n-hexane and water: have no value of pengRobinson, against what is published", "interaction_parameters",
+                    "n-hexane,water", "0.4800,Thermopack,", ",,")
+
+    def test_interaction_parameter_that_nobody_published(self):
+        self.expect("ammonia and nitrogen: have a value of soaveRedlichKwong that nobody published",
+                    "interaction_parameters", "nitrogen,ammonia", "Knapp,,", "Knapp,0.2,Reid")
 
     def test_value_without_source(self):
         self.expect("oxygen and argon: have a value of peng_robinson without a source", "interaction_parameters",

@@ -29,12 +29,12 @@ TEST(NewCompound, StandsInTheTable)
     EXPECT_EQ(compound->casNumber, "589-81-1");
 }
 
-// Its boiling point is the one in its row, 398.77 K, as nearly as the equations of state have boiling points.
+// Its boiling point is the one in its row, 398.794 K, as nearly as the equations of state have boiling points.
 TEST(NewCompound, BoilsInAFlash)
 {
     for (const EquationOfState equation : equations) {
         const FlashRequest boiling{{FlashVariable::pressure, 101325.0}, {FlashVariable::vaporFraction, 0.5}};
-        EXPECT_NEAR(solved(modelOf({added}, equation), boiling, {1.0}).temperature, 398.77, 1.5);
+        EXPECT_NEAR(solved(modelOf({added}, equation), boiling, {1.0}).temperature, 398.794, 1.5);
     }
 }
 
@@ -54,12 +54,12 @@ TEST(NewCompound, SplitsWithOthersAsItsModelDoes)
     }
 }
 
-// That of its row, 0.508 mPa s.
+// That of its model, 0.508 mPa s in the CRC Handbook.
 TEST(NewCompound, HasTheViscosityOfItsLiquid)
 {
     const MixtureModel model = modelOf({added});
     const PhasePoint liquid(model, 298.15, 101325.0, std::vector{1.0}, Root::liquid);
     double viscosity = 0.0;
     ASSERT_TRUE(calculate(liquid, PhaseQuantity::viscosity, Differential::none, {&viscosity, 1}));
-    EXPECT_NEAR(viscosity, 0.508e-3, 1e-9);
+    EXPECT_NEAR(viscosity, 0.508e-3, 0.01 * 0.508e-3);
 }

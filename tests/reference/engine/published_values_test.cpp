@@ -91,6 +91,19 @@ TEST(PublishedValues, OfSaturationAreMetWithinTheEquationsAccuracy)
         }
 }
 
+// Water dissolves in n-hexane at 298 K to some 0.0004 in mole fraction; without an interaction parameter, to 0.02.
+TEST(PublishedValues, OfTheSolubilityOfWaterInHexaneAreMetWithinAFactorOfTwo)
+{
+    for (const EquationOfState equation : {EquationOfState::pengRobinson, EquationOfState::soaveRedlichKwong}) {
+        const MixtureModel model = modelOf({"water", "n-hexane"}, equation);
+        const auto lnPhiOfWater = [&](double x) {
+            return PhasePoint(model, 298.15, 101325.0, std::array{x, 1.0 - x}, Root::liquid).state().lnPhi[0];
+        };
+        const double solubility = std::exp(lnPhiOfWater(1.0) - lnPhiOfWater(0.0));
+        EXPECT_TRUE(solubility > 0.0002 && solubility < 0.0008) << solubility;
+    }
+}
+
 // Smith, Van Ness, Abbott, Introduction to Chemical Engineering Thermodynamics, 7th ed. (2005), example 3.9: volumes
 // of saturated n-butane at 350 K and 9.4573 bar in cm3/mol, with Tc = 425.1 K, Pc = 37.96 bar, omega = 0.200.
 TEST(PublishedValues, OfButanesVolumesAreThoseOfTheWorkedExample)

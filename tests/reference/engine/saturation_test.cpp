@@ -1,4 +1,5 @@
 #include "reference/engine/compounds/saturation.h"
+#include "reference/engine/eos/gas_constant.h"
 
 #include <gtest/gtest.h>
 
@@ -127,8 +128,7 @@ TEST(SaturationPressure, RisesWithTemperatureAndLeavesTheLiquidAHeatCapacity)
         for (double T = std::max(20.0, 0.2 * compound.criticalTemperature); T < 1000.0; T += 1.0) {
             const TemperatureFunction at = curve.logarithm(T);
             EXPECT_GT(at.byT, 0.0) << compound.id << " at " << T;
-            const auto &c = compound.idealGasHeatCapacity;
-            const double gas = (((c[4] * T + c[3]) * T + c[2]) * T + c[1]) * T + c[0];
+            const double gas = idealGasHeatCapacity(compound.idealGasHeatCapacity, T) / gasConstant;
             EXPECT_GT(gas - T * (2.0 * at.byT + T * at.byTT), 0.0) << compound.id << " at " << T;
         }
     }
