@@ -65,12 +65,14 @@ void Equilibrium::findTotals(const Feed &feed)
     const Isotherm isotherm(feed.model, phases.temperature);
     HeldPhase held[maximumPhases];
     int count = 0;
+    bool vanishing = false;
     totals = Totals{};
     totals.temperature = phases.temperature;
     totals.pressure = phases.pressure;
     const auto take = [&](bool present, double amount, const CompoundArray &fractions, Root root) {
         if (!present)
             return;
+        vanishing = vanishing || !(amount > 0.0);
         HeldPhase &phase = held[count++];
         phase.amount = amount;
         evaluateProperties(feed.model, isotherm, phases.pressure, fractions.data(), root, phase.properties);
@@ -80,7 +82,7 @@ void Equilibrium::findTotals(const Feed &feed)
     take(phases.vaporPresent, phases.vaporFraction, phases.vapor, Root::vapor);
     take(phases.liquidPresent, phases.liquidFraction, phases.liquid, Root::liquid);
     take(phases.liquid2Present, phases.liquid2Fraction, phases.liquid2, Root::liquid);
-    if (count > 1)
+    if (count > 1 && !vanishing) // otherwise there are no slopes
         addTransfer(feed, isotherm, count, held, totals);
     gibbs = totals.value(FlashVariable::gibbsEnergy) / (gasConstant * phases.temperature);
 }

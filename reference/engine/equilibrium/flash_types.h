@@ -67,6 +67,11 @@ constexpr bool allowsOneOnly(FlashPhases phases)
     return phases == FlashPhases::vaporOnly || phases == FlashPhases::liquidOnly;
 }
 
+constexpr bool allowsSecondLiquid(FlashPhases phases)
+{
+    return phases == FlashPhases::vaporAndTwoLiquids || phases == FlashPhases::twoLiquids;
+}
+
 constexpr bool allowsBoiling(FlashPhases phases) { return allowsVapor(phases) && !allowsOneOnly(phases); }
 
 struct FlashRequest {

@@ -18,20 +18,12 @@ bool looksLiquid(const FlashProblem &problem, const PhaseState &state)
     return loop && state.Z < equation.criticalVolume * state.B;
 }
 
-double massDensity(const FlashProblem &problem, const SplitPhase &phase)
+double massDensity(const MixtureModel &model, const CompoundArray &x, const PhaseState &state)
 {
     double mass = 0.0;
-    for (int i = 0; i < problem.size(); ++i)
-        mass += phase.x[i] * problem.model.compounds[i].molecularWeight;
-    return mass / phase.state.Z;
-}
-
-bool isSecondLiquid(const FlashProblem &problem, const SplitPhase &phase, const SplitPhase &other)
-{
-    for (int i = 0; i < problem.size(); ++i)
-        if (problem.model.compounds[i].data->id == "water" && phase.x[i] != other.x[i])
-            return phase.x[i] > other.x[i];
-    return massDensity(problem, phase) > massDensity(problem, other);
+    for (int i = 0; i < model.size; ++i)
+        mass += x[i] * model.compounds[i].molecularWeight;
+    return mass / state.Z;
 }
 
 // The phase that is the vapor, if any is.
@@ -65,6 +57,15 @@ void give(const PresentCompounds &present, const SplitPhase &phase, bool &there,
 
 } // namespace
 
+bool isSecondLiquid(const MixtureModel &model, const CompoundArray &x, const PhaseState &state,
+                    const CompoundArray &otherX, const PhaseState &otherState)
+{
+    for (int i = 0; i < model.size; ++i)
+        if (model.compounds[i].data->id == "water" && x[i] != otherX[i])
+            return x[i] > otherX[i];
+    return massDensity(model, x, state) > massDensity(model, otherX, otherState);
+}
+
 double relativeVolume(const FlashProblem &problem, const PhaseState &state)
 {
     if (problem.model.isIdeal())
@@ -87,7 +88,9 @@ bool namePhases(const FlashProblem &problem, const PhaseSplit &split, FlashPhase
     }
     if (liquidCount > (allowed == FlashPhases::vaporAndLiquid ? 1 : 2))
         return false;
-    if (liquidCount == 2 && isSecondLiquid(problem, split.phases[liquids[0]], split.phases[liquids[1]]))
+    const SplitPhase &first = split.phases[liquids[0]];
+    const SplitPhase &second = split.phases[liquids[1]];
+    if (liquidCount == 2 && isSecondLiquid(problem.model, first.x, first.state, second.x, second.state))
         std::swap(liquids[0], liquids[1]);
     result.clear();
     if (vapor >= 0)

@@ -12,6 +12,10 @@ namespace reference {
 bool namePhases(const FlashProblem &problem, const PhaseSplit &split, FlashPhases allowed,
                 const PresentCompounds &present, FlashResult &result);
 
+// Whether the first of two liquids is the second one by name.
+bool isSecondLiquid(const MixtureModel &model, const CompoundArray &x, const PhaseState &state,
+                    const CompoundArray &otherX, const PhaseState &otherState);
+
 // A phase's volume in units of its own covolume; that of the ideal mixture, by its root alone.
 double relativeVolume(const FlashProblem &problem, const PhaseState &state);
 

@@ -1,6 +1,7 @@
 #include "reference/engine/flash/line_sample.h"
 
 #include "reference/engine/equilibrium/flash_tp.h"
+#include "reference/engine/flash/quality_search.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,18 +16,9 @@ void LineSample::take(const Feed &feed, const FlashSpecification &at, double oth
                     feed.phases, state) == FlashStatus::solved;
 }
 
-// The fraction that is given, of two phases.
 double LineSampler::fractionOf(const FlashResult &state) const
 {
-    if (fraction.variable == FlashVariable::vaporFraction)
-        return state.vaporFraction;
-    double vapor = 0.0;
-    double liquid = 0.0;
-    for (int i = 0; i < n; ++i) {
-        vapor += state.vaporFraction * state.vapor[i] * feed.model.compounds[i].molecularWeight;
-        liquid += state.liquidFraction * state.liquid[i] * feed.model.compounds[i].molecularWeight;
-    }
-    return vapor / (vapor + liquid);
+    return vaporPart(feed.model, state, fraction.variable);
 }
 
 // How much more vapor a sample has than wanted. One phase counts as the one that its neighbor of two phases

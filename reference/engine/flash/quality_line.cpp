@@ -2,6 +2,8 @@
 
 #include "reference/engine/flash/line_sample.h"
 #include "reference/engine/flash/quality_estimate.h"
+#include "reference/engine/flash/quality_search.h"
+#include "reference/engine/flash/quality_value.h"
 
 #include <algorithm>
 #include <cmath>
@@ -42,6 +44,8 @@ public:
         bool started = isCondition(other.variable) && startAt(other, start.point);
         if (started && offer(start.point))
             return LineStatus::solved;
+        if (started && offerNear(start.point))
+            return LineStatus::solved;
         for (const double pressure : {1e5, 1e3, 1e6, 1e1, 1e7})
             started = started || startAt({FlashVariable::pressure, pressure}, start.point);
         for (const double temperature : {300.0, 200.0, 120.0, 450.0, 80.0, 40.0})
@@ -51,6 +55,9 @@ public:
                 if (walk(start, direction))
                     return LineStatus::solved;
         if (!haveSecondChoice && lookAround(started))
+            return LineStatus::solved;
+        if (!haveSecondChoice && !isCondition(other.variable) && (sawUnstable || sawSecondLiquid) &&
+            findByQuality(feed, fraction, other, result))
             return LineStatus::solved;
         if (haveSecondChoice)
             return LineStatus::solved;
@@ -71,6 +78,7 @@ private:
     bool haveSecondChoice = false;
     bool sawOtherType = false;
     bool sawUnstable = false;
+    bool sawSecondLiquid = false;
     struct Place {
         double lnT, lnP;
     };
@@ -110,19 +118,44 @@ private:
         const double low = atTemperature ? 1e2 : lowestFlashTemperature;
         const double high = atTemperature ? highestFlashPressure : highestFlashTemperature;
         const LineSampler sampler(feed, fraction);
+        QualitySearch quality(feed, fraction);
         LineSample last;
         for (int i = 0; i <= intervals; ++i) {
             LineSample now;
             now.take(feed, at, low * std::pow(high / low, static_cast<double>(i) / intervals));
+            sawSecondLiquid |= now.known && now.state.liquid2Present;
             LinePoint start;
             if (i > 0 && sampler.startBetween(last, now, at, start.point)) {
                 started = true;
                 if (isAnswer ? offer(start.point) : !isTraced(start.point) && walkBoth(start))
                     return true;
-            }
+            } else if (i > 0 && isAnswer && n > 1 && last.known && now.known &&
+                       quality.mayLieBetween(last.state, now.state) && quality.between(at, last.free, now.free) &&
+                       offerFound(quality))
+                return true;
             last = now;
         }
         return false;
+    }
+
+    // Looks for a state with two liquids near one with a single one, which would split further.
+    bool offerNear(const TwoPhasePoint &point)
+    {
+        QualitySearch quality(feed, fraction);
+        const double guess =
+            other.variable == FlashVariable::temperature ? point.totals.pressure : point.totals.temperature;
+        return n > 1 && quality.near(other, guess, type) && offerFound(quality);
+    }
+
+    bool offerFound(const QualitySearch &quality)
+    {
+        if (!flashLimitsOf(FlashVariable::temperature).contain(quality.found().temperature) ||
+            !flashLimitsOf(FlashVariable::pressure).contain(quality.found().pressure))
+            return false;
+        const Choice choice = choose(quality.foundType());
+        if (choice != Choice::none)
+            result = quality.found();
+        return choice == Choice::last;
     }
 
     bool walkBoth(const LinePoint &start) { return walk(start, 1.0) || walk(start, -1.0); }
@@ -149,21 +182,31 @@ private:
             sawUnstable = true;
             return false;
         }
-        const SolutionType found = typeOf(point);
-        const bool wanted = type == found || (type == SolutionType::unspecified && found == SolutionType::normal);
-        if (!wanted && type != SolutionType::unspecified) {
-            sawOtherType = true;
-            return false;
-        }
-        if (!wanted && haveSecondChoice)
+        const Choice choice = choose(typeOf(point));
+        if (choice == Choice::none)
             return false;
         giveResult(feed, point, result);
         if (fraction.value == 0.0 || fraction.value == 1.0) { // exactly
             result.vaporFraction = fraction.value;
             result.liquidFraction = 1.0 - fraction.value;
         }
+        return choice == Choice::last;
+    }
+
+    enum class Choice { none, second, last };
+
+    // What becomes of a solution of some type: the second choice is kept while the search goes on.
+    Choice choose(SolutionType found)
+    {
+        const bool wanted = type == found || (type == SolutionType::unspecified && found == SolutionType::normal);
+        if (!wanted && type != SolutionType::unspecified) {
+            sawOtherType = true;
+            return Choice::none;
+        }
+        if (!wanted && haveSecondChoice)
+            return Choice::none;
         haveSecondChoice = true;
-        return wanted;
+        return wanted ? Choice::last : Choice::second;
     }
 
     SolutionType typeOf(const TwoPhasePoint &point)

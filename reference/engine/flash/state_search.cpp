@@ -1,6 +1,7 @@
 #include "reference/engine/flash/state_search.h"
 
 #include "reference/engine/eos/gas_constant.h"
+#include "reference/engine/equilibrium/lever_rule.h"
 #include "reference/engine/flash/vapor_liquid_point.h"
 #include "reference/engine/phase/phase_evaluation.h"
 
@@ -82,6 +83,8 @@ public:
     {
         if (allowsBoiling(feed.phases) && crossTwoPhases(a, b))
             return true;
+        if (std::fabs(a.at - b.at) < 1e-9 && crossBetweenStates(a, b))
+            return true;
         const Probe &better = std::fabs(a.residual) < std::fabs(b.residual) ? a : b;
         if (std::fabs(better.residual) < goodEnough && std::fabs(a.at - b.at) < 1e-9) {
             probe(better.at);
@@ -110,6 +113,23 @@ private:
         findings.to = state.equilibrium.totals.value(wanted.variable);
         findings.temperature = state.equilibrium.totals.temperature;
         findings.pressure = state.equilibrium.totals.pressure;
+    }
+
+    // Anything between two states that are in equilibrium with each other.
+    bool crossBetweenStates(const Probe &a, const Probe &b)
+    {
+        Equilibrium &now = state.equilibrium;
+        probe(a.at);
+        const FlashResult first = now.phases;
+        const double firstValue = now.totals.value(wanted.variable);
+        probe(b.at);
+        const FlashResult second = now.phases;
+        const double part = (wanted.value - firstValue) / (now.totals.value(wanted.variable) - firstValue);
+        if (!mixStates(feed, first, second, part, now.phases))
+            return false;
+        now.findTotals(feed);
+        state.slopesKnown = false;
+        return std::fabs(residualOf(now.totals, wanted)) < goodEnough;
     }
 
     bool crossTwoPhases(const Probe &a, const Probe &b)

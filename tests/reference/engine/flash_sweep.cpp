@@ -102,7 +102,7 @@ private:
     bool atTemperature;
     double value;
 
-    static bool isTwo(const FlashResult &state) { return state.phaseCount() > 1; }
+    static bool isTwo(const FlashResult &state) { return state.vaporPresent && state.liquidPresent; }
 
     // The vapor fraction where the region begins or ends before this step.
     double fractionAtEdge(int step, bool enters) const
@@ -214,6 +214,12 @@ private:
 
     void failedAt(const FlashCase &problem, const FlashResult &state)
     {
+        FlashResult again;
+        if (flashTP(problem.model, state.temperature, state.pressure, problem.z, FlashPhases::vaporAndTwoLiquids,
+                    again) == FlashStatus::otherPhases) {
+            ++countOf(problem).refused;
+            return;
+        }
         fault(problem, "no phases were found at " + std::to_string(state.temperature) + " K, " +
                            std::to_string(state.pressure) + " Pa");
     }
