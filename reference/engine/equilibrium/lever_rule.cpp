@@ -47,6 +47,10 @@ public:
                 else if (!(std::fabs(potential - first[i]) < samePotential))
                     return false;
             }
+            for (int m = 0; m < k; ++m) // one fluid by two names
+                if (difference(phase.x, phases[m].x) < sameComposition &&
+                    std::fabs(phase.state.Z - phases[m].state.Z) < sameComposition * phase.state.Z)
+                    return false;
         }
         return true;
     }
@@ -81,6 +85,14 @@ private:
     int count = 0;
     std::array<MixedPhase, maximumPhases> phases;
 
+    double difference(const CompoundArray &x, const CompoundArray &y) const
+    {
+        double sum = 0.0;
+        for (int i = 0; i < feed.size(); ++i)
+            sum += std::fabs(x[i] - y[i]);
+        return sum;
+    }
+
     static void give(const MixedPhase &phase, bool &present, double &amount, CompoundArray &x)
     {
         present = true;
@@ -94,10 +106,7 @@ private:
             return true;
         for (int k = 0; k < count; ++k) {
             MixedPhase &phase = phases[k];
-            double difference = 0.0;
-            for (int i = 0; i < feed.size(); ++i)
-                difference += std::fabs(x[i] - phase.x[i]);
-            if (phase.isVapor != isVapor || difference > sameComposition)
+            if (phase.isVapor != isVapor || difference(x, phase.x) > sameComposition)
                 continue;
             const double both = phase.amount + amount;
             for (int i = 0; i < feed.size(); ++i)

@@ -1,7 +1,5 @@
 #include "reference/engine/equilibrium/phase_amounts.h"
 
-#include "reference/engine/numerics/symmetric_solve.h"
-
 #include <algorithm>
 #include <cmath>
 #include <numeric>
@@ -47,23 +45,38 @@ struct AmountSearch {
     PhaseArray step(const std::array<bool, maximumPhases> &there) const
     {
         std::array<int, maximumPhases> index{};
-        LowerTriangle<maximumPhases> matrix;
+        int size = 0;
         for (int k = 0; k < count; ++k)
             if (there[k])
-                index[matrix.size++] = k;
+                index[size++] = k;
         PhaseArray right{};
         PhaseArray scale{};
-        for (int a = 0; a < matrix.size; ++a)
+        std::array<PhaseArray, maximumPhases> matrix{};
+        for (int a = 0; a < size; ++a) {
             scale[a] = 1.0 / std::sqrt(second[index[a]][index[a]]);
-        for (int b = 0; b < matrix.size; ++b) {
-            for (int a = b; a < matrix.size; ++a)
-                matrix.column(b)[a] = scale[a] * scale[b] * second[index[a]][index[b]];
-            matrix.column(b)[b] *= 1.0 + 1e-15;
-            right[b] = -scale[b] * gradient[index[b]];
+            right[a] = -scale[a] * gradient[index[a]];
+            for (int b = 0; b <= a; ++b)
+                matrix[a][b] = scale[a] * scale[b] * second[index[a]][index[b]];
         }
-        solveDescent(matrix, right.data());
+        // With as many phases as compounds, or more, the function can be flat: then a long step goes to where a phase
+        // ends.
+        constexpr double smallestPivot = 1e-14;
+        for (int j = 0; j < size; ++j) {
+            matrix[j][j] = std::max(matrix[j][j], smallestPivot);
+            for (int a = j + 1; a < size; ++a) {
+                const double factor = matrix[a][j] / matrix[j][j];
+                for (int b = j + 1; b <= a; ++b)
+                    matrix[a][b] -= factor * matrix[b][j];
+                right[a] -= factor * right[j];
+            }
+        }
+        for (int j = size - 1; j >= 0; --j) {
+            for (int a = j + 1; a < size; ++a)
+                right[j] -= matrix[a][j] * right[a];
+            right[j] /= matrix[j][j];
+        }
         PhaseArray result{};
-        for (int a = 0; a < matrix.size; ++a)
+        for (int a = 0; a < size; ++a)
             result[index[a]] = scale[a] * right[a];
         return result;
     }

@@ -12,6 +12,14 @@ namespace {
 constexpr int mostRounds = 16;
 constexpr double noticeable = -1e-8; // a distance from the tangent plane that a split must be able to use
 
+// Whether one of two phases can have the name of a vapor, and the other that of a liquid.
+bool areVaporAndLiquid(const PhaseSplit &pair)
+{
+    const PhaseState &one = pair.phases[0].state;
+    const PhaseState &other = pair.phases[1].state;
+    return !one.severalRoots || !other.severalRoots || one.vaporRoot != other.vaporRoot;
+}
+
 // Two phases, of which one has the composition of `one`, and the other that of all the rest.
 SplitStatus splitApart(const FlashProblem &problem, const PhaseSplit &from, int one, PhaseSplit &pair)
 {
@@ -80,7 +88,7 @@ void findTwoPhases(const FlashProblem &problem, PhaseSplit &split)
     best.setOnePhase(problem);
     PhaseSplit pair;
     const auto take = [&](SplitStatus status) {
-        if (status != SplitStatus::solved)
+        if (status != SplitStatus::solved || (problem.vaporAllowed && !areVaporAndLiquid(pair)))
             return;
         pair.findGibbs(problem);
         if (pair.gibbs < best.gibbs)

@@ -43,6 +43,7 @@ void PhaseSplit::setOnePhase(const FlashProblem &problem)
     SplitPhase &only = phases[0];
     only.state = problem.feed;
     only.root = only.state.vaporRoot ? Root::vapor : Root::liquid;
+    followDensity(problem);
     only.amount = 1.0;
     for (int i = 0; i < problem.size(); ++i) {
         only.x[i] = problem.z[i];
@@ -50,6 +51,14 @@ void PhaseSplit::setOnePhase(const FlashProblem &problem)
     }
     largestLnRatio = 0.0;
     gibbs = problem.gibbs;
+}
+
+void PhaseSplit::followDensity(const FlashProblem &problem)
+{
+    const double critical = cubicConstants(problem.model.equation).criticalVolume;
+    for (int k = 0; k < count; ++k)
+        if (const PhaseState &state = phases[k].state; !state.severalRoots && problem.vaporAllowed)
+            phases[k].root = state.Z < critical * state.B ? Root::liquid : Root::vapor;
 }
 
 void PhaseSplit::remove(int phase)

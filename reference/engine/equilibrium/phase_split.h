@@ -30,6 +30,10 @@ struct PhaseSplit {
 
     void remove(int phase);
 
+    // Has each phase with a single root stand for a liquid or a vapor as its density tells, for where it comes to have
+    // several: it must not jump there.
+    void followDensity(const FlashProblem &problem);
+
     // ln f_i of a phase less that of the first one.
     double lnFugacityRatio(int phase, int i) const
     {

@@ -17,6 +17,7 @@ constexpr double largeLnRatio = 1.0;     // difference of logarithms of fugaciti
 constexpr int firstSubstitutions = 3;
 constexpr int mostSubstitutions = 200;
 constexpr int mostNewtonSteps = 60;
+constexpr int mostFailures = 6; // Newton steps of no use
 
 // Whether the one is less than the other beyond round-off.
 bool isLess(double gibbs, double than) { return gibbs < than - 1e-13 * (1.0 + std::fabs(than)); }
@@ -145,7 +146,9 @@ bool mergeTwins(const FlashProblem &problem, PhaseSplit &split)
 
 SplitStatus descend(const FlashProblem &problem, PhaseSplit &split)
 {
+    int failures = 0;
     for (int step = 0; step < mostNewtonSteps && split.largestLnRatio >= equalFugacity; ++step) {
+        split.followDensity(problem);
         if (split.count > 2 && anyAreOne(problem, split)) {
             if (!mergeTwins(problem, split) || !split.update(problem))
                 return SplitStatus::collapsed;
@@ -155,16 +158,16 @@ SplitStatus descend(const FlashProblem &problem, PhaseSplit &split)
             continue;
         if (newtonStep(problem, split))
             continue;
-        if (split.largestLnRatio < goodEnough)
+        if (split.largestLnRatio < goodEnough || ++failures > mostFailures)
             break;
         substitute(problem, split);
         if (!split.update(problem))
             return SplitStatus::collapsed;
         split.findGibbs(problem);
     }
-    if (split.largestLnRatio < goodEnough)
-        return SplitStatus::solved;
-    return SplitStatus::notConverged;
+    if (anyAreOne(problem, split))
+        return SplitStatus::collapsed;
+    return split.largestLnRatio < goodEnough ? SplitStatus::solved : SplitStatus::notConverged;
 }
 
 } // namespace

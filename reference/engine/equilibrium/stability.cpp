@@ -12,7 +12,8 @@ namespace {
 
 constexpr double unstable = -1e-11; // a distance below this is no round-off
 constexpr double converged = 1e-9;  // largest scaled gradient
-constexpr double samePhase = 1e-3;  // sum of the differences between mole numbers of a trial and a phase that is known
+constexpr double samePhase = 3e-5;  // sum of the differences between mole numbers of a trial and a phase that is known
+constexpr double slack = 0.7;       // of logarithms of mole numbers
 constexpr int substitutions = 8;
 constexpr int newtonSteps = 40;
 
@@ -38,6 +39,7 @@ struct StabilityTest::Trial {
     PhaseState state;
     double total;
     double distance;
+    double squaredGradient; // scaled
     Root root;
 
     void evaluate(const FlashProblem &problem, const CompoundArray &potential)
@@ -51,10 +53,12 @@ struct StabilityTest::Trial {
         for (int i = 0; i < n; ++i)
             w[i] = W[i] / total;
         evaluatePhase(problem.model, problem.isotherm, problem.pressure, w.data(), root, state);
-        distance = 1.0;
+        distance = 1.0 - total;
+        squaredGradient = 0.0;
         for (int i = 0; i < n; ++i) {
             gradient[i] = lnW[i] + state.lnPhi[i] - potential[i];
-            distance += W[i] * (gradient[i] - 1.0);
+            distance += W[i] * gradient[i];
+            squaredGradient += W[i] * gradient[i] * gradient[i];
         }
     }
     double largestGradient(int n) const
@@ -140,6 +144,9 @@ bool StabilityTest::descend(TrialPhase &start_) const
         // A few steps more than the first proof of instability take make a better start for the split.
         if (step >= substitutions / 2 && trial.distance < -1e-4)
             break;
+        // In these variables the second derivatives are near one: from here it doesn't fall below zero any more.
+        if (trial.distance > 10.0 * trial.squaredGradient + 1e-3)
+            return false;
         if (isKnown(trial.W, trial.state))
             return false;
         if (trial.largestGradient(n) < converged)
@@ -189,8 +196,25 @@ bool StabilityTest::setStart(int index, TrialPhase &trial) const
     }
     const int pure = index - 3;
     trial.root = Root::liquid;
+    if (!staysPure(pure))
+        return false;
     for (int i = 0; i < n; ++i)
         trial.lnW[i] = std::log(0.05 * problem.z[i] + (i == pure ? 0.95 : 0.0));
+    return true;
+}
+
+// Whether a phase of one compound alone would take up more of that than of any other, at the chemical potentials there
+// are: otherwise the search would not stay near it.
+bool StabilityTest::staysPure(int pure) const
+{
+    if (problem.model.isIdeal())
+        return false; // its liquids never split
+    CompoundArray lnPhi;
+    evaluateSolvent(problem.model, problem.isotherm, problem.pressure, pure, lnPhi);
+    const double own = potential[pure] - lnPhi[pure];
+    for (int i = 0; i < problem.size(); ++i)
+        if (potential[i] - lnPhi[i] > own + slack)
+            return false;
     return true;
 }
 

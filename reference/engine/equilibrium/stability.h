@@ -23,6 +23,8 @@ private:
 
     bool setStart(int index, TrialPhase &trial) const;
     bool isKnown(const CompoundArray &W, const PhaseState &state) const;
+    bool stands(Root root) const;
+    bool staysPure(int pure) const;
     bool descend(TrialPhase &trial) const;
     struct Trial;
     bool newtonStep(Trial &trial) const;

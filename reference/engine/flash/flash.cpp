@@ -52,16 +52,16 @@ FlashStatus explainLine(LineStatus status, const LineExtent &extent, const Flash
                    text.first.text.data(), text.second.text.data());
         return FlashStatus::noSolution;
     case LineStatus::unstable:
-        giveReason(reason, "Where %s and %s meet, one vapor and one liquid are not stable", text.first.text.data(),
+        giveReason(reason, "Where %s and %s meet, the phases found are not stable", text.first.text.data(),
                    text.second.text.data());
         return FlashStatus::noSolution;
     case LineStatus::notOnLine:
-        giveReason(
-            reason,
-            "No state with %s and %s was found: the fraction has temperatures from %.4g to %.4g K and pressures from "
-            "%.4g to %.4g Pa",
-            text.first.text.data(), text.second.text.data(), extent.lowestTemperature, extent.highestTemperature,
-            extent.lowestPressure, extent.highestPressure);
+        giveReason(reason,
+                   "No state with %s and %s was found: those found with the fraction have temperatures from %.4g to "
+                   "%.4g K and pressures from "
+                   "%.4g to %.4g Pa",
+                   text.first.text.data(), text.second.text.data(), extent.lowestTemperature, extent.highestTemperature,
+                   extent.lowestPressure, extent.highestPressure);
         return FlashStatus::noSolution;
     default:
         giveReason(reason, "No two phases with %s were found for %s", text.first.text.data(), text.second.text.data());
@@ -75,7 +75,7 @@ FlashStatus explainSearch(const SearchFindings &findings, const FlashSpecificati
     const PairText text(first, second);
     if (findings.jumped) {
         giveReason(reason,
-                   "One vapor and one liquid cannot have %s and %s: at %.6g K and %.6g Pa the %s jumps from %.6g to "
+                   "The phases allowed cannot have %s and %s: at %.6g K and %.6g Pa the %s jumps from %.6g to "
                    "%.6g %s",
                    text.first.text.data(), text.second.text.data(), findings.temperature, findings.pressure,
                    flashVariableName(findings.jumping), findings.from, findings.to,

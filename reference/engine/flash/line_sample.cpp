@@ -21,11 +21,6 @@ double LineSampler::fractionOf(const FlashResult &state) const
     return vaporPart(feed.model, state, fraction.variable);
 }
 
-bool LineSampler::surround(const LineSample &first, const LineSample &second) const
-{
-    return first.known && second.known && surplus(first, second) * surplus(second, first) < 0.0;
-}
-
 // How much more vapor a sample has than wanted. One phase counts as the one that its neighbor of two phases
 // is about to be, and is on the other side of a fraction of 0 or 1.
 double LineSampler::surplus(const LineSample &sample, const LineSample &neighbor) const

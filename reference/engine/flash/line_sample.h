@@ -23,9 +23,6 @@ public:
     {
     }
 
-    // Whether one of two samples has more vapor than wanted, and the other less.
-    bool surround(const LineSample &first, const LineSample &second) const;
-
     // Finds a stable point with the fraction between two samples at the same temperature or pressure; false when they
     // show no sign of one.
     bool startBetween(LineSample first, LineSample second, const FlashSpecification &at, TwoPhasePoint &point) const;

@@ -56,7 +56,8 @@ public:
                     return LineStatus::solved;
         if (!haveSecondChoice && lookAround(started))
             return LineStatus::solved;
-        if (!haveSecondChoice && !isCondition(other.variable) && n > 1 && findByQuality(feed, fraction, other, result))
+        if (!haveSecondChoice && !isCondition(other.variable) && (sawUnstable || sawSecondLiquid) &&
+            findByQuality(feed, fraction, other, result))
             return LineStatus::solved;
         if (haveSecondChoice)
             return LineStatus::solved;
@@ -77,6 +78,7 @@ private:
     bool haveSecondChoice = false;
     bool sawOtherType = false;
     bool sawUnstable = false;
+    bool sawSecondLiquid = false;
     struct Place {
         double lnT, lnP;
     };
@@ -121,13 +123,15 @@ private:
         for (int i = 0; i <= intervals; ++i) {
             LineSample now;
             now.take(feed, at, low * std::pow(high / low, static_cast<double>(i) / intervals));
+            sawSecondLiquid |= now.known && now.state.liquid2Present;
             LinePoint start;
             if (i > 0 && sampler.startBetween(last, now, at, start.point)) {
                 started = true;
                 if (isAnswer ? offer(start.point) : !isTraced(start.point) && walkBoth(start))
                     return true;
-            } else if (i > 0 && isAnswer && n > 1 && sampler.surround(last, now) &&
-                       quality.between(at, last.free, now.free) && offerFound(quality))
+            } else if (i > 0 && isAnswer && n > 1 && last.known && now.known &&
+                       quality.mayLieBetween(last.state, now.state) && quality.between(at, last.free, now.free) &&
+                       offerFound(quality))
                 return true;
             last = now;
         }

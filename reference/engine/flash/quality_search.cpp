@@ -2,6 +2,8 @@
 
 #include "reference/engine/equilibrium/flash_tp.h"
 #include "reference/engine/equilibrium/lever_rule.h"
+#include "reference/engine/flash/vapor_liquid_point.h"
+#include "reference/engine/phase/phase_evaluation.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,6 +14,10 @@ namespace {
 
 constexpr double met = 1e-12;       // of a vapor fraction
 constexpr double goodEnough = 1e-9; // where the pressure has no digits for more
+
+constexpr double edgeWidth = 2e-15; // of the logarithm of a temperature or pressure
+
+bool isBoth(const FlashResult &state) { return state.vaporPresent && state.phaseCount() > 1; }
 
 double massOf(const MixtureModel &model, double amount, const CompoundArray &x)
 {
@@ -33,7 +39,6 @@ double vaporPart(const MixtureModel &model, const FlashResult &state, FlashVaria
     return vapor / (vapor + liquid + liquid2);
 }
 
-// At the ends of the range any vapor is too much, and any liquid.
 void QualitySearch::take(const FlashSpecification &at, double free, Sample &sample) const
 {
     const bool atTemperature = at.variable == FlashVariable::temperature;
@@ -43,62 +48,191 @@ void QualitySearch::take(const FlashSpecification &at, double free, Sample &samp
                            feed.fractions(), feed.phases, sample.state) == FlashStatus::solved;
     if (!sample.known)
         return;
-    sample.surplus = vaporPart(feed.model, sample.state, fraction.variable) - fraction.value;
-    if (fraction.value == 0.0 && !sample.state.vaporPresent)
-        sample.surplus = -1.0;
-    if (fraction.value == 1.0 && sample.state.vaporPresent && sample.state.phaseCount() == 1)
-        sample.surplus = 1.0;
+    sample.surplus = surplusOf(sample.state, sample.state);
+}
+
+// How much vapor is too much. A fluid of one phase has the name of what its neighbor of two phases is about to be: next
+// to a critical point its own may be another one.
+double QualitySearch::surplusOf(const FlashResult &state, const FlashResult &neighbor) const
+{
+    if (state.phaseCount() == 1 && isBoth(neighbor))
+        return (neighbor.vaporFraction > 0.5 ? 1.0 : 0.0) - fraction.value;
+    return vaporPart(feed.model, state, fraction.variable) - fraction.value;
+}
+
+bool QualitySearch::mayLieBetween(const FlashResult &one, const FlashResult &other) const
+{
+    if (isEnd())
+        return isBoth(one) != isBoth(other);
+    return (surplusOf(one, other) > 0.0) != (surplusOf(other, one) > 0.0);
+}
+
+bool QualitySearch::differ(Sample &low, Sample &high) const
+{
+    if (!low.known || !high.known || !mayLieBetween(low.state, high.state))
+        return false;
+    low.surplus = surplusOf(low.state, high.state);
+    high.surplus = surplusOf(high.state, low.state);
+    return true;
+}
+
+bool QualitySearch::close(const FlashSpecification &at, Sample &low, Sample &high)
+{
+    return isEnd() ? closeEnd(at, low, high) : closeInside(at, low, high);
 }
 
 bool QualitySearch::accept(const Sample &sample)
 {
-    const FlashResult &state = sample.state;
-    if (!state.vaporPresent || state.phaseCount() < 2 || !(std::fabs(sample.surplus) < goodEnough))
+    if (!isBoth(sample.state) || !(std::fabs(sample.surplus) < goodEnough))
         return false;
-    result = state;
-    if (fraction.value == 0.0 || fraction.value == 1.0) { // exactly
-        const double rest = 1.0 - fraction.value;
-        const double liquids = state.liquidFraction + state.liquid2Fraction;
-        result.vaporFraction = fraction.value;
-        result.liquidFraction = rest * (state.liquidFraction / liquids);
-        result.liquid2Fraction = rest * (state.liquid2Fraction / liquids);
-    }
+    result = sample.state;
     return true;
 }
 
-// Between samples with too little and too much vapor.
-bool QualitySearch::close(const FlashSpecification &at, Sample &low, Sample &high)
+// Whether two phases have not become one.
+bool QualitySearch::differ(const CompoundArray &one, const CompoundArray &other) const
 {
-    const bool moreVaporUpward = (high.surplus > 0.0);
+    constexpr double least = 1e-4; // difference of the logarithms of a compound's fractions
+    for (int i = 0; i < feed.size(); ++i)
+        if (std::fabs(std::log(one[i] / other[i])) > least)
+            return true;
+    return false;
+}
+
+// Makes a phase have the fugacities that the state next to it has; it nearly does.
+bool QualitySearch::polish(const FlashResult &outside, Root root, CompoundArray &x) const
+{
+    const int n = feed.size();
+    const Isotherm isotherm(feed.model, outside.temperature);
+    PhaseState state;
+    CompoundArray potential;
+    const CompoundArray &whole = outside.vaporPresent ? outside.vapor : outside.liquid;
+    const Root wholeRoot = outside.phaseCount() == 1 ? Root::stable : Root::liquid;
+    evaluatePhase(feed.model, isotherm, outside.pressure, whole.data(), wholeRoot, state);
+    for (int i = 0; i < n; ++i)
+        potential[i] = std::log(whole[i]) + state.lnPhi[i];
+    double sum = 0.0;
+    for (int step = 0; step < 3; ++step) {
+        evaluatePhase(feed.model, isotherm, outside.pressure, x.data(), root, state);
+        sum = 0.0;
+        for (int i = 0; i < n; ++i)
+            sum += x[i] = std::exp(potential[i] - state.lnPhi[i]);
+        for (int i = 0; i < n; ++i)
+            x[i] /= sum;
+    }
+    return std::fabs(sum - 1.0) < goodEnough;
+}
+
+// Next to a critical point the amounts have few digits, and flashes end somewhat before the phases do. Newton's method
+// goes on from the last one, where there is one liquid.
+bool QualitySearch::continueToEnd(const FlashSpecification &at, const Sample &inside)
+{
+    const int n = feed.size();
+    const FlashResult &last = inside.state;
+    if (last.liquid2Present || !last.liquidPresent)
+        return false;
+    TwoPhasePoint point;
+    for (int i = 0; i < n; ++i)
+        point.unknowns[i] = std::log(last.vapor[i] / last.liquid[i]);
+    point.setAmounts(n, fraction.value, 1.0 - fraction.value);
+    point.unknowns[TwoPhasePoint::temperatureAt(n)] = std::log(last.temperature);
+    point.unknowns[TwoPhasePoint::pressureAt(n)] = std::log(last.pressure);
+    if (!solvePoint(feed, point, Closing::of(fraction), Closing::of(at)) || !areVaporAndLiquid(feed, point))
+        return false;
+    constexpr double near = 1e-3;
+    const bool atTemperature = at.variable == FlashVariable::temperature;
+    const double free = std::log(atTemperature ? point.totals.pressure : point.totals.temperature);
+    if (!(std::fabs(free - inside.free) < near) || !isStable(feed, point))
+        return false;
+    giveResult(feed, point, result);
+    result.vaporFraction = fraction.value;
+    result.liquidFraction = 1.0 - fraction.value;
+    return true;
+}
+
+// At the ends of the range the balance is that of what lies outside, where the phase of no amount is not there.
+bool QualitySearch::acceptEnd(const Sample &inside, const Sample &outside)
+{
+    const FlashResult &beyond = outside.state;
+    constexpr double small = 1e-7;
+    if (!(std::fabs(inside.surplus) < small))
+        return false;
+    result = inside.state;
+    result.temperature = beyond.temperature;
+    result.pressure = beyond.pressure;
+    if (fraction.value == 0.0) {
+        if (result.liquid2Present != beyond.liquid2Present)
+            return false;
+        result.vaporFraction = 0.0;
+        result.liquidFraction = result.liquid2Present ? beyond.liquidFraction : 1.0;
+        result.liquid2Fraction = result.liquid2Present ? beyond.liquid2Fraction : 0.0;
+        result.liquid = beyond.vaporPresent ? beyond.vapor : beyond.liquid;
+        result.liquid2 = beyond.liquid2;
+        return polish(beyond, Root::vapor, result.vapor) && differ(result.vapor, result.liquid);
+    }
+    if (beyond.phaseCount() != 1)
+        return false;
+    result.vapor = beyond.vaporPresent ? beyond.vapor : beyond.liquid;
+    result.vaporFraction = 1.0;
+    result.liquidFraction = result.liquid2Fraction = 0.0;
+    const auto good = [&](bool present, CompoundArray &liquid) {
+        return !present || (polish(beyond, Root::liquid, liquid) && differ(result.vapor, liquid));
+    };
+    return good(result.liquidPresent, result.liquid) && good(result.liquid2Present, result.liquid2);
+}
+
+// Between samples of which one has vapor with liquid, and the other not both.
+bool QualitySearch::closeEnd(const FlashSpecification &at, Sample &low, Sample &high)
+{
+    const bool insideIsLow = isBoth(low.state);
+    Sample &inside = insideIsLow ? low : high;
+    Sample &outside = insideIsLow ? high : low;
+    // Vapor comes with lower pressure or higher temperature, liquid the other way, where that is normal.
+    const bool thinner = insideIsLow == (at.variable == FlashVariable::temperature);
+    type = thinner == (fraction.value == 0.0) ? SolutionType::normal : SolutionType::retrograde;
+    Sample middle;
+    while (high.free - low.free > edgeWidth * std::max(1.0, std::fabs(high.free))) {
+        take(at, 0.5 * (low.free + high.free), middle);
+        if (!middle.known || middle.free == low.free || middle.free == high.free)
+            break;
+        (isBoth(middle.state) ? inside : outside) = middle;
+    }
+    return acceptEnd(inside, outside) || continueToEnd(at, inside);
+}
+
+// Between samples with too little and too much vapor.
+bool QualitySearch::closeInside(const FlashSpecification &at, Sample &low, Sample &high)
+{
+    const bool moreVaporUpward = high.surplus > 0.0;
     type =
         moreVaporUpward == (at.variable == FlashVariable::pressure) ? SolutionType::normal : SolutionType::retrograde;
     double lowWeight = 1.0;
     double highWeight = 1.0;
-    const bool atEnd = fraction.value == 0.0 || fraction.value == 1.0;
     Sample middle;
     for (int step = 0; step < 100; ++step) {
         const double width = high.free - low.free;
         double part = 0.5;
-        if (!atEnd && step % 4 != 3) // the method of Illinois
+        if (step % 4 != 3) // the method of Illinois
             part = lowWeight * low.surplus / (lowWeight * low.surplus - highWeight * high.surplus);
         take(at, low.free + part * width, middle);
         if (!middle.known)
             take(at, low.free + 0.45 * width, middle);
         if (!middle.known)
             return false;
-        if (!atEnd && std::fabs(middle.surplus) < met && accept(middle))
+        middle.surplus = surplusOf(middle.state, isBoth(low.state) ? low.state : high.state);
+        if (std::fabs(middle.surplus) < met && accept(middle))
             return true;
         const bool isLow = (middle.surplus > 0.0) == (low.surplus > 0.0);
         lowWeight = isLow ? 1.0 : 0.5 * lowWeight;
         highWeight = isLow ? 0.5 * highWeight : 1.0;
         (isLow ? low : high) = middle;
-        if (high.free - low.free <= 2e-15 * std::max(1.0, std::fabs(high.free)))
+        if (high.free - low.free <= edgeWidth * std::max(1.0, std::fabs(high.free)))
             break;
     }
     if (accept(low) || accept(high))
         return true;
     const double part = low.surplus / (low.surplus - high.surplus);
-    if (atEnd || !mixStates(feed, low.state, high.state, part, middle.state))
+    if (!mixStates(feed, low.state, high.state, part, middle.state))
         return false;
     middle.surplus = vaporPart(feed.model, middle.state, fraction.variable) - fraction.value;
     return accept(middle);
@@ -110,7 +244,23 @@ bool QualitySearch::between(const FlashSpecification &at, double first, double s
     Sample high;
     take(at, std::log(std::min(first, second)), low);
     take(at, std::log(std::max(first, second)), high);
-    return low.known && high.known && (low.surplus > 0.0) != (high.surplus > 0.0) && close(at, low, high);
+    return differ(low, high) && close(at, low, high);
+}
+
+bool QualitySearch::scan(const FlashSpecification &at, double lowest, double highest, int intervals)
+{
+    Sample last;
+    take(at, std::log(lowest), last);
+    for (int i = 1; i <= intervals; ++i) {
+        Sample next;
+        take(at, std::log(lowest) + std::log(highest / lowest) * i / intervals, next);
+        Sample low = last;
+        Sample high = next;
+        if (differ(low, high) && close(at, low, high))
+            return true;
+        last = next;
+    }
+    return false;
 }
 
 bool QualitySearch::near(const FlashSpecification &at, double guess, SolutionType wanted)
@@ -123,13 +273,7 @@ bool QualitySearch::near(const FlashSpecification &at, double guess, SolutionTyp
     take(at, std::clamp(std::log(guess), lowest, highest), start);
     if (!start.known)
         return false;
-    // Less vapor under more pressure and at less temperature, where that is normal.
-    const bool upward = (start.surplus > 0.0) == atTemperature;
-    for (const bool up : {upward, !upward}) {
-        if (up != upward && wanted == SolutionType::normal)
-            continue;
-        if (up == upward && wanted == SolutionType::retrograde)
-            continue;
+    for (const bool up : {!atTemperature, atTemperature}) { // mostly a liquid splits further, and has less vapor then
         Sample last = start;
         Sample next;
         double step = atTemperature ? 0.02 : 0.002;
@@ -140,11 +284,10 @@ bool QualitySearch::near(const FlashSpecification &at, double guess, SolutionTyp
             take(at, target, next);
             if (!next.known)
                 break;
-            if ((next.surplus > 0.0) != (last.surplus > 0.0)) {
-                if (up ? close(at, last, next) : close(at, next, last))
-                    return true;
-                break;
-            }
+            Sample low = up ? last : next;
+            Sample high = up ? next : last;
+            if (differ(low, high) && close(at, low, high) && (wanted == SolutionType::unspecified || wanted == type))
+                return true;
             last = next;
         }
     }

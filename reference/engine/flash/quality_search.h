@@ -13,12 +13,17 @@ class QualitySearch {
 public:
     QualitySearch(const Feed &whole, const FlashSpecification &vaporFraction) : feed(whole), fraction(vaporFraction) {}
 
-    // Looks at one temperature or pressure (`at`), from a guess of the other condition outward. `normal` is whether the
-    // state found is of the normal type; the one wanted is taken, if there is any.
+    // Looks at one temperature or pressure (`at`), from a guess of the other condition outward, for a state of a type.
     bool near(const FlashSpecification &at, double guess, SolutionType type);
+
+    // What two states at the same temperature or pressure tell of one between them.
+    bool mayLieBetween(const FlashResult &one, const FlashResult &other) const;
 
     // Looks between two values of the other condition: false when both have too much vapor, or too little.
     bool between(const FlashSpecification &at, double first, double second);
+
+    // Looks in so many intervals, of equal ratio, for the first one that has such a state.
+    bool scan(const FlashSpecification &at, double lowest, double highest, int intervals);
 
     const FlashResult &found() const { return result; }
     SolutionType foundType() const { return type; }
@@ -35,9 +40,18 @@ private:
         double surplus = 0.0;
         FlashResult state;
     };
+    bool isEnd() const { return fraction.value == 0.0 || fraction.value == 1.0; }
     void take(const FlashSpecification &at, double free, Sample &sample) const;
+    double surplusOf(const FlashResult &state, const FlashResult &neighbor) const;
+    bool differ(Sample &low, Sample &high) const;
     bool close(const FlashSpecification &at, Sample &low, Sample &high);
+    bool closeInside(const FlashSpecification &at, Sample &low, Sample &high);
+    bool closeEnd(const FlashSpecification &at, Sample &low, Sample &high);
     bool accept(const Sample &sample);
+    bool acceptEnd(const Sample &inside, const Sample &outside);
+    bool continueToEnd(const FlashSpecification &at, const Sample &inside);
+    bool differ(const CompoundArray &one, const CompoundArray &other) const;
+    bool polish(const FlashResult &outside, Root root, CompoundArray &x) const;
 };
 
 } // namespace reference

@@ -57,16 +57,8 @@ private:
     {
         if (pressure > 0.0 && quality.near(at, pressure, SolutionType::unspecified))
             return true;
-        constexpr int intervals = 16;
         constexpr double low = 1e2;
-        double last = low;
-        for (int i = 1; i <= intervals; ++i) {
-            const double next = low * std::pow(highestFlashPressure / low, static_cast<double>(i) / intervals);
-            if (quality.between(at, last, next))
-                return true;
-            last = next;
-        }
-        return false;
+        return quality.scan(at, low, highestFlashPressure, 16);
     }
 };
 
@@ -77,10 +69,7 @@ bool findByQuality(const Feed &feed, const FlashSpecification &fraction, const F
 {
     QualityIsotherms isotherms(feed, fraction, other, result);
     RootSearch search(isotherms, std::log(lowestFlashTemperature), std::log(highestFlashTemperature));
-    for (const int intervals : {30, 120})
-        if (search.scan(intervals) == SearchStatus::found)
-            return true;
-    return false;
+    return search.scan(100) == SearchStatus::found;
 }
 
 } // namespace reference

@@ -120,6 +120,25 @@ void evaluatePhase(const MixtureModel &model, const Isotherm &isotherm, double p
     }
 }
 
+void evaluateSolvent(const MixtureModel &model, const Isotherm &isotherm, double pressure, int solvent,
+                     CompoundArray &lnPhi)
+{
+    const CubicConstants &equation = cubicConstants(model.equation);
+    const double thermal = gasConstant * isotherm.temperature;
+    const double s = isotherm.s[solvent];
+    const double b = model.compounds[solvent].covolume;
+    const double A = s * s * pressure / (thermal * thermal);
+    const double B = b * pressure / thermal;
+    const double free = solveCompressibility(equation, A, B).liquid;
+    const double strength = attractionLogarithm(equation, free + B, B) / B;
+    const double repulsion = -std::log(free);
+    const double fromBeta = (free + B - 1.0 + A * strength) / b;
+    const double fromPair = 2.0 * pressure / (thermal * thermal) * strength * s;
+    const double *factors = columnOf(model.pairFactor, model.size, solvent);
+    for (int i = 0; i < model.size; ++i)
+        lnPhi[i] = model.compounds[i].covolume * fromBeta + repulsion - fromPair * isotherm.s[i] * factors[i];
+}
+
 void lnPhiByMoles(const MixtureModel &model, const Isotherm &isotherm, const PhaseState &state, PairArray &derivatives)
 {
     const int n = model.size;

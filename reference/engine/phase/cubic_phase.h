@@ -11,6 +11,8 @@ void pairSums(const MixtureModel &model, const double *moleFractions, const Comp
 
 void evaluatePhase(const MixtureModel &model, const Isotherm &isotherm, double pressure, const double *moleFractions,
                    Root root, PhaseState &state);
+void evaluateSolvent(const MixtureModel &model, const Isotherm &isotherm, double pressure, int solvent,
+                     CompoundArray &lnPhi);
 void lnPhiByMoles(const MixtureModel &model, const Isotherm &isotherm, const PhaseState &state, PairArray &derivatives);
 void evaluateSlopes(const MixtureModel &model, const Isotherm &isotherm, const double *moleFractions,
                     const PhaseState &state, PhaseSlopes &slopes);

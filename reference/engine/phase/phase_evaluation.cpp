@@ -12,6 +12,12 @@ void evaluatePhase(const MixtureModel &model, const Isotherm &isotherm, double p
                                                                        state);
 }
 
+void evaluateSolvent(const MixtureModel &model, const Isotherm &isotherm, double pressure, int solvent,
+                     CompoundArray &lnPhi)
+{
+    cubic::evaluateSolvent(model, isotherm, pressure, solvent, lnPhi);
+}
+
 void lnPhiByMoles(const MixtureModel &model, const Isotherm &isotherm, const PhaseState &state, PairArray &derivatives)
 {
     (model.isCubic() ? cubic::lnPhiByMoles : activity::lnPhiByMoles)(model, isotherm, state, derivatives);

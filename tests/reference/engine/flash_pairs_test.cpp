@@ -340,7 +340,7 @@ TEST(Flash, SaysHowFarAFractionGoes)
     const std::string words = refusal(
         model, {0.5, 0.5}, {{Variable::temperature, 400.0}, {Variable::vaporFraction, 0.5}}, FlashStatus::noSolution);
     const std::string start =
-        "No state with the vapor fraction 0.5 and the temperature 400 K was found: the fraction has "
+        "No state with the vapor fraction 0.5 and the temperature 400 K was found: those found with the fraction have "
         "temperatures from ";
     EXPECT_EQ(words.substr(0, start.size()), start);
 }

@@ -215,8 +215,8 @@ private:
     void failedAt(const FlashCase &problem, const FlashResult &state)
     {
         FlashResult again;
-        if (flashTP(problem.model, state.temperature, state.pressure, problem.z, FlashPhases::vaporAndTwoLiquids, again) ==
-            FlashStatus::otherPhases) {
+        if (flashTP(problem.model, state.temperature, state.pressure, problem.z, FlashPhases::vaporAndTwoLiquids,
+                    again) == FlashStatus::otherPhases) {
             ++countOf(problem).refused;
             return;
         }

@@ -451,7 +451,7 @@ bool JudgedState::canBeNamed() const
         std::ranges::count_if(phases, [](const JudgedPhase &phase) { return phase.severalRoots && phase.vaporRoot; });
     const auto liquids =
         std::ranges::count_if(phases, [](const JudgedPhase &phase) { return phase.severalRoots && !phase.vaporRoot; });
-    return phases.size() <= 3 && vapors <= 1 && liquids <= 2;
+    return distance > unstable && phases.size() <= 3 && vapors <= 1 && liquids <= 2;
 }
 
 JudgedState judge(const MixtureModel &model, double temperature, double pressure, const std::vector<double> &z)

@@ -19,7 +19,8 @@ struct JudgedState {
     double gibbs;    // sum of n_i (ln x_i + ln phi_i) over all phases
     double distance; // least distance from the tangent plane that was found; not below zero where the state is stable
 
-    // Whether one vapor and two liquids can name the phases: none has the root of another's name.
+    // Whether these are all the phases, and one vapor and two liquids can name them: none has the root of another's
+    // name.
     bool canBeNamed() const;
 };
 

@@ -1,0 +1,119 @@
+#include "reference/engine/equilibrium/flash_tp.h"
+#include "tests/reference/engine/feed_families.h"
+#include "tests/reference/engine/flash_check.h"
+#include "tests/reference/engine/mixtures.h"
+
+#include <gtest/gtest.h>
+
+using namespace reference;
+
+namespace {
+
+using Variable = FlashVariable;
+
+// From a state's values back to a state that has them. At a given temperature the same value may belong to another
+// state, so only the values are compared; their Gibbs energy tells that the phases are the stable ones.
+void expectRoundTrip(const MixtureModel &model, const std::vector<double> &z, const FlashResult &state, Variable first,
+                     Variable second)
+{
+    FlashRequest request{{first, valueOf(model, z, state, first)}, {second, valueOf(model, z, state, second)}};
+    FlashResult result;
+    FlashReason reason{};
+    const FlashCase problem{model, z, request};
+    ASSERT_EQ(flash(model, request, z, result, reason), FlashStatus::solved)
+        << reason.data() << "; " << describe(problem);
+    EXPECT_EQ(faultOf(problem, result), "") << describe(problem);
+}
+
+class ThreePhasePairs : public testing::TestWithParam<std::pair<Variable, Variable>> {};
+
+} // namespace
+
+// Wet hydrocarbons in three phases, and two liquids without a vapor.
+TEST_P(ThreePhasePairs, GoRoundThroughThreePhases)
+{
+    const auto &[first, second] = GetParam();
+    const FeedFamily *wet = nullptr;
+    for (const FeedFamily &family : feedFamilies())
+        if (std::string_view(family.name) == "water")
+            wet = &family;
+    ASSERT_TRUE(wet);
+    int three = 0;
+    for (std::uint64_t seed = 1; three < 12; ++seed) {
+        ASSERT_LT(seed, 1000U);
+        const FeedCase feed = wet->make(seed);
+        FlashResult state;
+        if (flashTP(*feed.model, feed.temperature, feed.pressure, feed.z, FlashPhases::vaporAndTwoLiquids, state) !=
+                FlashStatus::solved ||
+            state.phaseCount() < 3)
+            continue;
+        ++three;
+        expectRoundTrip(*feed.model, feed.z, state, first, second);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Pairs, ThreePhasePairs,
+    testing::Values(
+        std::pair{Variable::temperature, Variable::pressure}, std::pair{Variable::temperature, Variable::enthalpy},
+        std::pair{Variable::temperature, Variable::volume}, std::pair{Variable::temperature, Variable::vaporFraction},
+        std::pair{Variable::temperature, Variable::helmholtzEnergy}, std::pair{Variable::pressure, Variable::enthalpy},
+        std::pair{Variable::pressure, Variable::entropy}, std::pair{Variable::pressure, Variable::volume},
+        std::pair{Variable::pressure, Variable::internalEnergy}, std::pair{Variable::pressure, Variable::vaporFraction},
+        std::pair{Variable::pressure, Variable::vaporMassFraction},
+        std::pair{Variable::vaporFraction, Variable::enthalpy}, std::pair{Variable::enthalpy, Variable::entropy},
+        std::pair{Variable::volume, Variable::internalEnergy}, std::pair{Variable::entropy, Variable::volume}));
+
+// Two compounds in three phases have one temperature at a pressure, as a pure compound has that boils: between the
+// states beside it the amounts alone change.
+TEST(ThreePhases, OfTwoCompoundsHaveARangeOfEnthalpiesAtOneTemperature)
+{
+    const MixtureModel model = modelOf({"n-hexane", "water"});
+    const std::vector<double> z = {0.4, 0.6};
+    const auto at = [&](double enthalpy) {
+        FlashResult result{};
+        FlashReason reason{};
+        const FlashRequest request{{Variable::pressure, 101325.0}, {Variable::enthalpy, enthalpy}};
+        EXPECT_EQ(flash(model, request, z, result, reason), FlashStatus::solved) << reason.data();
+        EXPECT_EQ(faultOf({model, z, request}, result), "");
+        return result;
+    };
+    const FlashResult first = at(-30000.0);
+    const FlashResult second = at(-25000.0);
+    EXPECT_EQ(first.phaseCount(), 3);
+    EXPECT_EQ(second.phaseCount(), 3);
+    EXPECT_NEAR(first.temperature, second.temperature, 1e-9);
+    EXPECT_GT(second.vaporFraction, first.vaporFraction + 0.1);
+    // Water and n-hexane boil together near 334.8 K (Horsley, Azeotropic Data III, 1973: 61.6 Celsius).
+    EXPECT_NEAR(first.temperature, 334.8, 2.0);
+}
+
+// The bubble points of a gas next to its critical point, where the line of boiling is too short to be followed.
+TEST(BubblePoints, AreFoundNextToTheCriticalPoint)
+{
+    const MixtureModel model =
+        modelOf({"methane", "hydrogen sulfide", "n-butane", "ethane", "nitrogen", "n-pentane", "propane"});
+    std::vector<double> z = {0.382902, 0.015515, 0.143772, 0.09026, 0.316981, 0.017114, 0.033455};
+    double sum = 0.0;
+    for (const double fraction : z)
+        sum += fraction;
+    for (double &fraction : z)
+        fraction /= sum;
+    double last = 1e8;
+    for (double temperature = 281.0; temperature < 285.6; temperature += 0.5) {
+        const FlashRequest request{{Variable::temperature, temperature}, {Variable::vaporFraction, 0.0}};
+        FlashResult result{};
+        FlashReason reason{};
+        ASSERT_EQ(flash(model, request, z, result, reason), FlashStatus::solved) << temperature << ' ' << reason.data();
+        EXPECT_EQ(faultOf({model, z, request}, result), "") << temperature;
+        EXPECT_LT(result.pressure, last);
+        // The flash shows the boundary there: two phases below, one above.
+        FlashResult beside;
+        for (const double factor : {1.0 - 1e-4, 1.0 + 1e-4}) {
+            ASSERT_EQ(flashTP(model, temperature, factor * result.pressure, z, FlashPhases::vaporAndTwoLiquids, beside),
+                      FlashStatus::solved);
+            EXPECT_EQ(beside.phaseCount(), factor < 1.0 ? 2 : 1) << temperature;
+        }
+        last = result.pressure;
+    }
+}
