@@ -177,13 +177,13 @@ case ${1-} in
     ensure_up
     ;;
 --down)
-    for prefix in "$first" "$second"; do
-        exec 9>>"$prefix.lock"
-        if flock -n -x 9; then WINEPREFIX="$prefix" quietly wineserver -k || true; fi
+    for WINEPREFIX in "$first" "$second"; do
+        exec 9>>"$WINEPREFIX.lock"
+        if flock -n -x 9; then quietly wineserver -k || true; fi
     done
     ;;
 --kill)
-    for prefix in "$first" "$second"; do WINEPREFIX="$prefix" quietly wineserver -k || true; done
+    for WINEPREFIX in "$first" "$second"; do quietly wineserver -k || true; done
     ;;
 --apart)
     shift
