@@ -4,39 +4,12 @@
 #include "cape/com/relay_interface.h"
 #include "tests/relay/installation.h"
 #include "tests/relay/room_failures.h"
+#include "tests/relay/room_registry.h"
 
 using namespace installation;
 using namespace room_failures;
 
 namespace {
-
-const std::string relayClass = "CLSID\\{E3F8AF5B-DE4E-4FE0-B243-0FDB6173B5E8}";
-const std::string relayInterface = "Interface\\{E5D29B15-C411-4600-B764-370A604E2C06}";
-const std::string relayLibraryId = "{9C36D8A1-5F0E-4B7D-8E21-3AD467B01C92}";
-const std::string relayLibrary = "TypeLib\\" + relayLibraryId;
-const std::string libraryKey = "TypeLib\\" + standardLibrary;
-// What the small library holds.
-const std::string firstInterface = "Interface\\{7E57B1A1-3B1C-4D0A-9E55-216B0C5FA800}";
-const std::string secondInterface = "Interface\\{7E57B1A2-3B1C-4D0A-9E55-216B0C5FA800}";
-
-const std::string ownKeys[] = {relayClass, relayInterface, relayLibrary, libraryKey, firstInterface, secondInterface};
-constexpr REGSAM views[] = {KEY_WOW64_32KEY, KEY_WOW64_64KEY};
-
-// Whatever a run that was cut off, or another program, may have left.
-void cleanRegistry()
-{
-    for (const REGSAM view : views)
-        for (const std::string &path : ownKeys) {
-            HKEY parent = nullptr;
-            const std::size_t last = path.find('\\');
-            ASSERT_EQ(RegOpenKeyExA(HKEY_CLASSES_ROOT, path.substr(0, last).c_str(), 0,
-                                    KEY_READ | KEY_WRITE | DELETE | view, &parent),
-                      ERROR_SUCCESS);
-            RegDeleteTreeA(parent, path.substr(last + 1).c_str());
-            RegCloseKey(parent);
-            ASSERT_FALSE(keyExists(view, path)) << path;
-        }
-}
 
 void expectInterface(REGSAM view, const std::string &key, const std::string &name, const std::string &library)
 {
@@ -78,7 +51,6 @@ class RegistrationCallFails : public RoomCallFails {
 protected:
     RegistrationCallFails()
     {
-        cleanRegistry();
         EXPECT_TRUE(CopyFileW(fileHere(L"Verdanth6432Relay.exe").c_str(),
                               installedFile(L"Verdanth6432Relay.exe").c_str(), FALSE));
         EXPECT_TRUE(CopyFileW(fileHere(L"SmallStandard.tlb").c_str(), installedFile(L"CapeOpen11.tlb").c_str(), FALSE));
@@ -86,7 +58,6 @@ protected:
         EXPECT_EQ(library->GetTypeInfo(0, information.out()), S_OK);
         firstReferences = references();
     }
-    ~RegistrationCallFails() override { cleanRegistry(); }
 
     static void expectServerRegistered()
     {

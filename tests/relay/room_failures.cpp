@@ -1,6 +1,6 @@
 #include "tests/relay/room_failures.h"
 
-#include "tests/relay/installation.h"
+#include "tests/relay/room_registry.h"
 
 #include <cstdio>
 
@@ -74,6 +74,7 @@ void CALLBACK Deadline::pass(void *self, BOOLEAN)
 
 RoomCallFails::RoomCallFails() : room(loadCopy())
 {
+    cleanRegistry();
     openKeys = 0;
     observed.push_back(observe("RegOpenKeyExW", openKey));
     observed.push_back(observe("RegCreateKeyExW", createKey));
@@ -82,7 +83,11 @@ RoomCallFails::RoomCallFails() : room(loadCopy())
     EXPECT_TRUE(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)));
 }
 
-RoomCallFails::~RoomCallFails() { CoUninitialize(); }
+RoomCallFails::~RoomCallFails()
+{
+    CoUninitialize();
+    cleanRegistry();
+}
 
 void RoomCallFails::failEach(const Operation &operation, const std::vector<Way> &ways)
 {
