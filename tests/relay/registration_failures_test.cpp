@@ -51,10 +51,9 @@ class RegistrationCallFails : public RoomCallFails {
 protected:
     RegistrationCallFails()
     {
-        EXPECT_TRUE(CopyFileW(fileHere(L"Verdanth6432Relay.exe").c_str(),
-                              installedFile(L"Verdanth6432Relay.exe").c_str(), FALSE));
-        EXPECT_TRUE(CopyFileW(fileHere(L"SmallStandard.tlb").c_str(), installedFile(L"CapeOpen11.tlb").c_str(), FALSE));
-        EXPECT_EQ(LoadTypeLibEx(installedFile(L"CapeOpen11.tlb").c_str(), REGKIND_NONE, library.out()), S_OK);
+        install(L"Verdanth6432Relay.exe", L"Verdanth6432Relay.exe");
+        const WideString file = install(L"SmallStandard.tlb", L"CapeOpen11.tlb");
+        EXPECT_EQ(LoadTypeLibEx(file.c_str(), REGKIND_NONE, library.out()), S_OK);
         EXPECT_EQ(library->GetTypeInfo(0, information.out()), S_OK);
         firstReferences = references();
     }
@@ -172,9 +171,7 @@ TEST_F(RegistrationCallFails, InUnregisterStandardLibrary)
 // What cannot be loaded serves nobody.
 TEST_F(RegistrationCallFails, WhereAnotherProgramsLibraryIsRegistered)
 {
-    const WideString theirs = installedFile(L"somebody_elses.tlb");
-    ASSERT_TRUE(CopyFileW(installedFile(L"CapeOpen11.tlb").c_str(), theirs.c_str(), FALSE));
-    registerTypeLibrary(theirs);
+    registerTypeLibrary(install(L"SmallStandard.tlb", L"somebody_elses.tlb"));
     const auto expectTheirs = [] { expectFile(KEY_WOW64_32KEY, libraryKey + "\\1.1\\0\\win32", "somebody_elses.tlb"); };
     for (const Way &way : {findingProgram, reading[0], reading[1]}) {
         SCOPED_TRACE(way.name);

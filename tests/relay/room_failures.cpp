@@ -9,7 +9,7 @@ namespace room_failures {
 namespace {
 
 constexpr int mostCalls = 1000; // of one kind in one operation
-constexpr DWORD patienceMilliseconds = 30'000;
+constexpr DWORD stepMilliseconds = 30'000;
 
 HMODULE roomModule = nullptr;
 
@@ -29,8 +29,7 @@ const RelayRoom *loadCopy()
 {
     static int copies = 0;
     const std::string name = "relay_room_" + std::to_string(++copies) + ".dll";
-    const WideString copy = installedFile(WideString(name.begin(), name.end()).c_str());
-    EXPECT_TRUE(CopyFileW(installation::fileHere(L"relay_room.dll").c_str(), copy.c_str(), FALSE));
+    const WideString copy = install(L"relay_room.dll", WideString(name.begin(), name.end()).c_str());
     roomModule = LoadLibraryW(copy.c_str());
     ImportSlot::library = name;
     const auto get = reinterpret_cast<decltype(&TheRelayRoom)>(
@@ -58,9 +57,9 @@ std::vector<Way> together(std::initializer_list<std::vector<Way>> parts)
     return all;
 }
 
-Deadline::Deadline(std::string described) : what(std::move(described))
+Deadline::Deadline(std::string described, DWORD milliseconds) : what(std::move(described))
 {
-    EXPECT_TRUE(CreateTimerQueueTimer(&timer, nullptr, pass, this, patienceMilliseconds, 0, WT_EXECUTEONLYONCE));
+    EXPECT_TRUE(CreateTimerQueueTimer(&timer, nullptr, pass, this, milliseconds, 0, WT_EXECUTEONLYONCE));
 }
 
 Deadline::~Deadline() { DeleteTimerQueueTimer(nullptr, timer, INVALID_HANDLE_VALUE); }
@@ -95,7 +94,7 @@ void RoomCallFails::failEach(const Operation &operation, const std::vector<Way> 
         for (int n = 1;; ++n) {
             const std::string step = way.name + ", call " + std::to_string(n);
             SCOPED_TRACE(step);
-            const Deadline forStep(step);
+            const Deadline forStep(step, stepMilliseconds);
             ASSERT_LT(n, mostCalls);
             operation.undo();
             if (!runStruck(operation, way, n)) {
@@ -150,6 +149,14 @@ WideString installedFile(LPCWSTR name)
     WCHAR folder[MAX_PATH] = {};
     GetTempPathW(MAX_PATH, folder);
     return WideString(folder) + name;
+}
+
+WideString install(LPCWSTR name, LPCWSTR newName)
+{
+    const WideString file = installedFile(newName);
+    DeleteFileW(file.c_str());
+    EXPECT_TRUE(CopyFileW(installation::fileHere(name).c_str(), file.c_str(), TRUE));
+    return file;
 }
 
 DWORD WINAPI programFile(HMODULE, LPWSTR path, DWORD size)

@@ -80,7 +80,7 @@ std::vector<Way> together(std::initializer_list<std::vector<Way>> parts);
 // Ends the process, with the words on what hangs, unless it is over in time.
 class Deadline {
 public:
-    explicit Deadline(std::string what);
+    Deadline(std::string what, DWORD milliseconds);
     ~Deadline();
     Deadline(const Deadline &) = delete;
     Deadline &operator=(const Deadline &) = delete;
@@ -113,7 +113,7 @@ protected:
     const RelayRoom *room = nullptr;
 
 private:
-    Deadline deadline{"the test"};
+    Deadline deadline{testing::UnitTest::GetInstance()->current_test_info()->name(), 90'000};
     std::vector<std::unique_ptr<ImportSlot>> observed;
 };
 
@@ -123,9 +123,11 @@ LSTATUS WINAPI openKey(HKEY parent, LPCWSTR path, DWORD options, REGSAM access, 
 LSTATUS WINAPI createKey(HKEY parent, LPCWSTR path, DWORD reserved, LPWSTR type, DWORD options, REGSAM access,
                          LPSECURITY_ATTRIBUTES security, PHKEY key, LPDWORD disposition);
 
-// The folder where the relay finds itself, with nothing in it but what a test puts there; its files go with the
-// session.
+// A file in the folder where the relay finds itself, a temporary one.
 WideString installedFile(LPCWSTR name);
+// Copies a file of the build there, and gives its path. What lies there from before is not written over but removed: it
+// may be the same file as in another session, and in use.
+WideString install(LPCWSTR name, LPCWSTR newName);
 DWORD WINAPI programFile(HMODULE, LPWSTR path, DWORD size);
 
 } // namespace room_failures
