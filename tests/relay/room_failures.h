@@ -101,7 +101,8 @@ protected:
     struct Operation {
         std::function<HRESULT()> run;
         std::function<void()> expectDone = [] {};
-        std::function<void()> undo = [] {}; // finds no difference afterwards between done, done by half and not done
+        std::function<void()> undo = [] {}; // succeeds after a failure, too, and leaves no trace of it
+        std::function<void()> expectFailed = [] {};
     };
 
     // Each kind of call has to be made, and its failure to be told.
