@@ -188,7 +188,10 @@ case ${1-} in
 --apart)
     shift
     ensure_up
-    apart=$(mktemp -d "$build/wine-apart.XXXXXX")
+    for left in "$build"/wine-apart.*; do # by one that was killed
+        kill -0 "${left##*.}" 2>/dev/null || rm -rf "$left"
+    done
+    apart=$build/wine-apart.$$
     trap 'quietly wineserver -k || true; rm -rf "$apart"' EXIT
     copy_prefix "$WINEPREFIX" "$apart"
     export WINEPREFIX="$apart"
