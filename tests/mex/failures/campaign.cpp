@@ -4,22 +4,15 @@
 #include "tests/mex/failures/busy_package.h"
 #include "tests/mex/failures/failure_words.h"
 #include "tests/mex/failures/surroundings.h"
+#include "tests/support/failures.h"
 
 #include <algorithm>
-#include <cstdio>
 
 namespace support {
 
 namespace {
 
 constexpr int mostCalls = 5000; // of one kind in one command
-
-std::string codeText(HRESULT result)
-{
-    char text[16];
-    std::snprintf(text, sizeof text, "0x%08X", static_cast<unsigned>(result));
-    return text;
-}
 
 bool contains(const std::vector<std::string> &texts, const std::string &text)
 {
@@ -93,7 +86,6 @@ bool Campaign::failOnce(const std::vector<CommandRow> &rows, const std::vector<s
             continue;
         }
         struck = true;
-        calls.letThrough();
         judge(row, result, whole[i], failing);
         const bool isClosed = row.is(closes) && result.returned;
         result = CallResult();
@@ -108,7 +100,6 @@ bool Campaign::failOnce(const std::vector<CommandRow> &rows, const std::vector<s
             EXPECT_EQ(Answer(call(row.outputs, row.arguments(handle))), whole[i]) << "the next time";
         }
     }
-    calls.letThrough();
     closeAll();
     if (failing.isOfTheLibrary) {
         for (const char *label : {"manager", "inner", "alone", "old"})
@@ -170,7 +161,7 @@ void Campaign::closeAll()
 
 Failing Campaign::ofTheLibrary(const WayToFail &way) const
 {
-    return {.what = way.name + " with " + codeText(way.result),
+    return {.what = way.name + " with " + CodeText(way.result),
             .replaces = way.name,
             .effect = way.effect,
             .isOfTheLibrary = true,
@@ -221,7 +212,7 @@ Failing Campaign::ofQueryInterface(HRESULT result)
 {
     world.failingQuery.result = result;
     return {
-        .what = "QueryInterface with " + codeText(result),
+        .what = "QueryInterface with " + CodeText(result),
         .lead = [this](NthCall &calls) { return std::make_shared<LedCalls>(world.failingQuery, calls); },
         .texts = [this,
                   result] { return TextsOfFailedQuery(world.failingQuery.method, world.failingQuery.wanted, result); },
