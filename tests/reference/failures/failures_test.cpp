@@ -4,10 +4,10 @@
 #include "tests/mex/support/failing_call.h"
 #include "tests/reference/failures/package_operations.h"
 
+using seam::NthCall;
 using support::FailsToGetMemory;
 using support::Gives;
 using support::Lead;
-using support::NthCall;
 
 namespace {
 
@@ -48,7 +48,6 @@ protected:
             const auto led = failing.lead(calls);
             calls.failAt(n);
             answer = run(host);
-            calls.letThrough();
         }
         const bool isRefused = FAILED(answer.result) && answer.result != whole.result;
         const bool isLost = host.material.failed.starts_with("Set"); // what the material took and did not keep
