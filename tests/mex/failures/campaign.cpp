@@ -24,14 +24,14 @@ bool contains(const std::vector<std::string> &texts, const std::string &text)
 void Campaign::SetUp()
 {
     MexTest::SetUp();
-    inner.label = "inner";
-    alone.label = "alone";
-    old.label = "old";
     const WideString oldClass = ClassIdText(world.newClassId());
     world.registry().add(In32BitView(PackageClass("Old", oldClass)));
     relay.offer(oldClass, old);
-    for (PackageScript *package : {&inner, &alone, &old})
-        MakeBusyPackage(*package);
+    const std::pair<PackageScript &, const char *> packages[] = {{inner, "inner"}, {alone, "alone"}, {old, "old"}};
+    for (const auto &[package, label] : packages) {
+        package.label = label;
+        MakeBusyPackage(package);
+    }
     manager.persistent = true;
 }
 
@@ -77,7 +77,7 @@ bool Campaign::failOnce(const std::vector<CommandRow> &rows, const std::vector<s
         CallResult result;
         {
             const auto led = failing.lead(calls);
-            if (!struck && i == 0)
+            if (i == 0)
                 calls.failAt(n);
             result = call(row.outputs, arguments);
         }
@@ -102,15 +102,16 @@ bool Campaign::failOnce(const std::vector<CommandRow> &rows, const std::vector<s
     }
     closeAll();
     if (failing.isOfTheLibrary) {
-        for (const char *label : {"manager", "inner", "alone", "old"})
-            EXPECT_EQ(noted(label, ".Initialize"), noted(label, ".Terminate")) << label << " is not terminated";
+        for (const ComponentScript *script : scripts)
+            EXPECT_EQ(noted(*script, ".Initialize"), noted(*script, ".Terminate"))
+                << script->label << " is not terminated";
     }
     return struck;
 }
 
-std::ptrdiff_t Campaign::noted(const std::string &label, const char *method) const
+std::ptrdiff_t Campaign::noted(const ComponentScript &script, const char *method) const
 {
-    return std::count(world.log.begin(), world.log.end(), label + method);
+    return std::count(world.log.begin(), world.log.end(), script.label + method);
 }
 
 void Campaign::judge(const CommandRow &row, const CallResult &result, const std::string &whole, const Failing &failing)
@@ -153,9 +154,7 @@ void Campaign::closeAll()
     handle = Array();
     for (const std::int32_t open : mustReturn(1, {Scalar(5)})[0].int32s())
         mustReturn(0, {Scalar(4), Int32(open)});
-    for (const ComponentScript *script :
-         {static_cast<ComponentScript *>(&manager), static_cast<ComponentScript *>(&inner),
-          static_cast<ComponentScript *>(&alone), static_cast<ComponentScript *>(&old)})
+    for (const ComponentScript *script : scripts)
         EXPECT_EQ(script->references(), 0) << script->label << " is held behind its end";
 }
 
@@ -195,8 +194,7 @@ struct LedCalls {
 
 Failing Campaign::ofTheComponents(HRESULT result, const ErrorWords &words, const std::string &what)
 {
-    for (ComponentScript *script : {static_cast<ComponentScript *>(&manager), static_cast<ComponentScript *>(&inner),
-                                    static_cast<ComponentScript *>(&alone), static_cast<ComponentScript *>(&old)})
+    for (ComponentScript *script : scripts)
         script->words = words;
     world.failingMethod.result = result;
     return {.what = what,

@@ -5,6 +5,8 @@
 #include "tests/mex/failures/command_rows.h"
 #include "tests/mex/failures/ways_to_fail.h"
 
+#include <array>
+
 namespace support {
 
 // What fails in a campaign. Each of its steps begins with the library just loaded.
@@ -48,11 +50,13 @@ protected:
     PackageScript &old = world.addUnregisteredPackage(); // made through the relay
 
 private:
+    const std::array<ComponentScript *, 4> scripts = {&manager, &inner, &alone, &old};
+
     void load(const std::string &exceptFor = "");
     void prepare(const CommandRow &row);
     void judge(const CommandRow &row, const CallResult &result, const std::string &whole, const Failing &failing);
     void closeAll();
-    std::ptrdiff_t noted(const std::string &label, const char *method) const; // since the library was loaded
+    std::ptrdiff_t noted(const ComponentScript &script, const char *method) const; // since the library was loaded
 
     std::vector<std::string> wholeAnswer; // of the one command
     std::shared_ptr<void> surroundings;

@@ -1,6 +1,7 @@
 #include "tests/mex/failures/command_rows.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace support {
 
@@ -143,8 +144,11 @@ namespace {
 
 auto find(std::string_view name)
 {
-    return std::find_if(CommandRows().begin(), CommandRows().end(),
-                        [&](const CommandRow &row) { return row.name == name; });
+    const auto found = std::find_if(CommandRows().begin(), CommandRows().end(),
+                                    [&](const CommandRow &row) { return row.name == name; });
+    if (found == CommandRows().end())
+        throw std::invalid_argument("no command is called " + std::string(name));
+    return found;
 }
 
 } // namespace
@@ -153,7 +157,7 @@ const CommandRow &RowOf(std::string_view name) { return *find(name); }
 
 std::vector<CommandRow> RowsBetween(std::string_view first, std::string_view behind)
 {
-    return {find(first), find(behind)};
+    return {find(first), behind.empty() ? CommandRows().end() : find(behind)};
 }
 
 } // namespace support
