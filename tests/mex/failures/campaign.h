@@ -12,6 +12,7 @@ namespace support {
 // What fails in a campaign. Each of its steps begins with the library just loaded.
 struct Failing {
     std::string what;
+    std::string command;       // a row: it makes such calls
     std::string replaces = {}; // the function of the surroundings that it leads, if it does
     Effect effect = Effect::ends;
     bool isOfTheLibrary = false; // the components do what they are told

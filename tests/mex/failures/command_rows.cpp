@@ -1,5 +1,7 @@
 #include "tests/mex/failures/command_rows.h"
 
+#include "tests/mex/failures/surroundings.h"
+
 #include <algorithm>
 #include <stdexcept>
 
@@ -19,6 +21,8 @@ Array twoPressures() { return Column({1e5, 2e5}); }
 Array composition() { return Row({0.5, 0.5}); }
 
 } // namespace
+
+WideString UnnamedPackage() { return ClassIdText(ComponentWorld::classIdOf(mostTestClasses)); }
 
 const std::vector<CommandRow> &CommandRows()
 {
@@ -47,6 +51,11 @@ const std::vector<CommandRow> &CommandRows()
         {"CreateThroughRelay", 1, nullptr,
          [](const Array &) {
              return Arguments{Scalar(3), Text("Old"), Text("")};
+         },
+         opens | scans},
+        {"CreateUnnamedThroughRelay", 1, nullptr,
+         [](const Array &) {
+             return Arguments{Scalar(3), Text(UnnamedPackage()), Text("")};
          },
          opens | scans},
         {"Release", 0, "Alone", ofHandle<4>, closes},
