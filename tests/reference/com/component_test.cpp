@@ -2,6 +2,7 @@
 #include "reference/server/class_table.h"
 #include "tests/reference/com/host.h"
 #include "tests/reference/com/test_material.h"
+#include "tests/support/error_interfaces.h"
 
 #include <gtest/gtest.h>
 
@@ -122,13 +123,7 @@ TEST_P(Components, GiveTheirErrorCodeAndNoMore)
     Bstr information;
     EXPECT_EQ(user->get_moreInfo(information.out()), S_OK);
     EXPECT_EQ(SysStringLen(information.get()), 0u);
-    EXPECT_EQ(user->get_code(nullptr), E_POINTER);
-    EXPECT_EQ(user->get_description(nullptr), E_POINTER);
-    EXPECT_EQ(user->get_scope(nullptr), E_POINTER);
-    EXPECT_EQ(user->get_interfaceName(nullptr), E_POINTER);
-    EXPECT_EQ(user->get_operation(nullptr), E_POINTER);
-    EXPECT_EQ(user->get_moreInfo(nullptr), E_POINTER);
-    EXPECT_EQ(as<ECapeRoot>(object.get())->get_name(nullptr), E_POINTER);
+    ExpectNullPointersRefused(*as<ECapeRoot>(object.get()).get(), *user.get());
 }
 
 TEST_P(Components, LetTheHostRenameThem)

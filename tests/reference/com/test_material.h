@@ -3,8 +3,8 @@
 #pragma once
 
 #include "cape/com/cape_open.h"
+#include "platform/nth_call.h"
 #include "reference/com/component.h"
-#include "tests/support/nth_call.h"
 
 #include <functional>
 #include <limits>
@@ -38,7 +38,7 @@ public:
     std::function<void()> onCall; // called in the midst of every call of a package
 
     // The n-th call of whatever method, QueryInterface among them, gives this result and does nothing else.
-    support::NthCall *failing = nullptr;
+    seam::NthCall *failing = nullptr;
     HRESULT failure = E_FAIL;
     std::string failed; // that method's name
 
