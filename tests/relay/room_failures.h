@@ -12,10 +12,10 @@
 
 namespace room_failures {
 
+using seam::NthCall;
 using support::FunctionName;
 using support::ImportSlot;
 using support::Lead;
-using support::NthCall;
 
 // How one kind of call fails, and what an operation then comes to.
 struct Way {
