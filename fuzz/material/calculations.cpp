@@ -59,9 +59,7 @@ LPCWSTR basisOf(bool perMass) { return perMass ? u"mass" : u"mole"; }
 // As many as the property has, or now and then one more, which the material does not take.
 std::size_t countOf(Input &input, const Client &client, const model::Property &property, std::size_t parts)
 {
-    std::size_t count = parts;
-    for (int i = 0; i < property.dimensions; ++i)
-        count *= client.package->compounds.size();
+    const std::size_t count = parts * property.count(client.package->compounds.size());
     return input.chance(4) ? count + 1 : count;
 }
 

@@ -109,8 +109,7 @@ struct Subject {
         std::size_t usual = 1;
         bool takesBasis = false;
         if (model::Parse(kind, property.seen, parsed).empty()) {
-            for (int i = 0; i < parsed.dimensions; ++i)
-                usual *= nC;
+            usual = parsed.count(nC);
             if (kind == model::Kind::twoPhase && parsed.isCompositionDerivative())
                 usual *= 2;
             takesBasis = parsed.basisPower != 0;
