@@ -131,8 +131,8 @@ bool Command::vaporFraction(double &value)
     value = each.isPresent ? each.fraction : 0;
     if (!each.isPresent || each.fractionPerMass == settings.perMass)
         return true;
-    const auto convert = settings.perMass ? PhaseFractionToMass : PhaseFractionToMole;
-    const WideString reason = convert(material.package->weights, material.phases, p, value);
+    const WideString reason =
+        ConvertPhaseFraction(material.package->weights, material.phases, settings.perMass, p, value);
     if (reason.empty())
         return true;
     value = notANumber;

@@ -110,8 +110,8 @@ void Command::endFlash(HRESULT hr, const WideString &words)
         }
         Numbers composition = present[r]->composition;
         if (present[r]->compositionPerMass != settings.perMass) {
-            const auto convert = settings.perMass ? FractionsToMass : FractionsToMole;
-            const WideString reason = convert(material.package->weights, composition, composition);
+            const WideString reason =
+                ConvertFractions(material.package->weights, settings.perMass, composition, composition);
             if (!reason.empty()) {
                 fail(reason);
                 return;
@@ -138,7 +138,7 @@ bool Command::repairFractions(bool storedPerMass)
             continue;
         Numbers moles = each.composition;
         if (each.compositionPerMass) {
-            const WideString reason = FractionsToMole(weights, moles, moles);
+            const WideString reason = ConvertFractions(weights, false, moles, moles);
             if (!reason.empty())
                 return fail(u"Basis conversion error: " + reason);
         }

@@ -10,8 +10,7 @@ Answer Material::readFractions(const Place &place, bool perMass)
     if (AnyMissing(fractions))
         return no(place.scope, u"Missing values", u"One or more missing values for composition");
     if (perMass != phase.compositionPerMass) {
-        const auto convert = perMass ? FractionsToMass : FractionsToMole;
-        const WideString reason = convert(package->weights, fractions, fractions);
+        const WideString reason = ConvertFractions(package->weights, perMass, fractions, fractions);
         if (!reason.empty())
             return no(place.scope, u"Conversion error", reason);
     }
@@ -27,8 +26,8 @@ Answer Material::readPhaseFraction(const Place &place)
         return no(place.scope, u"Missing values", u"phase fraction is not set");
     const bool perMass = place.basis == Basis::mass;
     if (perMass != phaseAt(place).fractionPerMass) {
-        const auto convert = perMass ? PhaseFractionToMass : PhaseFractionToMole;
-        const WideString reason = convert(package->weights, phases, static_cast<std::size_t>(place.index), fraction);
+        const std::size_t index = static_cast<std::size_t>(place.index);
+        const WideString reason = ConvertPhaseFraction(package->weights, phases, perMass, index, fraction);
         if (!reason.empty())
             return no(place.scope, u"Conversion error", reason);
     }
