@@ -56,9 +56,7 @@ public:
     void expectTexts(const std::vector<WideString> &texts) const
     {
         expectArray(VT_BSTR, texts.size());
-        const BSTR *elements = static_cast<const BSTR *>(value.parray->pvData);
-        for (std::size_t i = 0; i < texts.size(); ++i)
-            FUZZ_CHECK(TextOf(elements[i]) == texts[i]);
+        FUZZ_CHECK(TextsOf(value) == texts);
     }
 
     void expectZeros(std::size_t count) const

@@ -94,14 +94,6 @@ HRESULT callRefused(Questions &ask, std::size_t index, const VARIANT &list, BSTR
     }
 }
 
-void expectTexts(VARIANT &list, const std::vector<WideString> &texts)
-{
-    FUZZ_CHECK(list.vt == (VT_ARRAY | VT_BSTR) && list.parray->rgsabound[0].cElements == texts.size());
-    const BSTR *elements = static_cast<const BSTR *>(list.parray->pvData);
-    for (std::size_t i = 0; i < texts.size(); ++i)
-        FUZZ_CHECK(TextOf(elements[i]) == texts[i]);
-}
-
 void askForLists(Input &input, Client &client, Questions &ask)
 {
     const model::Package &package = *client.package;
@@ -125,8 +117,8 @@ void askForLists(Input &input, Client &client, Questions &ask)
             FUZZ_CHECK(list.vt == VT_EMPTY);
         return;
     }
-    expectTexts(lists[0], ofPhases ? package.labels : package.compounds);
-    expectTexts(lists[1], ofPhases ? package.states : package.compounds);
+    FUZZ_CHECK(TextsOf(lists[0]) == (ofPhases ? package.labels : package.compounds));
+    FUZZ_CHECK(TextsOf(lists[1]) == (ofPhases ? package.states : package.compounds));
     for (VARIANT &list : lists)
         VariantClear(&list);
 }

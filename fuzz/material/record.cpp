@@ -39,40 +39,18 @@ model::Package PackageLists(Input &input)
     return package;
 }
 
-VARIANT TextList(const std::vector<WideString> &texts)
-{
-    ListAccount account;
-    account.type = VT_ARRAY | VT_BSTR;
-    account.elementType = VT_BSTR;
-    account.texts.assign(texts.begin(), texts.end());
-    return ListArgument(account).detach();
-}
-
-VARIANT NumberList(const std::vector<double> &numbers)
-{
-    ListAccount account;
-    account.type = VT_ARRAY | VT_R8;
-    account.elementType = VT_R8;
-    account.numbers = numbers;
-    return ListArgument(account).detach();
-}
-
 HRESULT PlainPackage::getCompoundList(VARIANT *(&lists)[6])
 {
-    for (VARIANT *list : lists)
-        *list = TextList(package.compounds);
-    for (VARIANT *list : {lists[3], lists[4]}) {
-        VariantClear(list);
-        *list = NumberList(package.weights);
-    }
+    for (std::size_t i = 0; i < 6; ++i)
+        *lists[i] = ListArgument(i == 3 || i == 4 ? NumberList(package.weights) : TextList(package.compounds)).detach();
     return S_OK;
 }
 
 HRESULT PlainPackage::getPhaseList(VARIANT *(&lists)[3])
 {
-    *lists[0] = TextList(package.labels);
-    *lists[1] = TextList(package.states);
-    *lists[2] = TextList(package.states);
+    *lists[0] = ListArgument(TextList(package.labels)).detach();
+    *lists[1] = ListArgument(TextList(package.states)).detach();
+    *lists[2] = ListArgument(TextList(package.states)).detach();
     return S_OK;
 }
 

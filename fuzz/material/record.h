@@ -13,10 +13,6 @@ namespace fuzz {
 // Up to four compounds and phases, whose labels may be alike or empty, and weights that may be missing.
 model::Package PackageLists(Input &input);
 
-// The lists of a package as it gives them.
-VARIANT TextList(const std::vector<WideString> &texts);
-VARIANT NumberList(const std::vector<double> &numbers);
-
 class PlainPackage final : public PackageObject {
 public:
     explicit PlainPackage(const model::Package &contents) : package(contents) {}

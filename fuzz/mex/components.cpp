@@ -20,24 +20,6 @@ HRESULT give(Input &input, HRESULT hr, ListAccount account, VARIANT *target)
     return hr;
 }
 
-ListAccount textsAccount(const std::vector<WideString> &texts)
-{
-    ListAccount account;
-    account.type = VT_ARRAY | VT_BSTR;
-    account.elementType = VT_BSTR;
-    account.texts.assign(texts.begin(), texts.end());
-    return account;
-}
-
-ListAccount numbersAccount(const std::vector<double> &numbers)
-{
-    ListAccount account;
-    account.type = VT_ARRAY | VT_R8;
-    account.elementType = VT_R8;
-    account.numbers = numbers;
-    return account;
-}
-
 VARIANT anyVariant(Input &input)
 {
     VARIANT value{};
@@ -115,8 +97,7 @@ HRESULT AnyPackage::getCompoundList(VARIANT *(&lists)[6])
         return hr;
     for (std::size_t i = 0; i < 6; ++i) {
         const bool isNumbers = i == 3 || i == 4;
-        give(session.input, hr, isNumbers ? numbersAccount(contents.weights) : textsAccount(contents.compounds),
-             lists[i]);
+        give(session.input, hr, isNumbers ? NumberList(contents.weights) : TextList(contents.compounds), lists[i]);
     }
     return hr;
 }
@@ -124,16 +105,16 @@ HRESULT AnyPackage::getCompoundList(VARIANT *(&lists)[6])
 HRESULT AnyPackage::getPhaseList(VARIANT *(&lists)[3])
 {
     const HRESULT hr = session.enter("GetPhaseList", this);
-    give(session.input, hr, textsAccount(contents.labels), lists[0]);
-    give(session.input, hr, textsAccount(contents.states), lists[1]);
-    give(session.input, hr, textsAccount(contents.compounds), lists[2]);
+    give(session.input, hr, TextList(contents.labels), lists[0]);
+    give(session.input, hr, TextList(contents.states), lists[1]);
+    give(session.input, hr, TextList(contents.compounds), lists[2]);
     return hr;
 }
 
 HRESULT AnyPackage::getPropertyList(const char *method, VARIANT *list)
 {
     const HRESULT hr = session.enter(method, this);
-    ListAccount words = textsAccount({});
+    ListAccount words = TextList({});
     for (unsigned i = session.input.below(5); i > 0; --i)
         words.texts.push_back(PropertyText(session.input));
     return give(session.input, hr, std::move(words), list);
@@ -241,7 +222,7 @@ struct PackageList : ManagerFacet<ICapeThermoPropertyPackageManager> {
     using ManagerFacet::ManagerFacet;
     HRESULT GetPropertyPackageList(VARIANT *names) override
     {
-        return give(session.input, session.enter("GetPropertyPackageList"), textsAccount({u"First", u"Second"}), names);
+        return give(session.input, session.enter("GetPropertyPackageList"), TextList({u"First", u"Second"}), names);
     }
     HRESULT GetPropertyPackage(BSTR, IDispatch **package) override
     {

@@ -38,6 +38,10 @@ private:
 
 LONG LowerBound(Input &input);
 
+// Good lists.
+ListAccount NumberList(std::vector<double> numbers);
+ListAccount TextList(const std::vector<WideString> &texts);
+
 // Numbers in one of the shapes of `counts`, or of another length; or no list of numbers at all.
 ListAccount NumbersAccount(Input &input, const std::vector<std::size_t> &counts);
 
@@ -46,6 +50,9 @@ ListAccount LabelsAccount(Input &input, const std::vector<WideString> &known, st
 
 // Makes a good list something else, if the input says so.
 void Spoil(Input &input, ListAccount &account);
+
+// The texts of a list that the system hands over.
+std::vector<WideString> TextsOf(const VARIANT &list);
 
 // Whatever a careless package may leave in an out-parameter or pass for a list.
 ListAccount AnyAccount(Input &input);
