@@ -2,7 +2,6 @@
 #include "fuzz/calculation/play.h"
 #include "fuzz/input.h"
 #include "fuzz/material/calculations.h"
-#include "fuzz/material/record.h"
 
 namespace fuzz {
 
@@ -39,7 +38,7 @@ void expectSpecification(const VARIANT &list, const std::vector<MaybeText> &expe
 
 } // namespace
 
-CalculationPackage::CalculationPackage(Input &bytes) : contents(PackageLists(bytes)), input(bytes)
+CalculationPackage::CalculationPackage(Input &bytes) : ListingPackage(bytes), input(bytes)
 {
     client.package = &contents;
     present = this;
@@ -52,21 +51,6 @@ CalculationPackage::~CalculationPackage()
 }
 
 HRESULT CalculationPackage::create(ComponentKind, REFIID iid, void **object) { return present->query(iid, object); }
-
-HRESULT CalculationPackage::getCompoundList(VARIANT *(&lists)[6])
-{
-    for (std::size_t i = 0; i < 6; ++i)
-        *lists[i] =
-            ListArgument(i == 3 || i == 4 ? NumberList(contents.weights) : TextList(contents.compounds)).detach();
-    return S_OK;
-}
-
-HRESULT CalculationPackage::getPhaseList(VARIANT *(&lists)[3])
-{
-    *lists[0] = ListArgument(TextList(contents.labels)).detach();
-    *lists[1] = ListArgument(TextList(contents.states)).detach();
-    return S_OK;
-}
 
 HRESULT CalculationPackage::setMaterial(IDispatch *material)
 {

@@ -48,35 +48,26 @@ public:
             FUZZ_CHECK(value.vt == VT_EMPTY || value.vt == VT_R8);
             return;
         }
-        expectArray(VT_R8, values.size());
+        ExpectArray(value, VT_R8, values.size());
         const double *numbers = static_cast<const double *>(value.parray->pvData);
         FUZZ_CHECK(model::Close(model::Numbers(numbers, numbers + values.size()), values));
     }
 
     void expectTexts(const std::vector<WideString> &texts) const
     {
-        expectArray(VT_BSTR, texts.size());
+        ExpectArray(value, VT_BSTR, texts.size());
         FUZZ_CHECK(TextsOf(value) == texts);
     }
 
     void expectZeros(std::size_t count) const
     {
-        expectArray(VT_I4, count);
+        ExpectArray(value, VT_I4, count);
         const LONG *elements = static_cast<const LONG *>(value.parray->pvData);
         for (std::size_t i = 0; i < count; ++i)
             FUZZ_CHECK(elements[i] == 0);
     }
 
 private:
-    void expectArray(VARTYPE type, std::size_t count) const
-    {
-        FUZZ_CHECK(value.vt == (VT_ARRAY | type));
-        VARTYPE elementType = VT_EMPTY;
-        FUZZ_CHECK(value.parray && SafeArrayGetVartype(value.parray, &elementType) == S_OK && elementType == type);
-        FUZZ_CHECK(value.parray->cDims == 1 && value.parray->cLocks == 0);
-        FUZZ_CHECK(value.parray->rgsabound[0].lLbound == 0 && value.parray->rgsabound[0].cElements == count);
-    }
-
     VARIANT value{};
 };
 
@@ -350,6 +341,15 @@ void Expect(const Client &client, HRESULT result, const model::Answer &answer)
     expectText(user->get_description(text.out()), text, words.description);
     expectText(user->get_interfaceName(text.out()), text, words.interfaceName);
     expectText(user->get_scope(text.out()), text, words.scope);
+}
+
+void ExpectArray(const VARIANT &list, VARTYPE type, std::size_t count)
+{
+    FUZZ_CHECK(list.vt == (VT_ARRAY | type));
+    VARTYPE elementType = VT_EMPTY;
+    FUZZ_CHECK(list.parray && SafeArrayGetVartype(list.parray, &elementType) == S_OK && elementType == type);
+    FUZZ_CHECK(list.parray->cDims == 1 && list.parray->cLocks == 0);
+    FUZZ_CHECK(list.parray->rgsabound[0].lLbound == 0 && list.parray->rgsabound[0].cElements == count);
 }
 
 void CallMaterial(Input &input, Client &client) { input.pick(calls)(input, client); }

@@ -2,8 +2,10 @@
 #include "cape/com/bstr.h"
 #include "fuzz/input.h"
 #include "fuzz/material/calls.h"
-#include "fuzz/material/record.h"
+#include "fuzz/material/package_lists.h"
 #include "material/imaterial.h"
+
+#include <cstring>
 
 namespace fuzz {
 
@@ -94,6 +96,23 @@ HRESULT callRefused(Questions &ask, std::size_t index, const VARIANT &list, BSTR
     }
 }
 
+void expectList(const VARIANT &list, const ListAccount &expected)
+{
+    const bool isTexts = expected.elementType == VT_BSTR;
+    const std::size_t count = isTexts ? expected.texts.size() : expected.numbers.size();
+    ExpectArray(list, expected.elementType, count);
+    if (isTexts)
+        FUZZ_CHECK(TextList(TextsOf(list)).texts == expected.texts);
+    else // NaNs too
+        FUZZ_CHECK(std::memcmp(list.parray->pvData, expected.numbers.data(), count * sizeof(double)) == 0);
+}
+
+template <std::size_t Count> void expectLists(const VARIANT *lists, const std::array<ListAccount, Count> &expected)
+{
+    for (std::size_t i = 0; i < Count; ++i)
+        expectList(lists[i], expected[i]);
+}
+
 void askForLists(Input &input, Client &client, Questions &ask)
 {
     const model::Package &package = *client.package;
@@ -117,8 +136,10 @@ void askForLists(Input &input, Client &client, Questions &ask)
             FUZZ_CHECK(list.vt == VT_EMPTY);
         return;
     }
-    FUZZ_CHECK(TextsOf(lists[0]) == (ofPhases ? package.labels : package.compounds));
-    FUZZ_CHECK(TextsOf(lists[1]) == (ofPhases ? package.states : package.compounds));
+    if (ofPhases)
+        expectLists(lists, PhaseLists(package));
+    else
+        expectLists(lists, CompoundLists(package));
     for (VARIANT &list : lists)
         VariantClear(&list);
 }

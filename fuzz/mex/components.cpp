@@ -3,7 +3,7 @@
 #include "cape/com/bstr.h"
 #include "cape/com/relay_interface.h"
 #include "fuzz/material/calculations.h"
-#include "fuzz/material/record.h"
+#include "fuzz/material/package_lists.h"
 #include "fuzz/mex/session.h"
 
 namespace fuzz {
@@ -18,6 +18,13 @@ HRESULT give(Input &input, HRESULT hr, ListAccount account, VARIANT *target)
     Spoil(input, account);
     *target = ListArgument(std::move(account), LowerBound(input)).detach();
     return hr;
+}
+
+template <std::size_t Count>
+void giveAll(Input &input, HRESULT hr, const std::array<ListAccount, Count> &accounts, VARIANT *(&lists)[Count])
+{
+    for (std::size_t i = 0; i < Count; ++i)
+        give(input, hr, accounts[i], lists[i]);
 }
 
 VARIANT anyVariant(Input &input)
@@ -77,7 +84,7 @@ HRESULT refuseInterface(Input &input, void **object)
 
 } // namespace
 
-AnyPackage::AnyPackage(Session &itsSession) : session(itsSession), contents(PackageLists(itsSession.input))
+AnyPackage::AnyPackage(Session &itsSession) : session(itsSession), contents(AnyContents(itsSession.input))
 {
     client.package = &contents;
     session.latest = &contents;
@@ -95,19 +102,14 @@ HRESULT AnyPackage::getCompoundList(VARIANT *(&lists)[6])
     const HRESULT hr = session.enter("GetCompoundList", this);
     if (FAILED(hr)) // what comes with a failure is not looked at, and not freed
         return hr;
-    for (std::size_t i = 0; i < 6; ++i) {
-        const bool isNumbers = i == 3 || i == 4;
-        give(session.input, hr, isNumbers ? NumberList(contents.weights) : TextList(contents.compounds), lists[i]);
-    }
+    giveAll(session.input, hr, CompoundLists(contents), lists);
     return hr;
 }
 
 HRESULT AnyPackage::getPhaseList(VARIANT *(&lists)[3])
 {
     const HRESULT hr = session.enter("GetPhaseList", this);
-    give(session.input, hr, TextList(contents.labels), lists[0]);
-    give(session.input, hr, TextList(contents.states), lists[1]);
-    give(session.input, hr, TextList(contents.compounds), lists[2]);
+    giveAll(session.input, hr, PhaseLists(contents), lists);
     return hr;
 }
 
