@@ -123,7 +123,7 @@ void setPhase(Input &input, Client &client)
     const Subject subject(input, client, model::Kind::singlePhase, writtenProperty(input, client));
     const TextArgument basis(subject.basis);
     const TextArgument label(writtenLabel(input, client));
-    const ListArgument values(NumbersAccount(input, subject.counts), LowerBound(input));
+    const ListArgument values(FromAnyBound(input, NumbersAccount(input, subject.counts)));
     const HRESULT hr =
         client.material->SetSinglePhaseProp(subject.property.get(), label.get(), basis.get(), values.get());
     if (client.expected)
@@ -134,7 +134,7 @@ void setOverall(Input &input, Client &client)
 {
     const Subject subject(input, client, model::Kind::singlePhase, writtenProperty(input, client));
     const TextArgument basis(subject.basis);
-    const ListArgument values(NumbersAccount(input, subject.counts), LowerBound(input));
+    const ListArgument values(FromAnyBound(input, NumbersAccount(input, subject.counts)));
     const HRESULT hr = client.material->SetOverallProp(subject.property.get(), basis.get(), values.get());
     if (client.expected)
         Expect(client, hr, client.expected->setOverall(subject.property.seen, basis.seen, values.account));
@@ -144,8 +144,8 @@ void setTwoPhase(Input &input, Client &client)
 {
     const Subject subject(input, client, model::Kind::twoPhase, writtenProperty(input, client));
     const TextArgument basis(subject.basis);
-    const ListArgument labels(LabelsAccount(input, client.package->labels, 2), LowerBound(input));
-    const ListArgument values(NumbersAccount(input, subject.counts), LowerBound(input));
+    const ListArgument labels(FromAnyBound(input, LabelsAccount(input, client.package->labels, 2)));
+    const ListArgument values(FromAnyBound(input, NumbersAccount(input, subject.counts)));
     const HRESULT hr =
         client.material->SetTwoPhaseProp(subject.property.get(), labels.get(), basis.get(), values.get());
     if (client.expected)
@@ -155,7 +155,7 @@ void setTwoPhase(Input &input, Client &client)
 
 void setPresent(Input &input, Client &client)
 {
-    const ListArgument labels(LabelsAccount(input, client.package->labels, 1 + input.below(2)), LowerBound(input));
+    const ListArgument labels(FromAnyBound(input, LabelsAccount(input, client.package->labels, 1 + input.below(2))));
     const ListArgument status(AnyAccount(input));
     const HRESULT hr = client.material->SetPresentPhases(labels.get(), status.get());
     if (client.expected)
@@ -194,7 +194,7 @@ void getTwoPhase(Input &input, Client &client)
 {
     const Subject subject(input, client, model::Kind::twoPhase, readProperty(input, client));
     const TextArgument basis(subject.basis);
-    const ListArgument labels(LabelsAccount(input, client.package->labels, 2), LowerBound(input));
+    const ListArgument labels(FromAnyBound(input, LabelsAccount(input, client.package->labels, 2)));
     Result result(input);
     const HRESULT hr =
         client.material->GetTwoPhaseProp(subject.property.get(), labels.get(), basis.get(), result.out());

@@ -69,7 +69,7 @@ constexpr Refusal refusals[] = {
 void CallRefused(Input &input, Client &client)
 {
     const Refusal &refusal = input.pick(refusals);
-    const ListArgument list(AnyAccount(input), LowerBound(input));
+    const ListArgument list(FromAnyBound(input, AnyAccount(input)));
     const MaybeText text = PropertyText(input);
     const Bstr given(text ? text->c_str() : nullptr);
     Attempt attempt(client.material.get(), list.get(), given.get());

@@ -16,7 +16,7 @@ HRESULT give(Input &input, HRESULT hr, ListAccount account, VARIANT *target)
     if (FAILED(hr) && input.chance(192))
         return hr;
     Spoil(input, account);
-    *target = ListArgument(std::move(account), LowerBound(input)).detach();
+    *target = ListArgument(FromAnyBound(input, std::move(account))).detach();
     return hr;
 }
 

@@ -10,19 +10,18 @@ namespace {
 constexpr HRESULT refused = static_cast<HRESULT>(0x80040501u);
 constexpr double notSet = std::numeric_limits<double>::quiet_NaN();
 
-// A list that is exactly an array of the type, and really is one.
-WideString takeArray(const ListAccount &list, VARTYPE type, LPCWSTR typeName, bool &hasElements)
+// A list that is exactly an array of the type, really is one, and has an index behind its last element.
+WideString takeArray(const ListAccount &list, VARTYPE type, std::size_t count, LPCWSTR typeName)
 {
-    hasElements = false;
     if (list.type == VT_EMPTY)
         return {};
     if (list.type != (VT_ARRAY | type))
         return u"Expected an array of type " + WideString(typeName);
     if (list.isNull || list.dimensions != 1)
         return u"unexpected dimension; 1-dimensional array expected";
-    if (list.elementType != type)
+    const std::int64_t end = list.lowerBound + static_cast<std::int64_t>(count);
+    if (list.elementType != type || end > std::numeric_limits<LONG>::max())
         return u"Expected an array of type " + WideString(typeName);
-    hasElements = true;
     return {};
 }
 
@@ -30,18 +29,16 @@ WideString takeArray(const ListAccount &list, VARTYPE type, LPCWSTR typeName, bo
 
 WideString TakeNumbers(const ListAccount &list, Numbers &numbers)
 {
-    bool hasElements = false;
-    WideString reason = takeArray(list, VT_R8, u"double precision", hasElements);
-    if (hasElements)
+    WideString reason = takeArray(list, VT_R8, list.numbers.size(), u"double precision");
+    if (reason.empty() && list.type != VT_EMPTY)
         numbers = list.numbers;
     return reason;
 }
 
 WideString TakeTexts(const ListAccount &list, std::vector<MaybeText> &texts)
 {
-    bool hasElements = false;
-    WideString reason = takeArray(list, VT_BSTR, u"string", hasElements);
-    if (hasElements)
+    WideString reason = takeArray(list, VT_BSTR, list.texts.size(), u"string");
+    if (reason.empty() && list.type != VT_EMPTY)
         for (const MaybeText &text : list.texts)
             texts.push_back(Terminated(text));
     return reason;

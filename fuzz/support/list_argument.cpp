@@ -32,7 +32,7 @@ void fillTexts(SAFEARRAY *array, const std::vector<MaybeText> &texts)
 
 } // namespace
 
-ListArgument::ListArgument(ListAccount contents, LONG lowerBound) : account(std::move(contents)), value()
+ListArgument::ListArgument(ListAccount contents) : account(std::move(contents)), value()
 {
     value.vt = account.type;
     if (!isArray(account.type) || account.isNull)
@@ -41,7 +41,7 @@ ListArgument::ListArgument(ListAccount contents, LONG lowerBound) : account(std:
     const std::size_t count = isTexts ? account.texts.size() : account.numbers.size();
     SAFEARRAYBOUND bounds[4] = {};
     for (SAFEARRAYBOUND &bound : bounds)
-        bound = {2, lowerBound};
+        bound = {2, account.lowerBound};
     bounds[0].cElements = static_cast<ULONG>(count);
     array = SafeArrayCreate(account.elementType, account.dimensions, bounds);
     if (array && account.dimensions == 1 && account.elementType == VT_R8)
@@ -68,10 +68,12 @@ VARIANT ListArgument::detach()
     return given;
 }
 
-LONG LowerBound(Input &input)
+LONG LowerBound(Input &input) { return input.chance(24) ? input.pick(lowerBounds) : 0; }
+
+ListAccount FromAnyBound(Input &input, ListAccount account)
 {
-    constexpr LONG bounds[] = {0, 1, -1, 42, -0x7FFFFFFF - 1, 0x7FFFFFF0};
-    return input.chance(24) ? input.pick(bounds) : 0;
+    account.lowerBound = LowerBound(input);
+    return account;
 }
 
 void Spoil(Input &input, ListAccount &account)
