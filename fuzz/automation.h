@@ -1,6 +1,7 @@
 // Values as another component hands them over: most often what is expected, sometimes anything else.
 #pragma once
 
+#include "cape/com/bstr.h"
 #include "cape/com/variant.h"
 #include "fuzz/input.h"
 
@@ -8,32 +9,15 @@
 #include <cstring>
 #include <vector>
 
-inline BSTR NewText(const WideString &text) { return SysAllocStringLen(text.data(), static_cast<UINT>(text.size())); }
+inline BSTR NewText(const WideString &text) { return Bstr(text).detach(); }
 
 // A null BSTR is an empty text too.
-inline BSTR NewTextOrNull(FuzzedDataProvider &input, const WideString &text)
+inline Bstr TextOrNull(FuzzedDataProvider &input, const WideString &text)
 {
-    return text.empty() && input.ConsumeBool() ? nullptr : NewText(text);
+    return text.empty() && input.ConsumeBool() ? Bstr() : Bstr(text);
 }
 
-// Owner of a BSTR that may be null.
-class OwnText {
-public:
-    explicit OwnText(BSTR owned) : text(owned) {}
-    OwnText(const OwnText &) = delete;
-    OwnText &operator=(const OwnText &) = delete;
-    ~OwnText() { SysFreeString(text); }
-    operator BSTR() const { return text; }
-
-private:
-    BSTR text;
-};
-
-inline LONG AnyLowerBound(FuzzedDataProvider &input)
-{
-    static constexpr LONG bounds[] = {0, 0, 0, 0, 1, -1, 42, std::numeric_limits<LONG>::min(), 2147483647};
-    return input.PickValueInArray(bounds);
-}
+inline LONG AnyLowerBound(FuzzedDataProvider &input) { return input.PickValueInArray(lowerBounds); }
 
 inline VARIANT NewArray(VARTYPE type, LONG lowerBound, std::size_t count)
 {
@@ -58,7 +42,7 @@ inline VARIANT NewTexts(FuzzedDataProvider &input, const std::vector<WideString>
     const VARIANT value = NewArray(VT_BSTR, AnyLowerBound(input), texts.size());
     auto *elements = static_cast<BSTR *>(value.parray->pvData);
     for (const WideString &text : texts)
-        *elements++ = NewTextOrNull(input, text);
+        *elements++ = TextOrNull(input, text).detach();
     return value;
 }
 

@@ -38,7 +38,7 @@ WideString lower(WideString text)
 bool isAscii(const WideString &text)
 {
     for (const WCHAR c : text)
-        if (c > 126)
+        if (c > 127)
             return false;
     return true;
 }
