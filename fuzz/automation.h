@@ -46,6 +46,14 @@ inline VARIANT NewTexts(FuzzedDataProvider &input, const std::vector<WideString>
     return value;
 }
 
+// Reads one after the other: in what order arguments are worked out is the compiler's to choose.
+template <std::size_t Count> VARIANT NewArrayOfOne(FuzzedDataProvider &input, const VARTYPE (&types)[Count])
+{
+    const VARTYPE type = input.PickValueInArray(types);
+    const LONG lowerBound = AnyLowerBound(input);
+    return NewArray(type, lowerBound, input.ConsumeIntegralInRange<std::size_t>(0, 4));
+}
+
 // Something that is no list, or a list of something else. The caller clears it.
 inline VARIANT OddValue(FuzzedDataProvider &input)
 {
@@ -74,13 +82,13 @@ inline VARIANT OddValue(FuzzedDataProvider &input)
     }
     case 5: { // not of the elements that it says
         static constexpr VARTYPE types[] = {VT_I2, VT_I4, VT_R8, VT_BSTR, VT_VARIANT, VT_UI1};
-        value = NewArray(input.PickValueInArray(types), AnyLowerBound(input), input.ConsumeIntegralInRange(0, 4));
+        value = NewArrayOfOne(input, types);
         value.vt = static_cast<VARTYPE>(VT_ARRAY | (input.ConsumeBool() ? VT_R8 : VT_BSTR));
         break;
     }
     case 6: {
         static constexpr VARTYPE types[] = {VT_I4, VT_VARIANT, VT_R8, VT_BSTR};
-        value = NewArray(input.PickValueInArray(types), AnyLowerBound(input), input.ConsumeIntegralInRange(0, 4));
+        value = NewArrayOfOne(input, types);
         break;
     }
     case 7: {

@@ -139,10 +139,12 @@ WideString anyName(FuzzedDataProvider &input, const Table &table)
     }
     if (input.ConsumeBool())
         name += OLESTR('.');
-    if (input.ConsumeBool())
-        name += withCase(input.PickValueInArray(suffixes), input.ConsumeIntegral<std::uint16_t>());
-    else
+    if (input.ConsumeBool()) {
+        const auto suffix = input.PickValueInArray(suffixes);
+        name += withCase(suffix, input.ConsumeIntegral<std::uint16_t>());
+    } else {
         name += AnyText(input, 200);
+    }
     return name;
 }
 

@@ -133,8 +133,8 @@ private:
             texts.back() = AnyText(input, 40);
             element.bstrVal = NewText(texts.back());
         } else if (element.vt == (VT_ARRAY | VT_R8)) {
-            element.parray =
-                SafeArrayCreateVector(VT_R8, AnyLowerBound(input), input.ConsumeIntegralInRange<ULONG>(0, 3));
+            const LONG lower = AnyLowerBound(input);
+            element.parray = SafeArrayCreateVector(VT_R8, lower, input.ConsumeIntegralInRange<ULONG>(0, 3));
         }
     }
 
