@@ -17,10 +17,23 @@ constexpr auto interfaceName = OLESTR("ICapeThermoEquilibriumRoutine");
 constexpr double notSet = std::numeric_limits<double>::quiet_NaN();
 constexpr LONG atEquilibrium = 1; // CAPE_ATEQUILIBRIUM
 
-// The kind of error that a failed flash is reported as.
-const ErrorKind &kindOf(FlashStatus status)
+// The limits within which a value can be one of a state; the name is not among them.
+Bounds limitsOf(const FlashInput &input, double value)
 {
-    return status == FlashStatus::badValue ? errors::outOfBounds : errors::solvingError;
+    const std::string_view name = input.property->name;
+    if (isCondition(input.variable)) {
+        const FlashLimits limits = flashLimitsOf(input.variable);
+        return {limits.lowest, limits.highest, value, name};
+    }
+    if (input.isPhaseFraction)
+        return {0.0, 1.0, input.ofLiquid ? 1.0 - value : value, name};
+    const double lowest = input.variable == FlashVariable::volume ? smallestPositive : -largestNumber;
+    return {lowest, largestNumber, value, name};
+}
+
+double distanceOutside(const Bounds &bounds)
+{
+    return std::max(bounds.lower - bounds.value, bounds.value - bounds.upper);
 }
 
 bool isGiven(const FlashInput (&inputs)[2], FlashVariable variable)
@@ -52,19 +65,19 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcEquilibrium(VARIANT specification
     return GuardedCall([&]() -> HRESULT {
         if (const HRESULT result = needMaterial(call); FAILED(result))
             return result;
-        const Calculation calculation(*this);
+        const Calculation calculation(*this, call);
         FlashInput inputs[2];
         FlashRequest request{};
         if (FlashVerdict verdict = readFlashInputs(specification1, specification2, inputs); !verdict.isGood())
-            return call.refuse(*verdict.kind, std::move(verdict.description));
+            return call.refuse(*verdict.kind, std::move(verdict.description), verdict.position);
         if (FlashVerdict verdict = readSolutionType(solutionType, request.solution); !verdict.isGood())
-            return call.refuse(*verdict.kind, std::move(verdict.description));
+            return call.refuse(*verdict.kind, std::move(verdict.description), verdict.position);
         if (const HRESULT result = readAllowedPhases(call, request.phases); FAILED(result))
             return result;
         if (request.phases != FlashPhases::vaporAndLiquid && (inputs[0].isPhaseFraction || inputs[1].isPhaseFraction))
-            return call.refuse(
-                errors::invalidArgument,
-                OLESTR("A flash can be given the fraction of a phase where it may use both phases only"));
+            return call.refuse(errors::invalidArgument,
+                               OLESTR("A flash can be given the fraction of a phase where it may use both phases only"),
+                               inputs[0].isPhaseFraction ? 1 : 2);
         CompoundArray feed;
         if (const HRESULT result = readFlashConditions(call, inputs, request, feed); FAILED(result))
             return result;
@@ -74,10 +87,20 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcEquilibrium(VARIANT specification
         const std::span<const double> fractions(feed.data(), static_cast<std::size_t>(model.size));
         const FlashStatus status = flash(model, request, fractions, result, reason);
         if (status != FlashStatus::solved)
-            return call.refuse(kindOf(status), wide(reason.data()));
+            return refuseFlash(call, status, inputs, request, reason);
         return writeEquilibrium(
             call, result, {isGiven(inputs, FlashVariable::temperature), isGiven(inputs, FlashVariable::pressure)});
     });
+}
+
+HRESULT PropertyPackage::refuseFlash(const Call &call, FlashStatus status, const FlashInput (&inputs)[2],
+                                     const FlashRequest &request, const FlashReason &reason) const
+{
+    if (status != FlashStatus::badValue)
+        return call.refuse(errors::solvingError, wide(reason.data()));
+    const Bounds bounds[] = {limitsOf(inputs[0], request.first.value), limitsOf(inputs[1], request.second.value)};
+    const int bad = distanceOutside(bounds[0]) > distanceOutside(bounds[1]) ? 0 : 1;
+    return call.refuseBounds(bounds[bad], bad + 1, wide(reason.data()));
 }
 
 HRESULT PropertyPackage::readFlashConditions(const Call &call, const FlashInput (&inputs)[2], FlashRequest &request,
@@ -106,13 +129,14 @@ HRESULT PropertyPackage::readFlashConditions(const Call &call, const FlashInput 
             if (const HRESULT result = readFlashValue(call, inputs[i], *targets[i]); FAILED(result))
                 return result;
     }
-    for (const FlashSpecification *target : targets) {
-        if (!isCondition(target->variable))
+    for (int i = 0; i < 2; ++i) {
+        const auto [variable, value] = *targets[i];
+        if (!isCondition(variable))
             continue;
-        if (const HRESULT result = checkCondition(call, target->variable, target->value); FAILED(result))
+        if (const HRESULT result = checkCondition(call, variable, value, {i + 1, true}); FAILED(result))
             return result;
     }
-    if (const HRESULT result = readComposition(call, composition.get(), feed); FAILED(result))
+    if (const HRESULT result = readComposition(call, composition.get(), {noArgument, true}, feed); FAILED(result))
         return result;
     for (int i = 0; i < 2; ++i)
         if (const HRESULT result = leaveOutFormation(call, inputs[i], feed, targets[i]->value); FAILED(result))
@@ -162,8 +186,8 @@ HRESULT PropertyPackage::readFlashValue(const Call &call, const FlashInput &inpu
                               material.get(), read);
     NumberView numbers;
     if (!numbers.open(value.get()) || numbers.size() != 1 || std::isnan(numbers[0]))
-        return call.refuse(errors::invalidArgument, OLESTR("The ") + wide(input.property->name) +
-                                                        OLESTR(" that the flash is given is not a number"));
+        return call.refuse(errors::failedInitialization, OLESTR("The ") + wide(input.property->name) +
+                                                             OLESTR(" that the flash is given is not a number"));
     target = {input.variable, input.ofLiquid ? 1.0 - numbers[0] : numbers[0]};
     return S_OK;
 }
@@ -179,11 +203,11 @@ HRESULT PropertyPackage::readAllowedPhases(const Call &call, FlashPhases &phases
                               material.get(), read);
     TextView names;
     if (!names.open(labels.get()) || names.size() == 0)
-        return call.refuse(errors::invalidArgument, OLESTR("The material lists no phase that the flash may use"));
+        return call.refuse(errors::failedInitialization, OLESTR("The material lists no phase that the flash may use"));
     for (const BSTR name : names) {
         const PhaseRow *phase = findPhase(name);
         if (!phase)
-            return call.refuse(errors::invalidArgument, OLESTR("There is no phase ") + quoted(name));
+            return call.refuse(errors::failedInitialization, OLESTR("There is no phase ") + quoted(name));
         allowed[phase - phaseTable().data()] = true;
     }
     if (allowed[vaporPhase] && allowed[liquidPhase])

@@ -32,6 +32,7 @@ public:
     double pressure = std::numeric_limits<double>::quiet_NaN();
     std::vector<double> composition;                            // of the feed, and of phases without one of their own
     std::map<std::string, std::vector<double>> ownCompositions; // by phase
+    std::map<std::string, double> ownTemperatures;              // by phase
     std::map<std::string, double> given;                        // by phase or "Overall", slash, property, slash, basis
     std::vector<std::string> presentPhases = {"Vapor", "Liquid"};
     std::string refused;          // the method that fails, with "<method> is refused" as its words
