@@ -62,12 +62,17 @@ HRESULT refuseUnknown(const Component::Call &call, const ConditionedProperties &
 {
     const WideString what = wide(property.name) + OLESTR(" of ") + wide(compound.id);
     const KnownRange range = property.range(compound);
-    if (std::isnan(range.lowest) || range.contains(condition))
+    if (std::isnan(range.lowest))
         return call.refuse(errors::propertyNotAvailable, OLESTR("There is no ") + what);
-    char ends[64];
-    std::snprintf(ends, sizeof ends, " from %.6g to %.6g ", range.lowest, range.highest);
+    char numbers[64];
+    if (range.contains(condition)) {
+        std::snprintf(numbers, sizeof numbers, " at %.6g ", condition);
+        return call.refuse(errors::propertyNotAvailable,
+                           OLESTR("There is no ") + what + wide(numbers) + wide(table.unit));
+    }
+    std::snprintf(numbers, sizeof numbers, " from %.6g to %.6g ", range.lowest, range.highest);
     return call.refuseBounds({range.lowest, range.highest, condition, table.condition}, conditionPosition,
-                             OLESTR("The ") + wide(table.condition) + OLESTR(" must be") + wide(ends) +
+                             OLESTR("The ") + wide(table.condition) + OLESTR(" must be") + wide(numbers) +
                                  wide(table.unit) + OLESTR(" for ") + what);
 }
 

@@ -163,6 +163,8 @@ std::vector<ErrorCase> errorCases()
         {"AboveCritical", compounds, "GetTDependentProperty", bounds, 2,
          [](Host host) { return host.byTemperature("vaporPressure", 200.0); },
          ExpectedBounds{90.6941, 190.564, 200.0, "temperature"}}, // the triple and the critical point of methane
+        {"HardlyBoiling", compounds, "GetTDependentProperty", unavailable, 0, // its vapor pressure is below 0.01 Pa
+         [](Host host) { return host.byTemperature("heatOfVaporization", 125.0, "isopentane"); }},
         {"UnknownOfPressure", compounds, "GetPDependentProperty", limited, 0,
          [](Host host) { return host.byPressure("meltingPressure", 1e5); }},
         {"CompoundOfPressure", compounds, "GetPDependentProperty", invalid, 3,
