@@ -4,7 +4,9 @@
 #include "tests/reference/com/package_fixture.h"
 
 #include <cfloat>
+#include <functional>
 #include <optional>
+#include <utility>
 
 // The limits that a value is outside of.
 struct ExpectedBounds {

@@ -70,7 +70,7 @@ void expectErrorInterfaces(IUnknown *object)
 
 void expectBounds(IUnknown *object, const ExpectedBounds &expected)
 {
-    const auto near = [](double value, double wanted) {
+    const auto isNear = [](double value, double wanted) {
         return value == wanted || std::fabs(value - wanted) <= 1e-12 * std::fabs(wanted);
     };
     double lower = 0.0;
@@ -83,9 +83,9 @@ void expectBounds(IUnknown *object, const ExpectedBounds &expected)
     EXPECT_EQ(bounds->get_UpperBound(&upper), S_OK);
     EXPECT_EQ(bounds->get_value(&value), S_OK);
     EXPECT_EQ(bounds->get_Type(type.out()), S_OK);
-    EXPECT_TRUE(near(lower, expected.lower)) << lower;
-    EXPECT_TRUE(near(upper, expected.upper)) << upper;
-    EXPECT_TRUE(near(value, expected.value)) << value;
+    EXPECT_TRUE(isNear(lower, expected.lower)) << lower;
+    EXPECT_TRUE(isNear(upper, expected.upper)) << upper;
+    EXPECT_TRUE(isNear(value, expected.value)) << value;
     EXPECT_EQ(narrow(type.get()), expected.type);
 }
 
@@ -104,7 +104,7 @@ void expectNoBounds(IUnknown *object)
     EXPECT_EQ(narrow(type.get()), "");
 }
 
-SHORT positionOf(IUnknown *object)
+SHORT positionIn(IUnknown *object)
 {
     SHORT position = -1;
     EXPECT_EQ(as<ECapeBadArgument>(object)->get_position(&position), S_OK);
@@ -147,7 +147,7 @@ TEST_P(PackageErrors, AreToldInTheStandardsWords)
     EXPECT_NE(narrow(information.get()), "");
 
     expectErrorInterfaces(failed);
-    EXPECT_EQ(positionOf(failed), expected.position);
+    EXPECT_EQ(positionIn(failed), expected.position);
     const bool ofArgument = std::ranges::find(error->parents, badArgument) != error->parents.end();
     EXPECT_EQ(ofArgument, expected.position > 0) << "a bad argument has a position";
     if (expected.bounds)
@@ -165,7 +165,7 @@ TEST_F(ErrorInterfaces, AreAllThereBeforeTheFirstFailure)
 {
     for (IUnknown *object : {static_cast<IUnknown *>(compounds.get()), static_cast<IUnknown *>(manager.get())}) {
         expectErrorInterfaces(object);
-        EXPECT_EQ(positionOf(object), 0);
+        EXPECT_EQ(positionIn(object), 0);
         EXPECT_EQ(requestedOperationOf(object), "");
         expectNoBounds(object);
     }
@@ -174,9 +174,9 @@ TEST_F(ErrorInterfaces, AreAllThereBeforeTheFirstFailure)
 TEST_F(ErrorInterfaces, ForgetTheFailureBefore)
 {
     EXPECT_LT(lnPhi("Vapor", 4.0, 1e5, {1.0, 0.0, 0.0}), 0);
-    EXPECT_EQ(positionOf(failed), 2);
+    EXPECT_EQ(positionIn(failed), 2);
     EXPECT_LT(utilitiesOf(failed)->Edit(), 0);
-    EXPECT_EQ(positionOf(failed), 0);
+    EXPECT_EQ(positionIn(failed), 0);
     expectNoBounds(failed);
     EXPECT_EQ(context->UnsetMaterial(), S_OK);
     EXPECT_LT(flash(), 0);
