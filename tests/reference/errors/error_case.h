@@ -6,6 +6,7 @@
 #include <cfloat>
 #include <functional>
 #include <optional>
+#include <ostream>
 #include <utility>
 
 // The limits that a value is outside of.
@@ -131,6 +132,8 @@ struct ErrorCase {
     std::function<HRESULT(ErrorHost &)> fail;
     std::optional<ExpectedBounds> bounds = {};
     const char *requestedOperation = "";
+
+    friend void PrintTo(const ErrorCase &error, std::ostream *stream) { *stream << error.title; }
 };
 
 // All of them, by interface and method.
