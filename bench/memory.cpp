@@ -1,12 +1,12 @@
 // The most memory that a command has in use beside its arguments, for each byte of its result: a million rows, a
 // mixture of 500 compounds, a hundred thousand names. The program fails above its limit.
 #include "bench/support/library.h"
+#include "bench/support/limits.h"
 
 #include <benchmark/benchmark.h>
 
 #include <malloc.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <string>
@@ -111,10 +111,5 @@ BENCHMARK(namesOfAList)->Unit(benchmark::kMillisecond)->Iterations(2);
 
 int main(int argc, char **argv)
 {
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    if (failed)
-        std::fputs("A command has more memory in use than its limit.\n", stderr);
-    return failed ? EXIT_FAILURE : EXIT_SUCCESS;
+    return RunMeasurements(argc, argv, failed, "A command has more memory in use than its limit.");
 }

@@ -6,13 +6,12 @@
 #include "bench/support/bench_package.h"
 #include "bench/support/floor_material.h"
 #include "bench/support/library.h"
+#include "bench/support/limits.h"
 #include "cape/com/bstr.h"
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <ctime>
 #include <functional>
 #include <vector>
@@ -180,10 +179,5 @@ MEASURE(command_25_converted, batch, floorBatch, "mass", conversionLimit);
 
 int main(int argc, char **argv)
 {
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    if (failed)
-        std::fputs("A command is above its limit, or allocates for each condition.\n", stderr);
-    return failed ? EXIT_FAILURE : EXIT_SUCCESS;
+    return RunMeasurements(argc, argv, failed, "A command is above its limit, or allocates for each condition.");
 }

@@ -13,7 +13,7 @@ namespace {
 constexpr LPCWSTR capeOpenTexts[] = {
     OLESTR("Failed to get error name for ECapeUnknown"), // ECapeUnknownHR
     OLESTR("invalid data"),                              // ECapeDataHR
-    OLESTR("license problem"),                           // ECapeLicenseErrorHR
+    OLESTR("license problem"),                           // ECapeLicenceErrorHR
     OLESTR("Bad Cape-Open parameter"),                   // ECapeBadCOParameterHR
     OLESTR("Bad argument"),                              // ECapeBadArgumentHR
     OLESTR("Invalid argument"),                          // ECapeInvalidArgumentHR
@@ -25,7 +25,7 @@ constexpr LPCWSTR capeOpenTexts[] = {
     OLESTR("out of resources"),                          // ECapeOutOfResourcesHR
     OLESTR("out of memory"),                             // ECapeNoMemoryHR
     OLESTR("operation was timed out"),                   // ECapeTimeOutHR
-    OLESTR("initialization error"),                      // ECapeFailedInitializationHR
+    OLESTR("initialization error"),                      // ECapeFailedInitialisationHR
     OLESTR("solution error"),                            // ECapeSolvingErrorHR
     OLESTR("invalid order of invocations"),              // ECapeBadInvOrderHR
     OLESTR("invalid operation"),                         // ECapeInvalidOperationHR

@@ -1,6 +1,7 @@
 // Values as another component hands them over: most often what is expected, sometimes anything else.
 #pragma once
 
+#include "cape/com/bstr.h"
 #include "cape/com/variant.h"
 #include "fuzz/input.h"
 
@@ -8,32 +9,15 @@
 #include <cstring>
 #include <vector>
 
-inline BSTR NewText(const WideString &text) { return SysAllocStringLen(text.data(), static_cast<UINT>(text.size())); }
+inline BSTR NewText(const WideString &text) { return Bstr(text).detach(); }
 
 // A null BSTR is an empty text too.
-inline BSTR NewTextOrNull(FuzzedDataProvider &input, const WideString &text)
+inline Bstr TextOrNull(FuzzedDataProvider &input, const WideString &text)
 {
-    return text.empty() && input.ConsumeBool() ? nullptr : NewText(text);
+    return text.empty() && input.ConsumeBool() ? Bstr() : Bstr(text);
 }
 
-// Owner of a BSTR that may be null.
-class OwnText {
-public:
-    explicit OwnText(BSTR owned) : text(owned) {}
-    OwnText(const OwnText &) = delete;
-    OwnText &operator=(const OwnText &) = delete;
-    ~OwnText() { SysFreeString(text); }
-    operator BSTR() const { return text; }
-
-private:
-    BSTR text;
-};
-
-inline LONG AnyLowerBound(FuzzedDataProvider &input)
-{
-    static constexpr LONG bounds[] = {0, 0, 0, 0, 1, -1, 42, std::numeric_limits<LONG>::min(), 2147483647};
-    return input.PickValueInArray(bounds);
-}
+inline LONG AnyLowerBound(FuzzedDataProvider &input) { return input.PickValueInArray(lowerBounds); }
 
 inline VARIANT NewArray(VARTYPE type, LONG lowerBound, std::size_t count)
 {
@@ -58,8 +42,16 @@ inline VARIANT NewTexts(FuzzedDataProvider &input, const std::vector<WideString>
     const VARIANT value = NewArray(VT_BSTR, AnyLowerBound(input), texts.size());
     auto *elements = static_cast<BSTR *>(value.parray->pvData);
     for (const WideString &text : texts)
-        *elements++ = NewTextOrNull(input, text);
+        *elements++ = TextOrNull(input, text).detach();
     return value;
+}
+
+// Reads one after the other: in what order arguments are worked out is the compiler's to choose.
+template <std::size_t Count> VARIANT NewArrayOfOne(FuzzedDataProvider &input, const VARTYPE (&types)[Count])
+{
+    const VARTYPE type = input.PickValueInArray(types);
+    const LONG lowerBound = AnyLowerBound(input);
+    return NewArray(type, lowerBound, input.ConsumeIntegralInRange<std::size_t>(0, 4));
 }
 
 // Something that is no list, or a list of something else. The caller clears it.
@@ -90,13 +82,13 @@ inline VARIANT OddValue(FuzzedDataProvider &input)
     }
     case 5: { // not of the elements that it says
         static constexpr VARTYPE types[] = {VT_I2, VT_I4, VT_R8, VT_BSTR, VT_VARIANT, VT_UI1};
-        value = NewArray(input.PickValueInArray(types), AnyLowerBound(input), input.ConsumeIntegralInRange(0, 4));
+        value = NewArrayOfOne(input, types);
         value.vt = static_cast<VARTYPE>(VT_ARRAY | (input.ConsumeBool() ? VT_R8 : VT_BSTR));
         break;
     }
     case 6: {
         static constexpr VARTYPE types[] = {VT_I4, VT_VARIANT, VT_R8, VT_BSTR};
-        value = NewArray(input.PickValueInArray(types), AnyLowerBound(input), input.ConsumeIntegralInRange(0, 4));
+        value = NewArrayOfOne(input, types);
         break;
     }
     case 7: {

@@ -29,6 +29,12 @@ inline WideString AnyText(FuzzedDataProvider &input, std::size_t longest)
     return text.substr(0, text.find(WCHAR{0}));
 }
 
+// Where arrays begin: at 0, mostly, or at the ends of what an index can be.
+constexpr LONG lowestIndex = std::numeric_limits<LONG>::min();
+constexpr LONG highestIndex = std::numeric_limits<LONG>::max();
+constexpr LONG lowerBounds[] = {
+    0, 1, -1, 42, lowestIndex, lowestIndex + 1, -3, highestIndex, highestIndex - 1, highestIndex - 4, 0, 0, 0, 0, 0, 0};
+
 // A number: an everyday one, one of those at the edges of what a number can be, or any pattern of bits.
 inline double AnyNumber(FuzzedDataProvider &input)
 {

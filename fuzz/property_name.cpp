@@ -38,7 +38,7 @@ WideString lower(WideString text)
 bool isAscii(const WideString &text)
 {
     for (const WCHAR c : text)
-        if (c > 126)
+        if (c > 127)
             return false;
     return true;
 }
@@ -139,10 +139,12 @@ WideString anyName(FuzzedDataProvider &input, const Table &table)
     }
     if (input.ConsumeBool())
         name += OLESTR('.');
-    if (input.ConsumeBool())
-        name += withCase(input.PickValueInArray(suffixes), input.ConsumeIntegral<std::uint16_t>());
-    else
+    if (input.ConsumeBool()) {
+        const auto suffix = input.PickValueInArray(suffixes);
+        name += withCase(suffix, input.ConsumeIntegral<std::uint16_t>());
+    } else {
         name += AnyText(input, 200);
+    }
     return name;
 }
 

@@ -2,7 +2,7 @@
 // descriptors that do not fit what they describe. What is read from them has to be what was put in, or refused.
 #include "cape/variant_array.h"
 #include "cape/list_access.h"
-#include "fuzz/input.h"
+#include "fuzz/automation.h"
 
 #include <bit>
 #include <cstring>
@@ -40,8 +40,6 @@ const Rule &ruleOf(VARTYPE type)
     return unknownRule;
 }
 
-BSTR copyOf(const WideString &text) { return SysAllocStringLen(text.data(), static_cast<UINT>(text.size())); }
-
 // One array with what was put into it. It gives itself back as it was made, however its descriptor was changed
 // meanwhile.
 class ForeignArray {
@@ -53,7 +51,7 @@ public:
         SAFEARRAYBOUND bounds[3];
         for (UINT i = 0; i < dimensions; ++i) {
             bounds[i].cElements = input.ConsumeIntegralInRange<ULONG>(0, 5);
-            bounds[i].lLbound = anyBound(input);
+            bounds[i].lLbound = AnyLowerBound(input);
         }
         array = SafeArrayCreate(type, dimensions, bounds);
         FUZZ_CHECK(array != nullptr);
@@ -106,13 +104,6 @@ public:
     bool isChanged = false; // its descriptor
 
 private:
-    static LONG anyBound(FuzzedDataProvider &input)
-    {
-        constexpr LONG lowest = std::numeric_limits<LONG>::min();
-        static constexpr LONG bounds[] = {0, 1, -1, 42, lowest, lowest + 1, -3, 2147483647, 2147483646, 2147483643};
-        return input.PickValueInArray(bounds);
-    }
-
     void fill(FuzzedDataProvider &input)
     {
         for (ULONG i = 0; i < count; ++i) {
@@ -122,7 +113,7 @@ private:
             } else if (type == VT_BSTR) {
                 const bool isNull = input.ConsumeIntegralInRange(0, 7) == 0;
                 texts.push_back(isNull ? WideString() : AnyText(input, 40));
-                static_cast<BSTR *>(array->pvData)[i] = isNull ? nullptr : copyOf(texts.back());
+                static_cast<BSTR *>(array->pvData)[i] = isNull ? nullptr : NewText(texts.back());
             } else if (type == VT_VARIANT) {
                 fillVariant(input, static_cast<VARIANT *>(array->pvData)[i]);
             }
@@ -140,9 +131,10 @@ private:
             element.dblVal = numbers.back() = AnyNumber(input);
         } else if (element.vt == VT_BSTR) {
             texts.back() = AnyText(input, 40);
-            element.bstrVal = copyOf(texts.back());
+            element.bstrVal = NewText(texts.back());
         } else if (element.vt == (VT_ARRAY | VT_R8)) {
-            element.parray = SafeArrayCreateVector(VT_R8, anyBound(input), input.ConsumeIntegralInRange<ULONG>(0, 3));
+            const LONG lower = AnyLowerBound(input);
+            element.parray = SafeArrayCreateVector(VT_R8, lower, input.ConsumeIntegralInRange<ULONG>(0, 3));
         }
     }
 
@@ -290,7 +282,7 @@ void makeTexts(FuzzedDataProvider &input, VariantArray &list)
         const auto n = static_cast<std::size_t>(at);
         isNull[n] = input.ConsumeBool();
         texts[n] = isNull[n] ? WideString() : AnyText(input, 40);
-        BSTR text = isNull[n] ? nullptr : copyOf(texts[n]);
+        BSTR text = isNull[n] ? nullptr : NewText(texts[n]);
         list.PutString(at, text);
         SysFreeString(text);
     }

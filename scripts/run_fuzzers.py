@@ -44,11 +44,13 @@ class Target:
         for folder in (self.seeds, self.corpus, self.findings):
             folder.mkdir(parents=True, exist_ok=True)
         self.log.write_bytes(b"")
-        before = set(self.findings.iterdir())
+        start = self.log.stat().st_mtime  # what an earlier run has found may be found and written once more
         while not self.found and self.used < self.seconds:
             status = self.run_once(max(1, round(self.seconds - self.used)))
-            self.found = sorted(file for file in set(self.findings.iterdir()) - before if not self.was_slow(file))
-            if status not in (0, TIMEOUT) and not self.found:
+            written = sorted(file for file in self.findings.iterdir() if file.stat().st_mtime >= start)
+            self.found = [file for file in written if not self.was_slow(file)]
+            was_only_slow = status == TIMEOUT and written and not self.found
+            if status != 0 and not self.found and not was_only_slow:
                 self.found = [self.log]
         return self
 

@@ -177,18 +177,21 @@ case ${1-} in
     ensure_up
     ;;
 --down)
-    for prefix in "$first" "$second"; do
-        exec 9>>"$prefix.lock"
-        if flock -n -x 9; then WINEPREFIX="$prefix" quietly wineserver -k || true; fi
+    for WINEPREFIX in "$first" "$second"; do
+        exec 9>>"$WINEPREFIX.lock"
+        if flock -n -x 9; then quietly wineserver -k || true; fi
     done
     ;;
 --kill)
-    for prefix in "$first" "$second"; do WINEPREFIX="$prefix" quietly wineserver -k || true; done
+    for WINEPREFIX in "$first" "$second"; do quietly wineserver -k || true; done
     ;;
 --apart)
     shift
     ensure_up
-    apart=$(mktemp -d "$build/wine-apart.XXXXXX")
+    for left in "$build"/wine-apart.*; do # by one that was killed
+        kill -0 "${left##*.}" 2>/dev/null || rm -rf "$left"
+    done
+    apart=$build/wine-apart.$$
     trap 'quietly wineserver -k || true; rm -rf "$apart"' EXIT
     copy_prefix "$WINEPREFIX" "$apart"
     export WINEPREFIX="$apart"

@@ -1,6 +1,7 @@
 #include "bench/support/bench_package.h"
 
 #include "cape/com/bstr.h"
+#include "tests/support/standing_factory.h"
 
 #include <cstdio>
 #include <string>
@@ -71,22 +72,15 @@ double sumOf(const VARIANT &composition)
 
 constexpr CLSID benchClass = {0x7A1D3C60, 0x52E4, 0x4F0A, {0xB8, 0x11, 0x6E, 0x93, 0x0D, 0xC7, 0x24, 0xF5}};
 
-class BenchFactory final : public IClassFactory {
+// Lives as long as the program.
+class BenchFactory final : public StandingFactory {
 public:
     int compounds = 2;
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void **object) override
-    {
-        *object = iid == InterfaceId<IUnknown> || iid == InterfaceId<IClassFactory> ? this : nullptr;
-        return *object ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return 2; } // lives as long as the program
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown *, REFIID iid, void **object) override
     {
         return (new BenchPackage(compounds))->QueryInterface(iid, object);
     }
-    HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
 };
 
 void createKey(const WideString &path, LPCWSTR valueName, LPCWSTR text)

@@ -5,14 +5,15 @@
 
 #include "cape/com/cape_open.h"
 #include "cape/com/com_pointer.h"
+#include "tests/support/without_names.h"
 
 #include <vector>
 
-class BenchPackage final : public ICapeThermoCompounds,
-                           public ICapeThermoPhases,
-                           public ICapeThermoPropertyRoutine,
-                           public ICapeThermoEquilibriumRoutine,
-                           public ICapeThermoMaterialContext {
+class BenchPackage final : public WithoutNames<ICapeThermoCompounds>,
+                           public WithoutNames<ICapeThermoPhases>,
+                           public WithoutNames<ICapeThermoPropertyRoutine>,
+                           public WithoutNames<ICapeThermoEquilibriumRoutine>,
+                           public WithoutNames<ICapeThermoMaterialContext> {
 public:
     explicit BenchPackage(int compounds) : compoundCount(compounds) {}
 
@@ -22,15 +23,6 @@ public:
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void **object) override;
     ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
     ULONG STDMETHODCALLTYPE Release() override;
-
-    // IDispatch: nobody calls by name
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT *) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo **) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR *, UINT, LCID, DISPID *) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS *, VARIANT *, EXCEPINFO *, UINT *) override
-    {
-        return E_NOTIMPL;
-    }
 
     // ICapeThermoCompounds
     HRESULT STDMETHODCALLTYPE GetCompoundConstant(VARIANT, VARIANT, VARIANT *) override { return E_NOTIMPL; }

@@ -3,10 +3,11 @@
 #pragma once
 
 #include "cape/com/cape_open.h"
+#include "tests/support/without_names.h"
 
 #include <vector>
 
-class FloorMaterial final : public ICapeThermoMaterial {
+class FloorMaterial final : public WithoutNames<ICapeThermoMaterial> {
 public:
     explicit FloorMaterial(int compounds) : composition(static_cast<std::size_t>(compounds)) {}
 
@@ -23,14 +24,6 @@ public:
     }
     ULONG STDMETHODCALLTYPE AddRef() override { return 2; } // lives in its owner
     ULONG STDMETHODCALLTYPE Release() override { return 1; }
-
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT *) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo **) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR *, UINT, LCID, DISPID *) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS *, VARIANT *, EXCEPINFO *, UINT *) override
-    {
-        return E_NOTIMPL;
-    }
 
     HRESULT STDMETHODCALLTYPE ClearAllProps() override { return S_OK; }
     HRESULT STDMETHODCALLTYPE CopyFromMaterial(IDispatch **) override { return E_NOTIMPL; }

@@ -2,7 +2,6 @@
 #include "fuzz/calculation/play.h"
 #include "fuzz/input.h"
 #include "fuzz/material/calculations.h"
-#include "fuzz/material/record.h"
 
 namespace fuzz {
 
@@ -26,11 +25,6 @@ constexpr Failure failures[] = {
     {static_cast<HRESULT>(0xA0040001u), u"error code 0xA0040001", false},
 };
 
-void expectTexts(const VARIANT &list, const std::vector<WideString> &expected)
-{
-    FUZZ_CHECK(TextsOf(list) == expected);
-}
-
 void expectSpecification(const VARIANT &list, const std::vector<MaybeText> &expected)
 {
     const std::vector<WideString> texts = TextsOf(list);
@@ -44,7 +38,7 @@ void expectSpecification(const VARIANT &list, const std::vector<MaybeText> &expe
 
 } // namespace
 
-CalculationPackage::CalculationPackage(Input &bytes) : contents(PackageLists(bytes)), input(bytes)
+CalculationPackage::CalculationPackage(Input &bytes) : ListingPackage(bytes), input(bytes)
 {
     client.package = &contents;
     present = this;
@@ -57,20 +51,6 @@ CalculationPackage::~CalculationPackage()
 }
 
 HRESULT CalculationPackage::create(ComponentKind, REFIID iid, void **object) { return present->query(iid, object); }
-
-HRESULT CalculationPackage::getCompoundList(VARIANT *(&lists)[6])
-{
-    for (std::size_t i = 0; i < 6; ++i)
-        *lists[i] = i == 3 || i == 4 ? NumberList(contents.weights) : TextList(contents.compounds);
-    return S_OK;
-}
-
-HRESULT CalculationPackage::getPhaseList(VARIANT *(&lists)[3])
-{
-    *lists[0] = TextList(contents.labels);
-    *lists[1] = TextList(contents.states);
-    return S_OK;
-}
 
 HRESULT CalculationPackage::setMaterial(IDispatch *material)
 {
@@ -126,7 +106,7 @@ HRESULT CalculationPackage::getText(const char *method, BSTR *text)
 HRESULT CalculationPackage::calcSinglePhaseProp(const VARIANT &properties, BSTR label)
 {
     const model::ExpectedCall &call = called(model::ExpectedCall::Method::singlePhase);
-    expectTexts(properties, call.names);
+    FUZZ_CHECK(TextsOf(properties) == call.names);
     FUZZ_CHECK(TextOf(label) == call.labels[0]);
     StoreSinglePhase(input, client, call.names, call.labels[0]);
     return ended();
@@ -135,8 +115,8 @@ HRESULT CalculationPackage::calcSinglePhaseProp(const VARIANT &properties, BSTR 
 HRESULT CalculationPackage::calcTwoPhaseProp(const VARIANT &properties, const VARIANT &labels)
 {
     const model::ExpectedCall &call = called(model::ExpectedCall::Method::twoPhase);
-    expectTexts(properties, call.names);
-    expectTexts(labels, call.labels);
+    FUZZ_CHECK(TextsOf(properties) == call.names);
+    FUZZ_CHECK(TextsOf(labels) == call.labels);
     StoreTwoPhase(input, client, call.names, call.labels);
     return ended();
 }

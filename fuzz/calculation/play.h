@@ -2,23 +2,21 @@
 #pragma once
 
 #include "fuzz/material/calls.h"
+#include "fuzz/material/package_lists.h"
 #include "fuzz/mex/arguments.h"
 #include "fuzz/mex/library.h"
 #include "fuzz/model/commands.h"
-#include "fuzz/support/package_object.h"
 
 namespace fuzz {
 
 // Calculates when it is called as the present command has to call it, and fails now and then.
-class CalculationPackage final : public PackageObject {
+class CalculationPackage final : public ListingPackage {
 public:
     explicit CalculationPackage(Input &bytes);
     ~CalculationPackage() override; // it has been given back, or the process ends
 
     static HRESULT create(ComponentKind kind, REFIID iid, void **object); // the one that there is
 
-    HRESULT getCompoundList(VARIANT *(&lists)[6]) override;
-    HRESULT getPhaseList(VARIANT *(&lists)[3]) override;
     HRESULT calcSinglePhaseProp(const VARIANT &properties, BSTR label) override;
     HRESULT calcTwoPhaseProp(const VARIANT &properties, const VARIANT &labels) override;
     HRESULT calcEquilibrium(const VARIANT &specification1, const VARIANT &specification2, BSTR solutionType) override;
@@ -26,7 +24,6 @@ public:
     HRESULT getText(const char *method, BSTR *text) override;
 
     model::Command *command = nullptr; // the present one
-    const model::Package contents;
     Client client;
 
 protected:

@@ -1,34 +1,15 @@
 #include "fuzz/material/calculations.h"
 
 #include "cape/com/bstr.h"
-#include "fuzz/input.h"
 
 namespace fuzz {
 
 namespace {
 
-ListAccount numbersAccount(model::Numbers numbers)
-{
-    ListAccount account;
-    account.type = VT_ARRAY | VT_R8;
-    account.elementType = VT_R8;
-    account.numbers = std::move(numbers);
-    return account;
-}
-
-ListAccount textsAccount(const std::vector<WideString> &texts)
-{
-    ListAccount account;
-    account.type = VT_ARRAY | VT_BSTR;
-    account.elementType = VT_BSTR;
-    account.texts.assign(texts.begin(), texts.end());
-    return account;
-}
-
 void storeInPhase(Client &client, const WideString &property, const MaybeText &label, const MaybeText &basis,
                   model::Numbers numbers)
 {
-    const ListArgument values(numbersAccount(std::move(numbers)));
+    const ListArgument values(NumberList(std::move(numbers)));
     const HRESULT hr =
         client.material->SetSinglePhaseProp(Bstr(property).get(), Bstr(label ? label->c_str() : nullptr).get(),
                                             Bstr(basis ? basis->c_str() : nullptr).get(), values.get());
@@ -38,7 +19,7 @@ void storeInPhase(Client &client, const WideString &property, const MaybeText &l
 
 void storeOverall(Client &client, const WideString &property, const MaybeText &basis, model::Numbers numbers)
 {
-    const ListArgument values(numbersAccount(std::move(numbers)));
+    const ListArgument values(NumberList(std::move(numbers)));
     const HRESULT hr = client.material->SetOverallProp(Bstr(property).get(),
                                                        Bstr(basis ? basis->c_str() : nullptr).get(), values.get());
     if (client.expected)
@@ -59,25 +40,11 @@ LPCWSTR basisOf(bool perMass) { return perMass ? u"mass" : u"mole"; }
 // As many as the property has, or now and then one more, which the material does not take.
 std::size_t countOf(Input &input, const Client &client, const model::Property &property, std::size_t parts)
 {
-    std::size_t count = parts;
-    for (int i = 0; i < property.dimensions; ++i)
-        count *= client.package->compounds.size();
+    const std::size_t count = parts * property.count(client.package->compounds.size());
     return input.chance(4) ? count + 1 : count;
 }
 
 } // namespace
-
-std::vector<WideString> TextsOf(const VARIANT &list)
-{
-    std::vector<WideString> texts;
-    if (list.vt == VT_EMPTY)
-        return texts;
-    FUZZ_CHECK(list.vt == (VT_ARRAY | VT_BSTR) && list.parray && list.parray->cDims == 1);
-    const BSTR *elements = static_cast<const BSTR *>(list.parray->pvData);
-    for (ULONG i = 0; i < list.parray->rgsabound[0].cElements; ++i)
-        texts.push_back(TextOf(elements[i]));
-    return texts;
-}
 
 void StoreSinglePhase(Input &input, Client &client, const std::vector<WideString> &properties, const MaybeText &label)
 {
@@ -97,13 +64,13 @@ void StoreSinglePhase(Input &input, Client &client, const std::vector<WideString
 void StoreTwoPhase(Input &input, Client &client, const std::vector<WideString> &properties,
                    const std::vector<WideString> &labels)
 {
-    const ListArgument pair(textsAccount(labels));
+    const ListArgument pair(TextList(labels));
     for (const WideString &name : properties) {
         model::Property property;
         if (!model::Parse(model::Kind::twoPhase, name, property).empty() || input.chance(8))
             continue;
         const std::size_t count = countOf(input, client, property, property.isCompositionDerivative() ? 2 : 1);
-        const ListArgument values(numbersAccount(someNumbers(input, count)));
+        const ListArgument values(NumberList(someNumbers(input, count)));
         const HRESULT hr = client.material->SetTwoPhaseProp(Bstr(name).get(), pair.get(), nullptr, values.get());
         if (client.expected)
             Expect(client, hr, client.expected->setTwoPhase(name, pair.account, {}, values.account));
@@ -118,7 +85,7 @@ void StoreEquilibrium(Input &input, Client &client)
     for (std::size_t i = 0; i < labels.size(); ++i)
         if (!(which >> i & 1))
             found.push_back(labels[i]);
-    const ListArgument present(textsAccount(found));
+    const ListArgument present(TextList(found));
     const HRESULT hr = client.material->SetPresentPhases(present.get(), VARIANT{});
     if (client.expected)
         Expect(client, hr, client.expected->setPresent(present.account));

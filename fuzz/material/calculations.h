@@ -15,7 +15,4 @@ void StoreTwoPhase(Input &input, Client &client, const std::vector<WideString> &
 // The phases of an equilibrium, their compositions and amounts, temperature and pressure.
 void StoreEquilibrium(Input &input, Client &client);
 
-// The texts of a list that the system hands over.
-std::vector<WideString> TextsOf(const VARIANT &list);
-
 } // namespace fuzz

@@ -48,37 +48,26 @@ public:
             FUZZ_CHECK(value.vt == VT_EMPTY || value.vt == VT_R8);
             return;
         }
-        expectArray(VT_R8, values.size());
+        ExpectArray(value, VT_R8, values.size());
         const double *numbers = static_cast<const double *>(value.parray->pvData);
         FUZZ_CHECK(model::Close(model::Numbers(numbers, numbers + values.size()), values));
     }
 
     void expectTexts(const std::vector<WideString> &texts) const
     {
-        expectArray(VT_BSTR, texts.size());
-        const BSTR *elements = static_cast<const BSTR *>(value.parray->pvData);
-        for (std::size_t i = 0; i < texts.size(); ++i)
-            FUZZ_CHECK(TextOf(elements[i]) == texts[i]);
+        ExpectArray(value, VT_BSTR, texts.size());
+        FUZZ_CHECK(TextsOf(value) == texts);
     }
 
     void expectZeros(std::size_t count) const
     {
-        expectArray(VT_I4, count);
+        ExpectArray(value, VT_I4, count);
         const LONG *elements = static_cast<const LONG *>(value.parray->pvData);
         for (std::size_t i = 0; i < count; ++i)
             FUZZ_CHECK(elements[i] == 0);
     }
 
 private:
-    void expectArray(VARTYPE type, std::size_t count) const
-    {
-        FUZZ_CHECK(value.vt == (VT_ARRAY | type));
-        VARTYPE elementType = VT_EMPTY;
-        FUZZ_CHECK(value.parray && SafeArrayGetVartype(value.parray, &elementType) == S_OK && elementType == type);
-        FUZZ_CHECK(value.parray->cDims == 1 && value.parray->cLocks == 0);
-        FUZZ_CHECK(value.parray->rgsabound[0].lLbound == 0 && value.parray->rgsabound[0].cElements == count);
-    }
-
     VARIANT value{};
 };
 
@@ -109,8 +98,7 @@ struct Subject {
         std::size_t usual = 1;
         bool takesBasis = false;
         if (model::Parse(kind, property.seen, parsed).empty()) {
-            for (int i = 0; i < parsed.dimensions; ++i)
-                usual *= nC;
+            usual = parsed.count(nC);
             if (kind == model::Kind::twoPhase && parsed.isCompositionDerivative())
                 usual *= 2;
             takesBasis = parsed.basisPower != 0;
@@ -135,7 +123,7 @@ void setPhase(Input &input, Client &client)
     const Subject subject(input, client, model::Kind::singlePhase, writtenProperty(input, client));
     const TextArgument basis(subject.basis);
     const TextArgument label(writtenLabel(input, client));
-    const ListArgument values(NumbersAccount(input, subject.counts), LowerBound(input));
+    const ListArgument values(FromAnyBound(input, NumbersAccount(input, subject.counts)));
     const HRESULT hr =
         client.material->SetSinglePhaseProp(subject.property.get(), label.get(), basis.get(), values.get());
     if (client.expected)
@@ -146,7 +134,7 @@ void setOverall(Input &input, Client &client)
 {
     const Subject subject(input, client, model::Kind::singlePhase, writtenProperty(input, client));
     const TextArgument basis(subject.basis);
-    const ListArgument values(NumbersAccount(input, subject.counts), LowerBound(input));
+    const ListArgument values(FromAnyBound(input, NumbersAccount(input, subject.counts)));
     const HRESULT hr = client.material->SetOverallProp(subject.property.get(), basis.get(), values.get());
     if (client.expected)
         Expect(client, hr, client.expected->setOverall(subject.property.seen, basis.seen, values.account));
@@ -156,8 +144,8 @@ void setTwoPhase(Input &input, Client &client)
 {
     const Subject subject(input, client, model::Kind::twoPhase, writtenProperty(input, client));
     const TextArgument basis(subject.basis);
-    const ListArgument labels(LabelsAccount(input, client.package->labels, 2), LowerBound(input));
-    const ListArgument values(NumbersAccount(input, subject.counts), LowerBound(input));
+    const ListArgument labels(FromAnyBound(input, LabelsAccount(input, client.package->labels, 2)));
+    const ListArgument values(FromAnyBound(input, NumbersAccount(input, subject.counts)));
     const HRESULT hr =
         client.material->SetTwoPhaseProp(subject.property.get(), labels.get(), basis.get(), values.get());
     if (client.expected)
@@ -167,7 +155,7 @@ void setTwoPhase(Input &input, Client &client)
 
 void setPresent(Input &input, Client &client)
 {
-    const ListArgument labels(LabelsAccount(input, client.package->labels, 1 + input.below(2)), LowerBound(input));
+    const ListArgument labels(FromAnyBound(input, LabelsAccount(input, client.package->labels, 1 + input.below(2))));
     const ListArgument status(AnyAccount(input));
     const HRESULT hr = client.material->SetPresentPhases(labels.get(), status.get());
     if (client.expected)
@@ -206,7 +194,7 @@ void getTwoPhase(Input &input, Client &client)
 {
     const Subject subject(input, client, model::Kind::twoPhase, readProperty(input, client));
     const TextArgument basis(subject.basis);
-    const ListArgument labels(LabelsAccount(input, client.package->labels, 2), LowerBound(input));
+    const ListArgument labels(FromAnyBound(input, LabelsAccount(input, client.package->labels, 2)));
     Result result(input);
     const HRESULT hr =
         client.material->GetTwoPhaseProp(subject.property.get(), labels.get(), basis.get(), result.out());
@@ -353,6 +341,15 @@ void Expect(const Client &client, HRESULT result, const model::Answer &answer)
     expectText(user->get_description(text.out()), text, words.description);
     expectText(user->get_interfaceName(text.out()), text, words.interfaceName);
     expectText(user->get_scope(text.out()), text, words.scope);
+}
+
+void ExpectArray(const VARIANT &list, VARTYPE type, std::size_t count)
+{
+    FUZZ_CHECK(list.vt == (VT_ARRAY | type));
+    VARTYPE elementType = VT_EMPTY;
+    FUZZ_CHECK(list.parray && SafeArrayGetVartype(list.parray, &elementType) == S_OK && elementType == type);
+    FUZZ_CHECK(list.parray->cDims == 1 && list.parray->cLocks == 0);
+    FUZZ_CHECK(list.parray->rgsabound[0].lLbound == 0 && list.parray->rgsabound[0].cElements == count);
 }
 
 void CallMaterial(Input &input, Client &client) { input.pick(calls)(input, client); }

@@ -34,6 +34,9 @@ void AskForWords(IUnknown *object);
 
 void CopyMaterial(Client &target, IUnknown *source, const model::Material *expectedSource);
 
+// A list from a material: of this type and length, and from 0 on.
+void ExpectArray(const VARIANT &list, VARTYPE type, std::size_t count);
+
 // Compares the result of a call, and the words of the material's error interfaces.
 void Expect(const Client &client, HRESULT result, const model::Answer &answer);
 

@@ -1,105 +1,31 @@
-// The methods of a material that have nothing to do with its state.
+// The questions to a material that have nothing to do with its state.
+#include "fuzz/material/questions.h"
 #include "cape/com/bstr.h"
-#include "fuzz/input.h"
 #include "fuzz/material/calls.h"
-#include "fuzz/material/record.h"
+#include "fuzz/material/package_lists.h"
 #include "material/imaterial.h"
+
+#include <cstring>
 
 namespace fuzz {
 
 namespace {
 
-struct Questions {
-    ComPointer<ICapeThermoCompounds> compounds;
-    ComPointer<ICapeThermoPhases> phases;
-    ComPointer<ICapeThermoPropertyRoutine> properties;
-    ComPointer<ICapeThermoEquilibriumRoutine> equilibria;
-    ComPointer<ICapeThermoUniversalConstant> constants;
-    ComPointer<ICapeIdentification> identification;
-
-    explicit Questions(IUnknown *material)
-    {
-        FUZZ_CHECK(compounds.queryFrom(material) == S_OK && phases.queryFrom(material) == S_OK);
-        FUZZ_CHECK(properties.queryFrom(material) == S_OK && equilibria.queryFrom(material) == S_OK);
-        FUZZ_CHECK(constants.queryFrom(material) == S_OK && identification.queryFrom(material) == S_OK);
-    }
-};
-
-struct Refusal {
-    LPCWSTR method;
-    LPCWSTR interfaceName;
-};
-
-constexpr Refusal refusals[] = {
-    {u"GetCompoundConstant", u"ICapeThermoCompounds"},
-    {u"GetConstPropList", u"ICapeThermoCompounds"},
-    {u"GetPDependentProperty", u"ICapeThermoCompounds"},
-    {u"GetPDependentPropList", u"ICapeThermoCompounds"},
-    {u"GetTDependentProperty", u"ICapeThermoCompounds"},
-    {u"GetTDependentPropList", u"ICapeThermoCompounds"},
-    {u"CalcEquilibrium", u"ICapeThermoEquilibriumRoutine"},
-    {u"CheckEquilibriumSpec", u"ICapeThermoEquilibriumRoutine"},
-    {u"GetPhaseInfo", u"ICapeThermoPhases"},
-    {u"CalcAndGetLnPhi", u"ICapeThermoPropertyRoutine"},
-    {u"CalcSinglePhaseProp", u"ICapeThermoPropertyRoutine"},
-    {u"CalcTwoPhaseProp", u"ICapeThermoPropertyRoutine"},
-    {u"CheckSinglePhasePropSpec", u"ICapeThermoPropertyRoutine"},
-    {u"CheckTwoPhasePropSpec", u"ICapeThermoPropertyRoutine"},
-    {u"GetSinglePhasePropList", u"ICapeThermoPropertyRoutine"},
-    {u"GetTwoPhasePropList", u"ICapeThermoPropertyRoutine"},
-    {u"GetUniversalConstant", u"ICapeThermoUniversalConstant"},
-    {u"GetUniversalConstantList", u"ICapeThermoUniversalConstant"},
-};
-
-HRESULT callRefused(Questions &ask, std::size_t index, const VARIANT &list, BSTR text, VARIANT *result)
+void expectList(const VARIANT &list, const ListAccount &expected)
 {
-    VARIANT_BOOL flag = VARIANT_FALSE;
-    switch (index) {
-    case 0:
-        return ask.compounds->GetCompoundConstant(list, list, result);
-    case 1:
-        return ask.compounds->GetConstPropList(result);
-    case 2:
-        return ask.compounds->GetPDependentProperty(list, 1, list, result);
-    case 3:
-        return ask.compounds->GetPDependentPropList(result);
-    case 4:
-        return ask.compounds->GetTDependentProperty(list, 1, list, result);
-    case 5:
-        return ask.compounds->GetTDependentPropList(result);
-    case 6:
-        return ask.equilibria->CalcEquilibrium(list, list, text);
-    case 7:
-        return ask.equilibria->CheckEquilibriumSpec(list, list, text, &flag);
-    case 8:
-        return ask.phases->GetPhaseInfo(text, text, result);
-    case 9:
-        return ask.properties->CalcAndGetLnPhi(text, 1, 1, list, 0, result, result, result, result);
-    case 10:
-        return ask.properties->CalcSinglePhaseProp(list, text);
-    case 11:
-        return ask.properties->CalcTwoPhaseProp(list, list);
-    case 12:
-        return ask.properties->CheckSinglePhasePropSpec(text, text, &flag);
-    case 13:
-        return ask.properties->CheckTwoPhasePropSpec(text, list, &flag);
-    case 14:
-        return ask.properties->GetSinglePhasePropList(result);
-    case 15:
-        return ask.properties->GetTwoPhasePropList(result);
-    case 16:
-        return ask.constants->GetUniversalConstant(text, result);
-    default:
-        return ask.constants->GetUniversalConstantList(result);
-    }
+    const bool isTexts = expected.elementType == VT_BSTR;
+    const std::size_t count = isTexts ? expected.texts.size() : expected.numbers.size();
+    ExpectArray(list, expected.elementType, count);
+    if (isTexts)
+        FUZZ_CHECK(TextList(TextsOf(list)).texts == expected.texts);
+    else // NaNs too
+        FUZZ_CHECK(std::memcmp(list.parray->pvData, expected.numbers.data(), count * sizeof(double)) == 0);
 }
 
-void expectTexts(VARIANT &list, const std::vector<WideString> &texts)
+template <std::size_t Count> void expectLists(const VARIANT *lists, const std::array<ListAccount, Count> &expected)
 {
-    FUZZ_CHECK(list.vt == (VT_ARRAY | VT_BSTR) && list.parray->rgsabound[0].cElements == texts.size());
-    const BSTR *elements = static_cast<const BSTR *>(list.parray->pvData);
-    for (std::size_t i = 0; i < texts.size(); ++i)
-        FUZZ_CHECK(TextOf(elements[i]) == texts[i]);
+    for (std::size_t i = 0; i < Count; ++i)
+        expectList(lists[i], expected[i]);
 }
 
 void askForLists(Input &input, Client &client, Questions &ask)
@@ -125,8 +51,10 @@ void askForLists(Input &input, Client &client, Questions &ask)
             FUZZ_CHECK(list.vt == VT_EMPTY);
         return;
     }
-    expectTexts(lists[0], ofPhases ? package.labels : package.compounds);
-    expectTexts(lists[1], ofPhases ? package.states : package.compounds);
+    if (ofPhases)
+        expectLists(lists, PhaseLists(package));
+    else
+        expectLists(lists, CompoundLists(package));
     for (VARIANT &list : lists)
         VariantClear(&list);
 }
@@ -218,24 +146,6 @@ void askForInterfaces(Input &input, Client &client)
 }
 
 } // namespace
-
-void CallRefused(Input &input, Client &client)
-{
-    Questions ask(client.material.get());
-    const std::size_t index = input.below(std::size(refusals));
-    const ListArgument list(AnyAccount(input), LowerBound(input));
-    const MaybeText text = PropertyText(input);
-    VARIANT result{};
-    const HRESULT hr = callRefused(ask, index, list.get(), Bstr(text ? text->c_str() : nullptr).get(), &result);
-    FUZZ_CHECK(result.vt == VT_EMPTY);
-    if (!client.expected)
-        return;
-    const Refusal &refusal = refusals[index];
-    Expect(client, hr,
-           client.expected->refuse(u"Invalid Call",
-                                   WideString(refusal.method) + u" should not be called by the Property package",
-                                   refusal.interfaceName, refusal.method));
-}
 
 void AskForWords(IUnknown *object)
 {

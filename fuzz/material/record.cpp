@@ -1,80 +1,11 @@
 #include "fuzz/material/record.h"
 
-#include "fuzz/support/list_argument.h"
+#include "fuzz/input.h"
 #include "material/ensure_material.h"
 
-#include <limits>
 #include <utility>
 
 namespace fuzz {
-
-namespace {
-
-constexpr LPCWSTR labels[] = {u"Vapor", u"Liquid", u"Liquid2", u"vapor", u"", u"Overall", u"VAPOR:x", u"\u00C9"};
-constexpr LPCWSTR states[] = {u"Vapor", u"Liquid", u"VAPOR", u"Solid", u""};
-
-double anyWeight(Input &input)
-{
-    constexpr double odd[] = {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(),
-                              std::numeric_limits<double>::denorm_min(), 1e300};
-    return input.chance(16) ? input.pick(odd) : PlainNumber(input);
-}
-
-} // namespace
-
-model::Package PackageLists(Input &input)
-{
-    model::Package package;
-    const std::size_t compounds = 1 + (1 + input.below(4)) % 4; // mostly two
-    for (std::size_t i = 0; i < compounds; ++i) {
-        package.compounds.push_back(WideString(u"C") + static_cast<WCHAR>(u'0' + i));
-        package.weights.push_back(anyWeight(input));
-    }
-    const std::size_t phases = 1 + (1 + input.below(4)) % 4;
-    for (std::size_t i = 0; i < phases; ++i) {
-        const bool isOdd = input.chance(32);
-        package.labels.push_back(isOdd ? input.pick(labels) : labels[i % 3]);
-        package.states.push_back(isOdd ? input.pick(states) : states[i % 2]);
-    }
-    return package;
-}
-
-VARIANT TextList(const std::vector<WideString> &texts)
-{
-    ListAccount account;
-    account.type = VT_ARRAY | VT_BSTR;
-    account.elementType = VT_BSTR;
-    account.texts.assign(texts.begin(), texts.end());
-    return ListArgument(account).detach();
-}
-
-VARIANT NumberList(const std::vector<double> &numbers)
-{
-    ListAccount account;
-    account.type = VT_ARRAY | VT_R8;
-    account.elementType = VT_R8;
-    account.numbers = numbers;
-    return ListArgument(account).detach();
-}
-
-HRESULT PlainPackage::getCompoundList(VARIANT *(&lists)[6])
-{
-    for (VARIANT *list : lists)
-        *list = TextList(package.compounds);
-    for (VARIANT *list : {lists[3], lists[4]}) {
-        VariantClear(list);
-        *list = NumberList(package.weights);
-    }
-    return S_OK;
-}
-
-HRESULT PlainPackage::getPhaseList(VARIANT *(&lists)[3])
-{
-    *lists[0] = TextList(package.labels);
-    *lists[1] = TextList(package.states);
-    *lists[2] = TextList(package.states);
-    return S_OK;
-}
 
 HRESULT PlainPackage::setMaterial(IDispatch *given)
 {
@@ -83,7 +14,7 @@ HRESULT PlainPackage::setMaterial(IDispatch *given)
     return S_OK;
 }
 
-Record::Record(Input &input) : contents(PackageLists(input)), record(std::make_unique<OpenPackage>())
+Record::Record(Input &input) : package(input), record(std::make_unique<OpenPackage>())
 {
     package.query(InterfaceId<IDispatch>, reinterpret_cast<void **>(&record->package));
     FUZZ_CHECK(EnsureMaterial(*record));
@@ -100,7 +31,7 @@ Record::~Record()
 void Record::close()
 {
     record.reset();
-    contents.isClosed = true;
+    package.contents.isClosed = true;
 }
 
 } // namespace fuzz

@@ -2,33 +2,20 @@
 #pragma once
 
 #include "cape/com/com_pointer.h"
-#include "fuzz/model/material.h"
-#include "fuzz/support/package_object.h"
+#include "fuzz/material/package_lists.h"
 #include "packages/open_package.h"
 
 #include <memory>
 
 namespace fuzz {
 
-// Up to four compounds and phases, whose labels may be alike or empty, and weights that may be missing.
-model::Package PackageLists(Input &input);
-
-// The lists of a package as it gives them.
-VARIANT TextList(const std::vector<WideString> &texts);
-VARIANT NumberList(const std::vector<double> &numbers);
-
-class PlainPackage final : public PackageObject {
+class PlainPackage final : public ListingPackage {
 public:
-    explicit PlainPackage(const model::Package &contents) : package(contents) {}
+    using ListingPackage::ListingPackage;
 
-    HRESULT getCompoundList(VARIANT *(&lists)[6]) override;
-    HRESULT getPhaseList(VARIANT *(&lists)[3]) override;
     HRESULT setMaterial(IDispatch *given) override;
 
     ComPointer<IDispatch> material; // of SetMaterial
-
-private:
-    const model::Package &package;
 };
 
 // Opened when it is made. It is closed by its end or before; the material lives as long as somebody holds it.
@@ -39,8 +26,7 @@ public:
 
     void close();
 
-    model::Package contents;
-    PlainPackage package{contents};
+    PlainPackage package;
     std::unique_ptr<OpenPackage> record; // null when closed
 };
 

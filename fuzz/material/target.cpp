@@ -21,9 +21,9 @@ public:
     {
         for (Record *record : records) {
             Client client;
-            client.package = &record->contents;
+            client.package = &record->package.contents;
             FUZZ_CHECK(client.material.queryFrom(record->package.material.get()) == S_OK);
-            client.expected = std::make_shared<model::Material>(record->contents);
+            client.expected = std::make_shared<model::Material>(record->package.contents);
             record->package.material.reset();
             clients.push_back(std::move(client));
         }

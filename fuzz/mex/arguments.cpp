@@ -12,8 +12,9 @@ mxArray *numericArray(Input &input)
                                      mxUINT8_CLASS, mxINT16_CLASS,  mxUINT16_CLASS,  mxUINT32_CLASS,
                                      mxINT64_CLASS, mxUINT64_CLASS, mxDOUBLE_CLASS};
     const mwSize dimensions[] = {input.below(4), input.below(4), 1 + input.below(2), 1 + input.below(2)};
-    mxArray *array = mxCreateNumericArray_730(2 + input.below(3), dimensions, input.pick(classes),
-                                              input.chance(32) ? mxCOMPLEX : mxREAL);
+    const mwSize count = 2 + input.below(3);
+    const mxClassID classId = input.pick(classes);
+    mxArray *array = mxCreateNumericArray_730(count, dimensions, classId, input.chance(32) ? mxCOMPLEX : mxREAL);
     if (void *data = mxGetData(array))
         *static_cast<std::uint8_t *>(data) = input.byte() & 1;
     return array;

@@ -3,7 +3,7 @@
 #include "cape/com/bstr.h"
 #include "cape/com/relay_interface.h"
 #include "fuzz/material/calculations.h"
-#include "fuzz/material/record.h"
+#include "fuzz/material/package_lists.h"
 #include "fuzz/mex/session.h"
 
 namespace fuzz {
@@ -16,26 +16,15 @@ HRESULT give(Input &input, HRESULT hr, ListAccount account, VARIANT *target)
     if (FAILED(hr) && input.chance(192))
         return hr;
     Spoil(input, account);
-    *target = ListArgument(std::move(account), LowerBound(input)).detach();
+    *target = ListArgument(FromAnyBound(input, std::move(account))).detach();
     return hr;
 }
 
-ListAccount textsAccount(const std::vector<WideString> &texts)
+template <std::size_t Count>
+void giveAll(Input &input, HRESULT hr, const std::array<ListAccount, Count> &accounts, VARIANT *(&lists)[Count])
 {
-    ListAccount account;
-    account.type = VT_ARRAY | VT_BSTR;
-    account.elementType = VT_BSTR;
-    account.texts.assign(texts.begin(), texts.end());
-    return account;
-}
-
-ListAccount numbersAccount(const std::vector<double> &numbers)
-{
-    ListAccount account;
-    account.type = VT_ARRAY | VT_R8;
-    account.elementType = VT_R8;
-    account.numbers = numbers;
-    return account;
+    for (std::size_t i = 0; i < Count; ++i)
+        give(input, hr, accounts[i], lists[i]);
 }
 
 VARIANT anyVariant(Input &input)
@@ -95,7 +84,7 @@ HRESULT refuseInterface(Input &input, void **object)
 
 } // namespace
 
-AnyPackage::AnyPackage(Session &itsSession) : session(itsSession), contents(PackageLists(itsSession.input))
+AnyPackage::AnyPackage(Session &itsSession) : session(itsSession), contents(AnyContents(itsSession.input))
 {
     client.package = &contents;
     session.latest = &contents;
@@ -113,27 +102,21 @@ HRESULT AnyPackage::getCompoundList(VARIANT *(&lists)[6])
     const HRESULT hr = session.enter("GetCompoundList", this);
     if (FAILED(hr)) // what comes with a failure is not looked at, and not freed
         return hr;
-    for (std::size_t i = 0; i < 6; ++i) {
-        const bool isNumbers = i == 3 || i == 4;
-        give(session.input, hr, isNumbers ? numbersAccount(contents.weights) : textsAccount(contents.compounds),
-             lists[i]);
-    }
+    giveAll(session.input, hr, CompoundLists(contents), lists);
     return hr;
 }
 
 HRESULT AnyPackage::getPhaseList(VARIANT *(&lists)[3])
 {
     const HRESULT hr = session.enter("GetPhaseList", this);
-    give(session.input, hr, textsAccount(contents.labels), lists[0]);
-    give(session.input, hr, textsAccount(contents.states), lists[1]);
-    give(session.input, hr, textsAccount(contents.compounds), lists[2]);
+    giveAll(session.input, hr, PhaseLists(contents), lists);
     return hr;
 }
 
 HRESULT AnyPackage::getPropertyList(const char *method, VARIANT *list)
 {
     const HRESULT hr = session.enter(method, this);
-    ListAccount words = textsAccount({});
+    ListAccount words = TextList({});
     for (unsigned i = session.input.below(5); i > 0; --i)
         words.texts.push_back(PropertyText(session.input));
     return give(session.input, hr, std::move(words), list);
@@ -241,7 +224,7 @@ struct PackageList : ManagerFacet<ICapeThermoPropertyPackageManager> {
     using ManagerFacet::ManagerFacet;
     HRESULT GetPropertyPackageList(VARIANT *names) override
     {
-        return give(session.input, session.enter("GetPropertyPackageList"), textsAccount({u"First", u"Second"}), names);
+        return give(session.input, session.enter("GetPropertyPackageList"), TextList({u"First", u"Second"}), names);
     }
     HRESULT GetPropertyPackage(BSTR, IDispatch **package) override
     {

@@ -40,7 +40,7 @@ WideString walkPhases(const Numbers &weights, const std::vector<Phase> &phases, 
             return u"One or more missing compositions in basis conversion";
         Numbers fractions = phase.composition;
         if (phase.compositionPerMass)
-            if (WideString reason = FractionsToMole(weights, phase.composition, fractions); !reason.empty())
+            if (WideString reason = ConvertFractions(weights, false, phase.composition, fractions); !reason.empty())
                 return reason;
         for (std::size_t i = 0; i < weights.size(); ++i)
             means[j] += fractions[i] * weights[i];
@@ -60,61 +60,32 @@ bool IsMissing(double value) { return std::isnan(value) || value == std::numeric
 
 bool AnyMissing(const Numbers &values) { return std::any_of(values.begin(), values.end(), IsMissing); }
 
-WideString FractionsToMole(const Numbers &weights, const Numbers &source, Numbers &target)
+WideString ConvertFractions(const Numbers &weights, bool toMass, const Numbers &source, Numbers &target)
 {
     if (AnyMissing(weights))
         return missingWeights;
     Numbers fractions;
     for (std::size_t i = 0; i < weights.size(); ++i)
-        fractions.push_back(source[i] / weights[i]);
+        fractions.push_back(toMass ? source[i] * weights[i] : source[i] / weights[i]);
     WideString reason = normalized(fractions);
     if (reason.empty())
         target = fractions;
     return reason;
 }
 
-WideString FractionsToMass(const Numbers &weights, const Numbers &source, Numbers &target)
-{
-    if (AnyMissing(weights))
-        return missingWeights;
-    Numbers fractions;
-    for (std::size_t i = 0; i < weights.size(); ++i)
-        fractions.push_back(source[i] * weights[i]);
-    WideString reason = normalized(fractions);
-    if (reason.empty())
-        target = fractions;
-    return reason;
-}
-
-WideString PhaseFractionToMole(const Numbers &weights, const std::vector<Phase> &phases, std::size_t phase,
-                               double &fraction)
+WideString ConvertPhaseFraction(const Numbers &weights, const std::vector<Phase> &phases, bool toMass,
+                                std::size_t phase, double &fraction)
 {
     Numbers means;
-    if (WideString reason = walkPhases(weights, phases, true, means); !reason.empty())
+    if (WideString reason = walkPhases(weights, phases, !toMass, means); !reason.empty())
         return reason;
     double total = 0;
     for (std::size_t j = 0; j < phases.size(); ++j)
         if (phases[j].isPresent)
-            total += phases[j].fraction / means[j];
+            total += toMass ? phases[j].fraction * means[j] : phases[j].fraction / means[j];
     if (!(total > 0))
         return u"Zero or negative total total phase fraction in basis conversion";
-    fraction = fraction / means[phase] / total;
-    return {};
-}
-
-WideString PhaseFractionToMass(const Numbers &weights, const std::vector<Phase> &phases, std::size_t phase,
-                               double &fraction)
-{
-    Numbers means;
-    if (WideString reason = walkPhases(weights, phases, false, means); !reason.empty())
-        return reason;
-    double total = 0;
-    for (std::size_t j = 0; j < phases.size(); ++j)
-        if (phases[j].isPresent)
-            total += phases[j].fraction * means[j];
-    if (!(total > 0))
-        return u"Zero or negative total total phase fraction in basis conversion";
-    fraction = fraction * means[phase] / total;
+    fraction = (toMass ? fraction * means[phase] : fraction / means[phase]) / total;
     return {};
 }
 
@@ -125,7 +96,7 @@ WideString ConvertValues(const Numbers &weights, const Numbers &composition, boo
         return u"One or more missing composition values in basis conversion";
     Numbers fractions = composition;
     if (compositionPerMass)
-        if (WideString reason = FractionsToMole(weights, composition, fractions); !reason.empty())
+        if (WideString reason = ConvertFractions(weights, false, composition, fractions); !reason.empty())
             return reason;
     if (AnyMissing(weights))
         return missingWeights;

@@ -21,14 +21,12 @@ struct Phase {
     bool isPresent = false;
 };
 
-WideString FractionsToMole(const Numbers &weights, const Numbers &source, Numbers &target);
-WideString FractionsToMass(const Numbers &weights, const Numbers &source, Numbers &target);
+// Fractions per mole to fractions per mass, or back.
+WideString ConvertFractions(const Numbers &weights, bool toMass, const Numbers &source, Numbers &target);
 
-// The fraction of the phase in the other basis than the one it is said to be in.
-WideString PhaseFractionToMole(const Numbers &weights, const std::vector<Phase> &phases, std::size_t phase,
-                               double &fraction);
-WideString PhaseFractionToMass(const Numbers &weights, const std::vector<Phase> &phases, std::size_t phase,
-                               double &fraction);
+// The fraction of a phase, as those of all phases are in the other basis.
+WideString ConvertPhaseFraction(const Numbers &weights, const std::vector<Phase> &phases, bool toMass,
+                                std::size_t phase, double &fraction);
 
 // Values per mole to values per mass for the power of the property, and back for its negative. `base` is the value of
 // the property that mole fraction derivatives belong to, else 0.

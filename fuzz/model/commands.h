@@ -67,8 +67,9 @@ private:
     bool cutNames();
     bool readColumn(const Matrix &argument, std::size_t columns, LPCWSTR wrongColumns, LPCWSTR notDouble,
                     LPCWSTR noRows);
+    bool combine(const Matrix &argument, LPCWSTR inconsistent); // as many rows as the others, or one
     bool readMixture(bool twoPhases);
-    bool shape(const Property &property, std::size_t &rows, std::size_t &columns);
+    bool addProperty(Kind kind, const WideString &name);
 
     void startSinglePhase();
     void startTwoPhase();

@@ -32,6 +32,8 @@ struct ErrorWords {
 struct Answer {
     HRESULT result = S_OK;
     Numbers values = {};
+
+    bool isRefused() const { return result != S_OK; }
 };
 
 class Material {
@@ -74,21 +76,38 @@ public:
     ErrorWords words;
 
 private:
-    void forget();
-
     enum class Basis { none, mass, mole };
 
     struct Place; // what is read or written, and how refusals name the method
+    struct Slot;  // where the values of two phases are kept
 
-    Answer readReserved(const Place &place, Basis basis, const WideString &lowerName);
-    Answer readStored(const Place &place, Basis basis, const MaybeText &property);
+    void forget();
+
+    // How methods begin; a refusal ends them.
+    Answer begin(Place &place, const MaybeText &basis);
+    Answer beginPhase(Place &place, const MaybeText &label, const MaybeText &basis);
+    Answer beginPresentPhase(Place &place, const MaybeText &label, const MaybeText &basis);
+    Answer beginReserved(const Place &place, const WideString &lowerName);
+    Answer beginTwoPhase(LPCWSTR scope, const MaybeText &property, const ListAccount &labels, Slot &slot);
+
+    Answer read(const Place &place, const MaybeText &property);
+    Answer readReserved(const Place &place, const WideString &lowerName);
+    Answer readStored(const Place &place, const MaybeText &property);
     Answer readFractions(const Place &place, bool perMass);
+    Answer readPhaseFraction(const Place &place);
     Answer readConditions(const Place &place, LPCWSTR conditionScope);
-    Answer writeReserved(const Place &place, Basis basis, const WideString &lowerName, const Numbers &values);
-    Answer writeStored(const Place &place, Basis basis, const MaybeText &property, const Numbers &values);
-    Answer write(const Place &place, Basis basis, const MaybeText &property, const ListAccount &values);
-    bool takeBasis(const Place &place, const MaybeText &text, Basis &basis, Answer &refusal);
-    bool takePair(const Place &place, const ListAccount &labels, int (&pair)[2], WideString &second, Answer &refusal);
+    Answer write(const Place &place, const MaybeText &property, const ListAccount &list);
+    Answer writeReserved(const Place &place, const WideString &lowerName, const Numbers &values);
+    Answer writeFractions(const Place &place, const Numbers &values);
+    Answer writePhaseFraction(const Place &place, const Numbers &values);
+    Answer writeScalar(const Place &place, const WideString &name, const Numbers &values, double &target);
+    Answer writeStored(const Place &place, const MaybeText &property, const Numbers &values);
+
+    // A refusal of a method that reads or writes values.
+    Answer no(LPCWSTR scope, LPCWSTR name, const WideString &description);
+
+    Phase &phaseAt(const Place &place);
+    Store &storeAt(const Place &place);
 };
 
 // The elements of a list, or the reason why it is none.

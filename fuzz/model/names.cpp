@@ -93,6 +93,14 @@ bool Same(const MaybeText &a, const MaybeText &b)
     return lstrcmpiW(a->c_str(), b->c_str()) == 0;
 }
 
+std::size_t Property::count(std::size_t compounds) const
+{
+    std::size_t values = 1;
+    for (int i = 0; i < dimensions; ++i)
+        values *= compounds;
+    return values;
+}
+
 WideString Parse(Kind kind, const MaybeText &name, Property &property)
 {
     static const Table singlePhase = tableOf(singlePhaseRows);

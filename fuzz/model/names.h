@@ -24,6 +24,7 @@ struct Property {
     {
         return derivative == Derivative::moles || derivative == Derivative::molFraction;
     }
+    std::size_t count(std::size_t compounds) const; // of its values, at one condition
 };
 
 enum class Kind { singlePhase, twoPhase };

@@ -150,8 +150,9 @@ void sameNumbersAlike(FuzzedDataProvider &input)
         temperatures(i) = input.ConsumeIntegralInRange(70, 120);
         pressures(i) = input.ConsumeIntegralInRange(1, 30000);
     }
-    const auto feed = octave::range<double>::make_n_element_range(input.ConsumeIntegralInRange(1, 100),
-                                                                  input.ConsumeIntegralInRange(1, 9), compoundCount);
+    const int first = input.ConsumeIntegralInRange(1, 100);
+    const int increment = input.ConsumeIntegralInRange(1, 9);
+    const auto feed = octave::range<double>::make_n_element_range(first, increment, compoundCount);
     const auto call = [&](const octave_value &amounts) {
         return callLibrary(listOf({22.0, 1.0, handle, "enthalpy", temperatures, pressures, amounts, "Vapor"}), 1);
     };

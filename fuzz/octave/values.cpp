@@ -45,8 +45,8 @@ template <class Array> Array complexNumbers(FuzzedDataProvider &input)
     using Element = typename Array::element_type;
     Array array(anyShape(input));
     for (octave_idx_type i = 0; i < array.numel(); ++i)
-        array(i) = Element(static_cast<typename Element::value_type>(AnyNumber(input)),
-                           static_cast<typename Element::value_type>(AnyNumber(input)));
+        array(i) = Element{static_cast<typename Element::value_type>(AnyNumber(input)),
+                           static_cast<typename Element::value_type>(AnyNumber(input))};
     return array;
 }
 
@@ -100,13 +100,17 @@ octave_value lazy(FuzzedDataProvider &input)
 {
     const auto n = input.ConsumeIntegralInRange<octave_idx_type>(0, 4);
     switch (input.ConsumeIntegralInRange(0, 5)) {
-    case 0:
-        return octave::range<double>(input.ConsumeIntegral<std::int8_t>(), input.ConsumeIntegral<std::int8_t>() / 4.0,
-                                     input.ConsumeIntegral<std::int8_t>());
-    case 1:
-        return DiagMatrix(n, input.ConsumeIntegralInRange<octave_idx_type>(0, 4), AnyNumber(input));
+    case 0: {
+        const double base = input.ConsumeIntegral<std::int8_t>();
+        const double increment = input.ConsumeIntegral<std::int8_t>() / 4.0;
+        return octave::range<double>(base, increment, input.ConsumeIntegral<std::int8_t>());
+    }
+    case 1: {
+        const auto columns = input.ConsumeIntegralInRange<octave_idx_type>(0, 4);
+        return DiagMatrix(n, columns, AnyNumber(input));
+    }
     case 2:
-        return ComplexDiagMatrix(n, n, Complex(AnyNumber(input), AnyNumber(input)));
+        return ComplexDiagMatrix(n, n, Complex{AnyNumber(input), AnyNumber(input)});
     case 3:
         return FloatDiagMatrix(n, n, static_cast<float>(AnyNumber(input)));
     case 4:

@@ -15,8 +15,8 @@ HRESULT Session::calculatePhase()
 {
     Variant names;
     *names.out() = AnyPropertyList(input);
-    const OwnText label(NewTextOrNull(input, AnyLabel(input)));
-    return properties->CalcSinglePhaseProp(names.get(), label);
+    const Bstr label = TextOrNull(input, AnyLabel(input));
+    return properties->CalcSinglePhaseProp(names.get(), label.get());
 }
 
 HRESULT Session::calculateTwoPhases()
@@ -34,11 +34,11 @@ HRESULT Session::calculateEquilibrium()
     Variant second;
     *first.out() = AnySpecification(input);
     *second.out() = AnySpecification(input);
-    const OwnText type(NewTextOrNull(input, AnySolutionType(input)));
+    const Bstr type = TextOrNull(input, AnySolutionType(input));
     const int before = calls;
     for (Material &material : materials)
         material.phases.clear();
-    const HRESULT result = equilibrium->CalcEquilibrium(first.get(), second.get(), type);
+    const HRESULT result = equilibrium->CalcEquilibrium(first.get(), second.get(), type.get());
     if (result == S_OK && before == calls) // nothing else was written in between
         for (const Material &material : materials)
             CheckEquilibrium(material);
@@ -56,20 +56,20 @@ HRESULT Session::checkSpecifications()
         Variant second;
         *first.out() = AnySpecification(input);
         *second.out() = AnySpecification(input);
-        const OwnText type(NewTextOrNull(input, AnySolutionType(input)));
-        result = equilibrium->CheckEquilibriumSpec(first.get(), second.get(), type, out);
+        const Bstr type = TextOrNull(input, AnySolutionType(input));
+        result = equilibrium->CheckEquilibriumSpec(first.get(), second.get(), type.get(), out);
         break;
     }
     case 1: {
-        const OwnText name(NewTextOrNull(input, AnyPropertyName(input)));
-        const OwnText label(NewTextOrNull(input, AnyLabel(input)));
-        result = properties->CheckSinglePhasePropSpec(name, label, out);
+        const Bstr name = TextOrNull(input, AnyPropertyName(input));
+        const Bstr label = TextOrNull(input, AnyLabel(input));
+        result = properties->CheckSinglePhasePropSpec(name.get(), label.get(), out);
         break;
     }
     default: {
-        const OwnText name(NewTextOrNull(input, AnyPropertyName(input)));
+        const Bstr name = TextOrNull(input, AnyPropertyName(input));
         *first.out() = AnyLabelPair(input);
-        result = properties->CheckTwoPhasePropSpec(name, first.get(), out);
+        result = properties->CheckTwoPhasePropSpec(name.get(), first.get(), out);
         break;
     }
     }
@@ -88,13 +88,13 @@ HRESULT Session::fugacityCoefficients()
         std::generate(numbers.begin(), numbers.end(), [&] { return AnyAmount(input); });
         *amounts.out() = NewNumbers(input, numbers);
     }
-    const OwnText label(NewTextOrNull(input, AnyLabel(input)));
+    const Bstr label = TextOrNull(input, AnyLabel(input));
     const INT flags = Seldom(input) ? input.ConsumeIntegral<INT>() : input.ConsumeIntegralInRange<INT>(0, 15);
     const OutArguments<4> results(input, HeldBefore::anything);
     const double t = AnyTemperature(input);
     const double p = AnyPressure(input);
-    const HRESULT result =
-        properties->CalcAndGetLnPhi(label, t, p, amounts.get(), flags, results[0], results[1], results[2], results[3]);
+    const HRESULT result = properties->CalcAndGetLnPhi(label.get(), t, p, amounts.get(), flags, results[0], results[1],
+                                                       results[2], results[3]);
     if (result == S_OK)
         for (std::size_t i = 0; i < 4; ++i)
             if (results[i] && (flags & 1 << i))

@@ -12,6 +12,31 @@ namespace fuzz {
 
 namespace {
 
+// The members of the interfaces that some kinds of errors have.
+void CheckMembers(IUnknown &object, HRESULT result)
+{
+    ComPointer<ECapeBadArgument> argument;
+    ComPointer<ECapeBoundaries> boundaries;
+    ComPointer<ECapeBadInvOrder> order;
+    FUZZ_CHECK(argument.queryFrom(&object) == S_OK && boundaries.queryFrom(&object) == S_OK &&
+               order.queryFrom(&object) == S_OK);
+    const bool isOutside = result == errors::outOfBounds.result;
+    SHORT position = -1;
+    FUZZ_CHECK(argument->get_position(&position) == S_OK);
+    FUZZ_CHECK((position > 0) == (isOutside || result == errors::invalidArgument.result));
+    double lower = 0.0;
+    double upper = 0.0;
+    double value = 0.0;
+    FUZZ_CHECK(boundaries->get_LowerBound(&lower) == S_OK && boundaries->get_UpperBound(&upper) == S_OK &&
+               boundaries->get_value(&value) == S_OK);
+    FUZZ_CHECK(isOutside ? value < lower || value > upper
+                         : std::isnan(lower) && std::isnan(upper) && std::isnan(value));
+    BSTR operation = nullptr;
+    FUZZ_CHECK(order->get_requestedOperation(&operation) == S_OK);
+    FUZZ_CHECK((SysStringLen(operation) > 0) == (result == errors::badInvocationOrder.result));
+    SysFreeString(operation);
+}
+
 bool isNear(double a, double b, double tolerance) { return std::fabs(a - b) <= tolerance; }
 
 } // namespace
@@ -28,7 +53,7 @@ void CheckFailure(IUnknown &object, HRESULT result)
     LONG code = 0;
     FUZZ_CHECK(user->get_code(&code) == S_OK && code == result);
     for (const auto get : {&ECapeUser::get_description, &ECapeUser::get_scope, &ECapeUser::get_interfaceName,
-                           &ECapeUser::get_operation}) {
+                           &ECapeUser::get_operation, &ECapeUser::get_moreInfo}) {
         BSTR text = nullptr;
         FUZZ_CHECK((user.get()->*get)(&text) == S_OK);
         FUZZ_CHECK(SysStringLen(text) > 0);
@@ -37,6 +62,7 @@ void CheckFailure(IUnknown &object, HRESULT result)
     BSTR name = nullptr;
     FUZZ_CHECK(root->get_name(&name) == S_OK && SysStringLen(name) > 0);
     SysFreeString(name);
+    CheckMembers(object, result);
 }
 
 void CheckEquilibrium(const Material &material)

@@ -55,15 +55,15 @@ HRESULT Session::ofPhases()
     case 0:
         return phases->GetPhaseList(target[0], target[1], target[2]);
     case 1: {
-        const OwnText label(NewTextOrNull(input, AnyLabel(input)));
-        const OwnText attribute(
-            NewTextOrNull(input, AnyWord(input, {"StateOfAggregation", "UserDescription", "KeyCompoundId",
-                                                 "ExcludedCompoundId", "DensityDescription", "TypeOfSolid"})));
-        return phases->GetPhaseInfo(label, attribute, target[0]);
+        const Bstr label = TextOrNull(input, AnyLabel(input));
+        const Bstr attribute =
+            TextOrNull(input, AnyWord(input, {"StateOfAggregation", "UserDescription", "KeyCompoundId",
+                                              "ExcludedCompoundId", "DensityDescription", "TypeOfSolid"}));
+        return phases->GetPhaseInfo(label.get(), attribute.get(), target[0]);
     }
     case 2: {
-        const OwnText id(NewTextOrNull(input, AnyWord(input, {"molarGasConstant", "avogadroConstant", "none"})));
-        return constants->GetUniversalConstant(id, target[0]);
+        const Bstr id = TextOrNull(input, AnyWord(input, {"molarGasConstant", "avogadroConstant", "none"}));
+        return constants->GetUniversalConstant(id.get(), target[0]);
     }
     default:
         return phases->GetNumPhases(Seldom(input) ? nullptr : &count);
@@ -83,9 +83,9 @@ HRESULT Session::common()
         result = identification->get_ComponentDescription(target);
         break;
     case 2:
-        return identification->put_ComponentName(OwnText(NewTextOrNull(input, AnyText(input, 20))));
+        return identification->put_ComponentName(TextOrNull(input, AnyText(input, 20)).get());
     case 3:
-        return identification->put_ComponentDescription(OwnText(NewTextOrNull(input, AnyText(input, 20))));
+        return identification->put_ComponentDescription(TextOrNull(input, AnyText(input, 20)).get());
     case 4: {
         IDispatch *parameters = nullptr;
         result = utilities->get_parameters(&parameters);

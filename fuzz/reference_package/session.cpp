@@ -23,15 +23,15 @@ Session::Session(FuzzedDataProvider &data)
 {
     auto *manager = new PackageManager(classTable()[0].description);
     const auto which = input.ConsumeIntegralInRange<std::size_t>(0, packageTable().size() - 1);
-    const OwnText name(NewText(Wide(packageTable()[which].name)));
+    const Bstr name(packageTable()[which].name);
     ComPointer<IDispatch> made;
-    FUZZ_CHECK(manager->GetPropertyPackage(name, made.out()) == S_OK);
+    FUZZ_CHECK(manager->GetPropertyPackage(name.get(), made.out()) == S_OK);
     Variant names;
     FUZZ_CHECK(manager->GetPropertyPackageList(names.out()) == S_OK);
     FUZZ_CHECK(LengthOf(names.get(), VT_BSTR) == static_cast<int>(packageTable().size()));
-    const OwnText odd(NewTextOrNull(input, AnyText(input, 10)));
+    const Bstr odd = TextOrNull(input, AnyText(input, 10));
     ComPointer<IDispatch> other;
-    if (const HRESULT result = manager->GetPropertyPackage(odd, other.out()); FAILED(result))
+    if (const HRESULT result = manager->GetPropertyPackage(odd.get(), other.out()); FAILED(result))
         CheckFailure(*static_cast<ICapeIdentification *>(manager), result);
     FUZZ_CHECK(manager->Release() == 0);
     context.queryFrom(made.get());

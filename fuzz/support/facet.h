@@ -5,6 +5,7 @@
 #include "cape/com/cape_open.h"
 #include "fuzz/input.h"
 #include "platform/platform.h"
+#include "tests/support/without_names.h"
 
 namespace fuzz {
 
@@ -33,7 +34,7 @@ private:
     long held = 0;
 };
 
-// One interface of a component; nobody calls these objects by name.
+// IUnknown of one interface of a component.
 template <class Interface> class UnknownFacet : public Interface {
 public:
     explicit UnknownFacet(Component &component) : owner(component) {}
@@ -46,17 +47,10 @@ private:
     Component &owner;
 };
 
-template <class Interface> class Facet : public UnknownFacet<Interface> {
+// The same of an interface that can be called by name.
+template <class Interface> class Facet : public UnknownFacet<WithoutNames<Interface>> {
 public:
-    using UnknownFacet<Interface>::UnknownFacet;
-
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT *) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo **) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR *, UINT, LCID, DISPID *) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS *, VARIANT *, EXCEPINFO *, UINT *) override
-    {
-        return E_NOTIMPL;
-    }
+    using UnknownFacet<WithoutNames<Interface>>::UnknownFacet;
 };
 
 } // namespace fuzz

@@ -1,5 +1,8 @@
 #include "fuzz/support/list_argument.h"
 
+#include "cape/com/bstr.h"
+#include "fuzz/input.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -29,7 +32,7 @@ void fillTexts(SAFEARRAY *array, const std::vector<MaybeText> &texts)
 
 } // namespace
 
-ListArgument::ListArgument(ListAccount contents, LONG lowerBound) : account(std::move(contents)), value()
+ListArgument::ListArgument(ListAccount contents) : account(std::move(contents)), value()
 {
     value.vt = account.type;
     if (!isArray(account.type) || account.isNull)
@@ -38,7 +41,7 @@ ListArgument::ListArgument(ListAccount contents, LONG lowerBound) : account(std:
     const std::size_t count = isTexts ? account.texts.size() : account.numbers.size();
     SAFEARRAYBOUND bounds[4] = {};
     for (SAFEARRAYBOUND &bound : bounds)
-        bound = {2, lowerBound};
+        bound = {2, account.lowerBound};
     bounds[0].cElements = static_cast<ULONG>(count);
     array = SafeArrayCreate(account.elementType, account.dimensions, bounds);
     if (array && account.dimensions == 1 && account.elementType == VT_R8)
@@ -65,10 +68,12 @@ VARIANT ListArgument::detach()
     return given;
 }
 
-LONG LowerBound(Input &input)
+LONG LowerBound(Input &input) { return input.chance(24) ? input.pick(lowerBounds) : 0; }
+
+ListAccount FromAnyBound(Input &input, ListAccount account)
 {
-    constexpr LONG bounds[] = {0, 1, -1, 42, -0x7FFFFFFF - 1, 0x7FFFFFF0};
-    return input.chance(24) ? input.pick(bounds) : 0;
+    account.lowerBound = LowerBound(input);
+    return account;
 }
 
 void Spoil(Input &input, ListAccount &account)
@@ -104,11 +109,27 @@ void Spoil(Input &input, ListAccount &account)
     }
 }
 
-ListAccount NumbersAccount(Input &input, const std::vector<std::size_t> &counts)
+ListAccount NumberList(std::vector<double> numbers)
 {
     ListAccount account;
     account.type = VT_ARRAY | VT_R8;
     account.elementType = VT_R8;
+    account.numbers = std::move(numbers);
+    return account;
+}
+
+ListAccount TextList(const std::vector<WideString> &texts)
+{
+    ListAccount account;
+    account.type = VT_ARRAY | VT_BSTR;
+    account.elementType = VT_BSTR;
+    account.texts.assign(texts.begin(), texts.end());
+    return account;
+}
+
+ListAccount NumbersAccount(Input &input, const std::vector<std::size_t> &counts)
+{
+    ListAccount account = NumberList({});
     const unsigned choice = input.byte();
     const std::size_t count = choice < 240 ? counts[choice % counts.size()] : choice - 240;
     for (std::size_t i = 0; i < count; ++i)
@@ -119,14 +140,24 @@ ListAccount NumbersAccount(Input &input, const std::vector<std::size_t> &counts)
 
 ListAccount LabelsAccount(Input &input, const std::vector<WideString> &known, std::size_t usualCount)
 {
-    ListAccount account;
-    account.type = VT_ARRAY | VT_BSTR;
-    account.elementType = VT_BSTR;
+    ListAccount account = TextList({});
     const std::size_t count = input.chance(16) ? input.below(4) : usualCount;
     for (std::size_t i = 0; i < count; ++i)
         account.texts.push_back(LabelText(input, known));
     Spoil(input, account);
     return account;
+}
+
+std::vector<WideString> TextsOf(const VARIANT &list)
+{
+    std::vector<WideString> texts;
+    if (list.vt == VT_EMPTY)
+        return texts;
+    FUZZ_CHECK(list.vt == (VT_ARRAY | VT_BSTR) && list.parray && list.parray->cDims == 1);
+    const BSTR *elements = static_cast<const BSTR *>(list.parray->pvData);
+    for (ULONG i = 0; i < list.parray->rgsabound[0].cElements; ++i)
+        texts.push_back(TextOf(elements[i]));
+    return texts;
 }
 
 ListAccount AnyAccount(Input &input)

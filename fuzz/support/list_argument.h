@@ -14,6 +14,7 @@ struct ListAccount {
     VARTYPE elementType = VT_EMPTY; // of the array, whatever the VARIANT says
     bool isNull = false;            // an array is said to be there and is not
     UINT dimensions = 1;
+    LONG lowerBound = 0; // of each dimension
     std::vector<double> numbers;
     std::vector<MaybeText> texts;
 };
@@ -21,7 +22,7 @@ struct ListAccount {
 // Owner of such a VARIANT. The one who gets it may look at it and must leave it alone.
 class ListArgument {
 public:
-    explicit ListArgument(ListAccount contents, LONG lowerBound = 0);
+    explicit ListArgument(ListAccount contents);
     ~ListArgument();
     ListArgument(const ListArgument &) = delete;
     ListArgument &operator=(const ListArgument &) = delete;
@@ -36,7 +37,13 @@ private:
     SAFEARRAY *array = nullptr;
 };
 
+// Where an array begins, as the input says: most often at 0.
 LONG LowerBound(Input &input);
+ListAccount FromAnyBound(Input &input, ListAccount account);
+
+// Good lists.
+ListAccount NumberList(std::vector<double> numbers);
+ListAccount TextList(const std::vector<WideString> &texts);
 
 // Numbers in one of the shapes of `counts`, or of another length; or no list of numbers at all.
 ListAccount NumbersAccount(Input &input, const std::vector<std::size_t> &counts);
@@ -46,6 +53,9 @@ ListAccount LabelsAccount(Input &input, const std::vector<WideString> &known, st
 
 // Makes a good list something else, if the input says so.
 void Spoil(Input &input, ListAccount &account);
+
+// The texts of a list that the system hands over.
+std::vector<WideString> TextsOf(const VARIANT &list);
 
 // Whatever a careless package may leave in an out-parameter or pass for a list.
 ListAccount AnyAccount(Input &input);

@@ -122,8 +122,10 @@ WideString Altered(Input &input, WideString text)
         return text;
     case 5:
         return text + input.pick(oddCharacters);
-    case 6:
-        return text.insert(input.below(text.size() + 1), 1, input.pick(oddCharacters));
+    case 6: {
+        const std::size_t at = input.below(text.size() + 1);
+        return text.insert(at, 1, input.pick(oddCharacters));
+    }
     case 7:
         return text + WideString(1, 0) + u"more";
     case 8:

@@ -2,9 +2,9 @@
 
 namespace seam {
 
-FaultPoint allocations;
-FaultPoint registryCalls;
-FaultPoint comCalls;
+NthCall allocations;
+NthCall registryCalls;
+NthCall comCalls;
 HRESULT comFailure = E_OUTOFMEMORY;
 int registryOpens = 0;
 int openRegistryKeys = 0;

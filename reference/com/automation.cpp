@@ -1,6 +1,7 @@
 #include "reference/com/automation.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace reference {
 
@@ -66,6 +67,22 @@ WideString quoted(BSTR text)
     if (text)
         result.append(text, SysStringLen(text));
     return result += '"';
+}
+
+WideString hexadecimal(HRESULT result)
+{
+    WideString digits = OLESTR("0x");
+    for (int shift = 28; shift >= 0; shift -= 4)
+        digits += OLESTR("0123456789ABCDEF")[(static_cast<std::uint32_t>(result) >> shift) & 0xF];
+    return digits;
+}
+
+HRESULT giveText(std::basic_string_view<OLECHAR> text, BSTR *result)
+{
+    if (!result)
+        return E_POINTER;
+    *result = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
+    return *result ? S_OK : E_OUTOFMEMORY;
 }
 
 } // namespace reference

@@ -88,4 +88,10 @@ WideString wide(std::string_view ascii);
 // The text in quotes, for a message; a null one is empty.
 WideString quoted(BSTR text);
 
+// A result code as it is usually written: 0x80004005.
+WideString hexadecimal(HRESULT result);
+
+// Gives a copy of the text to a caller; refuses a null pointer.
+HRESULT giveText(std::basic_string_view<OLECHAR> text, BSTR *result);
+
 } // namespace reference

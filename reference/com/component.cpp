@@ -9,23 +9,7 @@ namespace reference {
 
 namespace {
 
-HRESULT giveText(const WideString &text, BSTR *result)
-{
-    if (!result)
-        return E_POINTER;
-    *result = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
-    return *result ? S_OK : E_OUTOFMEMORY;
-}
-
 void setText(BSTR text, WideString &target) { target.assign(text ? text : OLESTR(""), SysStringLen(text)); }
-
-WideString hexadecimal(HRESULT result)
-{
-    WideString digits = OLESTR("0x");
-    for (int shift = 28; shift >= 0; shift -= 4)
-        digits += OLESTR("0123456789ABCDEF")[(static_cast<std::uint32_t>(result) >> shift) & 0xF];
-    return digits;
-}
 
 } // namespace
 
@@ -48,15 +32,11 @@ HRESULT STDMETHODCALLTYPE Component::QueryInterface(REFIID iid, void **object)
         *object = static_cast<ICapeIdentification *>(this);
     else if (iid == InterfaceId<ICapeUtilities>)
         *object = static_cast<ICapeUtilities *>(this);
-    else if (iid == InterfaceId<ECapeRoot>)
-        *object = static_cast<ECapeRoot *>(this);
-    else if (iid == InterfaceId<ECapeUser>)
-        *object = static_cast<ECapeUser *>(this);
-    else if (iid == InterfaceId<ECapeUnknown>)
-        *object = static_cast<ECapeUnknown *>(this);
     else if (iid == InterfaceId<IPersistStreamInit>)
         *object = static_cast<IPersistStreamInit *>(this);
     else
+        *object = findErrorInterface(iid);
+    if (!*object)
         *object = findInterface(iid);
     if (!*object)
         return E_NOINTERFACE;
@@ -117,34 +97,6 @@ HRESULT STDMETHODCALLTYPE Component::Edit()
         [&]() -> HRESULT { return call.refuse(errors::noImplementation, OLESTR("There is nothing to edit")); });
 }
 
-HRESULT STDMETHODCALLTYPE Component::get_name(BSTR *name) { return giveText(lastError.name, name); }
-
-HRESULT STDMETHODCALLTYPE Component::get_code(LONG *code)
-{
-    if (!code)
-        return E_POINTER;
-    *code = lastError.result;
-    return S_OK;
-}
-
-HRESULT STDMETHODCALLTYPE Component::get_description(BSTR *description)
-{
-    return giveText(lastDescription, description);
-}
-
-HRESULT STDMETHODCALLTYPE Component::get_scope(BSTR *scope)
-{
-    return GuardedCall([&]() -> HRESULT {
-        const WideString path =
-            *lastOperation ? WideString(OLESTR("VerdanthReference.")) + lastInterface : WideString();
-        return giveText(path, scope);
-    });
-}
-
-HRESULT STDMETHODCALLTYPE Component::get_interfaceName(BSTR *name) { return giveText(lastInterface, name); }
-HRESULT STDMETHODCALLTYPE Component::get_operation(BSTR *operation) { return giveText(lastOperation, operation); }
-HRESULT STDMETHODCALLTYPE Component::get_moreInfo(BSTR *information) { return giveText(WideString(), information); }
-
 HRESULT STDMETHODCALLTYPE Component::GetClassID(CLSID *result)
 {
     if (!result)
@@ -167,13 +119,30 @@ HRESULT STDMETHODCALLTYPE Component::GetSizeMax(ULARGE_INTEGER *size)
 
 HRESULT STDMETHODCALLTYPE Component::InitNew() { return S_OK; }
 
-HRESULT Component::Call::refuse(const ErrorKind &kind, WideString description) const
+HRESULT Component::Call::report(ErrorReport error) const
 {
-    component.lastError = kind;
-    component.lastDescription = std::move(description);
-    component.lastInterface = interfaceName;
-    component.lastOperation = operation;
-    return kind.result;
+    error.interfaceName = interfaceName;
+    error.operation = operation;
+    component.lastError = std::move(error);
+    return component.lastError.kind.result;
+}
+
+HRESULT Component::Call::refuse(const ErrorKind &kind, WideString description, int position) const
+{
+    return report({.kind = kind, .description = std::move(description), .position = position});
+}
+
+HRESULT Component::Call::refuseBounds(const Bounds &bounds, int position, WideString description) const
+{
+    return report(
+        {.kind = errors::outOfBounds, .description = std::move(description), .position = position, .bounds = bounds});
+}
+
+HRESULT Component::Call::refuseOrder(LPCWSTR requestedOperation, WideString description) const
+{
+    return report({.kind = errors::badInvocationOrder,
+                   .description = std::move(description),
+                   .requestedOperation = requestedOperation});
 }
 
 HRESULT Component::Call::refuseFor(const ErrorKind &kind, LPCWSTR what, IUnknown *called, HRESULT result) const
@@ -186,7 +155,7 @@ HRESULT Component::Call::refuseFor(const ErrorKind &kind, LPCWSTR what, IUnknown
         description.append(words.get(), SysStringLen(words.get()));
     else
         description += hexadecimal(result);
-    return refuse(kind, std::move(description));
+    return report({.kind = kind, .description = std::move(description), .ofOther = result});
 }
 
 } // namespace reference

@@ -4,7 +4,7 @@
 
 #include "cape/com/cape_open.h"
 #include "reference/com/automation.h"
-#include "reference/com/errors.h"
+#include "reference/com/error_interfaces.h"
 
 #include <atomic>
 
@@ -12,30 +12,6 @@ namespace reference {
 
 // Objects and locks that keep the library loaded.
 extern std::atomic<LONG> libraryUses;
-
-// The IDispatch part of an interface that is called through its vtable only.
-template <class Interface> class WithoutDispatch : public Interface {
-public:
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT *count) override
-    {
-        if (!count)
-            return E_POINTER;
-        *count = 0;
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo **information) override
-    {
-        if (!information)
-            return E_POINTER;
-        *information = nullptr;
-        return E_NOTIMPL;
-    }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR *, UINT, LCID, DISPID *) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS *, VARIANT *, EXCEPINFO *, UINT *) override
-    {
-        return E_NOTIMPL;
-    }
-};
 
 struct ComponentDescription {
     const CLSID *classId; // of the object itself, or of the manager that creates it
@@ -45,9 +21,7 @@ struct ComponentDescription {
 
 class Component : public WithoutDispatch<ICapeIdentification>,
                   public WithoutDispatch<ICapeUtilities>,
-                  public WithoutDispatch<ECapeRoot>,
-                  public WithoutDispatch<ECapeUser>,
-                  public WithoutDispatch<ECapeUnknown>,
+                  public ErrorInterfaces,
                   public IPersistStreamInit {
 public:
     // Starts with one reference, the creator's.
@@ -73,14 +47,6 @@ public:
     HRESULT STDMETHODCALLTYPE Terminate() override;
     HRESULT STDMETHODCALLTYPE Edit() override;
 
-    HRESULT STDMETHODCALLTYPE get_name(BSTR *name) override;
-    HRESULT STDMETHODCALLTYPE get_code(LONG *code) override;
-    HRESULT STDMETHODCALLTYPE get_description(BSTR *description) override;
-    HRESULT STDMETHODCALLTYPE get_scope(BSTR *scope) override;
-    HRESULT STDMETHODCALLTYPE get_interfaceName(BSTR *name) override;
-    HRESULT STDMETHODCALLTYPE get_operation(BSTR *operation) override;
-    HRESULT STDMETHODCALLTYPE get_moreInfo(BSTR *information) override;
-
     // Nothing has to be stored: InitNew and Load succeed, Save writes nothing.
     HRESULT STDMETHODCALLTYPE GetClassID(CLSID *classId) override;
     HRESULT STDMETHODCALLTYPE IsDirty() override;
@@ -95,12 +61,18 @@ public:
         LPCWSTR interfaceName;
         LPCWSTR operation;
 
-        // Remembers the error and returns its result code.
-        HRESULT refuse(const ErrorKind &kind, WideString description) const;
+        // Remember an error and return its result code; what is wrong with an argument has its position, counted
+        // from 1, and what comes in bad order the operation that has to be called, or to return, first.
+        HRESULT refuse(const ErrorKind &kind, WideString description, int position = noArgument) const;
+        HRESULT refuseBounds(const Bounds &bounds, int position, WideString description) const;
+        HRESULT refuseOrder(LPCWSTR requestedOperation, WideString description) const;
 
         // For a call to another object that failed: the description is `what` and that object's own
         // description.
         HRESULT refuseFor(const ErrorKind &kind, LPCWSTR what, IUnknown *called, HRESULT result) const;
+
+    private:
+        HRESULT report(ErrorReport error) const;
     };
 
 protected:
@@ -116,10 +88,6 @@ private:
     const CLSID &classId;
     WideString componentName;
     WideString componentDescription;
-    ErrorKind lastError{S_OK, OLESTR("")};
-    WideString lastDescription;
-    LPCWSTR lastInterface = OLESTR("");
-    LPCWSTR lastOperation = OLESTR("");
 };
 
 } // namespace reference

@@ -21,6 +21,8 @@ std::span<const CompoundConstant> compoundConstants();
 struct KnownRange {
     double lowest;
     double highest;
+
+    bool contains(double value) const { return value >= lowest && value <= highest; }
 };
 
 // A property of the pure compound that depends on one condition: the temperature (K), or the pressure

@@ -13,6 +13,7 @@ namespace {
 
 constexpr auto interfaceName = OLESTR("ICapeThermoCompounds");
 constexpr double notKnown = std::numeric_limits<double>::quiet_NaN();
+constexpr int conditionPosition = 2; // among the arguments
 
 // The rows of a table that an argument names.
 template <class Row> HRESULT readRows(const Component::Call &call, std::span<const Row> table, const VARIANT &argument,
@@ -20,7 +21,7 @@ template <class Row> HRESULT readRows(const Component::Call &call, std::span<con
 {
     TextView names;
     if (!names.open(argument) || names.size() == 0)
-        return call.refuse(errors::invalidArgument, OLESTR("The properties must be an array of one name or more"));
+        return call.refuse(errors::invalidArgument, OLESTR("The properties must be an array of one name or more"), 1);
     for (const BSTR name : names) {
         const auto row = std::ranges::find_if(table, [&](const Row &each) { return sameWord(name, each.name); });
         if (row == table.end())
@@ -56,22 +57,28 @@ HRESULT giveNames(const auto &table, VARIANT *properties)
 }
 
 // Refuses a call none of whose values is known; this property and compound are the first.
-HRESULT refuseUnknown(const Component::Call &call, const ConditionedProperties &table,
+HRESULT refuseUnknown(const Component::Call &call, const ConditionedProperties &table, double condition,
                       const ConditionedProperty &property, const CompoundData &compound)
 {
     const WideString what = wide(property.name) + OLESTR(" of ") + wide(compound.id);
     const KnownRange range = property.range(compound);
     if (std::isnan(range.lowest))
         return call.refuse(errors::propertyNotAvailable, OLESTR("There is no ") + what);
-    char ends[64];
-    std::snprintf(ends, sizeof ends, " from %.6g to %.6g ", range.lowest, range.highest);
-    return call.refuse(errors::outOfBounds, OLESTR("The ") + wide(table.condition) + OLESTR(" must be") + wide(ends) +
-                                                wide(table.unit) + OLESTR(" for ") + what);
+    char numbers[64];
+    if (range.contains(condition)) {
+        std::snprintf(numbers, sizeof numbers, " at %.6g ", condition);
+        return call.refuse(errors::propertyNotAvailable,
+                           OLESTR("There is no ") + what + wide(numbers) + wide(table.unit));
+    }
+    std::snprintf(numbers, sizeof numbers, " from %.6g to %.6g ", range.lowest, range.highest);
+    return call.refuseBounds({range.lowest, range.highest, condition, table.condition}, conditionPosition,
+                             OLESTR("The ") + wide(table.condition) + OLESTR(" must be") + wide(numbers) +
+                                 wide(table.unit) + OLESTR(" for ") + what);
 }
 
 } // namespace
 
-HRESULT PropertyPackage::readCompounds(const Call &call, const VARIANT &argument,
+HRESULT PropertyPackage::readCompounds(const Call &call, const VARIANT &argument, int position,
                                        std::vector<const CompoundData *> &chosen) const
 {
     if (argument.vt == VT_EMPTY) {
@@ -80,11 +87,12 @@ HRESULT PropertyPackage::readCompounds(const Call &call, const VARIANT &argument
     }
     TextView ids;
     if (!ids.open(argument) || ids.size() == 0)
-        return call.refuse(errors::invalidArgument, OLESTR("The compounds must be an array of ids, or empty for all"));
+        return call.refuse(errors::invalidArgument, OLESTR("The compounds must be an array of ids, or empty for all"),
+                           position);
     for (const BSTR id : ids) {
         const CompoundData *compound = findCompound(id, &CompoundData::id);
         if (!compound)
-            return call.refuse(errors::invalidArgument, OLESTR("There is no compound ") + quoted(id));
+            return call.refuse(errors::invalidArgument, OLESTR("There is no compound ") + quoted(id), position);
         chosen.push_back(compound);
     }
     return S_OK;
@@ -101,7 +109,7 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::GetCompoundConstant(VARIANT propertie
         std::vector<const CompoundData *> chosen;
         if (const HRESULT result = readRows(call, compoundConstants(), properties, constants); FAILED(result))
             return result;
-        if (const HRESULT result = readCompounds(call, compoundIds, chosen); FAILED(result))
+        if (const HRESULT result = readCompounds(call, compoundIds, 2, chosen); FAILED(result))
             return result;
 
         Value list;
@@ -168,14 +176,15 @@ HRESULT PropertyPackage::giveConditioned(const Call &call, const ConditionedProp
     std::vector<const CompoundData *> chosen;
     if (const HRESULT result = readRows(call, table.rows, properties, rows); FAILED(result))
         return result;
-    if (const HRESULT result = readCompounds(call, compoundIds, chosen); FAILED(result))
+    if (const HRESULT result = readCompounds(call, compoundIds, 3, chosen); FAILED(result))
         return result;
     if (std::isnan(condition))
-        return call.refuse(errors::invalidArgument,
-                           OLESTR("The ") + wide(table.condition) + OLESTR(" is not a number"));
+        return call.refuse(errors::invalidArgument, OLESTR("The ") + wide(table.condition) + OLESTR(" is not a number"),
+                           conditionPosition);
     if (!(condition > 0.0) || std::isinf(condition))
-        return call.refuse(errors::outOfBounds,
-                           OLESTR("The ") + wide(table.condition) + OLESTR(" must be a finite number above zero"));
+        return call.refuseBounds({smallestPositive, largestNumber, condition, table.condition}, conditionPosition,
+                                 OLESTR("The ") + wide(table.condition) +
+                                     OLESTR(" must be a finite number above zero"));
 
     Value list;
     double *number = list.makeNumbers(static_cast<int>(rows.size() * chosen.size()));
@@ -184,12 +193,11 @@ HRESULT PropertyPackage::giveConditioned(const Call &call, const ConditionedProp
     bool anyKnown = false;
     for (const ConditionedProperty *row : rows)
         for (const CompoundData *compound : chosen) {
-            const KnownRange range = row->range(*compound);
-            const bool inRange = condition >= range.lowest && condition <= range.highest;
-            *number = inRange ? row->value({*compound, equation}, condition) : notKnown;
+            *number =
+                row->range(*compound).contains(condition) ? row->value({*compound, equation}, condition) : notKnown;
             anyKnown |= !std::isnan(*number++);
         }
-    return anyKnown ? list.replace(values) : refuseUnknown(call, table, *rows[0], *chosen[0]);
+    return anyKnown ? list.replace(values) : refuseUnknown(call, table, condition, *rows[0], *chosen[0]);
 }
 
 HRESULT STDMETHODCALLTYPE PropertyPackage::GetPDependentProperty(VARIANT properties, double pressure,

@@ -6,7 +6,6 @@
 #include "reference/package/phase_table.h"
 #include "reference/package/property_package.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -17,12 +16,6 @@ namespace {
 constexpr auto interfaceName = OLESTR("ICapeThermoEquilibriumRoutine");
 constexpr double notSet = std::numeric_limits<double>::quiet_NaN();
 constexpr LONG atEquilibrium = 1; // CAPE_ATEQUILIBRIUM
-
-// The kind of error that a failed flash is reported as.
-const ErrorKind &kindOf(FlashStatus status)
-{
-    return status == FlashStatus::badValue ? errors::outOfBounds : errors::solvingError;
-}
 
 bool isGiven(const FlashInput (&inputs)[2], FlashVariable variable)
 {
@@ -53,13 +46,13 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcEquilibrium(VARIANT specification
     return GuardedCall([&]() -> HRESULT {
         if (const HRESULT result = needMaterial(call); FAILED(result))
             return result;
-        const Calculation calculation(*this);
+        const Calculation calculation(*this, call);
         FlashInput inputs[2];
         FlashRequest request{};
         if (FlashVerdict verdict = readFlashInputs(specification1, specification2, inputs); !verdict.isGood())
-            return call.refuse(*verdict.kind, std::move(verdict.description));
+            return call.refuse(*verdict.kind, std::move(verdict.description), verdict.position);
         if (FlashVerdict verdict = readSolutionType(solutionType, request.solution); !verdict.isGood())
-            return call.refuse(*verdict.kind, std::move(verdict.description));
+            return call.refuse(*verdict.kind, std::move(verdict.description), verdict.position);
         AllowedPhases allowed;
         if (const HRESULT result = readAllowedPhases(call, allowed); FAILED(result))
             return result;
@@ -69,7 +62,8 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcEquilibrium(VARIANT specification
         if (fractionGiven && (!allowsBoiling(request.phases) || (fraction->ofLiquid && !allowed.is[liquidPhase])))
             return call.refuse(errors::invalidArgument,
                                OLESTR("A flash can be given the fraction of a phase only where it may use that phase, "
-                                      "and vapor as well as liquid"));
+                                      "and vapor as well as liquid"),
+                               fraction == inputs ? 1 : 2);
         CompoundArray feed;
         if (const HRESULT result = readFlashConditions(call, inputs, request, feed); FAILED(result))
             return result;
@@ -79,7 +73,7 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcEquilibrium(VARIANT specification
         const std::span<const double> fractions(feed.data(), static_cast<std::size_t>(model.size));
         const FlashStatus status = flash(model, request, fractions, result, reason);
         if (status != FlashStatus::solved)
-            return call.refuse(kindOf(status), wide(reason.data()));
+            return refuseFlash(call, status, inputs, request, reason);
         if (fractionGiven && fraction->ofLiquid && result.liquid2Present)
             return call.refuse(
                 errors::solvingError,
@@ -117,13 +111,14 @@ HRESULT PropertyPackage::readFlashConditions(const Call &call, const FlashInput 
             if (const HRESULT result = readFlashValue(call, inputs[i], *targets[i]); FAILED(result))
                 return result;
     }
-    for (const FlashSpecification *target : targets) {
-        if (!isCondition(target->variable))
+    for (int i = 0; i < 2; ++i) {
+        const auto [variable, value] = *targets[i];
+        if (!isCondition(variable))
             continue;
-        if (const HRESULT result = checkCondition(call, target->variable, target->value); FAILED(result))
+        if (const HRESULT result = checkCondition(call, variable, value, {i + 1, true}); FAILED(result))
             return result;
     }
-    if (const HRESULT result = readComposition(call, composition.get(), feed); FAILED(result))
+    if (const HRESULT result = readComposition(call, composition.get(), {noArgument, true}, feed); FAILED(result))
         return result;
     for (int i = 0; i < 2; ++i)
         if (const HRESULT result = leaveOutFormation(call, inputs[i], feed, targets[i]->value); FAILED(result))
@@ -173,8 +168,8 @@ HRESULT PropertyPackage::readFlashValue(const Call &call, const FlashInput &inpu
                               material.get(), read);
     NumberView numbers;
     if (!numbers.open(value.get()) || numbers.size() != 1 || std::isnan(numbers[0]))
-        return call.refuse(errors::invalidArgument, OLESTR("The ") + wide(input.property->name) +
-                                                        OLESTR(" that the flash is given is not a number"));
+        return call.refuse(errors::failedInitialization, OLESTR("The ") + wide(input.property->name) +
+                                                             OLESTR(" that the flash is given is not a number"));
     target = {input.variable, input.ofLiquid ? 1.0 - numbers[0] : numbers[0]};
     return S_OK;
 }
@@ -189,11 +184,11 @@ HRESULT PropertyPackage::readAllowedPhases(const Call &call, AllowedPhases &allo
                               material.get(), read);
     TextView names;
     if (!names.open(labels.get()) || names.size() == 0)
-        return call.refuse(errors::invalidArgument, OLESTR("The material lists no phase that the flash may use"));
+        return call.refuse(errors::failedInitialization, OLESTR("The material lists no phase that the flash may use"));
     for (const BSTR name : names) {
         const PhaseRow *phase = findPhase(name);
         if (!phase)
-            return call.refuse(errors::invalidArgument, OLESTR("There is no phase ") + quoted(name));
+            return call.refuse(errors::failedInitialization, OLESTR("There is no phase ") + quoted(name));
         allowed.is[phase->index] = true;
     }
     return S_OK;

@@ -25,20 +25,22 @@ constexpr FlashProperty properties[] = {
     {"helmholtzEnergy", FlashVariable::helmholtzEnergy, true, false},
 };
 
-FlashVerdict readPhaseFraction(BSTR basis, BSTR label, FlashInput &input)
+FlashVerdict readPhaseFraction(BSTR basis, BSTR label, int position, FlashInput &input)
 {
     const PhaseRow *phase = findPhase(label);
     if (!phase)
         return {&errors::invalidArgument,
-                OLESTR("A flash can be given the fraction of a phase of the package, and not of ") + quoted(label)};
+                OLESTR("A flash can be given the fraction of a phase of the package, and not of ") + quoted(label),
+                position};
     const bool byMass = sameWord(basis, "mass");
     if (!byMass && !sameWord(basis, "mole") && !sameWord(basis, ""))
         return {&errors::invalidArgument,
-                OLESTR("The basis of a phase fraction must be mole or mass, and not ") + quoted(basis)};
+                OLESTR("The basis of a phase fraction must be mole or mass, and not ") + quoted(basis), position};
     if (phase->index == liquid2Phase)
         return {
             &errors::limitedImplementation,
-            OLESTR("A flash can be given the fraction of the vapor or of the only liquid, and not of a second liquid")};
+            OLESTR("A flash can be given the fraction of the vapor or of the only liquid, and not of a second liquid"),
+            position};
     input.isPhaseFraction = true;
     input.ofLiquid = phase->index == liquidPhase;
     if (byMass)
@@ -46,21 +48,20 @@ FlashVerdict readPhaseFraction(BSTR basis, BSTR label, FlashInput &input)
     return {};
 }
 
-} // namespace
-
-FlashVerdict readFlashInput(const VARIANT &argument, FlashInput &input)
+FlashVerdict readFlashInput(const VARIANT &argument, int position, FlashInput &input)
 {
     TextView parts;
     if (!parts.open(argument) || parts.size() < 3 || parts.size() > 4)
         return {&errors::invalidArgument,
-                OLESTR("A flash specification must be an array of property, basis, phase and perhaps compound")};
+                OLESTR("A flash specification must be an array of property, basis, phase and perhaps compound"),
+                position};
     const auto found =
         std::ranges::find_if(properties, [&](const FlashProperty &each) { return sameWord(parts[0], each.name); });
     if (found == std::end(properties))
         return {&errors::limitedImplementation, OLESTR("A flash can't be given the property ") + quoted(parts[0])};
     input = {found, found->variable};
     if (isFraction(input.variable))
-        return readPhaseFraction(parts[1], parts[2], input);
+        return readPhaseFraction(parts[1], parts[2], position, input);
     if (!sameWord(parts[2], "Overall"))
         return {&errors::limitedImplementation, OLESTR("A flash can be given the ") + wide(found->name) +
                                                     OLESTR(" of the phase \"Overall\", and not of ") +
@@ -68,17 +69,21 @@ FlashVerdict readFlashInput(const VARIANT &argument, FlashInput &input)
     return {};
 }
 
+} // namespace
+
 FlashVerdict readFlashInputs(const VARIANT &first, const VARIANT &second, FlashInput (&inputs)[2])
 {
-    FlashVerdict verdict = readFlashInput(first, inputs[0]);
+    FlashVerdict verdict = readFlashInput(first, 1, inputs[0]);
     if (verdict.isGood())
-        verdict = readFlashInput(second, inputs[1]);
+        verdict = readFlashInput(second, 2, inputs[1]);
     if (!verdict.isGood())
         return verdict;
-    const bool same = inputs[0].variable == inputs[1].variable;
-    if (const char *reason = refusalOf(inputs[0].variable, inputs[1].variable))
-        return {same ? &errors::invalidArgument : &errors::limitedImplementation, wide(reason)};
-    return {};
+    const char *reason = refusalOf(inputs[0].variable, inputs[1].variable);
+    if (!reason)
+        return {};
+    if (inputs[0].variable == inputs[1].variable)
+        return {&errors::invalidArgument, wide(reason), 2};
+    return {&errors::limitedImplementation, wide(reason)};
 }
 
 FlashVerdict readSolutionType(BSTR text, SolutionType &type)
@@ -96,7 +101,7 @@ FlashVerdict readSolutionType(BSTR text, SolutionType &type)
         type = each.type;
         return {};
     }
-    return {&errors::invalidArgument, OLESTR("The solution type must be Unspecified, Normal or Retrograde")};
+    return {&errors::invalidArgument, OLESTR("The solution type must be Unspecified, Normal or Retrograde"), 3};
 }
 
 } // namespace reference

@@ -28,17 +28,16 @@ struct FlashInput {
 struct FlashVerdict {
     const ErrorKind *kind = nullptr;
     WideString description;
+    int position = noArgument;
 
     bool isGood() const { return kind == nullptr; }
 };
 
-// Reads an array of property, basis, phase and optionally a compound, which no property here needs.
-FlashVerdict readFlashInput(const VARIANT &argument, FlashInput &input);
-
-// Reads both, and checks that together they can determine a state.
+// Reads both arrays of property, basis, phase and optionally a compound, which no property here needs, and checks that
+// together they can determine a state.
 FlashVerdict readFlashInputs(const VARIANT &first, const VARIANT &second, FlashInput (&inputs)[2]);
 
-// An empty text is "Unspecified".
+// The argument after those. An empty text is "Unspecified".
 FlashVerdict readSolutionType(BSTR text, SolutionType &type);
 
 } // namespace reference

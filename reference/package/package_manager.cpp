@@ -41,7 +41,7 @@ HRESULT STDMETHODCALLTYPE PackageManager::GetPropertyPackage(BSTR name, IDispatc
             *package = static_cast<ICapeIdentification *>(made); // with the reference that it starts with
             return S_OK;
         }
-        return call.refuse(errors::invalidArgument, OLESTR("There is no package ") + quoted(name));
+        return call.refuse(errors::invalidArgument, OLESTR("There is no package ") + quoted(name), 1);
     });
 }
 

@@ -75,7 +75,7 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::GetPhaseInfo(BSTR phaseLabel, BSTR at
         VariantInit(value);
         const PhaseRow *phase = findPhase(phaseLabel);
         if (!phase)
-            return call.refuse(errors::invalidArgument, OLESTR("There is no phase ") + quoted(phaseLabel));
+            return call.refuse(errors::invalidArgument, OLESTR("There is no phase ") + quoted(phaseLabel), 1);
         for (const PhaseAttribute &row : attributes) {
             if (!sameWord(attribute, row.name))
                 continue;
@@ -83,7 +83,7 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::GetPhaseInfo(BSTR phaseLabel, BSTR at
             text.setText(row.value(*phase, compounds));
             return text.give(value);
         }
-        return call.refuse(errors::invalidArgument, OLESTR("Phases have no attribute ") + quoted(attribute));
+        return call.refuse(errors::invalidArgument, OLESTR("Phases have no attribute ") + quoted(attribute), 2);
     });
 }
 

@@ -77,8 +77,6 @@ void *PropertyPackage::findInterface(REFIID iid)
     return nullptr;
 }
 
-HRESULT STDMETHODCALLTYPE PropertyPackage::Terminate() { return UnsetMaterial(); }
-
 HRESULT STDMETHODCALLTYPE PropertyPackage::SetMaterial(IDispatch *object)
 {
     const Call call{*this, OLESTR("ICapeThermoMaterialContext"), OLESTR("SetMaterial")};
@@ -88,7 +86,8 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::SetMaterial(IDispatch *object)
         ComPointer<ICapeThermoMaterial> newMaterial;
         ComPointer<ICapeThermoCompounds> list;
         if (FAILED(newMaterial.queryFrom(object)) || FAILED(list.queryFrom(object)))
-            return call.refuse(errors::invalidArgument, OLESTR("The object is no material with a list of compounds"));
+            return call.refuse(errors::invalidArgument, OLESTR("The object is no material with a list of compounds"),
+                               1);
 
         std::vector<const CompoundData *> chosen;
         if (const HRESULT result = readMaterialCompounds(call, *list.get(), chosen); FAILED(result))
@@ -140,7 +139,16 @@ const CompoundData *PropertyPackage::findCompound(BSTR text, std::string_view Co
 
 HRESULT STDMETHODCALLTYPE PropertyPackage::UnsetMaterial()
 {
-    const Call call{*this, OLESTR("ICapeThermoMaterialContext"), OLESTR("UnsetMaterial")};
+    return releaseMaterial({*this, OLESTR("ICapeThermoMaterialContext"), OLESTR("UnsetMaterial")});
+}
+
+HRESULT STDMETHODCALLTYPE PropertyPackage::Terminate()
+{
+    return releaseMaterial({*this, OLESTR("ICapeUtilities"), OLESTR("Terminate")});
+}
+
+HRESULT PropertyPackage::releaseMaterial(const Call &call)
+{
     return GuardedCall([&]() -> HRESULT {
         const HRESULT result = needNoCalculation(call);
         if (SUCCEEDED(result))
@@ -151,51 +159,50 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::UnsetMaterial()
 
 HRESULT PropertyPackage::needNoCalculation(const Call &call) const
 {
-    return calculations == 0
-               ? S_OK
-               : call.refuse(errors::badInvocationOrder, OLESTR("A calculation with the material is going on"));
+    return calculating ? call.refuseOrder(calculating, OLESTR("A calculation with the material is going on")) : S_OK;
 }
 
 HRESULT PropertyPackage::needMaterial(const Call &call) const
 {
-    return material ? S_OK : call.refuse(errors::badInvocationOrder, OLESTR("No material is set"));
+    return material ? S_OK : call.refuseOrder(OLESTR("SetMaterial"), OLESTR("No material is set"));
 }
 
-HRESULT PropertyPackage::checkCondition(const Call &call, FlashVariable condition, double value) const
+HRESULT PropertyPackage::ValueSource::refuse(const Call &call, WideString description) const
 {
-    if (flashLimitsOf(condition).contain(value))
-        return S_OK;
-    const WideString name = OLESTR("The ") + wide(flashVariableName(condition));
-    if (std::isnan(value))
-        return call.refuse(errors::invalidArgument, name + OLESTR(" is not a number"));
-    const LimitsText limits(condition, LimitsText::Form::brief);
-    return call.refuse(errors::outOfBounds, name + OLESTR(" must be ") + wide(limits.text.data()));
+    return isMaterial ? call.refuse(errors::failedInitialization, std::move(description))
+                      : call.refuse(errors::invalidArgument, std::move(description), position);
 }
 
-HRESULT PropertyPackage::readComposition(const Call &call, const VARIANT &amounts, CompoundArray &fractions) const
+HRESULT PropertyPackage::checkCondition(const Call &call, FlashVariable condition, double value,
+                                        ValueSource source) const
+{
+    const FlashLimits limits = flashLimitsOf(condition);
+    if (limits.contain(value))
+        return S_OK;
+    const char *const type = flashVariableName(condition);
+    const WideString name = OLESTR("The ") + wide(type);
+    if (std::isnan(value))
+        return source.refuse(call, name + OLESTR(" is not a number"));
+    const LimitsText words(condition, LimitsText::Form::brief);
+    return call.refuseBounds({limits.lowest, limits.highest, value, type}, source.position,
+                             name + OLESTR(" must be ") + wide(words.text.data()));
+}
+
+HRESULT PropertyPackage::readComposition(const Call &call, const VARIANT &amounts, ValueSource source,
+                                         CompoundArray &fractions) const
 {
     NumberView values;
     if (!values.open(amounts) || values.size() != model.size)
-        return call.refuse(errors::invalidArgument,
-                           OLESTR("The composition must be an array of one number for each compound of the material"));
+        return source.refuse(
+            call, OLESTR("The composition must be an array of one number for each compound of the material"));
     if (!normalize(values, fractions))
-        return call.refuse(errors::invalidArgument,
-                           OLESTR("The composition must be numbers that are not negative and not all zero"));
+        return source.refuse(call, OLESTR("The composition must be numbers that are not negative and not all zero"));
     for (const auto &[first, second] : unknownPairs)
         if (fractions[first] > 0.0 && fractions[second] > 0.0)
             return call.refuse(errors::limitedImplementation,
                                OLESTR("The package has no parameters for ") + wide(model.compounds[first].data->id) +
                                    OLESTR(" together with ") + wide(model.compounds[second].data->id));
     return S_OK;
-}
-
-HRESULT PropertyPackage::readMixture(const Call &call, double temperature, double pressure, const VARIANT &amounts,
-                                     CompoundArray &fractions) const
-{
-    HRESULT result = checkCondition(call, FlashVariable::temperature, temperature);
-    if (SUCCEEDED(result))
-        result = checkCondition(call, FlashVariable::pressure, pressure);
-    return FAILED(result) ? result : readComposition(call, amounts, fractions);
 }
 
 } // namespace reference

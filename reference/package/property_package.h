@@ -87,8 +87,9 @@ private:
     HRESULT readMaterialCompounds(const Call &call, ICapeThermoCompounds &list,
                                   std::vector<const CompoundData *> &chosen) const;
 
-    // The compounds that an argument names: all of the package for an empty one.
-    HRESULT readCompounds(const Call &call, const VARIANT &argument, std::vector<const CompoundData *> &chosen) const;
+    // The compounds that an argument, which is at this position, names: all of the package for an empty one.
+    HRESULT readCompounds(const Call &call, const VARIANT &argument, int position,
+                          std::vector<const CompoundData *> &chosen) const;
 
     // Gives properties of pure compounds that depend on a condition. Values that are unknown are NaN; it
     // refuses when none is known.
@@ -101,30 +102,41 @@ private:
     // A calculation that calls the material, for as long as this lives.
     class Calculation {
     public:
-        explicit Calculation(PropertyPackage &owner) : package(owner) { ++package.calculations; }
+        Calculation(PropertyPackage &owner, const Call &call)
+            : package(owner), outer(std::exchange(owner.calculating, call.operation))
+        {
+        }
         Calculation(const Calculation &) = delete;
         Calculation &operator=(const Calculation &) = delete;
-        ~Calculation() { --package.calculations; }
+        ~Calculation() { package.calculating = outer; }
 
     private:
         PropertyPackage &package;
+        const LPCWSTR outer;
     };
 
     // Refuses while there is one.
     HRESULT needNoCalculation(const Call &call) const;
+    HRESULT releaseMaterial(const Call &call);
+
+    // Refuses a value that is none: an argument of the call is not valid then, and what is to be read of the material
+    // is missing. The position is that of the argument, or of the one that tells what to read, if any.
+    struct ValueSource {
+        int position;
+        bool isMaterial;
+
+        HRESULT refuse(const Call &call, WideString description) const;
+    };
 
     // Refuses a temperature or pressure outside the range of the models.
-    HRESULT checkCondition(const Call &call, FlashVariable condition, double value) const;
+    HRESULT checkCondition(const Call &call, FlashVariable condition, double value, ValueSource source) const;
 
     // Amounts of the material's compounds, scaled to sum to one. Refuses those of compounds that the model does not
     // know together.
-    HRESULT readComposition(const Call &call, const VARIANT &amounts, CompoundArray &fractions) const;
+    HRESULT readComposition(const Call &call, const VARIANT &amounts, ValueSource source,
+                            CompoundArray &fractions) const;
 
-    // Checks the conditions and reads the composition.
-    HRESULT readMixture(const Call &call, double temperature, double pressure, const VARIANT &amounts,
-                        CompoundArray &fractions) const;
-
-    // The same of a phase of the material.
+    // A phase of the material; the position is that of the argument that tells which.
     struct PhaseConditions {
         double temperature;
         double pressure;
@@ -132,7 +144,7 @@ private:
 
         PhasePoint point(const MixtureModel &model, Root root) const;
     };
-    HRESULT readPhase(const Call &call, BSTR phaseLabel, PhaseConditions &conditions) const;
+    HRESULT readPhase(const Call &call, BSTR phaseLabel, int position, PhaseConditions &conditions) const;
 
     bool offers(auto... asked) const;
 
@@ -146,6 +158,10 @@ private:
     HRESULT readFlashConditions(const Call &call, const FlashInput (&inputs)[2], FlashRequest &request,
                                 CompoundArray &feed) const;
     HRESULT readFlashValue(const Call &call, const FlashInput &input, FlashSpecification &target) const;
+
+    // Turns a flash that found no equilibrium into a refusal.
+    HRESULT refuseFlash(const Call &call, FlashStatus status, const FlashInput (&inputs)[2],
+                        const FlashRequest &request, const FlashReason &reason) const;
 
     // Subtracts the formation of the feed from a value that includes it.
     HRESULT leaveOutFormation(const Call &call, const FlashInput &input, const CompoundArray &feed,
@@ -162,7 +178,7 @@ private:
     const EquationOfState equation;
     std::vector<const CompoundData *> compounds;
     ComPointer<ICapeThermoMaterial> material;
-    int calculations = 0;                          // one within the other
+    LPCWSTR calculating = nullptr;                 // the method of the innermost calculation, if there is one
     MixtureModel model;                            // of the material's compounds, in the material's order
     std::vector<std::pair<int, int>> unknownPairs; // of those compounds, which the model has no parameters for
 

@@ -21,9 +21,9 @@ constexpr double notSet = std::numeric_limits<double>::quiet_NaN();
 // The parts of CalcAndGetLnPhi that its flags ask for.
 enum LnPhiFlag : INT { lnPhiFlag = 1, byTemperatureFlag = 2, byPressureFlag = 4, byMolesFlag = 8 };
 
-HRESULT refusePhase(const Component::Call &call, BSTR label)
+HRESULT refusePhase(const Component::Call &call, BSTR label, int position)
 {
-    return call.refuse(errors::invalidArgument, OLESTR("There is no phase ") + quoted(label));
+    return call.refuse(errors::invalidArgument, OLESTR("There is no phase ") + quoted(label), position);
 }
 
 HRESULT giveNumbers(const double *values, int count, VARIANT *argument)
@@ -63,7 +63,8 @@ template <class Quantity> struct Requests {
                  const VARIANT &properties)
     {
         if (!names.open(properties) || names.size() == 0)
-            return call.refuse(errors::invalidArgument, OLESTR("The properties must be an array of one name or more"));
+            return call.refuse(errors::invalidArgument, OLESTR("The properties must be an array of one name or more"),
+                               1);
         for (const BSTR name : names) {
             const auto request = readPropertyName<Quantity>(quantities, name);
             if (!request)
@@ -117,9 +118,14 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcAndGetLnPhi(BSTR phaseLabel, doub
             return result;
         const PhaseRow *phase = findPhase(phaseLabel);
         if (!phase)
-            return refusePhase(call, phaseLabel);
+            return refusePhase(call, phaseLabel, 1);
         CompoundArray fractions;
-        if (const HRESULT result = readMixture(call, temperature, pressure, moleNumbers, fractions); FAILED(result))
+        HRESULT result = checkCondition(call, FlashVariable::temperature, temperature, {2, false});
+        if (SUCCEEDED(result))
+            result = checkCondition(call, FlashVariable::pressure, pressure, {3, false});
+        if (SUCCEEDED(result))
+            result = readComposition(call, moleNumbers, {4, false}, fractions);
+        if (FAILED(result))
             return result;
 
         const int n = model.size;
@@ -141,7 +147,8 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcAndGetLnPhi(BSTR phaseLabel, doub
             if (!(flags & parts[i].flag))
                 continue;
             const int count = parts[i].flag == byMolesFlag ? n * n : n;
-            if (const HRESULT result = giveNumbers(values[i], count, parts[i].argument); FAILED(result))
+            result = giveNumbers(values[i], count, parts[i].argument);
+            if (FAILED(result))
                 return result;
         }
         return S_OK;
@@ -153,7 +160,7 @@ PhasePoint PropertyPackage::PhaseConditions::point(const MixtureModel &model, Ro
     return {model, temperature, pressure, {fractions.data(), static_cast<std::size_t>(model.size)}, root};
 }
 
-HRESULT PropertyPackage::readPhase(const Call &call, BSTR phaseLabel, PhaseConditions &conditions) const
+HRESULT PropertyPackage::readPhase(const Call &call, BSTR phaseLabel, int position, PhaseConditions &conditions) const
 {
     conditions.temperature = notSet;
     conditions.pressure = notSet;
@@ -163,7 +170,11 @@ HRESULT PropertyPackage::readPhase(const Call &call, BSTR phaseLabel, PhaseCondi
     if (FAILED(read))
         return call.refuseFor(errors::failedInitialization,
                               OLESTR("The material does not give the conditions of the phase: "), material.get(), read);
-    return readMixture(call, conditions.temperature, conditions.pressure, composition.get(), conditions.fractions);
+    const ValueSource source = {position, true};
+    HRESULT result = checkCondition(call, FlashVariable::temperature, conditions.temperature, source);
+    if (SUCCEEDED(result))
+        result = checkCondition(call, FlashVariable::pressure, conditions.pressure, source);
+    return FAILED(result) ? result : readComposition(call, composition.get(), source, conditions.fractions);
 }
 
 HRESULT PropertyPackage::refuseWrite(const Call &call, HRESULT written) const
@@ -179,15 +190,15 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcSinglePhaseProp(VARIANT propertie
     return GuardedCall([&]() -> HRESULT {
         if (const HRESULT result = needMaterial(call); FAILED(result))
             return result;
-        const Calculation calculation(*this);
+        const Calculation calculation(*this, call);
         const PhaseRow *phaseRow = findPhase(phaseLabel);
         if (!phaseRow)
-            return refusePhase(call, phaseLabel);
+            return refusePhase(call, phaseLabel, 2);
         Requests<PhaseQuantity> requests;
         if (const HRESULT result = requests.read(call, phaseQuantities(), OLESTR("Phases"), properties); FAILED(result))
             return result;
         PhaseConditions conditions;
-        if (const HRESULT result = readPhase(call, phaseLabel, conditions); FAILED(result))
+        if (const HRESULT result = readPhase(call, phaseLabel, 2, conditions); FAILED(result))
             return result;
 
         const PhasePoint phase = conditions.point(model, phaseRow->root);
@@ -209,26 +220,27 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcTwoPhaseProp(VARIANT properties, 
     return GuardedCall([&]() -> HRESULT {
         if (const HRESULT result = needMaterial(call); FAILED(result))
             return result;
-        const Calculation calculation(*this);
+        const Calculation calculation(*this, call);
         TextView labels;
         if (!labels.open(phaseLabels) || labels.size() != 2)
-            return call.refuse(errors::invalidArgument, OLESTR("The phases must be an array of two labels"));
+            return call.refuse(errors::invalidArgument, OLESTR("The phases must be an array of two labels"), 2);
         const PhaseRow *const rows[] = {findPhase(labels[0]), findPhase(labels[1])};
         for (int k = 0; k < 2; ++k)
             if (!rows[k])
-                return refusePhase(call, labels[k]);
+                return refusePhase(call, labels[k], 2);
         if (rows[0] == rows[1])
-            return call.refuse(errors::invalidArgument, OLESTR("The two phases are the same"));
+            return call.refuse(errors::invalidArgument, OLESTR("The two phases are the same"), 2);
         Requests<PairQuantity> requests;
         if (const HRESULT result = requests.read(call, pairQuantities(), OLESTR("Pairs of phases"), properties);
             FAILED(result))
             return result;
         PhaseConditions conditions[2];
         for (int k = 0; k < 2; ++k)
-            if (const HRESULT result = readPhase(call, labels[k], conditions[k]); FAILED(result))
+            if (const HRESULT result = readPhase(call, labels[k], 2, conditions[k]); FAILED(result))
                 return result;
         if (conditions[0].temperature != conditions[1].temperature || conditions[0].pressure != conditions[1].pressure)
-            return call.refuse(errors::invalidArgument, OLESTR("The two phases differ in temperature or pressure"));
+            return call.refuse(errors::failedInitialization,
+                               OLESTR("The two phases differ in temperature or pressure"));
 
         const PhasePoint first = conditions[0].point(model, rows[0]->root);
         const PhasePoint second = conditions[1].point(model, rows[1]->root);

@@ -41,7 +41,7 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::GetUniversalConstant(BSTR id, VARIANT
             number.setNumber(constant.value);
             return number.give(value);
         }
-        return call.refuse(errors::invalidArgument, OLESTR("There is no universal constant ") + quoted(id));
+        return call.refuse(errors::invalidArgument, OLESTR("There is no universal constant ") + quoted(id), 1);
     });
 }
 

@@ -8,14 +8,16 @@ namespace reference {
 
 namespace {
 
+constexpr bool is64Bit = sizeof(void *) == 8;
+
 constexpr ComClass classes[] = {
     {{&managerClass, "Verdanth Reference Packages",
       "Property packages for gases, air, refinery streams, aromatics, refrigerants and alcohols"},
-     "Verdanth.ReferencePackages",
+     is64Bit ? "Verdanth.ReferencePackages64" : "Verdanth.ReferencePackages32",
      managerCategory.id,
      [](const ComponentDescription &description) -> Component * { return new PackageManager(description); }},
     {{&standAloneClass, "Verdanth Natural Gas (stand-alone)", "Dry natural gas by the Peng-Robinson equation"},
-     "Verdanth.NaturalGas",
+     is64Bit ? "Verdanth.NaturalGas64" : "Verdanth.NaturalGas32",
      packageCategory.id,
      [](const ComponentDescription &description) -> Component * {
          return new PropertyPackage(description, naturalGas());

@@ -16,8 +16,8 @@ inline constexpr CLSID standAloneClass = {0x8337DA1D, 0x2C46, 0x4715, {0x9C, 0x9
 
 struct ComClass {
     ComponentDescription description; // Name and Description are registered
-    std::string_view programId;
-    std::string_view category;                                     // in braces
+    std::string_view programId; // of this width's library alone: both have classes of their own, but share these keys
+    std::string_view category;  // in braces
     Component *(*create)(const ComponentDescription &description); // with one reference
 };
 std::span<const ComClass> classTable();

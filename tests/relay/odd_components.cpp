@@ -3,6 +3,7 @@
 #include "reference/com/component.h"
 
 #include "cape/com/com_pointer.h"
+#include "tests/support/standing_factory.h"
 
 namespace {
 
@@ -57,18 +58,10 @@ public:
     }
 };
 
-class Factory final : public IClassFactory {
+class Factory final : public StandingFactory {
 public:
     explicit Factory(BYTE wanted) : kind(wanted) {}
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void **object) override
-    {
-        const bool known = iid == InterfaceId<IUnknown> || iid == InterfaceId<IClassFactory>;
-        *object = known ? this : nullptr;
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown *, REFIID iid, void **object) override
     {
         *object = nullptr;
@@ -90,7 +83,6 @@ public:
         component->Release();
         return hr;
     }
-    HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
 
 private:
     BYTE kind;

@@ -336,8 +336,8 @@ TEST_F(Relay, TakesNoProgramIds)
 {
     ComPointer<IVerdanth6432Relay> relay;
     ASSERT_EQ(newRelay(relay), S_OK);
-    EXPECT_TRUE(keyExists(KEY_WOW64_32KEY, "Verdanth.NaturalGas\\CLSID"));
-    expectRefused(relay.get(), "Verdanth.NaturalGas");
+    EXPECT_TRUE(keyExists(KEY_WOW64_32KEY, "Verdanth.NaturalGas32\\CLSID"));
+    expectRefused(relay.get(), "Verdanth.NaturalGas32");
 }
 
 TEST_F(Relay, TellsThatAClassIsUnknown)

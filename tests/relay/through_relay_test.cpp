@@ -86,6 +86,36 @@ TEST(PackageRegistration64, StaysInTheViewOfItsOwnBitness)
     EXPECT_FALSE(installation::keyExists(KEY_WOW64_64KEY, key));
 }
 
+// Program ids have no views: what one registration takes back must not be the other's.
+TEST(PackageRegistration64, AndThatOf32BitsLeaveEachOthersProgramIds)
+{
+    const std::string programs[] = {"Verdanth.ReferencePackages", "Verdanth.NaturalGas"};
+    const auto expectIds = [&](const std::string &width, bool there) {
+        for (const std::string &program : programs)
+            EXPECT_EQ(installation::keyExists(0, program + width + "\\CLSID"), there) << program << width;
+    };
+    const auto expectClass = [](const std::string &width) {
+        CLSID classId{};
+        EXPECT_EQ(CLSIDFromProgID(Wide("Verdanth.NaturalGas" + width).c_str(), &classId), S_OK) << width;
+        EXPECT_EQ(classId.Data1, 0x8337DA1D);
+    };
+    std::optional<PackageOf64Bits> of64(std::in_place);
+    std::optional<RegisteredPackage32> of32(std::in_place);
+    expectClass("64");
+    expectClass("32");
+    of64.reset();
+    expectIds("64", false);
+    expectIds("32", true);
+    expectClass("32");
+    of64.emplace();
+    of32.reset();
+    expectIds("32", false);
+    expectIds("64", true);
+    expectClass("64");
+    of64.reset();
+    expectIds("64", false);
+}
+
 TEST_F(PackageOf32Bits, IsListed)
 {
     EXPECT_EQ(mustReturn(1, {Scalar(1)})[0].texts(), Names({standAloneName, managerName}));

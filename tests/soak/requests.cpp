@@ -58,6 +58,11 @@ host::CallResult Requests::call(int nlhs, const std::vector<host::Array> &argume
     return result;
 }
 
+void Requests::compute(int nlhs, const std::vector<host::Array> &arguments)
+{
+    calculated += call(nlhs, arguments).returned;
+}
+
 void Requests::open()
 {
     const std::size_t choice = choose(std::size(packageNames) + 1);
@@ -135,18 +140,18 @@ void Requests::calculate(const Package &package)
     const Array pressures = column(rows, 1e5, 5e6);
     switch (choose(4)) {
     case 0:
-        call(1, {Scalar(20), Scalar(2), handle, Text("vaporPressure idealGasHeatCapacity"), temperatures});
+        compute(1, {Scalar(20), Scalar(2), handle, Text("vaporPressure idealGasHeatCapacity"), temperatures});
         break;
     case 1:
-        call(1, {Scalar(21), Scalar(1), handle, Text("boilingPointTemperature"), pressures});
+        compute(1, {Scalar(21), Scalar(1), handle, Text("boilingPointTemperature"), pressures});
         break;
     case 2:
-        call(1, {Scalar(23), Scalar(1), handle, Text("kvalue"), temperatures, pressures, composition(package, rows),
-                 composition(package, 1), Text("Vapor"), Text("Liquid")});
+        compute(1, {Scalar(23), Scalar(1), handle, Text("kvalue"), temperatures, pressures, composition(package, rows),
+                    composition(package, 1), Text("Vapor"), Text("Liquid")});
         break;
     default:
-        call(1, {Scalar(22), Scalar(3), handle, Texts({"enthalpy", "volume fugacityCoefficient"}), temperatures,
-                 pressures, composition(package, rows), Text(choose(2) ? "Vapor" : "Liquid")});
+        compute(1, {Scalar(22), Scalar(3), handle, Texts({"enthalpy", "volume fugacityCoefficient"}), temperatures,
+                    pressures, composition(package, rows), Text(choose(2) ? "Vapor" : "Liquid")});
         break;
     }
 }
@@ -155,13 +160,14 @@ void Requests::flash(const Package &package)
 {
     const Array handle = Int32(package.handle);
     if (choose(2)) {
-        call(5, {Scalar(24), handle, composition(package, 1), Text("Temperature"), column(1, 200, 400),
-                 Text("Pressure"), column(1, 1e5, 5e6), Text("Unspecified")});
+        compute(5, {Scalar(24), handle, composition(package, 1), Text("Temperature"), column(1, 200, 400),
+                    Text("Pressure"), column(1, 1e5, 5e6), Text("Unspecified")});
         return;
     }
     const std::size_t rows = 1 + choose(3);
     // Some of the temperatures are outside of what the packages take: NaN and a warning.
-    call(1, {Scalar(25), handle, composition(package, rows), Text("Temperature"), column(rows, -50, 400),
+    compute(1,
+            {Scalar(25), handle, composition(package, rows), Text("Temperature"), column(rows, -50, 400),
              Text("Pressure"), column(rows, 1e5, 5e6), Text("Unspecified"), Scalar(2), Text("vaporFraction enthalpy")});
 }
 

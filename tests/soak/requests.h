@@ -17,6 +17,7 @@ public:
 
     // What was asked for so far.
     std::size_t calls = 0;
+    std::size_t calculated = 0; // commands that gave their values
     std::size_t refused = 0;
     std::size_t warned = 0;
     std::size_t opened = 0;
@@ -36,6 +37,7 @@ private:
     void mistake(const Package &package);
 
     host::CallResult call(int nlhs, const std::vector<host::Array> &arguments);
+    void compute(int nlhs, const std::vector<host::Array> &arguments); // calls, and counts what was calculated
     std::size_t choose(std::size_t count) { return std::uniform_int_distribution<std::size_t>(0, count - 1)(random); }
     double number(double from, double to) { return std::uniform_real_distribution<double>(from, to)(random); }
     host::Array composition(const Package &package, std::size_t rows);

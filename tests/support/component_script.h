@@ -4,8 +4,8 @@
 #pragma once
 
 #include "cape/com/com_pointer.h"
+#include "platform/nth_call.h"
 #include "tests/support/automation_values.h"
-#include "tests/support/nth_call.h"
 
 #include <functional>
 #include <map>
@@ -25,7 +25,7 @@ class ScriptedObject;
 // The n-th call of a method, or of QueryInterface, on whichever component of a world: it gives this result and does
 // nothing else.
 struct FailingCall {
-    NthCall *which = nullptr; // not owned; null: none fails
+    seam::NthCall *which = nullptr; // not owned; null: none fails
     HRESULT result = E_FAIL;
     std::string method; // what was struck, behind the label: "package.Initialize"
     IID wanted = {};    // of QueryInterface

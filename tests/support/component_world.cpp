@@ -1,28 +1,21 @@
 #include "tests/support/component_world.h"
 
+#include "tests/support/standing_factory.h"
+
 #include <gtest/gtest.h>
 
 namespace support {
 
-// Lives in the world and deletes itself never; COM's references on it are its own affair.
-class ComponentWorld::Factory final : public IClassFactory {
+// Lives in the world.
+class ComponentWorld::Factory final : public StandingFactory {
 public:
     explicit Factory(ComponentScript &component) : script(component) {}
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void **object) override
-    {
-        const bool known = iid == InterfaceId<IUnknown> || iid == InterfaceId<IClassFactory>;
-        *object = known ? this : nullptr;
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown *outer, REFIID iid, void **object) override
     {
         *object = nullptr;
         return outer ? CLASS_E_NOAGGREGATION : script.create(iid, object);
     }
-    HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
 
 private:
     ComponentScript &script;

@@ -16,6 +16,9 @@ inline constexpr HRESULT computationFailed = CapeFailure(0x0B); // "computation 
 inline constexpr HRESULT oddFailure = static_cast<HRESULT>(0x8123ABCDu);
 inline constexpr const char *oddFailureText = "error code 0x8123ABCD";
 
+// "0x8123ABCD"
+std::string CodeText(HRESULT result);
+
 // The operating system's words for a result, one line end removed, or its number.
 std::string SystemText(HRESULT result);
 

@@ -4,6 +4,7 @@
 
 #include "cape/com/cape_open.h"
 #include "tests/support/component_script.h"
+#include "tests/support/without_names.h"
 
 #include <gtest/gtest.h>
 
@@ -54,8 +55,8 @@ public:
     int references = 0;
 };
 
-// IUnknown of one interface.
-template <class Interface> class UnknownFacet : public Interface, public FacetBase {
+// IUnknown of one interface; `Base` is the interface, or has more of it.
+template <class Interface, class Base = Interface> class UnknownFacet : public Base, public FacetBase {
 public:
     explicit UnknownFacet(ScriptedObject &owner) : FacetBase(owner, InterfaceId<Interface>) {}
 
@@ -75,18 +76,10 @@ template <class Pointer> void LeaveRubbish(Pointer *slot) { *slot = reinterpret_
 // A VARIANT that a component is handed to fill: [in, out] in most methods, and empty in all of them.
 inline void ExpectEmpty(const VARIANT *target, const char *method) { EXPECT_EQ(target->vt, VT_EMPTY) << method; }
 
-// IDispatch of one interface; nobody calls these objects by name.
-template <class Interface> class Facet : public UnknownFacet<Interface> {
+// The same of an interface that can be called by name.
+template <class Interface> class Facet : public UnknownFacet<Interface, WithoutNames<Interface>> {
 public:
-    using UnknownFacet<Interface>::UnknownFacet;
-
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT *) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo **) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR *, UINT, LCID, DISPID *) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS *, VARIANT *, EXCEPINFO *, UINT *) override
-    {
-        return E_NOTIMPL;
-    }
+    using UnknownFacet<Interface, WithoutNames<Interface>>::UnknownFacet;
 };
 
 // The interfaces that every component has.

@@ -15,13 +15,22 @@ HRESULT giveList(ScriptedObject &object, const char *method, const Variant &list
 
 using CompoundAnswer = std::function<HRESULT(const CompoundCall &, Variant &)>;
 
-HRESULT answerCompounds(HRESULT hr, const CompoundAnswer &answer, const VARIANT &properties, double condition,
-                        const VARIANT &compoundIds, Variant &values)
+HRESULT answerCompounds(HRESULT hr, const CompoundAnswer &answer, const CompoundCall &call, Variant &values)
 {
     if (FAILED(hr) || !answer)
         return hr;
-    const HRESULT answered = answer({TextsOf(properties), condition, compoundIds.vt}, values);
+    const HRESULT answered = answer(call, values);
     return FAILED(answered) ? answered : hr;
+}
+
+HRESULT replaceValues(ScriptedObject &object, const char *method, const CompoundAnswer &answer,
+                      const CompoundCall &call, VARIANT *values)
+{
+    ExpectEmpty(values, method);
+    Variant answered;
+    const HRESULT hr = answerCompounds(object.enter(method), answer, call, answered);
+    answered.replace(values);
+    return hr;
 }
 
 } // namespace
@@ -30,8 +39,8 @@ HRESULT CompoundsFacet::GetCompoundConstant(VARIANT properties, VARIANT compound
 {
     ExpectEmpty(values, "GetCompoundConstant");
     Variant answered;
-    const HRESULT hr =
-        answerCompounds(object.enter("GetCompoundConstant"), package.constants, properties, 0, compoundIds, answered);
+    const HRESULT hr = answerCompounds(object.enter("GetCompoundConstant"), package.constants,
+                                       {TextsOf(properties), 0, compoundIds.vt}, answered);
     answered.giveTo(values);
     return hr;
 }
@@ -68,12 +77,8 @@ HRESULT CompoundsFacet::GetNumCompounds(LONG *count)
 
 HRESULT CompoundsFacet::GetPDependentProperty(VARIANT properties, double pressure, VARIANT compoundIds, VARIANT *values)
 {
-    ExpectEmpty(values, "GetPDependentProperty");
-    Variant answered;
-    const HRESULT hr = answerCompounds(object.enter("GetPDependentProperty"), package.pressureDependent, properties,
-                                       pressure, compoundIds, answered);
-    answered.replace(values);
-    return hr;
+    return replaceValues(object, "GetPDependentProperty", package.pressureDependent,
+                         {TextsOf(properties), pressure, compoundIds.vt}, values);
 }
 
 HRESULT CompoundsFacet::GetPDependentPropList(VARIANT *properties)
@@ -84,12 +89,8 @@ HRESULT CompoundsFacet::GetPDependentPropList(VARIANT *properties)
 HRESULT CompoundsFacet::GetTDependentProperty(VARIANT properties, double temperature, VARIANT compoundIds,
                                               VARIANT *values)
 {
-    ExpectEmpty(values, "GetTDependentProperty");
-    Variant answered;
-    const HRESULT hr = answerCompounds(object.enter("GetTDependentProperty"), package.temperatureDependent, properties,
-                                       temperature, compoundIds, answered);
-    answered.replace(values);
-    return hr;
+    return replaceValues(object, "GetTDependentProperty", package.temperatureDependent,
+                         {TextsOf(properties), temperature, compoundIds.vt}, values);
 }
 
 HRESULT CompoundsFacet::GetTDependentPropList(VARIANT *properties)

@@ -30,27 +30,66 @@ protected:
         PackageTest::TearDown();
     }
 
-    // Every command that calls the package.
-    std::vector<std::vector<Array>> requests() const
+    // Each command that calls an open package, and what it calls there, on a package just opened.
+    struct Request {
+        const char *method;
+        std::vector<Array> arguments;
+    };
+    std::vector<Request> requests() const
     {
-        return {{Scalar(3), Text("Alone"), Text("")},
-                {Scalar(7), handle},
-                {Scalar(8), handle},
-                {Scalar(10), handle},
-                {Scalar(11), handle},
-                {Scalar(12), handle},
-                {Scalar(13), handle},
-                {Scalar(14), handle},
-                {Scalar(15), handle},
-                {Scalar(16), handle, Text("criticalTemperature")},
-                {Scalar(20), Scalar(1), handle, Text("vaporPressure"), Scalar(300)},
-                {Scalar(21), Scalar(1), handle, Text("boilingPointTemperature"), Scalar(300)},
-                singlePhase(),
-                twoPhase(),
-                flash(),
-                batch({.names = Text("vaporFraction")})};
+        return {
+            {"GetCompoundList", {Scalar(7), handle}},
+            {"GetPhaseList", {Scalar(8), handle}},
+            {"GetConstPropList", {Scalar(10), handle}},
+            {"GetTDependentPropList", {Scalar(11), handle}},
+            {"GetPDependentPropList", {Scalar(12), handle}},
+            {"GetSinglePhasePropList", {Scalar(13), handle}},
+            {"GetTwoPhasePropList", {Scalar(14), handle}},
+            {"GetSinglePhasePropList", {Scalar(15), handle}},
+            {"GetCompoundConstant", {Scalar(16), handle, Text("criticalTemperature")}},
+            {"GetTDependentProperty", {Scalar(20), Scalar(1), handle, Text("vaporPressure"), Scalar(300)}},
+            {"GetPDependentProperty", {Scalar(21), Scalar(1), handle, Text("boilingPointTemperature"), Scalar(300)}},
+            {"CalcSinglePhaseProp", singlePhase()},
+            {"CalcTwoPhaseProp", twoPhase()},
+            {"CalcEquilibrium", flash()},
+            {"CalcEquilibrium", batch({.names = Text("vaporFraction")})}};
     }
-    static int outputsOf(const std::vector<Array> &request) { return request[0].number() == 24 ? 5 : 1; }
+
+    // Calls the library, which must call that method of the package, and must give the caller's mode back.
+    CallResult callPackage(const char *method, int outputs, const std::vector<Array> &arguments)
+    {
+        const int calls = package.calls(method);
+        CallResult result = call(outputs, arguments);
+        EXPECT_GT(package.calls(method), calls);
+        EXPECT_TRUE(FloatingPointMode::current() == before);
+        return result;
+    }
+    CallResult make(const Request &request)
+    {
+        SCOPED_TRACE("command " + std::to_string(request.arguments[0].number()));
+        return callPackage(request.method, request.arguments[0].number() == 24 ? 5 : 1, request.arguments);
+    }
+    void close() { EXPECT_TRUE(callPackage("Terminate", 0, {Scalar(4), handle}).returned); }
+    void reopen()
+    {
+        close();
+        handle = callPackage("Initialize", 1, {Scalar(3), Text("Alone"), Text("")})[0];
+    }
+    void failNext(const char *method) { package.answer(method, computationFailed, package.calls(method) + 1); }
+
+    // What the material tells a package that asks it for a composition by mass.
+    std::string wordsForMassFractions(const SinglePhaseInput &input)
+    {
+        std::string told;
+        package.calcSinglePhase = [&](const SinglePhaseCall &asked) {
+            std::vector<double> values;
+            EXPECT_EQ(asked.material.getSinglePhase("fraction", "Vapor", "mass", values), CapeFailure(1));
+            told = Narrow(asked.material.lastRefusal().description);
+            return StoreSinglePhase({{"volume", "mole", {1}}})(asked);
+        };
+        mustReturn(1, singlePhase(input));
+        return told;
+    }
 
     const FloatingPointMode before = FloatingPointMode::current();
 };
@@ -60,28 +99,32 @@ protected:
 TEST_F(FloatingPoint, ModeIsTheCallersAfterEveryCommand)
 {
     for (const char *basis : {"mole", "mass"}) {
+        SCOPED_TRACE(basis);
         useBasis(basis);
-        for (const std::vector<Array> &request : requests()) {
-            call(outputsOf(request), request);
-            EXPECT_TRUE(FloatingPointMode::current() == before) << "command " << request[0].number() << ", " << basis;
+        for (std::size_t i = 0; i < requests().size(); ++i) {
+            reopen();
+            make(requests()[i]);
         }
     }
-    mustReturn(0, {Scalar(4), handle});
-    EXPECT_TRUE(FloatingPointMode::current() == before) << "closing";
 }
 
 TEST_F(FloatingPoint, ModeIsTheCallersAfterEveryFailure)
 {
-    for (const char *method : {"GetCompoundList", "GetPhaseList", "GetConstPropList", "GetSinglePhasePropList",
-                               "GetCompoundConstant", "GetTDependentProperty", "GetPDependentProperty",
-                               "CalcSinglePhaseProp", "CalcTwoPhaseProp", "CalcEquilibrium"})
-        package.answer(method, computationFailed, 1);
-    for (int time = 0; time < 2; ++time) {
-        for (const std::vector<Array> &request : requests()) {
-            call(outputsOf(request), request);
-            EXPECT_TRUE(FloatingPointMode::current() == before) << "command " << request[0].number();
-        }
+    for (std::size_t i = 0; i < requests().size(); ++i) {
+        reopen();
+        const Request request = requests()[i];
+        failNext(request.method);
+        const bool goesOn = request.arguments[0].number() == 25;
+        EXPECT_EQ(make(request).returned, goesOn) << request.method;
+        EXPECT_TRUE(make(request).returned) << request.method;
     }
+}
+
+TEST_F(FloatingPoint, ModeIsTheCallersAfterAFailureToOpen)
+{
+    close();
+    failNext("Initialize");
+    EXPECT_FALSE(callPackage("Initialize", 1, {Scalar(3), Text("Alone"), Text("")}).returned);
 }
 
 TEST_F(FloatingPoint, ModeIsTheCallersWhenTheLibraryIsCleared)
@@ -115,30 +158,15 @@ TEST_F(FloatingPoint, ModeOfThePackageLeavesBatchesAsTheyAre)
 
 TEST_F(FloatingPoint, ModeOfThePackageDoesNotReachWhatTheMaterialConverts)
 {
-    std::string told;
-    package.calcSinglePhase = [&](const SinglePhaseCall &asked) {
-        std::vector<double> values;
-        EXPECT_EQ(asked.material.getSinglePhase("fraction", "Vapor", "mass", values), CapeFailure(1));
-        told = Narrow(asked.material.lastRefusal().description);
-        return StoreSinglePhase({{"volume", "mole", {1}}})(asked);
-    };
-    mustReturn(1, singlePhase());
-    EXPECT_EQ(told, "One or more missing molecular weights in basis conversion");
+    EXPECT_EQ(wordsForMassFractions({}), "One or more missing molecular weights in basis conversion");
 }
 
 // A weight that is no weight: its product with nothing is no number, which the package's mode would not allow.
 TEST_F(FloatingPoint, ModeOfThePackageDoesNotReachProductsThatAreNoNumbers)
 {
     package.molecularWeights = NumberArray({18, std::numeric_limits<double>::infinity()});
-    std::string told;
-    package.calcSinglePhase = [&](const SinglePhaseCall &asked) {
-        std::vector<double> values;
-        EXPECT_EQ(asked.material.getSinglePhase("fraction", "Vapor", "mass", values), CapeFailure(1));
-        told = Narrow(asked.material.lastRefusal().description);
-        return StoreSinglePhase({{"volume", "mole", {1}}})(asked);
-    };
-    mustReturn(1, singlePhase({.compositions = Row({1, 0})}));
-    EXPECT_EQ(told, "Zero or negative total composition in basis conversion");
+    EXPECT_EQ(wordsForMassFractions({.compositions = Row({1, 0})}),
+              "Zero or negative total composition in basis conversion");
 }
 
 TEST_F(FloatingPoint, ModeOfThePackageDoesNotReachTheCommandsThatItCalls)

@@ -5,11 +5,14 @@
 #include "tests/mex/failures/command_rows.h"
 #include "tests/mex/failures/ways_to_fail.h"
 
+#include <array>
+
 namespace support {
 
 // What fails in a campaign. Each of its steps begins with the library just loaded.
 struct Failing {
     std::string what;
+    std::string command;       // a row: it makes such calls
     std::string replaces = {}; // the function of the surroundings that it leads, if it does
     Effect effect = Effect::ends;
     bool isOfTheLibrary = false; // the components do what they are told
@@ -48,11 +51,13 @@ protected:
     PackageScript &old = world.addUnregisteredPackage(); // made through the relay
 
 private:
+    const std::array<ComponentScript *, 4> scripts = {&manager, &inner, &alone, &old};
+
     void load(const std::string &exceptFor = "");
     void prepare(const CommandRow &row);
     void judge(const CommandRow &row, const CallResult &result, const std::string &whole, const Failing &failing);
     void closeAll();
-    std::ptrdiff_t noted(const std::string &label, const char *method) const; // since the library was loaded
+    std::ptrdiff_t noted(const ComponentScript &script, const char *method) const; // since the library was loaded
 
     std::vector<std::string> wholeAnswer; // of the one command
     std::shared_ptr<void> surroundings;

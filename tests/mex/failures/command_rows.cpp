@@ -1,6 +1,9 @@
 #include "tests/mex/failures/command_rows.h"
 
+#include "tests/mex/failures/surroundings.h"
+
 #include <algorithm>
+#include <stdexcept>
 
 namespace support {
 
@@ -18,6 +21,8 @@ Array twoPressures() { return Column({1e5, 2e5}); }
 Array composition() { return Row({0.5, 0.5}); }
 
 } // namespace
+
+WideString UnnamedPackage() { return ClassIdText(ComponentWorld::classIdOf(mostTestClasses)); }
 
 const std::vector<CommandRow> &CommandRows()
 {
@@ -46,6 +51,11 @@ const std::vector<CommandRow> &CommandRows()
         {"CreateThroughRelay", 1, nullptr,
          [](const Array &) {
              return Arguments{Scalar(3), Text("Old"), Text("")};
+         },
+         opens | scans},
+        {"CreateUnnamedThroughRelay", 1, nullptr,
+         [](const Array &) {
+             return Arguments{Scalar(3), Text(UnnamedPackage()), Text("")};
          },
          opens | scans},
         {"Release", 0, "Alone", ofHandle<4>, closes},
@@ -143,8 +153,11 @@ namespace {
 
 auto find(std::string_view name)
 {
-    return std::find_if(CommandRows().begin(), CommandRows().end(),
-                        [&](const CommandRow &row) { return row.name == name; });
+    const auto found = std::find_if(CommandRows().begin(), CommandRows().end(),
+                                    [&](const CommandRow &row) { return row.name == name; });
+    if (found == CommandRows().end())
+        throw std::invalid_argument("no command is called " + std::string(name));
+    return found;
 }
 
 } // namespace
@@ -153,7 +166,7 @@ const CommandRow &RowOf(std::string_view name) { return *find(name); }
 
 std::vector<CommandRow> RowsBetween(std::string_view first, std::string_view behind)
 {
-    return {find(first), find(behind)};
+    return {find(first), behind.empty() ? CommandRows().end() : find(behind)};
 }
 
 } // namespace support

@@ -29,6 +29,9 @@ struct CommandRow {
     friend void PrintTo(const CommandRow &row, std::ostream *stream) { *stream << row.name; }
 };
 
+// The class id, in braces, of a package that the registry has no name for: what it is opened by.
+WideString UnnamedPackage();
+
 const std::vector<CommandRow> &CommandRows();
 const CommandRow &RowOf(std::string_view name);
 std::vector<CommandRow> RowsBetween(std::string_view first, std::string_view behind); // the last ones for ""

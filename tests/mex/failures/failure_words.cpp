@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 namespace support {
 
 namespace {
@@ -114,6 +116,18 @@ std::vector<std::string> TextsOfFailedMethod(const std::string &method, HRESULT 
     if (method == "relay.created") // the instance that is kept: what it said is in a warning
         texts.push_back(row->beginnings[0] + SystemText(E_UNEXPECTED));
     return texts;
+}
+
+std::vector<std::string> MethodsOfNone(const std::vector<std::string> &calls)
+{
+    std::set<const FailedMethod *> called;
+    for (const std::string &call : calls)
+        called.insert(find(call));
+    std::vector<std::string> others;
+    for (const FailedMethod &row : failedMethods)
+        if (!called.contains(&row))
+            others.push_back(row.method);
+    return others;
 }
 
 std::vector<std::string> TextsOfFailedQuery(const std::string &label, REFIID wanted, HRESULT result)

@@ -12,6 +12,9 @@ std::string WordsFor(HRESULT result, const ErrorWords &words);
 // as if nothing had happened.
 std::vector<std::string> TextsOfFailedMethod(const std::string &method, HRESULT result, const ErrorWords &words);
 
+// The methods that there are words for, without those among `calls` ("alone.GetCompoundList").
+std::vector<std::string> MethodsOfNone(const std::vector<std::string> &calls);
+
 // The same for QueryInterface ("alone"), where S_OK came with no object.
 std::vector<std::string> TextsOfFailedQuery(const std::string &label, REFIID wanted, HRESULT result);
 

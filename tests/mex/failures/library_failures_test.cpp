@@ -26,8 +26,9 @@ TEST_P(EachLibraryCall, Fails)
 
 // In parts, each of which CTest runs in a process of its own: on Windows every load of a library that throws keeps an
 // index of thread storage, of which a process has 1088.
-INSTANTIATE_TEST_SUITE_P(OfDiscovery, EachLibraryCall, testing::ValuesIn(RowsBetween("ListManagers", "Release")),
+INSTANTIATE_TEST_SUITE_P(OfDiscovery, EachLibraryCall, testing::ValuesIn(RowsBetween("ListManagers", "Create")),
                          NameOfRow);
+INSTANTIATE_TEST_SUITE_P(OfCreation, EachLibraryCall, testing::ValuesIn(RowsBetween("Create", "Release")), NameOfRow);
 INSTANTIATE_TEST_SUITE_P(OfReport, EachLibraryCall, testing::ValuesIn(RowsBetween("Release", "SinglePhaseProperty")),
                          NameOfRow);
 INSTANTIATE_TEST_SUITE_P(OfProperties, EachLibraryCall, testing::ValuesIn(RowsBetween("SinglePhaseProperty", "Flash")),

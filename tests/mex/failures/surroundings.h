@@ -10,13 +10,16 @@
 namespace support {
 
 // The classes of this test alone, in place of all that are registered.
+constexpr unsigned mostTestClasses = 8;
 LSTATUS WINAPI EnumerateTestClasses(HKEY key, DWORD index, LPWSTR name, DWORD capacity);
 
-// The help viewer of the tests, whatever is asked for.
+// The help viewer of the tests, whatever is asked for: its registration, and the viewer itself.
+LSTATUS WINAPI OpenTestViewer(HKEY parent, LPCSTR path, DWORD options, REGSAM access, PHKEY key);
+LSTATUS WINAPI QueryTestViewer(HKEY key, LPCSTR name, LPDWORD reserved, LPDWORD type, LPBYTE data, LPDWORD size);
 HMODULE WINAPI LoadTestViewer(LPCSTR name);
 
-// While what it gives lives, the loaded library enumerates the registry by the one function, loads viewers by the other
-// and draws one and the same handle; all but the function `exceptFor`.
+// While what it gives lives, the loaded library enumerates the registry by the first function, finds and loads viewers
+// by the others and draws one and the same handle; all but the function `exceptFor`.
 std::shared_ptr<void> Surround(const std::string &exceptFor);
 
 } // namespace support

@@ -19,6 +19,7 @@ enum class Effect {
 
 struct WayToFail {
     std::string name;
+    std::string command; // a row: it makes such calls
     Effect effect;
     HRESULT result;                 // that a package passes on whose call of the library is what failed
     std::vector<std::string> words; // all that a command may end with by it, but for what it says of that result

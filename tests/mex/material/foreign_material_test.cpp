@@ -1,6 +1,7 @@
 // What a material makes of objects that say they are materials of this library.
 #include "material/imaterial.h"
 #include "tests/support/package_test.h"
+#include "tests/support/without_names.h"
 
 #include <cstdint>
 
@@ -9,7 +10,7 @@ using namespace support;
 namespace {
 
 // Has the private interface, which gives an address only on request.
-class Impostor final : public IMaterial {
+class Impostor final : public WithoutNames<IMaterial> {
 public:
     HRESULT answer = S_OK;
 
@@ -20,13 +21,6 @@ public:
     }
     ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
     ULONG STDMETHODCALLTYPE Release() override { return 1; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT *) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo **) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR *, UINT, LCID, DISPID *) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS *, VARIANT *, EXCEPINFO *, UINT *) override
-    {
-        return E_NOTIMPL;
-    }
     HRESULT STDMETHODCALLTYPE GetMaterialObject(CMaterialObject **material) override
     {
         if (FAILED(answer))

@@ -1,5 +1,6 @@
 // The simulation context as a component sees it.
 #include "tests/mex/simulation_context/message_box_calls.h"
+#include "tests/support/error_interfaces.h"
 #include "tests/support/package_test.h"
 
 using namespace support;
@@ -129,14 +130,7 @@ TEST_F(SimulationContext, RemembersTheLatestRefusalOnly)
 
 TEST_F(SimulationContext, RefusesToWriteToANullPointer)
 {
-    EXPECT_EQ(as<ECapeRoot>()->get_name(nullptr), E_POINTER);
-    const auto user = as<ECapeUser>();
-    EXPECT_EQ(user->get_code(nullptr), E_POINTER);
-    EXPECT_EQ(user->get_description(nullptr), E_POINTER);
-    EXPECT_EQ(user->get_scope(nullptr), E_POINTER);
-    EXPECT_EQ(user->get_interfaceName(nullptr), E_POINTER);
-    EXPECT_EQ(user->get_operation(nullptr), E_POINTER);
-    EXPECT_EQ(user->get_moreInfo(nullptr), E_POINTER);
+    ExpectNullPointersRefused(*as<ECapeRoot>().get(), *as<ECapeUser>().get());
     const auto identification = as<ICapeIdentification>();
     EXPECT_EQ(identification->get_ComponentName(nullptr), E_POINTER);
     EXPECT_EQ(identification->get_ComponentDescription(nullptr), E_POINTER);

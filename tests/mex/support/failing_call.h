@@ -1,13 +1,15 @@
 // Calls that a library makes of the system and that fail when an NthCall says so.
 #pragma once
 
+#include "platform/nth_call.h"
 #include "tests/mex/support/library_call.h"
-#include "tests/support/nth_call.h"
 
 #include <memory>
 #include <type_traits>
 
 namespace support {
+
+using seam::NthCall;
 
 // While what it gives lives, `calls` says which of the library's calls of one kind fail. The library must be loaded all
 // that time.

@@ -14,6 +14,11 @@ ImportSlot::ImportSlot(const char *name, AnyFunction system, AnyFunction replace
     write(slot, replacement);
 }
 
+ImportSlot::ImportSlot(AnyFunction *found, AnyFunction replacement) : slot(found), before(*found)
+{
+    write(slot, replacement);
+}
+
 ImportSlot::~ImportSlot()
 {
     if (slot)

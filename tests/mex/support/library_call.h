@@ -1,5 +1,6 @@
 // A call that a loaded library makes of the system, led to a function of the test: so that a test sees its arguments,
-// counts it, or lets it fail, on every platform of 64 bits.
+// counts it, or lets it fail, on every platform; where that has 32 bits, what a LibraryCall leads is a function of C's
+// library.
 #pragma once
 
 #include "platform/platform.h"
@@ -19,7 +20,8 @@ public:
     using AnyFunction = void (*)();
 
     ImportSlot(const char *name, AnyFunction system, AnyFunction replacement);
-    ~ImportSlot(); // leads back; the library must still be loaded
+    ImportSlot(AnyFunction *found, AnyFunction replacement); // a row of an object's table of methods, for example
+    ~ImportSlot();                                           // leads back; the library must still be loaded
     ImportSlot(const ImportSlot &) = delete;
     ImportSlot &operator=(const ImportSlot &) = delete;
 
@@ -60,7 +62,7 @@ public:
     ~LibraryCall() { body = nullptr; }
 
 private:
-    static Result WINAPI lead(Arguments... arguments) { return body(arguments...); }
+    static Result lead(Arguments... arguments) { return body(arguments...); }
 
     static inline Body body;
     ImportSlot slot;

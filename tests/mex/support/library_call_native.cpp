@@ -1,5 +1,7 @@
 #include "tests/mex/support/library_call.h"
 
+#include <gtest/gtest.h>
+
 #include <cstring>
 #include <dlfcn.h>
 #include <elf.h>
@@ -9,6 +11,7 @@
 #include <optional>
 #include <string_view>
 #include <sys/mman.h>
+#include <type_traits>
 #include <unistd.h>
 
 namespace support {
@@ -103,38 +106,58 @@ void ImportSlot::write(AnyFunction *slot, AnyFunction function)
 namespace {
 
 using New = void *(std::size_t bytes);
-using NewOrNull = void *(std::size_t bytes, const std::nothrow_t &);
 #ifdef __cpp_sized_deallocation
 using Delete = void(void *block, std::size_t bytes) noexcept;
 #else // not every compiler's default
 using Delete = void(void *block) noexcept;
 #endif
 
-struct RefusedRequests {
-    std::optional<LibraryCall<"operator new", New>> ofOne;
-    std::optional<LibraryCall<"operator new[]", New>> ofMany;
-    std::optional<LibraryCall<"operator new[]", NewOrNull>> orNull;
+using OrNull = const std::nothrow_t &;
+using Aligned = std::align_val_t;
 
-    RefusedRequests(New *systemOne, New *systemMany, NewOrNull *systemOrNull, const MemoryRefusal::Refuses &refuses)
+// One form of operator new; not every library calls every one.
+template <FunctionName Name, class... More> class RefusedForm {
+    using Form = void *(std::size_t bytes, More...);
+
+public:
+    RefusedForm(Form *system, const MemoryRefusal::Refuses &refuses)
     {
-        leadIfThere(ofOne, "operator new", systemOne, [refuses](std::size_t bytes) {
-            return refuses(bytes) ? throw std::bad_alloc() : operator new(bytes);
-        });
-        leadIfThere(ofMany, "operator new[]", systemMany, [refuses](std::size_t bytes) {
-            return refuses(bytes) ? throw std::bad_alloc() : operator new[](bytes);
-        });
-        leadIfThere(orNull, "operator new[]", systemOrNull, [refuses](std::size_t bytes, const std::nothrow_t &tag) {
-            return refuses(bytes) ? nullptr : operator new[](bytes, tag);
+        if (!ImportSlot::isThere(Name.text, reinterpret_cast<ImportSlot::AnyFunction>(system)))
+            return;
+        call.emplace(system, [=](std::size_t bytes, More... more) -> void * {
+            if (!refuses(bytes))
+                return system(bytes, more...);
+            if constexpr ((std::is_same_v<More, OrNull> || ...))
+                return nullptr;
+            throw std::bad_alloc();
         });
     }
 
+    bool isCalled() const { return call.has_value(); }
+
 private:
-    // Not every library calls every form.
-    template <class Call, class Function, class Body>
-    void leadIfThere(std::optional<Call> &call, const char *name, Function *system, Body body)
+    std::optional<LibraryCall<Name, Form>> call;
+};
+
+struct RefusedRequests {
+    RefusedForm<"operator new"> one;
+    RefusedForm<"operator new", OrNull> oneOrNull;
+    RefusedForm<"operator new", Aligned> alignedOne;
+    RefusedForm<"operator new", Aligned, OrNull> alignedOneOrNull;
+    RefusedForm<"operator new[]"> many;
+    RefusedForm<"operator new[]", OrNull> manyOrNull;
+    RefusedForm<"operator new[]", Aligned> alignedMany;
+    RefusedForm<"operator new[]", Aligned, OrNull> alignedManyOrNull;
+
+    explicit RefusedRequests(const MemoryRefusal::Refuses &refuses)
+        : one(&operator new, refuses), oneOrNull(&operator new, refuses), alignedOne(&operator new, refuses),
+          alignedOneOrNull(&operator new, refuses), many(&operator new[], refuses),
+          manyOrNull(&operator new[], refuses), alignedMany(&operator new[], refuses),
+          alignedManyOrNull(&operator new[], refuses)
     {
-        if (ImportSlot::isThere(name, reinterpret_cast<ImportSlot::AnyFunction>(system)))
-            call.emplace(system, std::move(body));
+        EXPECT_TRUE(one.isCalled() || oneOrNull.isCalled() || alignedOne.isCalled() || alignedOneOrNull.isCalled() ||
+                    many.isCalled() || manyOrNull.isCalled() || alignedMany.isCalled() || alignedManyOrNull.isCalled())
+            << "the library asks for no memory";
     }
 };
 
@@ -142,13 +165,7 @@ std::unique_ptr<RefusedRequests> refused;
 
 } // namespace
 
-MemoryRefusal::MemoryRefusal(Refuses refuses)
-{
-    New *const one = &operator new;
-    New *const many = &operator new[];
-    NewOrNull *const orNull = &operator new[];
-    refused = std::make_unique<RefusedRequests>(one, many, orNull, std::move(refuses));
-}
+MemoryRefusal::MemoryRefusal(Refuses refuses) { refused = std::make_unique<RefusedRequests>(refuses); }
 
 MemoryRefusal::~MemoryRefusal() { refused.reset(); }
 

@@ -1,5 +1,6 @@
 // A library for the tests to load: two functions, and a COM class whose objects can nothing but count.
 #include "tests/platform/module/module_class.h"
+#include "tests/support/standing_factory.h"
 
 #include <new>
 
@@ -34,16 +35,8 @@ private:
     ULONG references = 1;
 };
 
-class Factory final : public IClassFactory {
+class Factory final : public StandingFactory {
 public:
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void **object) override
-    {
-        const bool known = iid == InterfaceId<IUnknown> || iid == InterfaceId<IClassFactory>;
-        *object = known ? this : nullptr;
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown *outer, REFIID iid, void **object) override
     {
         *object = nullptr;
@@ -56,7 +49,6 @@ public:
         made->Release();
         return result;
     }
-    HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
 };
 
 Factory factory;

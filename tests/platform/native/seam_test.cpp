@@ -22,16 +22,30 @@ VARIANT twoStrings()
 
 } // namespace
 
-TEST(FaultPoint, StrikesOnceAtTheChosenCall)
+TEST(NthCall, StrikesOnceAtTheChosenCall)
 {
-    seam::FaultPoint point;
-    EXPECT_FALSE(point.strikes());
-    point.failAt(2);
-    EXPECT_FALSE(point.strikes());
-    EXPECT_TRUE(point.pending());
-    EXPECT_TRUE(point.strikes());
-    EXPECT_FALSE(point.pending());
-    EXPECT_FALSE(point.strikes());
+    seam::NthCall calls;
+    EXPECT_FALSE(calls.strikes());
+    calls.failAt(2);
+    EXPECT_FALSE(calls.strikes());
+    EXPECT_FALSE(calls.struck());
+    EXPECT_TRUE(calls.strikes());
+    EXPECT_TRUE(calls.struck());
+    EXPECT_FALSE(calls.strikes());
+    EXPECT_TRUE(calls.struck());
+}
+
+TEST(NthCall, LetsAllThroughThatFollowsZero)
+{
+    seam::NthCall calls;
+    calls.failAt(1);
+    EXPECT_TRUE(calls.strikes());
+    calls.failAt(2);
+    EXPECT_FALSE(calls.struck()) << "of the call before";
+    calls.failAt(0);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_FALSE(calls.strikes());
+    EXPECT_FALSE(calls.struck());
 }
 
 TEST(FailedAllocation, MakesNoString)

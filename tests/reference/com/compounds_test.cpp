@@ -327,6 +327,11 @@ TEST_F(PackageCompounds, RefuseConditionsAtWhichNothingIsKnown)
     expectFailure(
         compounds->GetTDependentProperty(texts({"vaporPressure"}).get(), 150.0, texts({"air"}).get(), values.out()),
         errors::invalidArgument, interfaceName, "GetTDependentProperty", "There is no compound \"air\"");
+    // Within the range of the compound, but its vapor pressure is below the lowest of the package.
+    expectFailure(compounds->GetTDependentProperty(texts({"heatOfVaporization"}).get(), 125.0,
+                                                   texts({"isopentane"}).get(), values.out()),
+                  errors::propertyNotAvailable, interfaceName, "GetTDependentProperty",
+                  "There is no heatOfVaporization of isopentane at 125 K");
     EXPECT_EQ(values.get().vt, VT_EMPTY);
 }
 

@@ -146,9 +146,9 @@ TEST_F(PackageFlash, RefusesPhasesItCannotUse)
 {
     setMaterial();
     material.presentPhases = {};
-    expectRefusal(calculate(), errors::invalidArgument, "The material lists no phase that the flash may use");
+    expectRefusal(calculate(), errors::failedInitialization, "The material lists no phase that the flash may use");
     material.presentPhases = {"Vapor", "Ice"};
-    expectRefusal(calculate(), errors::invalidArgument, "There is no phase \"Ice\"");
+    expectRefusal(calculate(), errors::failedInitialization, "There is no phase \"Ice\"");
 }
 
 TEST_F(PackageFlash, RefusesOtherKindsOfFlash)
@@ -199,7 +199,7 @@ TEST_F(PackageFlash, RefusesConditionsThatMakeNoSense)
     expectRefusal(calculate(), errors::badInvocationOrder, "No material is set");
     setMaterial();
     material.composition = {0.5, -0.1, 0.6};
-    expectRefusal(calculate(), errors::invalidArgument,
+    expectRefusal(calculate(), errors::failedInitialization,
                   "The composition must be numbers that are not negative and not all zero");
     material.composition = {0.25, 0.625, 0.125};
     material.pressure = -1.0;
@@ -447,7 +447,7 @@ TEST_F(PackageFlashPairs, RefuseValuesThatTheMaterialDoesNotGive)
     expectRefusal(calculate(givenPressure, overallOf("entropy")), errors::failedInitialization,
                   "The material does not give the entropy that the flash is given: The value is not set");
     giveOverall("entropy", NAN);
-    expectRefusal(calculate(givenPressure, overallOf("entropy")), errors::invalidArgument,
+    expectRefusal(calculate(givenPressure, overallOf("entropy")), errors::failedInitialization,
                   "The entropy that the flash is given is not a number");
     material.presentPhases = {"Vapor"};
     giveOverall("phaseFraction", 0.5);

@@ -132,8 +132,7 @@ TEST_F(PackageMaterialContext, KeepsTheMaterialInTheMidstOfACalculation)
         ++calls;
         expectFailure(context->UnsetMaterial(), errors::badInvocationOrder, "ICapeThermoMaterialContext",
                       "UnsetMaterial", reason);
-        expectFailure(utilities->Terminate(), errors::badInvocationOrder, "ICapeThermoMaterialContext", "UnsetMaterial",
-                      reason);
+        expectFailure(utilities->Terminate(), errors::badInvocationOrder, "ICapeUtilities", "Terminate", reason);
         expectFailure(context->SetMaterial(static_cast<ICapeThermoMaterial *>(&other)), errors::badInvocationOrder,
                       "ICapeThermoMaterialContext", "SetMaterial", reason);
     };

@@ -131,18 +131,18 @@ TEST_F(PackageProperties, RefuseConditionsThatMakeNoSense)
     for (const std::vector<double> &wrong :
          std::vector<std::vector<double>>{{0.5, -0.1, 0.6}, {0.5, NAN, 0.5}, {0.0, 0.0, 0.0}, {0.5, HUGE_VAL, 0.5}}) {
         material.composition = wrong;
-        expectRefusal(calculate({"volume"}), errors::invalidArgument, composition);
+        expectRefusal(calculate({"volume"}), errors::failedInitialization, composition);
     }
     material.composition = {0.5, 0.5};
-    expectRefusal(calculate({"volume"}), errors::invalidArgument, count);
+    expectRefusal(calculate({"volume"}), errors::failedInitialization, count);
     material.composition = {0.25, 0.625, 0.125};
     material.temperature = NAN;
-    expectRefusal(calculate({"volume"}), errors::invalidArgument, "The temperature is not a number");
+    expectRefusal(calculate({"volume"}), errors::failedInitialization, "The temperature is not a number");
     material.temperature = -5.0;
     expectRefusal(calculate({"volume"}), errors::outOfBounds, "The temperature must be from 20 to 1500 K");
     material.temperature = 300.0;
     material.pressure = NAN;
-    expectRefusal(calculate({"volume"}), errors::invalidArgument, "The pressure is not a number");
+    expectRefusal(calculate({"volume"}), errors::failedInitialization, "The pressure is not a number");
     material.pressure = 0.0;
     expectRefusal(calculate({"volume"}), errors::outOfBounds, "The pressure must be from 0.01 to 1e8 Pa");
 }

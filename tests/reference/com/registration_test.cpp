@@ -1,4 +1,5 @@
 // What the library writes to the class registry, and creation through it.
+#include "cape/com/registry_key.h"
 #include "reference/server/class_table.h"
 #include "tests/reference/com/host.h"
 #include "tests/support/registered_text.h"
@@ -13,6 +14,12 @@ namespace {
 
 constexpr std::string_view managerKey = "CLSID\\{F0FB3725-917D-4D88-B616-196260C727EA}";
 constexpr std::string_view packageKey = "CLSID\\{8337DA1D-2C46-4715-9C96-CFCE8AE51506}";
+
+// The keys of classes are apart by the width of the library, those of program ids are not: the id tells.
+const std::string ownWidth = std::to_string(8 * sizeof(void *));
+const std::string otherWidth = sizeof(void *) == 8 ? "32" : "64";
+const std::string managerProgram = "Verdanth.ReferencePackages";
+const std::string packageProgram = "Verdanth.NaturalGas";
 
 std::string under(std::string_view key, std::string_view path) { return std::string(key) + "\\" + std::string(path); }
 
@@ -38,13 +45,13 @@ TEST_F(Registration, DescribesBothClasses)
     const struct {
         std::string_view key;
         const char *name;
-        const char *programId;
+        std::string programId;
         const char *category;
         const char *otherCategory;
-    } classes[] = {{managerKey, "Verdanth Reference Packages", "Verdanth.ReferencePackages",
+    } classes[] = {{managerKey, "Verdanth Reference Packages", managerProgram + ownWidth,
                     "Implemented Categories\\{CF51E383-0110-4ed8-ACB7-B50CFDE6908E}",
                     "Implemented Categories\\{CF51E384-0110-4ed8-ACB7-B50CFDE6908E}"},
-                   {packageKey, "Verdanth Natural Gas (stand-alone)", "Verdanth.NaturalGas",
+                   {packageKey, "Verdanth Natural Gas (stand-alone)", packageProgram + ownWidth,
                     "Implemented Categories\\{CF51E384-0110-4ed8-ACB7-B50CFDE6908E}",
                     "Implemented Categories\\{CF51E383-0110-4ed8-ACB7-B50CFDE6908E}"}};
     for (const auto &each : classes) {
@@ -97,11 +104,32 @@ TEST_F(Registration, LetsBothClassesBeCreated)
     CoUninitialize();
 }
 
+// Natively there is no library of the other width; its program ids are put there by hand.
+TEST_F(Registration, LeavesTheProgramIdsOfTheOtherWidth)
+{
+    const std::string mark = "a test's";
+    for (const std::string &program : {managerProgram, packageProgram}) {
+        const std::string key = program + otherWidth;
+        const std::string before = registeredText(0, key); // a library may really be there
+        if (before == "(none)") {
+            RegistryKey::create(HKEY_CLASSES_ROOT, wide(key).c_str()).setText(nullptr, wide(mark));
+        }
+        const std::string expected = before == "(none)" ? mark : before;
+        EXPECT_EQ(library.registerServer(), S_OK);
+        EXPECT_EQ(registeredText(0, key), expected);
+        EXPECT_EQ(library.unregisterServer(), S_OK);
+        EXPECT_EQ(registeredText(0, key), expected);
+        if (before == "(none)") {
+            EXPECT_EQ(RegDeleteTreeW(HKEY_CLASSES_ROOT, wide(key).c_str()), ERROR_SUCCESS);
+        }
+    }
+}
+
 TEST_F(Registration, IsTakenBackWhole)
 {
     ASSERT_EQ(library.unregisterServer(), S_OK);
-    for (const std::string_view key : {managerKey, packageKey, std::string_view("Verdanth.ReferencePackages"),
-                                       std::string_view("Verdanth.NaturalGas")})
+    for (const std::string &key :
+         {std::string(managerKey), std::string(packageKey), managerProgram + ownWidth, packageProgram + ownWidth})
         EXPECT_FALSE(keyExists(0, key)) << key;
     // The categories are everybody's.
     EXPECT_TRUE(keyExists(0, "Component Categories\\{CF51E383-0110-4ED8-ACB7-B50CFDE6908E}"));

@@ -73,8 +73,13 @@ HRESULT STDMETHODCALLTYPE TestMaterial::GetOverallTPFraction(double *t, double *
 HRESULT STDMETHODCALLTYPE TestMaterial::GetTPFraction(BSTR phaseLabel, double *t, double *p, VARIANT *fractions)
 {
     const auto own = ownCompositions.find(narrow(phaseLabel));
-    const auto result = refuses("GetTPFraction", narrow(phaseLabel));
-    return result ? *result : giveConditions(own == ownCompositions.end() ? composition : own->second, t, p, fractions);
+    const auto ownTemperature = ownTemperatures.find(narrow(phaseLabel));
+    if (const auto result = refuses("GetTPFraction", narrow(phaseLabel)))
+        return *result;
+    const HRESULT result = giveConditions(own == ownCompositions.end() ? composition : own->second, t, p, fractions);
+    if (ownTemperature != ownTemperatures.end())
+        *t = ownTemperature->second;
+    return result;
 }
 
 HRESULT STDMETHODCALLTYPE TestMaterial::GetOverallProp(BSTR property, BSTR basis, VARIANT *results)

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "cape/com/cape_open.h"
+#include "platform/nth_call.h"
 #include "reference/com/component.h"
-#include "tests/support/nth_call.h"
 
 #include <functional>
 #include <limits>
@@ -32,13 +32,14 @@ public:
     double pressure = std::numeric_limits<double>::quiet_NaN();
     std::vector<double> composition;                            // of the feed, and of phases without one of their own
     std::map<std::string, std::vector<double>> ownCompositions; // by phase
+    std::map<std::string, double> ownTemperatures;              // by phase
     std::map<std::string, double> given;                        // by phase or "Overall", slash, property, slash, basis
     std::vector<std::string> presentPhases = {"Vapor", "Liquid"};
     std::string refused;          // the method that fails, with "<method> is refused" as its words
     std::function<void()> onCall; // called in the midst of every call of a package
 
     // The n-th call of whatever method, QueryInterface among them, gives this result and does nothing else.
-    support::NthCall *failing = nullptr;
+    seam::NthCall *failing = nullptr;
     HRESULT failure = E_FAIL;
     std::string failed; // that method's name
 

@@ -223,7 +223,7 @@ TEST_F(PackagePair, RefusesWrongArguments)
     expectRefusal(calculate({"kvalue", "volume"}), errors::limitedImplementation,
                   "Pairs of phases have no property \"volume\" here");
     material.ownCompositions["Liquid"] = {1.0};
-    expectRefusal(calculate({"kvalue"}), errors::invalidArgument,
+    expectRefusal(calculate({"kvalue"}), errors::failedInitialization,
                   "The composition must be an array of one number for each compound of the material");
 }
 

@@ -152,12 +152,13 @@ const std::vector<PackageOperation> &PackageOperations()
              ComPointer<IDispatch> package;
              const HRESULT result = host.manager->GetPropertyPackage(Bstr("Another").get(), package.out());
              return OperationAnswer{result, ""};
-         }},
+         },
+         refuses},
         {"SetMaterial",
          [](PackageHost &host) {
              return OperationAnswer{host.context->SetMaterial(static_cast<ICapeThermoMaterial *>(&host.material)), ""};
          },
-         true},
+         setsMaterial},
         {"GetCompoundList",
          [](PackageHost &host) {
              return filled<6>([&](Argument *lists) {
@@ -178,7 +179,8 @@ const std::vector<PackageOperation> &PackageOperations()
              return filled<1>([&](Argument *values) {
                  return host.compounds->GetCompoundConstant(texts({"colorOfTheLabel"}).get(), VARIANT{}, values->out());
              });
-         }},
+         },
+         refuses},
         {"GetConstPropList",
          [](PackageHost &host) {
              return filled<1>([&](Argument *list) { return host.compounds->GetConstPropList(list->out()); });
@@ -222,7 +224,8 @@ const std::vector<PackageOperation> &PackageOperations()
              return filled<1>([&](Argument *value) {
                  return host.phases->GetPhaseInfo(Bstr("Solid").get(), Bstr("StateOfAggregation").get(), value->out());
              });
-         }},
+         },
+         refuses},
         {"GetSinglePhasePropList",
          [](PackageHost &host) {
              return filled<1>([&](Argument *list) { return host.properties->GetSinglePhasePropList(list->out()); });
@@ -244,7 +247,7 @@ const std::vector<PackageOperation> &PackageOperations()
                                                                valid);
              });
          },
-         false, true},
+         answersNo},
         {"CalcAndGetLnPhi",
          [](PackageHost &host) {
              return filled<4>([&](Argument *values) {
@@ -267,7 +270,8 @@ const std::vector<PackageOperation> &PackageOperations()
                  return host.properties->CalcSinglePhaseProp(texts({"volume", "nothingOfTheKind"}).get(),
                                                              Bstr("Vapor").get());
              });
-         }},
+         },
+         refuses},
         {"CalcTwoPhaseProp",
          [](PackageHost &host) {
              return written(host, [&] {
@@ -282,7 +286,7 @@ const std::vector<PackageOperation> &PackageOperations()
                                                                Bstr("Normal").get(), supported);
              });
          },
-         false, true},
+         answersNo},
         {"FlashAtTemperatureAndPressure", [](PackageHost &host) { return flashed(host, temperature, pressure); }},
         {"FlashAtPressureAndEnthalpy",
          [](PackageHost &host) {
@@ -295,7 +299,8 @@ const std::vector<PackageOperation> &PackageOperations()
         {"RefuseFlash",
          [](PackageHost &host) {
              return flashed(host, {"color", "", "Overall"}, pressure);
-         }},
+         },
+         refuses},
         {"GetUniversalConstant",
          [](PackageHost &host) {
              return filled<1>([&](Argument *value) {

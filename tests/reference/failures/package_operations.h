@@ -34,11 +34,18 @@ struct PackageHost {
     ComPointer<ECapeUser> errors;
 };
 
+enum OperationTrait : unsigned {
+    setsMaterial = 1, // itself
+    answersNo = 2,    // to arguments that it can't read
+    refuses = 4,      // what it is asked
+};
+
 struct PackageOperation {
     const char *name;
     OperationAnswer (*run)(PackageHost &host);
-    bool setsMaterial = false; // itself
-    bool answersNo = false;    // to arguments that it can't read
+    unsigned traits = 0;
+
+    bool is(OperationTrait trait) const { return (traits & trait) != 0; }
 
     friend void PrintTo(const PackageOperation &operation, std::ostream *stream) { *stream << operation.name; }
 };

@@ -42,6 +42,21 @@ WideString whyNot(const VARIANT &value, VARTYPE expected)
     return message;
 }
 
+// What GetVariant gives for the one element of an array that stays its owner's.
+VARIANT onlyElementOf(const VARIANT &values)
+{
+    VariantArray array;
+    array.Attach(values, 0);
+    VARIANT element;
+    VariantInit(&element);
+    WideString message;
+    const bool valid = array.Validate(VT_VARIANT, message);
+    EXPECT_TRUE(valid);
+    if (valid)
+        array.GetVariant(0, element);
+    return element;
+}
+
 } // namespace
 
 TEST(VariantArray, StartsEmptyAndOwned)
@@ -237,14 +252,9 @@ TEST(VariantArray, GivesAnElementThatCannotBeCopiedAsAnError)
     VARIANT values = arrayOf(VT_VARIANT, 0, 1);
     VARIANT &element = static_cast<VARIANT *>(values.parray->pvData)[0];
     element.vt = 0x0FFF; // no type of automation
-    VariantArray array;
-    array.Attach(values, 1);
-    WideString message;
-    ASSERT_TRUE(array.Validate(VT_VARIANT, message));
-    VARIANT copy;
-    array.GetVariant(0, copy);
-    EXPECT_EQ(copy.vt, VT_ERROR);
+    EXPECT_EQ(onlyElementOf(values).vt, VT_ERROR);
     element.vt = VT_EMPTY;
+    VariantClear(&values);
 }
 
 TEST(VariantArray, MovesWithWhatItOwns)
@@ -326,12 +336,8 @@ TEST(VariantArray, GetVariantGivesACopy)
     LONG index = 1;
     SafeArrayPutElement(value.parray, &index, &text);
     VariantClear(&text);
-    VariantArray array;
-    array.Attach(value, 1);
-    WideString message;
-    ASSERT_TRUE(array.Validate(VT_VARIANT, message));
-    VARIANT element;
-    array.GetVariant(0, element);
+    VARIANT element = onlyElementOf(value);
+    VariantClear(&value);
     ASSERT_EQ(element.vt, VT_BSTR);
     EXPECT_EQ(TextOf(element.bstrVal), OLESTR("inside"));
     VariantClear(&element);

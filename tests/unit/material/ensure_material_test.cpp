@@ -3,8 +3,8 @@
 #include "gateway/state/global_text.h"
 #include "material/ensure_material.h"
 #include "material/material_object.h"
+#include "tests/support/without_names.h"
 #include "tests/unit/material/package_view.h"
-#include "tests/unit/support/without_names.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // New materials and copies between materials.
+#include "tests/support/without_names.h"
 #include "tests/unit/material/material_test.h"
 #include "tests/unit/support/allocation_watch.h"
-#include "tests/unit/support/without_names.h"
 
 namespace {
 

@@ -1,5 +1,6 @@
 // What a package finds out about a material before it asks for values.
 #include "material/material_object.h"
+#include "tests/support/error_interfaces.h"
 #include "tests/unit/material/package_view.h"
 #include "tests/unit/support/test_material.h"
 
@@ -194,15 +195,7 @@ TEST_F(MaterialSurface, KeepsTheLastRefusalThroughReadingAndSuccess)
 
 TEST_F(MaterialSurface, RefusesNullOutPointersOfTheErrorInterfaces)
 {
-    const auto root = query<ECapeRoot>();
-    const auto user = query<ECapeUser>();
-    EXPECT_EQ(root->get_name(nullptr), E_POINTER);
-    EXPECT_EQ(user->get_code(nullptr), E_POINTER);
-    EXPECT_EQ(user->get_description(nullptr), E_POINTER);
-    EXPECT_EQ(user->get_scope(nullptr), E_POINTER);
-    EXPECT_EQ(user->get_interfaceName(nullptr), E_POINTER);
-    EXPECT_EQ(user->get_operation(nullptr), E_POINTER);
-    EXPECT_EQ(user->get_moreInfo(nullptr), E_POINTER);
+    ExpectNullPointersRefused(*query<ECapeRoot>().get(), *query<ECapeUser>().get());
 }
 
 TEST_F(MaterialSurface, CountsCompoundsAndPhasesOfThePackageWhateverIsSet)

@@ -1,6 +1,6 @@
 #include "tests/unit/material/package_view.h"
 
-#include <cstdio>
+#include "tests/support/failures.h"
 
 namespace {
 
@@ -136,9 +136,7 @@ std::string PackageView::refusal(HRESULT hr) const
         return {};
     if (hr == ECapeUnknownHR)
         return errorState();
-    char text[16];
-    std::snprintf(text, sizeof text, "0x%08X", static_cast<unsigned>(hr));
-    return text;
+    return support::CodeText(hr);
 }
 
 namespace {

@@ -1,8 +1,8 @@
 // What a record holds after its package's lists came, or did not.
 #include "gateway/state/global_text.h"
 #include "packages/open_package.h"
+#include "tests/support/without_names.h"
 #include "tests/unit/material/package_view.h"
-#include "tests/unit/support/without_names.h"
 
 #include <gtest/gtest.h>
 

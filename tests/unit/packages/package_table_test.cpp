@@ -1,7 +1,7 @@
 // What the table holds while a record of it is being destroyed.
 #include "gateway/state/global_lists.h"
 #include "packages/package_table.h"
-#include "tests/unit/support/without_names.h"
+#include "tests/support/without_names.h"
 
 #include <gtest/gtest.h>
 

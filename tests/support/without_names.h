@@ -1,4 +1,4 @@
-// The IDispatch part of an interface that a test implements: nothing calls it by name.
+// The IDispatch part of an interface that a test implements: nobody calls it by name.
 #pragma once
 
 #include "platform/platform.h"
