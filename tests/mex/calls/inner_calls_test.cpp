@@ -137,6 +137,28 @@ TEST_F(InnerCalls, OneWithinAnotherComeBackInTheirOrder)
 }
 
 // Each package, while it calculates, has the other one calculate and writes into its material.
+TEST_F(InnerCalls, ThatChangeTheBasisDoSoForTheCommandsAfterTheOuterOne)
+{
+    package.temperatureDependent = AnswerValues(NumberArray({1800, 1800})); // of molar masses 18 and 36
+    const auto heatCapacities = [this] {
+        return mustReturn(1, {Scalar(20), Scalar(1), handle, Text("idealGasHeatCapacity"), threeTemperatures})[0]
+            .cellMatrix(0);
+    };
+    const Rows perMole(3, {1800, 1800});
+    const Rows perMass(3, {100000, 50000});
+    during("GetTDependentProperty", [&] {
+        mustReturn(0, {Scalar(18), Text("mass")});
+        ExpectNear(heatCapacities(), perMass);
+    });
+    EXPECT_EQ(heatCapacities(), perMole);
+    EXPECT_EQ(actions, 1);
+    ExpectNear(heatCapacities(), perMass);
+    during("GetTDependentProperty", [&] { mustReturn(0, {Scalar(18), Text("mole")}); });
+    ExpectNear(heatCapacities(), perMass);
+    EXPECT_EQ(heatCapacities(), perMole);
+    EXPECT_EQ(actions, 2);
+}
+
 TEST_F(InnerCalls, LetPackagesWorkOnEachOthersMaterials)
 {
     int depth = 0;
