@@ -136,7 +136,6 @@ TEST_F(InnerCalls, OneWithinAnotherComeBackInTheirOrder)
     EXPECT_EQ(actions, 1);
 }
 
-// Each package, while it calculates, has the other one calculate and writes into its material.
 TEST_F(InnerCalls, ThatChangeTheBasisDoSoForTheCommandsAfterTheOuterOne)
 {
     package.temperatureDependent = AnswerValues(NumberArray({1800, 1800})); // of molar masses 18 and 36
@@ -159,6 +158,21 @@ TEST_F(InnerCalls, ThatChangeTheBasisDoSoForTheCommandsAfterTheOuterOne)
     EXPECT_EQ(actions, 2);
 }
 
+TEST_F(InnerCalls, ThatChangeTheBasisLeaveAllRowsInTheOneThatTheyBeganIn)
+{
+    const auto volumes = [this] {
+        return mustReturn(1, singlePhase({.names = Text("volume"), .temperatures = threeTemperatures}))[0]
+            .element(0)
+            .numbers();
+    };
+    const std::vector<double> perMole(3, 0.025);
+    during("CalcSinglePhaseProp", [this] { mustReturn(0, {Scalar(18), Text("mass")}); });
+    EXPECT_EQ(volumes(), perMole);
+    EXPECT_EQ(actions, 1);
+    EXPECT_NE(volumes(), perMole);
+}
+
+// Each package, while it calculates, has the other one calculate and writes into its material.
 TEST_F(InnerCalls, LetPackagesWorkOnEachOthersMaterials)
 {
     int depth = 0;
