@@ -5,6 +5,7 @@
 #include "gateway/state/global_lists.h"
 #include "gateway/state/global_text.h"
 #include "gateway/state/host_mode.h"
+#include "gateway/state/settings.h"
 #include "packages/package_table.h"
 
 #include <memory>
@@ -17,7 +18,7 @@ namespace {
 auto sharedState()
 {
     return std::tie(LastError, ScratchText, NameList, HandleList, ConstantValues, ResultArray, NameArray,
-                    CommandScratch, PackageInUse);
+                    CommandScratch, PackageInUse, GlobalSettings.defaultBasis);
 }
 
 template <class... State> std::tuple<State...> emptyState(std::tuple<State &...>) { return {}; }
@@ -66,6 +67,7 @@ RunningCall::RunningCall() : isInner(ComponentCalls.depth > 0)
         HostFloatingPointMode = FloatingPointMode::current();
     }
     mode.emplace(HostFloatingPointMode);
+    GlobalSettings.defaultBasis = GlobalSettings.chosenBasis;
 }
 
 RunningCall::~RunningCall()

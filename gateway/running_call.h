@@ -1,5 +1,6 @@
 // One call of MATLAB on its way through the library. Packages can call back into MATLAB, and so a call may begin within
-// another: it finds the shared lists and texts empty, and the outer one finds them as it left them.
+// another: it finds the shared lists and texts empty, and the outer one finds them as it left them, and its results
+// stay in the basis in which it began.
 #pragma once
 
 #include "platform/floating_point.h"

@@ -132,17 +132,17 @@ drop_classes() {
     mv "$registry.new" "$registry"
 }
 
+make_second_prefix() {
+    quietly wineserver -k || true
+    VERDANTH_WINE="" "$0" --up 9>&-
+    rm -rf "$second"
+    copy_prefix "$first" "$second"
+    echo $recipe >"$ready"
+}
+
 bring_up() {
     if ! is_ready; then
-        if [ "$prefix" = "$first" ]; then
-            make_prefix
-        else
-            quietly wineserver -k || true
-            VERDANTH_WINE="" "$0" --up 9>&-
-            rm -rf "$prefix"
-            copy_prefix "$first" "$prefix"
-            echo $recipe >"$ready"
-        fi
+        if [ "$prefix" = "$first" ]; then make_prefix; else make_second_prefix; fi
     fi
     if ! is_up; then
         quietly wineserver "-p$idle_seconds" || true

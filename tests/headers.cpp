@@ -1,1 +1,1 @@
-// What is compiled here are the headers before it: see ../cmake/Testing.cmake.
+// What is compiled here are the headers before it: see CMakeLists.txt.

@@ -6,17 +6,18 @@
 #include <cstdint>
 #include <cstring>
 
-// The type that an array has noted for its elements; VT_EMPTY if it has not. Mostly without a call: one that has
-// FADF_HAVEVARTYPE keeps the type in the 4 bytes in front of its descriptor, as oaidl.h tells.
-inline VARTYPE ElementTypeOf(SAFEARRAY *array)
+// Whether the elements of an array are of this type. One that has not noted their type is believed if they own nothing.
+// Mostly without a call: an array that has FADF_HAVEVARTYPE keeps the type in the 4 bytes in front of its descriptor,
+// as oaidl.h tells.
+inline bool ElementsAre(SAFEARRAY *array, VARTYPE type)
 {
-    if ((array->fFeatures & FADF_HAVEVARTYPE) != 0) {
+    if ((array->fFeatures & FADF_HAVEVARTYPE) != 0) [[likely]] {
         std::uint32_t noted = 0;
         std::memcpy(&noted, reinterpret_cast<const char *>(array) - sizeof noted, sizeof noted);
-        return static_cast<VARTYPE>(noted);
+        return noted == type;
     }
-    VARTYPE type = VT_EMPTY;
-    return SUCCEEDED(SafeArrayGetVartype(array, &type)) ? type : static_cast<VARTYPE>(VT_EMPTY);
+    VARTYPE noted = VT_EMPTY;
+    return SUCCEEDED(SafeArrayGetVartype(array, &noted)) ? noted == type : type != VT_BSTR && type != VT_VARIANT;
 }
 
 // Whether every element has an index, and the index behind the last one is a number, too: some systems calculate it.
@@ -28,12 +29,10 @@ inline bool HasIndices(const SAFEARRAYBOUND &bound)
 }
 
 // Whether an array of one dimension holds what a VARIANT says of it: elements of this type and size, as many as an
-// index reaches. One that has not noted the type of its elements is believed if they own nothing.
+// index reaches.
 inline bool HoldsElements(SAFEARRAY *array, VARTYPE type, std::size_t size)
 {
-    const VARTYPE noted = ElementTypeOf(array);
-    const bool ownSomething = type == VT_BSTR || type == VT_VARIANT;
     const SAFEARRAYBOUND &bound = array->rgsabound[0];
-    return (noted == type || (noted == VT_EMPTY && !ownSomething)) && array->cbElements == size &&
-           (array->pvData || bound.cElements == 0) && HasIndices(bound);
+    return array->cbElements == size && ElementsAre(array, type) && (array->pvData || bound.cElements == 0) &&
+           HasIndices(bound);
 }

@@ -17,9 +17,9 @@ Verdict SetBasisCommand(const CommandCall &call)
     if (Verdict verdict = basis.read(call.arguments[1], refusal); !verdict.isDone())
         return verdict;
     if (SameName(basis.get(), OLESTR("Mole")))
-        GlobalSettings.defaultBasis = 0;
+        GlobalSettings.chosenBasis = 0;
     else if (SameName(basis.get(), OLESTR("Mass")))
-        GlobalSettings.defaultBasis = 1;
+        GlobalSettings.chosenBasis = 1;
     else
         return Verdict::refuse(refusal);
     return Verdict::done();

@@ -136,6 +136,45 @@ TEST_F(InnerCalls, OneWithinAnotherComeBackInTheirOrder)
     EXPECT_EQ(actions, 1);
 }
 
+TEST_F(InnerCalls, ThatChangeTheBasisDoSoForTheCommandsAfterTheOuterOne)
+{
+    package.temperatureDependent = AnswerValues(NumberArray({1800, 1800})); // of molar masses 18 and 36
+    const auto heatCapacities = [this] {
+        return mustReturn(1, {Scalar(20), Scalar(1), handle, Text("idealGasHeatCapacity"), threeTemperatures})[0]
+            .cellMatrix(0);
+    };
+    const Rows perMole(3, {1800, 1800});
+    const Rows perMass(3, {100000, 50000});
+    during("GetTDependentProperty", [&] {
+        mustReturn(0, {Scalar(18), Text("mass")});
+        ExpectNear(heatCapacities(), perMass);
+    });
+    EXPECT_EQ(heatCapacities(), perMole);
+    EXPECT_EQ(actions, 1);
+    ExpectNear(heatCapacities(), perMass);
+    during("GetTDependentProperty", [&] { mustReturn(0, {Scalar(18), Text("mole")}); });
+    ExpectNear(heatCapacities(), perMass);
+    EXPECT_EQ(heatCapacities(), perMole);
+    EXPECT_EQ(actions, 2);
+}
+
+TEST_F(InnerCalls, ThatChangeTheBasisLeaveAllRowsInTheOneThatTheyBeganIn)
+{
+    const auto volumes = [this] {
+        return mustReturn(1, singlePhase({.names = Text("volume"), .temperatures = threeTemperatures}))[0]
+            .element(0)
+            .numbers();
+    };
+    const std::vector<double> perMole(3, 0.025);
+    during("CalcSinglePhaseProp", [this] {
+        mustReturn(0, {Scalar(18), Text("mass")});
+        mustReturn(1, {Scalar(19), Text("volume")}); // begins in that basis
+    });
+    EXPECT_EQ(volumes(), perMole);
+    EXPECT_EQ(actions, 1);
+    EXPECT_NE(volumes(), perMole);
+}
+
 // Each package, while it calculates, has the other one calculate and writes into its material.
 TEST_F(InnerCalls, LetPackagesWorkOnEachOthersMaterials)
 {
