@@ -17,6 +17,14 @@ constexpr double slack = 0.7;       // of logarithms of mole numbers
 constexpr int substitutions = 8;
 constexpr int newtonSteps = 40;
 
+// Between two of these phases, a third one can hide that neither of them leads to.
+constexpr struct {
+    int one;
+    int other;
+} phasePairs[] = {{0, 1}, {0, 2}, {1, 2}, {0, 3}, {1, 3}, {2, 3}};
+constexpr int mostPairs = maximumPhases * (maximumPhases - 1) / 2;
+static_assert(std::size(phasePairs) == mostPairs);
+
 void normalize(int n, CompoundArray &lnW)
 {
     const double largest = *std::max_element(lnW.begin(), lnW.begin() + n);
@@ -144,9 +152,6 @@ bool StabilityTest::descend(TrialPhase &start_) const
         // A few steps more than the first proof of instability take make a better start for the split.
         if (step >= substitutions / 2 && trial.distance < -1e-4)
             break;
-        // In these variables the second derivatives are near one: from here it doesn't fall below zero any more.
-        if (trial.distance > 10.0 * trial.squaredGradient + 1e-3)
-            return false;
         if (isKnown(trial.W, trial.state))
             return false;
         if (trial.largestGradient(n) < converged)
@@ -184,17 +189,16 @@ bool StabilityTest::setStart(int index, TrialPhase &trial) const
         byWilson(-1.0);
         return true;
     }
-    if (index == 2) {
+    if (index < 2 + mostPairs) {
+        const auto [one, other] = phasePairs[index - 2];
+        if (other >= split.count)
+            return false;
         trial.root = problem.bestRoot();
-        for (int i = 0; i < n; ++i) {
-            double sum = 0.0;
-            for (int k = 0; k < split.count; ++k)
-                sum += split.phases[k].x[i];
-            trial.lnW[i] = std::log(sum);
-        }
-        return split.count > 1;
+        for (int i = 0; i < n; ++i)
+            trial.lnW[i] = std::log(split.phases[one].x[i] + split.phases[other].x[i]);
+        return true;
     }
-    const int pure = index - 3;
+    const int pure = index - 2 - mostPairs;
     trial.root = Root::liquid;
     if (!staysPure(pure))
         return false;
@@ -220,7 +224,7 @@ bool StabilityTest::staysPure(int pure) const
 
 bool StabilityTest::findNext(TrialPhase &trial)
 {
-    for (; start < 3 + problem.size(); ++start)
+    for (; start < 2 + mostPairs + problem.size(); ++start)
         if (setStart(start, trial) && descend(trial)) {
             ++start;
             return true;

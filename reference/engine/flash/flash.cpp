@@ -42,7 +42,7 @@ struct PairText {
     PairText(const FlashSpecification &one, const FlashSpecification &other) : first(one), second(other) {}
 };
 
-FlashStatus explainLine(LineStatus status, const LineExtent &extent, const FlashSpecification &fraction,
+FlashStatus explainLine(LineStatus status, const FlashSpecification &fraction,
                         const FlashSpecification &other, FlashReason &reason)
 {
     const PairText text(fraction, other);
@@ -56,12 +56,7 @@ FlashStatus explainLine(LineStatus status, const LineExtent &extent, const Flash
                    text.second.text.data());
         return FlashStatus::noSolution;
     case LineStatus::notOnLine:
-        giveReason(reason,
-                   "No state with %s and %s was found: those found with the fraction have temperatures from %.4g to "
-                   "%.4g K and pressures from "
-                   "%.4g to %.4g Pa",
-                   text.first.text.data(), text.second.text.data(), extent.lowestTemperature, extent.highestTemperature,
-                   extent.lowestPressure, extent.highestPressure);
+        giveReason(reason, "No state with %s and %s was found", text.first.text.data(), text.second.text.data());
         return FlashStatus::noSolution;
     default:
         giveReason(reason, "No two phases with %s were found for %s", text.first.text.data(), text.second.text.data());
@@ -113,10 +108,9 @@ FlashStatus flashPresent(const Feed &feed, const FlashSpecification &first, cons
     if (firstIsFraction || isFraction(second.variable)) {
         const FlashSpecification &fraction = firstIsFraction ? first : second;
         const FlashSpecification &other = firstIsFraction ? second : first;
-        LineExtent extent;
-        const LineStatus status = findOnQualityLine(feed, fraction, other, type, result, extent);
+        const LineStatus status = findOnQualityLine(feed, fraction, other, type, result);
         return status == LineStatus::solved ? FlashStatus::solved
-                                            : explainLine(status, extent, fraction, other, reason);
+                                            : explainLine(status, fraction, other, reason);
     }
 
     FoundState state;

@@ -65,14 +65,11 @@ bool LineSampler::solveBetween(const LineSample &first, const LineSample &second
     const bool takeFirst =
         !second.isTwo() || (first.isTwo() && std::fabs(surplus(first, second)) < std::fabs(surplus(second, first)));
     const FlashResult &nearest = takeFirst ? first.state : second.state;
-    for (int i = 0; i < n; ++i)
-        point.unknowns[i] = n == 1 ? 0.0 : std::log(nearest.vapor[i] / nearest.liquid[i]);
+    point.setPhases(n, nearest);
     if (n == 1 || fraction.variable == FlashVariable::vaporFraction)
         point.setAmounts(n, fraction.value, 1.0 - fraction.value);
     else
         point.setAmounts(n, nearest.vaporFraction, nearest.liquidFraction);
-    point.unknowns[TwoPhasePoint::temperatureAt(n)] = std::log(nearest.temperature);
-    point.unknowns[TwoPhasePoint::pressureAt(n)] = std::log(nearest.pressure);
     if (!solvePoint(feed, point, Closing::of(fraction), Closing::of(at)) || !areVaporAndLiquid(feed, point))
         return false;
     const double free = at.variable == FlashVariable::temperature ? point.totals.pressure : point.totals.temperature;

@@ -13,6 +13,7 @@ namespace reference {
 namespace {
 
 constexpr int mostSteps = 600;
+constexpr double lowestPressure = 1e2; // at which flashes look for starts, Pa
 
 // What a variable misses its value by.
 double deviation(const TwoPhasePoint &point, int size, const FlashSpecification &given)
@@ -31,15 +32,13 @@ struct LinePoint {
 class Line {
 public:
     Line(const Feed &whole, const FlashSpecification &vaporFraction, const FlashSpecification &otherVariable,
-         SolutionType wanted, FlashResult &answer, LineExtent &reached)
-        : feed(whole), n(whole.size()), fraction(vaporFraction), other(otherVariable), type(wanted), result(answer),
-          extent(reached)
+         SolutionType wanted, FlashResult &answer)
+        : feed(whole), n(whole.size()), fraction(vaporFraction), other(otherVariable), type(wanted), result(answer)
     {
     }
 
     LineStatus find()
     {
-        extent = {highestFlashTemperature, lowestFlashTemperature, highestFlashPressure, lowestFlashPressure};
         LinePoint start;
         bool started = isCondition(other.variable) && startAt(other, start.point);
         if (started && offer(start.point))
@@ -56,8 +55,9 @@ public:
                     return LineStatus::solved;
         if (!haveSecondChoice && lookAround(started))
             return LineStatus::solved;
-        if (!haveSecondChoice && !isCondition(other.variable) && (sawUnstable || sawSecondLiquid) &&
-            findByQuality(feed, fraction, other, result))
+        if (!haveSecondChoice && n > 1 && sawBoiling && isCondition(other.variable) && comeFromBeside())
+            return LineStatus::solved;
+        if (!haveSecondChoice && n > 1 && !isCondition(other.variable) && findByQuality(feed, fraction, other, result))
             return LineStatus::solved;
         if (haveSecondChoice)
             return LineStatus::solved;
@@ -73,12 +73,11 @@ private:
     const FlashSpecification &other;
     const SolutionType type;
     FlashResult &result;
-    LineExtent &extent;
     int parameter = 0; // the unknown along which a line is followed
     bool haveSecondChoice = false;
     bool sawOtherType = false;
     bool sawUnstable = false;
-    bool sawSecondLiquid = false;
+    bool sawBoiling = false;
     struct Place {
         double lnT, lnP;
     };
@@ -104,7 +103,7 @@ private:
             return lookAlong(other, 150, true, started);
         for (const int pressures : {16, 40})
             for (int i = 0; i <= pressures; ++i) {
-                const double pressure = 1e2 * std::pow(highestFlashPressure / 1e2, static_cast<double>(i) / pressures);
+                const double pressure = lowestPressure * std::pow(highestFlashPressure / lowestPressure, static_cast<double>(i) / pressures);
                 if (lookAlong({FlashVariable::pressure, pressure}, 3 * pressures, false, started))
                     return true;
             }
@@ -115,7 +114,7 @@ private:
     bool lookAlong(const FlashSpecification &at, int intervals, bool isAnswer, bool &started)
     {
         const bool atTemperature = at.variable == FlashVariable::temperature;
-        const double low = atTemperature ? 1e2 : lowestFlashTemperature;
+        const double low = atTemperature ? lowestPressure : lowestFlashTemperature;
         const double high = atTemperature ? highestFlashPressure : highestFlashTemperature;
         const LineSampler sampler(feed, fraction);
         QualitySearch quality(feed, fraction);
@@ -123,7 +122,7 @@ private:
         for (int i = 0; i <= intervals; ++i) {
             LineSample now;
             now.take(feed, at, low * std::pow(high / low, static_cast<double>(i) / intervals));
-            sawSecondLiquid |= now.known && now.state.liquid2Present;
+            sawBoiling |= now.known && now.isTwo();
             LinePoint start;
             if (i > 0 && sampler.startBetween(last, now, at, start.point)) {
                 started = true;
@@ -134,6 +133,26 @@ private:
                        offerFound(quality))
                 return true;
             last = now;
+        }
+        return false;
+    }
+
+    // Next to a critical point flashes find no digits of the amounts: follows the line from further off.
+    bool comeFromBeside()
+    {
+        const bool atTemperature = other.variable == FlashVariable::temperature;
+        QualitySearch quality(feed, fraction);
+        for (const double ratio : {0.99, 1.01, 0.96, 1.04}) {
+            const FlashSpecification beside{other.variable, other.value * ratio};
+            if (!(atTemperature ? quality.scan(beside, lowestPressure, highestFlashPressure, 40)
+                                : quality.scan(beside, lowestFlashTemperature, highestFlashTemperature, 40)) ||
+                quality.found().liquid2Present || !quality.found().liquidPresent)
+                continue;
+            LinePoint start;
+            start.point.setPhases(n, quality.found());
+            start.point.setAmounts(n, quality.found().vaporFraction, quality.found().liquidFraction);
+            if (solvePoint(feed, start.point, Closing::of(fraction), Closing::of(beside)) && walkBoth(start))
+                return true;
         }
         return false;
     }
@@ -279,13 +298,8 @@ private:
 
     void note(const TwoPhasePoint &point)
     {
-        const Totals &totals = point.totals;
         if (traceCount < mostPlaces)
             trace[traceCount++] = {point.unknowns[n + 1], point.unknowns[n + 2]};
-        extent.lowestTemperature = std::min(extent.lowestTemperature, totals.temperature);
-        extent.highestTemperature = std::max(extent.highestTemperature, totals.temperature);
-        extent.lowestPressure = std::min(extent.lowestPressure, totals.pressure);
-        extent.highestPressure = std::max(extent.highestPressure, totals.pressure);
     }
 
     // Follows the line to its end. True when a solution ends the search.
@@ -406,9 +420,9 @@ private:
 } // namespace
 
 LineStatus findOnQualityLine(const Feed &feed, const FlashSpecification &fraction, const FlashSpecification &other,
-                             SolutionType type, FlashResult &result, LineExtent &extent)
+                             SolutionType type, FlashResult &result)
 {
-    return Line(feed, fraction, other, type, result, extent).find();
+    return Line(feed, fraction, other, type, result).find();
 }
 
 } // namespace reference

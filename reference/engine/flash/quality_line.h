@@ -13,15 +13,9 @@ enum class LineStatus {
     noLine,    // no state with this vapor fraction was found at all
 };
 
-// The ends of what was followed, for those who report that something is not there.
-struct LineExtent {
-    double lowestTemperature, highestTemperature; // K
-    double lowestPressure, highestPressure;       // Pa
-};
-
 // Finds the state where the vapor fraction (of moles or mass) and another variable have their values. The
 // feed must be allowed both phases.
 LineStatus findOnQualityLine(const Feed &feed, const FlashSpecification &fraction, const FlashSpecification &other,
-                             SolutionType type, FlashResult &result, LineExtent &extent);
+                             SolutionType type, FlashResult &result);
 
 } // namespace reference

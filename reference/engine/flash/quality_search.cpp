@@ -89,10 +89,10 @@ bool QualitySearch::accept(const Sample &sample)
     return true;
 }
 
-// Whether two phases have not become one.
+// Whether two phases are far from becoming one, where substitution would stop on its way to that.
 bool QualitySearch::differ(const CompoundArray &one, const CompoundArray &other) const
 {
-    constexpr double least = 1e-4; // difference of the logarithms of a compound's fractions
+    constexpr double least = 0.02; // difference of the logarithms of a compound's fractions
     for (int i = 0; i < feed.size(); ++i)
         if (std::fabs(std::log(one[i] / other[i])) > least)
             return true;
@@ -111,16 +111,22 @@ bool QualitySearch::polish(const FlashResult &outside, Root root, CompoundArray 
     evaluatePhase(feed.model, isotherm, outside.pressure, whole.data(), wholeRoot, state);
     for (int i = 0; i < n; ++i)
         potential[i] = std::log(whole[i]) + state.lnPhi[i];
-    double sum = 0.0;
-    for (int step = 0; step < 3; ++step) {
+    constexpr int mostSteps = 200;       // next to a critical point many are needed
+    constexpr double equalFugacity = 1e-11;
+    double change = 1.0;
+    for (int step = 0; step < mostSteps && change > equalFugacity; ++step) {
         evaluatePhase(feed.model, isotherm, outside.pressure, x.data(), root, state);
-        sum = 0.0;
-        for (int i = 0; i < n; ++i)
-            sum += x[i] = std::exp(potential[i] - state.lnPhi[i]);
+        double sum = 0.0;
+        change = 0.0;
+        for (int i = 0; i < n; ++i) {
+            const double next = std::exp(potential[i] - state.lnPhi[i]);
+            change = std::max(change, std::fabs(std::log(next / x[i])));
+            sum += x[i] = next;
+        }
         for (int i = 0; i < n; ++i)
             x[i] /= sum;
     }
-    return std::fabs(sum - 1.0) < goodEnough;
+    return change < goodEnough;
 }
 
 // Next to a critical point the amounts have few digits, and flashes end somewhat before the phases do. Newton's method
@@ -132,11 +138,8 @@ bool QualitySearch::continueToEnd(const FlashSpecification &at, const Sample &in
     if (last.liquid2Present || !last.liquidPresent)
         return false;
     TwoPhasePoint point;
-    for (int i = 0; i < n; ++i)
-        point.unknowns[i] = std::log(last.vapor[i] / last.liquid[i]);
+    point.setPhases(n, last);
     point.setAmounts(n, fraction.value, 1.0 - fraction.value);
-    point.unknowns[TwoPhasePoint::temperatureAt(n)] = std::log(last.temperature);
-    point.unknowns[TwoPhasePoint::pressureAt(n)] = std::log(last.pressure);
     if (!solvePoint(feed, point, Closing::of(fraction), Closing::of(at)) || !areVaporAndLiquid(feed, point))
         return false;
     constexpr double near = 1e-3;
@@ -154,7 +157,7 @@ bool QualitySearch::continueToEnd(const FlashSpecification &at, const Sample &in
 bool QualitySearch::acceptEnd(const Sample &inside, const Sample &outside)
 {
     const FlashResult &beyond = outside.state;
-    constexpr double small = 1e-7;
+    constexpr double small = 1e-5; // next to a critical point the last amounts that flashes find
     if (!(std::fabs(inside.surplus) < small))
         return false;
     result = inside.state;

@@ -11,12 +11,14 @@ namespace {
 
 constexpr double aimed = 1e-11;      // largest residual
 constexpr double goodEnough = 3e-10; // where the fraction has no digits for more
+constexpr double lowestPressure = 1e2; // that is looked at, Pa
 
-class QualityIsotherms {
+// What a variable misses its value by along states of the vapor fraction, by the logarithm of temperature or pressure.
+class QualityStates {
 public:
-    QualityIsotherms(const Feed &whole, const FlashSpecification &vaporFraction, const FlashSpecification &value,
-                     FlashResult &answer)
-        : feed(whole), fraction(vaporFraction), wanted(value), quality(whole, vaporFraction), result(answer)
+    QualityStates(const Feed &whole, FlashVariable condition, const FlashSpecification &vaporFraction,
+                  const FlashSpecification &value, FlashResult &answer)
+        : feed(whole), along(condition), wanted(value), quality(whole, vaporFraction), result(answer)
     {
     }
 
@@ -24,10 +26,10 @@ public:
     {
         Probe probed;
         probed.at = at;
-        if (!findPressure({FlashVariable::temperature, std::exp(at)}))
+        if (!findOther({along, std::exp(at)}))
             return probed;
         result = quality.found();
-        pressure = result.pressure;
+        other = along == FlashVariable::temperature ? result.pressure : result.temperature;
         Equilibrium now;
         now.phases = result;
         now.findTotals(feed);
@@ -47,18 +49,19 @@ public:
 
 private:
     const Feed &feed;
-    const FlashSpecification &fraction;
+    const FlashVariable along;
     const FlashSpecification &wanted;
     QualitySearch quality;
     FlashResult &result;
-    double pressure = 0.0; // of the last state found
+    double other = 0.0; // pressure or temperature of the last state found
 
-    bool findPressure(const FlashSpecification &at)
+    bool findOther(const FlashSpecification &at)
     {
-        if (pressure > 0.0 && quality.near(at, pressure, SolutionType::unspecified))
+        if (other > 0.0 && quality.near(at, other, SolutionType::unspecified))
             return true;
-        constexpr double low = 1e2;
-        return quality.scan(at, low, highestFlashPressure, 16);
+        return along == FlashVariable::temperature
+                   ? quality.scan(at, lowestPressure, highestFlashPressure, 16)
+                   : quality.scan(at, lowestFlashTemperature, highestFlashTemperature, 48);
     }
 };
 
@@ -67,9 +70,13 @@ private:
 bool findByQuality(const Feed &feed, const FlashSpecification &fraction, const FlashSpecification &other,
                    FlashResult &result)
 {
-    QualityIsotherms isotherms(feed, fraction, other, result);
-    RootSearch search(isotherms, std::log(lowestFlashTemperature), std::log(highestFlashTemperature));
-    return search.scan(100) == SearchStatus::found;
+    // States of nearly one fraction can fill a wide range of pressures and a narrow one of temperatures, or the other way.
+    const auto search = [&](FlashVariable along, double lowest, double highest, int intervals) {
+        QualityStates states(feed, along, fraction, other, result);
+        return RootSearch(states, std::log(lowest), std::log(highest)).scan(intervals) == SearchStatus::found;
+    };
+    return search(FlashVariable::temperature, lowestFlashTemperature, highestFlashTemperature, 100) ||
+           search(FlashVariable::pressure, lowestPressure, highestFlashPressure, 60);
 }
 
 } // namespace reference

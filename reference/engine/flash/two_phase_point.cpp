@@ -142,6 +142,14 @@ void TwoPhasePoint::setAmounts(int size, double vapor, double liquid)
     unknowns[amountAt(size)] = countsLiquid ? liquid : vapor;
 }
 
+void TwoPhasePoint::setPhases(int size, const FlashResult &phases)
+{
+    for (int i = 0; i < size; ++i)
+        unknowns[i] = size == 1 ? 0.0 : std::log(phases.vapor[i] / phases.liquid[i]);
+    unknowns[temperatureAt(size)] = std::log(phases.temperature);
+    unknowns[pressureAt(size)] = std::log(phases.pressure);
+}
+
 bool TwoPhasePoint::evaluate(const Feed &feed)
 {
     const int n = feed.size();
@@ -250,7 +258,9 @@ double TwoPhaseEquations::largest() const
     return largest;
 }
 
-bool solvePoint(const Feed &feed, TwoPhasePoint &point, const Closing &first, const Closing &second)
+namespace {
+
+bool approach(const Feed &feed, TwoPhasePoint &point, const Closing &first, const Closing &second)
 {
     const int n = feed.size();
     TwoPhaseEquations equations;
@@ -291,6 +301,25 @@ bool solvePoint(const Feed &feed, TwoPhasePoint &point, const Closing &first, co
             point.unknowns[i] -= length * change[i];
     }
     return false;
+}
+
+} // namespace
+
+bool solvePoint(const Feed &feed, TwoPhasePoint &point, const Closing &first, const Closing &second)
+{
+    if (!approach(feed, point, first, second))
+        return false;
+    constexpr double distinct = 0.01; // difference of the phases from which on there is no doubt
+    const int n = feed.size();
+    const double difference = point.largestLnK(n);
+    if (n == 1 || difference > distinct)
+        return true;
+    // Where a phase is about to split by itself, next to a critical point, the equations nearly hold for any phases that
+    // are nearly one. Those that are a solution are found again from further apart.
+    TwoPhasePoint again = point;
+    for (int i = 0; i < n; ++i)
+        again.unknowns[i] *= 1.5;
+    return approach(feed, again, first, second) && std::fabs(again.largestLnK(n) - difference) < 0.1 * difference;
 }
 
 } // namespace reference

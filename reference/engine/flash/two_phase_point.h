@@ -38,6 +38,8 @@ struct TwoPhasePoint {
     static int pressureAt(int size) { return size + 2; }
 
     void setAmounts(int size, double vapor, double liquid);
+    // All unknowns but the amount, from a vapor and a liquid.
+    void setPhases(int size, const FlashResult &phases);
     double vaporAmount(int size) const { return countsLiquid ? 1.0 - unknowns[size] : unknowns[size]; }
     double liquidAmount(int size) const { return countsLiquid ? unknowns[size] : 1.0 - unknowns[size]; }
 

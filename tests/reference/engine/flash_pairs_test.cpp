@@ -334,15 +334,12 @@ TEST(Flash, SaysThatTheGibbsEnergyOfABoilingCompoundLeavesTheAmountsOpen)
                          " J/mol with the temperature 300 K whatever the amounts of vapor and liquid");
 }
 
-TEST(Flash, SaysHowFarAFractionGoes)
+TEST(Flash, SaysWhichFractionHasNoState)
 {
     const MixtureModel model = modelOf({"methane", "ethane"});
     const std::string words = refusal(
         model, {0.5, 0.5}, {{Variable::temperature, 400.0}, {Variable::vaporFraction, 0.5}}, FlashStatus::noSolution);
-    const std::string start =
-        "No state with the vapor fraction 0.5 and the temperature 400 K was found: those found with the fraction have "
-        "temperatures from ";
-    EXPECT_EQ(words.substr(0, start.size()), start);
+    EXPECT_EQ(words, "No state with the vapor fraction 0.5 and the temperature 400 K was found");
 }
 
 // Smith, Van Ness, Abbott, Introduction to Chemical Engineering Thermodynamics, 7th ed. (2005), example 10.5: acetone,

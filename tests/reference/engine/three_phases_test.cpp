@@ -88,32 +88,58 @@ TEST(ThreePhases, OfTwoCompoundsHaveARangeOfEnthalpiesAtOneTemperature)
     EXPECT_NEAR(first.temperature, 334.8, 2.0);
 }
 
-// The bubble points of a gas next to its critical point, where the line of boiling is too short to be followed.
-TEST(BubblePoints, AreFoundNextToTheCriticalPoint)
-{
+namespace {
+
+// A gas next to its critical point, where the line of boiling is too short to be followed.
+class CriticalGas {
+public:
     const MixtureModel model =
         modelOf({"methane", "hydrogen sulfide", "n-butane", "ethane", "nitrogen", "n-pentane", "propane"});
     std::vector<double> z = {0.382902, 0.015515, 0.143772, 0.09026, 0.316981, 0.017114, 0.033455};
-    double sum = 0.0;
-    for (const double fraction : z)
-        sum += fraction;
-    for (double &fraction : z)
-        fraction /= sum;
-    double last = 1e8;
-    for (double temperature = 281.0; temperature < 285.6; temperature += 0.5) {
-        const FlashRequest request{{Variable::temperature, temperature}, {Variable::vaporFraction, 0.0}};
-        FlashResult result{};
-        FlashReason reason{};
-        ASSERT_EQ(flash(model, request, z, result, reason), FlashStatus::solved) << temperature << ' ' << reason.data();
-        EXPECT_EQ(faultOf({model, z, request}, result), "") << temperature;
-        EXPECT_LT(result.pressure, last);
-        // The flash shows the boundary there: two phases below, one above.
-        FlashResult beside;
-        for (const double factor : {1.0 - 1e-4, 1.0 + 1e-4}) {
-            ASSERT_EQ(flashTP(model, temperature, factor * result.pressure, z, FlashPhases::vaporAndTwoLiquids, beside),
-                      FlashStatus::solved);
-            EXPECT_EQ(beside.phaseCount(), factor < 1.0 ? 2 : 1) << temperature;
-        }
-        last = result.pressure;
+
+    CriticalGas()
+    {
+        double sum = 0.0;
+        for (const double fraction : z)
+            sum += fraction;
+        for (double &fraction : z)
+            fraction /= sum;
     }
+
+    // The highest pressure with two phases, by flashes alone.
+    double edge(double temperature) const
+    {
+        double two = 15e6;
+        double one = 30e6;
+        FlashResult state;
+        for (int halving = 0; halving < 50; ++halving) {
+            const double middle = 0.5 * (two + one);
+            EXPECT_EQ(flashTP(model, temperature, middle, z, FlashPhases::vaporAndTwoLiquids, state),
+                      FlashStatus::solved);
+            (state.phaseCount() == 2 ? two : one) = middle;
+        }
+        return two;
+    }
+};
+
+} // namespace
+
+TEST(BubbleAndDewPoints, AreFoundNextToTheCriticalPoint)
+{
+    const CriticalGas gas;
+    constexpr double critical = 283.963; // where the phases of both lines become one
+    for (const double distance : {10.0, 3.0, 2.0, 1.0, 0.5, 0.3, 0.1, 0.06})
+        for (const bool bubble : {true, false}) {
+            const double temperature = critical + (bubble ? -distance : distance);
+            // A dew point that vanishes with lower pressure, too, is a retrograde one.
+            const FlashRequest request{{Variable::temperature, temperature},
+                                       {Variable::vaporFraction, bubble ? 0.0 : 1.0},
+                                       bubble ? SolutionType::normal : SolutionType::retrograde};
+            FlashResult result{};
+            FlashReason reason{};
+            ASSERT_EQ(flash(gas.model, request, gas.z, result, reason), FlashStatus::solved)
+                << temperature << ' ' << reason.data();
+            EXPECT_EQ(faultOf({gas.model, gas.z, request}, result), "") << temperature;
+            EXPECT_NEAR(result.pressure, gas.edge(temperature), 1e-5 * result.pressure) << temperature;
+        }
 }
