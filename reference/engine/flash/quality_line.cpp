@@ -49,15 +49,13 @@ public:
             started = started || startAt({FlashVariable::pressure, pressure}, start.point);
         for (const double temperature : {300.0, 200.0, 120.0, 450.0, 80.0, 40.0})
             started = started || startAt({FlashVariable::temperature, temperature}, start.point);
-        if (started)
-            for (const double direction : {1.0, -1.0})
-                if (walk(start, direction))
-                    return LineStatus::solved;
+        if (started && walkBoth(start))
+            return LineStatus::solved;
+        if (!haveSecondChoice && n > 1 && !isCondition(other.variable) && findByQuality(feed, fraction, other, result))
+            return LineStatus::solved;
         if (!haveSecondChoice && lookAround(started))
             return LineStatus::solved;
         if (!haveSecondChoice && n > 1 && sawBoiling && isCondition(other.variable) && comeFromBeside())
-            return LineStatus::solved;
-        if (!haveSecondChoice && n > 1 && !isCondition(other.variable) && findByQuality(feed, fraction, other, result))
             return LineStatus::solved;
         if (haveSecondChoice)
             return LineStatus::solved;

@@ -250,15 +250,15 @@ bool QualitySearch::between(const FlashSpecification &at, double first, double s
     return differ(low, high) && close(at, low, high);
 }
 
-bool QualitySearch::scan(const FlashSpecification &at, double lowest, double highest, int intervals)
+bool QualitySearch::scan(const FlashSpecification &at, double first, double end, int intervals)
 {
     Sample last;
-    take(at, std::log(lowest), last);
+    take(at, std::log(first), last);
     for (int i = 1; i <= intervals; ++i) {
         Sample next;
-        take(at, std::log(lowest) + std::log(highest / lowest) * i / intervals, next);
-        Sample low = last;
-        Sample high = next;
+        take(at, std::log(first) + std::log(end / first) * i / intervals, next);
+        Sample low = first < end ? last : next;
+        Sample high = first < end ? next : last;
         if (differ(low, high) && close(at, low, high))
             return true;
         last = next;

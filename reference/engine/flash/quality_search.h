@@ -22,8 +22,8 @@ public:
     // Looks between two values of the other condition: false when both have too much vapor, or too little.
     bool between(const FlashSpecification &at, double first, double second);
 
-    // Looks in so many intervals, of equal ratio, for the first one that has such a state.
-    bool scan(const FlashSpecification &at, double lowest, double highest, int intervals);
+    // Looks in so many intervals, of equal ratio, upward or downward, for the first one that has such a state.
+    bool scan(const FlashSpecification &at, double first, double end, int intervals);
 
     const FlashResult &found() const { return result; }
     SolutionType foundType() const { return type; }

@@ -13,7 +13,8 @@ constexpr double aimed = 1e-11;      // largest residual
 constexpr double goodEnough = 3e-10; // where the fraction has no digits for more
 constexpr double lowestPressure = 1e2; // that is looked at, Pa
 
-// What a variable misses its value by along states of the vapor fraction, by the logarithm of temperature or pressure.
+// What a variable misses its value by along states of the vapor fraction, by the logarithm of the inverse
+// temperature or of the pressure: from where it is warm, as flashes of what would be solid take long.
 class QualityStates {
 public:
     QualityStates(const Feed &whole, FlashVariable condition, const FlashSpecification &vaporFraction,
@@ -26,7 +27,7 @@ public:
     {
         Probe probed;
         probed.at = at;
-        if (!findOther({along, std::exp(at)}))
+        if (!findOther({along, std::exp(along == FlashVariable::temperature ? -at : at)}))
             return probed;
         result = quality.found();
         other = along == FlashVariable::temperature ? result.pressure : result.temperature;
@@ -61,7 +62,7 @@ private:
             return true;
         return along == FlashVariable::temperature
                    ? quality.scan(at, lowestPressure, highestFlashPressure, 16)
-                   : quality.scan(at, lowestFlashTemperature, highestFlashTemperature, 48);
+                   : quality.scan(at, highestFlashTemperature, lowestFlashTemperature, 48);
     }
 };
 
@@ -75,7 +76,7 @@ bool findByQuality(const Feed &feed, const FlashSpecification &fraction, const F
         QualityStates states(feed, along, fraction, other, result);
         return RootSearch(states, std::log(lowest), std::log(highest)).scan(intervals) == SearchStatus::found;
     };
-    return search(FlashVariable::temperature, lowestFlashTemperature, highestFlashTemperature, 100) ||
+    return search(FlashVariable::temperature, 1.0 / highestFlashTemperature, 1.0 / lowestFlashTemperature, 100) ||
            search(FlashVariable::pressure, lowestPressure, highestFlashPressure, 60);
 }
 

@@ -208,12 +208,18 @@ private:
     {
         constexpr int mostSteps = 150;
         double width = std::fabs(b.at - a.at);
+        double weightOfA = 1.0; // of the residuals in the method of Illinois, which needs no slopes
+        double weightOfB = 1.0;
         for (int step = 0; step < mostSteps; ++step) {
             if (step % 6 == 5 && function.cross(a, b))
                 return SearchStatus::found;
             const Probe &better = std::fabs(a.residual) < std::fabs(b.residual) ? a : b;
             const double middle = 0.5 * (a.at + b.at);
             double target = better.at - better.residual / better.slope;
+            if (!std::isfinite(better.slope)) {
+                const double ofA = weightOfA * a.residual;
+                target = a.at + (b.at - a.at) * ofA / (ofA - weightOfB * b.residual);
+            }
             const bool inside = target > std::min(a.at, b.at) && target < std::max(a.at, b.at);
             if (step % 3 == 2) {
                 const double now = std::fabs(b.at - a.at);
@@ -230,7 +236,10 @@ private:
                 return SearchStatus::found;
             if (!next.known)
                 break;
-            (next.differsInSign(a) ? b : a) = next;
+            const bool replacesB = next.differsInSign(a);
+            weightOfA = replacesB ? 0.5 * weightOfA : 1.0;
+            weightOfB = replacesB ? 1.0 : 0.5 * weightOfB;
+            (replacesB ? b : a) = next;
             if (std::fabs(b.at - a.at) <= 4e-16 * std::max(std::fabs(a.at), std::fabs(b.at)))
                 break;
         }
