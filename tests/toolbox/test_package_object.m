@@ -11,7 +11,7 @@ function properties_are_those_of_the_package(~)
     p = opened();
     check(strcmp(p.Name, 'Verdanth Reference Packages:Natural gas'), 'name: %s', p.Name);
     check(strcmp(p.Compounds{3}, 'propane') && numel(p.Compounds) == 11, 'compounds');
-    check(isequal(p.Phases(:).', {'Vapor', 'Liquid'}), 'phases');
+    check(isequal(p.Phases(:).', {'Vapor', 'Liquid', 'Liquid2'}), 'phases');
     check(isequal(size(p.MolecularWeights), [1 11]) && abs(p.MolecularWeights(1) - 16.043) < 2e-3, 'weights');
     check(isa(p.Handle, 'int32') && p.Handle == capeOpenHandleList(), 'handle');
     check(~isempty(message_of(@() setfield(p, 'Name', 'other'))), 'the name can be changed');
@@ -69,7 +69,7 @@ end
 function it_prints_itself(~)
     p = opened();
     shown = evalc('p');
-    for part = {'Verdanth Reference Packages:Natural gas', '11 compounds: methane, ethane,', '2 phases: Vapor, Liquid'}
+    for part = {'Verdanth Reference Packages:Natural gas', '11 compounds: methane, ethane,', '3 phases: Vapor, Liquid, Liquid2'}
         check(~isempty(strfind(shown, part{1})), '"%s" is missing in: %s', part{1}, shown);
     end
     delete(p);

@@ -53,12 +53,18 @@ void PhaseSplit::setOnePhase(const FlashProblem &problem)
     gibbs = problem.gibbs;
 }
 
+bool PhaseSplit::isVapor(const FlashProblem &problem, int phase) const
+{
+    const PhaseState &state = phases[phase].state;
+    return state.severalRoots ? state.vaporRoot
+                              : !(state.Z < cubicConstants(problem.model.equation).criticalVolume * state.B);
+}
+
 void PhaseSplit::followDensity(const FlashProblem &problem)
 {
-    const double critical = cubicConstants(problem.model.equation).criticalVolume;
     for (int k = 0; k < count; ++k)
-        if (const PhaseState &state = phases[k].state; !state.severalRoots && problem.vaporAllowed)
-            phases[k].root = state.Z < critical * state.B ? Root::liquid : Root::vapor;
+        if (!phases[k].state.severalRoots && problem.vaporAllowed)
+            phases[k].root = isVapor(problem, k) ? Root::vapor : Root::liquid;
 }
 
 void PhaseSplit::remove(int phase)

@@ -13,17 +13,13 @@ namespace {
 constexpr double unstable = -1e-11; // a distance below this is no round-off
 constexpr double converged = 1e-9;  // largest scaled gradient
 constexpr double samePhase = 3e-5;  // sum of the differences between mole numbers of a trial and a phase that is known
+constexpr double nearPhase = 3e-3;  // the same, where a step has brought the trial nearer by a good part
+constexpr double contraction = 0.3; // of that difference in such a step
 constexpr double slack = 0.7;       // of logarithms of mole numbers
 constexpr int substitutions = 8;
 constexpr int newtonSteps = 40;
 
-// Between two of these phases, a third one can hide that neither of them leads to.
-constexpr struct {
-    int one;
-    int other;
-} phasePairs[] = {{0, 1}, {0, 2}, {1, 2}, {0, 3}, {1, 3}, {2, 3}};
-constexpr int mostPairs = maximumPhases * (maximumPhases - 1) / 2;
-static_assert(std::size(phasePairs) == mostPairs);
+constexpr double never = -1e300;
 
 void normalize(int n, CompoundArray &lnW)
 {
@@ -83,6 +79,37 @@ StabilityTest::StabilityTest(const FlashProblem &whole, const PhaseSplit &phases
     const SplitPhase &first = split.phases[0];
     for (int i = 0; i < problem.size(); ++i)
         potential[i] = std::log(first.x[i]) + first.state.lnPhi[i];
+    listStarts();
+}
+
+// Pure compounds that would form a phase at once come first: they save the rest.
+void StabilityTest::listStarts()
+{
+    const auto add = [&](Start::Kind kind, int one, int other = 0) { starts[startCount++] = {kind, one, other}; };
+    CompoundArray gain; // of the start's compound: what its phase would have of it, as logarithm
+    const auto addPure = [&](bool forming) {
+        const int from = startCount;
+        for (int i = 0; i < problem.size(); ++i)
+            if ((gain[i] > 0.0) == forming && gain[i] > never)
+                add(Start::Kind::pure, i);
+        std::sort(starts.begin() + from, starts.begin() + startCount,
+                  [&](const Start &a, const Start &b) { return gain[a.one] > gain[b.one]; });
+    };
+    CompoundArray lnW;
+    for (int i = 0; i < problem.size(); ++i)
+        gain[i] = setPureStart(i, lnW) ? lnW[i] : never;
+    addPure(true);
+    bool hasVapor = false;
+    for (int k = 0; k < split.count; ++k)
+        hasVapor = hasVapor || split.isVapor(problem, k);
+    if (problem.vaporAllowed && (split.count == 1 || !hasVapor))
+        add(Start::Kind::wilsonVapor, 0);
+    if (split.count == 1)
+        add(Start::Kind::wilsonLiquid, 0);
+    for (int k = 1; k < split.count; ++k)
+        for (int m = 0; m < k; ++m)
+            add(Start::Kind::mean, m, k);
+    addPure(false);
 }
 
 // One step of Newton's method in 2 sqrt(W_i), shortened until the distance falls.
@@ -124,9 +151,11 @@ bool StabilityTest::newtonStep(Trial &trial) const
     return false;
 }
 
-// Whether a trial has come to one of the phases that are there.
-bool StabilityTest::isKnown(const CompoundArray &W, const PhaseState &state) const
+// The sum of the differences between mole numbers of a trial and the nearest of the phases that are there and have
+// nearly its density; one where there is none.
+double StabilityTest::differenceFromKnown(const CompoundArray &W, const PhaseState &state) const
 {
+    double least = 1.0;
     for (int k = 0; k < split.count; ++k) {
         const SplitPhase &phase = split.phases[k];
         if (std::fabs(state.Z - phase.state.Z) > 0.1 * phase.state.Z)
@@ -134,10 +163,9 @@ bool StabilityTest::isKnown(const CompoundArray &W, const PhaseState &state) con
         double difference = 0.0;
         for (int i = 0; i < problem.size(); ++i)
             difference += std::fabs(W[i] - phase.x[i]);
-        if (difference < samePhase)
-            return true;
+        least = std::min(least, difference);
     }
-    return false;
+    return least;
 }
 
 bool StabilityTest::descend(TrialPhase &start_) const
@@ -148,11 +176,15 @@ bool StabilityTest::descend(TrialPhase &start_) const
     trial.lnW = start_.lnW;
     normalize(n, trial.lnW); // only the composition matters at first
     trial.evaluate(problem, potential);
+    double difference = 1.0;
     for (int step = 0; step < substitutions + newtonSteps; ++step) {
         // A few steps more than the first proof of instability take make a better start for the split.
         if (step >= substitutions / 2 && trial.distance < -1e-4)
             break;
-        if (isKnown(trial.W, trial.state))
+        // On the way to a phase that is there already.
+        const double before = difference;
+        difference = differenceFromKnown(trial.W, trial.state);
+        if (difference < samePhase || (difference < nearPhase && difference < contraction * before))
             return false;
         if (trial.largestGradient(n) < converged)
             break;
@@ -166,11 +198,10 @@ bool StabilityTest::descend(TrialPhase &start_) const
     }
     start_.lnW = trial.lnW;
     start_.distance = trial.distance;
-    return trial.distance < unstable && !isKnown(trial.W, trial.state);
+    return trial.distance < unstable && differenceFromKnown(trial.W, trial.state) > samePhase;
 }
 
-// False when there is no such start.
-bool StabilityTest::setStart(int index, TrialPhase &trial) const
+void StabilityTest::setStart(const Start &at, TrialPhase &trial) const
 {
     const int n = problem.size();
     const auto byWilson = [&](double sign) {
@@ -179,56 +210,48 @@ bool StabilityTest::setStart(int index, TrialPhase &trial) const
                 std::log(problem.z[i]) +
                 sign * wilsonLogRatio(problem.model.compounds[i], problem.isotherm.temperature, problem.pressure);
     };
-    if (index == 0) {
+    switch (at.kind) {
+    case Start::Kind::wilsonVapor:
         trial.root = Root::vapor;
-        byWilson(1.0);
-        return problem.vaporAllowed;
-    }
-    if (index == 1) {
+        return byWilson(1.0);
+    case Start::Kind::wilsonLiquid:
         trial.root = Root::liquid;
-        byWilson(-1.0);
-        return true;
-    }
-    if (index < 2 + mostPairs) {
-        const auto [one, other] = phasePairs[index - 2];
-        if (other >= split.count)
-            return false;
+        return byWilson(-1.0);
+    case Start::Kind::mean: // between two phases, a third one can hide that neither leads to
         trial.root = problem.bestRoot();
         for (int i = 0; i < n; ++i)
-            trial.lnW[i] = std::log(split.phases[one].x[i] + split.phases[other].x[i]);
-        return true;
+            trial.lnW[i] = std::log(split.phases[at.one].x[i] + split.phases[at.other].x[i]);
+        return;
+    case Start::Kind::pure:
+        trial.root = Root::liquid;
+        setPureStart(at.one, trial.lnW);
     }
-    const int pure = index - 2 - mostPairs;
-    trial.root = Root::liquid;
-    if (!staysPure(pure))
-        return false;
-    for (int i = 0; i < n; ++i)
-        trial.lnW[i] = std::log(0.05 * problem.z[i] + (i == pure ? 0.95 : 0.0));
-    return true;
 }
 
-// Whether a phase of one compound alone would take up more of that than of any other, at the chemical potentials there
-// are: otherwise the search would not stay near it.
-bool StabilityTest::staysPure(int pure) const
+// What a phase of one compound alone would become in one step of substitution. False if it would take up more of another
+// compound than of its own, at the chemical potentials there are: the search would not stay near it.
+bool StabilityTest::setPureStart(int pure, CompoundArray &lnW) const
 {
     if (problem.model.isIdeal())
         return false; // its liquids never split
     CompoundArray lnPhi;
     evaluateSolvent(problem.model, problem.isotherm, problem.pressure, pure, lnPhi);
     const double own = potential[pure] - lnPhi[pure];
-    for (int i = 0; i < problem.size(); ++i)
-        if (potential[i] - lnPhi[i] > own + slack)
+    for (int i = 0; i < problem.size(); ++i) {
+        lnW[i] = potential[i] - lnPhi[i];
+        if (lnW[i] > own + slack)
             return false;
+    }
     return true;
 }
 
 bool StabilityTest::findNext(TrialPhase &trial)
 {
-    for (; start < 2 + mostPairs + problem.size(); ++start)
-        if (setStart(start, trial) && descend(trial)) {
-            ++start;
+    while (nextStart < startCount) {
+        setStart(starts[nextStart++], trial);
+        if (descend(trial))
             return true;
-        }
+    }
     return false;
 }
 

@@ -19,12 +19,21 @@ private:
     const FlashProblem &problem;
     const PhaseSplit &split;
     CompoundArray potential; // ln x_i + ln phi_i, the same in all phases
-    int start = 0;
 
-    bool setStart(int index, TrialPhase &trial) const;
-    bool isKnown(const CompoundArray &W, const PhaseState &state) const;
-    bool stands(Root root) const;
-    bool staysPure(int pure) const;
+    struct Start {
+        enum class Kind { wilsonVapor, wilsonLiquid, mean, pure } kind;
+        int one;   // phase or compound
+        int other; // phase
+    };
+    static constexpr int mostStarts = 2 + maximumPhases * (maximumPhases - 1) / 2 + maximumCompounds;
+    std::array<Start, mostStarts> starts;
+    int startCount = 0;
+    int nextStart = 0;
+
+    void listStarts();
+    void setStart(const Start &at, TrialPhase &trial) const;
+    double differenceFromKnown(const CompoundArray &W, const PhaseState &state) const;
+    bool setPureStart(int pure, CompoundArray &lnW) const;
     bool descend(TrialPhase &trial) const;
     struct Trial;
     bool newtonStep(Trial &trial) const;
