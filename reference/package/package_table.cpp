@@ -34,6 +34,12 @@ constexpr std::string_view refrigerantsCompounds[] = {
 constexpr std::string_view alcoholCompounds[] = {"water",      "methanol",   "ethanol",
                                                  "1-propanol", "2-propanol", "1-butanol"};
 
+constexpr std::string_view wetGasCompounds[] = {
+    "methane",   "ethane",   "propane",   "isobutane",      "n-butane",         "isopentane",
+    "n-pentane", "n-hexane", "n-heptane", "n-octane",       "n-nonane",         "n-decane",
+    "benzene",   "toluene",  "nitrogen",  "carbon dioxide", "hydrogen sulfide", "water",
+};
+
 constexpr PackageDefinition packages[] = {
     {"Natural gas",
      "Methane to n-hexane with nitrogen, carbon dioxide and hydrogen sulfide, without water, by the Peng-Robinson "
@@ -52,6 +58,10 @@ constexpr PackageDefinition packages[] = {
      "Water and the alcohols up to 1-butanol at low pressure, by activity coefficients of NRTL and an ideal vapor; "
      "the propanols without water",
      nrtl, alcoholCompounds},
+    {"Wet gas and hydrocarbons",
+     "Methane to n-decane, benzene and toluene with nitrogen, acid gases and water, in up to three phases, by the "
+     "Peng-Robinson equation",
+     pengRobinson, wetGasCompounds},
     {"All compounds (Peng-Robinson)", "Every compound of the library, by the Peng-Robinson equation", pengRobinson, {}},
     {"All compounds (Soave-Redlich-Kwong)",
      "Every compound of the library, by the Soave-Redlich-Kwong equation",

@@ -18,7 +18,7 @@ inline constexpr const char *managerName = "Verdanth Reference Packages";
 inline constexpr const char *packageName = "Natural gas";
 inline const std::vector<WideString> packagesOfManager =
     Names({packageName, "Air", "Refinery gas", "Aromatics", "Refrigerants", "Water and light alcohols",
-           "All compounds (Peng-Robinson)", "All compounds (Soave-Redlich-Kwong)"});
+           "Wet gas and hydrocarbons", "All compounds (Peng-Robinson)", "All compounds (Soave-Redlich-Kwong)"});
 
 // The relay goes when the library is cleared.
 class ThroughRelay : public MexTest {

@@ -228,8 +228,8 @@ void StabilityTest::setStart(const Start &at, TrialPhase &trial) const
     }
 }
 
-// What a phase of one compound alone would become in one step of substitution. False if it would take up more of another
-// compound than of its own, at the chemical potentials there are: the search would not stay near it.
+// What a phase of one compound alone would become in one step of substitution. False if it would take up more of
+// another compound than of its own, at the chemical potentials there are: the search would not stay near it.
 bool StabilityTest::setPureStart(int pure, CompoundArray &lnW) const
 {
     if (problem.model.isIdeal())

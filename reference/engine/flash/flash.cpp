@@ -42,8 +42,8 @@ struct PairText {
     PairText(const FlashSpecification &one, const FlashSpecification &other) : first(one), second(other) {}
 };
 
-FlashStatus explainLine(LineStatus status, const FlashSpecification &fraction,
-                        const FlashSpecification &other, FlashReason &reason)
+FlashStatus explainLine(LineStatus status, const FlashSpecification &fraction, const FlashSpecification &other,
+                        FlashReason &reason)
 {
     const PairText text(fraction, other);
     switch (status) {
@@ -109,8 +109,7 @@ FlashStatus flashPresent(const Feed &feed, const FlashSpecification &first, cons
         const FlashSpecification &fraction = firstIsFraction ? first : second;
         const FlashSpecification &other = firstIsFraction ? second : first;
         const LineStatus status = findOnQualityLine(feed, fraction, other, type, result);
-        return status == LineStatus::solved ? FlashStatus::solved
-                                            : explainLine(status, fraction, other, reason);
+        return status == LineStatus::solved ? FlashStatus::solved : explainLine(status, fraction, other, reason);
     }
 
     FoundState state;

@@ -101,7 +101,8 @@ private:
             return lookAlong(other, 150, true, started);
         for (const int pressures : {16, 40})
             for (int i = 0; i <= pressures; ++i) {
-                const double pressure = lowestPressure * std::pow(highestFlashPressure / lowestPressure, static_cast<double>(i) / pressures);
+                const double pressure = lowestPressure * std::pow(highestFlashPressure / lowestPressure,
+                                                                  static_cast<double>(i) / pressures);
                 if (lookAlong({FlashVariable::pressure, pressure}, 3 * pressures, false, started))
                     return true;
             }

@@ -9,8 +9,8 @@ namespace reference {
 
 namespace {
 
-constexpr double aimed = 1e-11;      // largest residual
-constexpr double goodEnough = 3e-10; // where the fraction has no digits for more
+constexpr double aimed = 1e-11;        // largest residual
+constexpr double goodEnough = 3e-10;   // where the fraction has no digits for more
 constexpr double lowestPressure = 1e2; // that is looked at, Pa
 
 // What a variable misses its value by along states of the vapor fraction, by the logarithm of the inverse
@@ -71,7 +71,8 @@ private:
 bool findByQuality(const Feed &feed, const FlashSpecification &fraction, const FlashSpecification &other,
                    FlashResult &result)
 {
-    // States of nearly one fraction can fill a wide range of pressures and a narrow one of temperatures, or the other way.
+    // States of nearly one fraction can fill a wide range of pressures and a narrow one of temperatures, or the other
+    // way.
     const auto search = [&](FlashVariable along, double lowest, double highest, int intervals) {
         QualityStates states(feed, along, fraction, other, result);
         return RootSearch(states, std::log(lowest), std::log(highest)).scan(intervals) == SearchStatus::found;

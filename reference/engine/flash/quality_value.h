@@ -6,7 +6,8 @@
 
 namespace reference {
 
-// Looks along the temperature and the pressure, by flashes alone: slower than what follows the line of two phases, and not bound to it.
+// Looks along the temperature and the pressure, by flashes alone: slower than what follows the line of two phases, and
+// not bound to it.
 bool findByQuality(const Feed &feed, const FlashSpecification &fraction, const FlashSpecification &other,
                    FlashResult &result);
 

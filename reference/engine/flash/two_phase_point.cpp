@@ -314,8 +314,8 @@ bool solvePoint(const Feed &feed, TwoPhasePoint &point, const Closing &first, co
     const double difference = point.largestLnK(n);
     if (n == 1 || difference > distinct)
         return true;
-    // Where a phase is about to split by itself, next to a critical point, the equations nearly hold for any phases that
-    // are nearly one. Those that are a solution are found again from further apart.
+    // Where a phase is about to split by itself, next to a critical point, the equations nearly hold for any phases
+    // that are nearly one. Those that are a solution are found again from further apart.
     TwoPhasePoint again = point;
     for (int i = 0; i < n; ++i)
         again.unknowns[i] *= 1.5;

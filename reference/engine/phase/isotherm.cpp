@@ -19,6 +19,11 @@ void prepareCubic(const MixtureModel &model, Isotherm &isotherm)
         isotherm.s[i] = compound.attractionRoot * (1.0 + compound.attractionSlope * (1.0 - reducedRoot));
         isotherm.slope[i] = -compound.attractionRoot * compound.attractionSlope * reducedRoot * inverse;
         isotherm.curvature[i] = -isotherm.slope[i] * inverse;
+        if (isotherm.s[i] < 0.0) { // beyond where alpha is zero: the root of a alpha is the positive one
+            isotherm.s[i] = -isotherm.s[i];
+            isotherm.slope[i] = -isotherm.slope[i];
+            isotherm.curvature[i] = -isotherm.curvature[i];
+        }
     }
 }
 

@@ -76,8 +76,8 @@ TEST(PackageManager, ListsItsPackages)
     ASSERT_EQ(manager->GetPropertyPackageList(names.out()), S_OK);
     EXPECT_EQ(textsOf(names.get()),
               (std::vector<std::string>{"Natural gas", "Air", "Refinery gas", "Aromatics", "Refrigerants",
-                                        "Water and light alcohols", "All compounds (Peng-Robinson)",
-                                        "All compounds (Soave-Redlich-Kwong)"}));
+                                        "Water and light alcohols", "Wet gas and hydrocarbons",
+                                        "All compounds (Peng-Robinson)", "All compounds (Soave-Redlich-Kwong)"}));
     EXPECT_EQ(manager->GetPropertyPackageList(nullptr), E_POINTER);
 }
 

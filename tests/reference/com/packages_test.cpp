@@ -28,6 +28,7 @@ const struct {
     {"Aromatics", {"benzene", "toluene"}, {0.5, 0.5}, 368.0, 101325.0},
     {"Refrigerants", {"R-32", "R-134a"}, {0.5, 0.5}, 260.0, 3.3e5},
     {"Water and light alcohols", {"methanol", "water"}, {0.5, 0.5}, 350.0, 85e3},
+    {"Wet gas and hydrocarbons", {"methane", "n-hexane", "water"}, {0.5, 0.2, 0.3}, 410.0, 2e6},
     {"All compounds (Peng-Robinson)", {"methane", "benzene", "ammonia"}, {0.4, 0.4, 0.2}, 300.0, 1e6},
     {"All compounds (Soave-Redlich-Kwong)", {"methane", "benzene", "ammonia"}, {0.4, 0.4, 0.2}, 300.0, 1e6},
 };
@@ -75,6 +76,32 @@ TEST(Packages, SplitMixturesOfTheirsIntoTwoPhasesInEquilibrium)
         const std::vector<double> liquid = package.valuesOf("fugacity", "Liquid");
         for (std::size_t i = 0; i < vapor.size(); ++i)
             EXPECT_NEAR(vapor[i], liquid[i], 1e-9 * vapor[i]);
+    }
+}
+
+// Gas, condensate and water of a well at 313 K and 60 bar.
+TEST(Packages, SplitAWetGasIntoThreePhases)
+{
+    Library library;
+    OpenedPackage package(library, "Wet gas and hydrocarbons");
+    package.setMaterial({"methane", "propane", "n-decane", "carbon dioxide", "water"}, 313.15, 6e6,
+                        {0.6, 0.1, 0.1, 0.05, 0.15});
+    const auto written = package.flash({"Vapor", "Liquid", "Liquid2"});
+    double sum = 0.0;
+    for (const std::string phase : {"Vapor", "Liquid", "Liquid2"}) {
+        ASSERT_TRUE(written.contains(phase + "/fraction")) << phase;
+        package.material.ownCompositions[phase] = written.at(phase + "/fraction").values;
+        sum += written.at(phase + "/phaseFraction").values[0];
+    }
+    EXPECT_NEAR(sum, 1.0, 1e-14);
+    EXPECT_GT(written.at("Vapor/fraction").values[0], 0.8);    // methane
+    EXPECT_GT(written.at("Liquid/fraction").values[2], 0.4);   // n-decane
+    EXPECT_GT(written.at("Liquid2/fraction").values[4], 0.99); // water
+    const std::vector<double> vapor = package.valuesOf("fugacity", "Vapor");
+    for (const char *phase : {"Liquid", "Liquid2"}) {
+        const std::vector<double> liquid = package.valuesOf("fugacity", phase);
+        for (std::size_t i = 0; i < vapor.size(); ++i)
+            EXPECT_NEAR(liquid[i] / vapor[i], 1.0, 1e-9) << phase << ' ' << i;
     }
 }
 

@@ -35,7 +35,7 @@ public:
     {
         Names names = from;
         std::shuffle(names.begin() + static_cast<std::ptrdiff_t>(always), names.end(), random);
-        names.resize(std::min(names.size(), fewest + random() % (most - fewest + 1)));
+        names.resize(std::min<std::size_t>(names.size(), fewest + random() % (most - fewest + 1)));
         return names;
     }
 

@@ -17,7 +17,8 @@ struct State {
     Root root;
 };
 
-// A gas, a dense gas, a liquid and a cold liquid of the same compounds, by every equation.
+// A gas, a dense gas, a liquid and a cold liquid of the same compounds, by every equation; and a gas so hot that the
+// alpha function of nitrogen has passed zero.
 std::vector<State> states()
 {
     const std::vector<double> oil = {0.2, 0.1, 0.2, 0.2, 0.2, 0.02, 0.08};
@@ -28,6 +29,7 @@ std::vector<State> states()
         list.push_back({model, pipelineFractions, 260.0, 15e6, Root::stable});
         list.push_back({model, oil, 300.0, 12e6, Root::liquid});
         list.push_back({model, oil, 180.0, 2e6, Root::liquid});
+        list.push_back({model, pipelineFractions, 1300.0, 30e6, Root::vapor});
     }
     return list;
 }

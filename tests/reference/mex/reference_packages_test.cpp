@@ -76,9 +76,10 @@ TEST_F(ReferencePackages, AreListed)
     std::vector<std::string> names;
     for (const WideString &name : list[0].texts())
         names.emplace_back(name.begin(), name.end());
-    EXPECT_EQ(names, (std::vector<std::string>{"Natural gas", "Air", "Refinery gas", "Aromatics", "Refrigerants",
-                                               "Water and light alcohols", "All compounds (Peng-Robinson)",
-                                               "All compounds (Soave-Redlich-Kwong)"}));
+    EXPECT_EQ(names,
+              (std::vector<std::string>{"Natural gas", "Air", "Refinery gas", "Aromatics", "Refrigerants",
+                                        "Water and light alcohols", "Wet gas and hydrocarbons",
+                                        "All compounds (Peng-Robinson)", "All compounds (Soave-Redlich-Kwong)"}));
 }
 
 TEST_F(ReferencePackages, TellWhatAFlashCanBeGiven)
