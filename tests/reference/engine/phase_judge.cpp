@@ -116,7 +116,7 @@ private:
     std::vector<Numbers> starts(const std::vector<Numbers> &phases) const
     {
         std::vector<Numbers> list;
-        const auto near = [&](std::size_t main, double share) {
+        const auto richIn = [&](std::size_t main, double share) {
             Numbers start(n);
             for (std::size_t i = 0; i < n; ++i)
                 start[i] = (1.0 - share) * z[i] + (i == main ? share : 0.0);
@@ -124,7 +124,7 @@ private:
         };
         for (std::size_t i = 0; i < n; ++i)
             for (const double share : {0.6, 0.95, 0.9999})
-                near(i, share);
+                richIn(i, share);
         for (const double power : {1.0, -1.0, 1.0 / 3.0, -1.0 / 3.0, 2.0, -2.0}) {
             Numbers start(n);
             for (std::size_t i = 0; i < n; ++i) {
