@@ -299,9 +299,9 @@ private:
         double gibbs = distribute(phases);
         for (std::size_t k = 0; phases.size() > 1 && k < phases.size();) {
             std::vector<Numbers> fewer = without(phases, k);
-            const bool small = sumOf(phases[k]) < 1e-3 || isTwice(phases, k);
-            const double fewerGibbs = small ? distribute(fewer) : 0.0;
-            if (small && fewerGibbs <= gibbs + 1e-13) {
+            const bool isLittle = sumOf(phases[k]) < 1e-3 || isTwice(phases, k);
+            const double fewerGibbs = isLittle ? distribute(fewer) : 0.0;
+            if (isLittle && fewerGibbs <= gibbs + 1e-13) {
                 phases = fewer;
                 gibbs = fewerGibbs;
                 k = 0;
