@@ -10,6 +10,7 @@ namespace reference {
 namespace {
 
 constexpr int mostRounds = 16;
+constexpr int mostFailures = 3;      // trials of no use, which take far longer than others
 constexpr double noticeable = -1e-8; // a distance from the tangent plane that a split must be able to use
 
 // Whether one of two phases can have the name of a vapor, and the other that of a liquid.
@@ -62,6 +63,7 @@ PhaseSearchStatus findStablePhases(const FlashProblem &problem, PhaseSplit &spli
     }
     if (!problem.vaporAllowed || splitFromWilson(problem, split) != SplitStatus::solved)
         split.setOnePhase(problem);
+    int failures = 0;
     for (int round = 0; round < mostRounds; ++round) {
         if (settleRoots(problem, split) != SplitStatus::solved)
             split.setOnePhase(problem);
@@ -74,7 +76,11 @@ PhaseSearchStatus findStablePhases(const FlashProblem &problem, PhaseSplit &spli
             if (split.count == maximumPhases)
                 return PhaseSearchStatus::tooMany;
             better = splitFurther(problem, trial, split) == SplitStatus::solved;
-            open |= !better && trial.distance < noticeable;
+            if (better || trial.distance > noticeable)
+                continue;
+            open = true;
+            if (++failures > mostFailures)
+                return PhaseSearchStatus::notConverged;
         }
         if (!better)
             return open ? PhaseSearchStatus::notConverged : PhaseSearchStatus::stable;

@@ -43,7 +43,7 @@ bool isStable(const Feed &feed, const TwoPhasePoint &point)
     constexpr double metastable = 1e-8; // a Gibbs energy over R T too high by this is no round-off
     Equilibrium found;
     if (found.find(feed, point.totals.temperature, point.totals.pressure) != FlashStatus::solved)
-        return true;
+        return false; // more phases than are allowed, or none that are known
     const double gibbs = point.totals.value(FlashVariable::gibbsEnergy) / (gasConstant * point.totals.temperature);
     return found.gibbs > gibbs - metastable * (1.0 + 1e-3 * std::fabs(gibbs));
 }
