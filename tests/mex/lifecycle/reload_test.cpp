@@ -55,7 +55,7 @@ protected:
         const std::vector<double> gas = {0.80, 0.08, 0.05, 0.02, 0, 0.01, 0, 0, 0.02, 0.02, 0};
         matlab.load(); // which unloads the last one
         EXPECT_EQ(mustReturn(1, {Scalar(26)})[0].text(), Wide("Verdanth.DLL version: 2.0.0.4"));
-        EXPECT_EQ(mustReturn(1, {Scalar(2), Text("Verdanth Reference Packages")})[0].count(), 8u);
+        EXPECT_EQ(mustReturn(1, {Scalar(2), Text("Verdanth Reference Packages")})[0].count(), 9u);
         // Alone: what a manager is asked for by name keeps the name.
         handle = open("Verdanth Natural Gas (stand-alone)");
         EXPECT_EQ(mustReturn(5, {Scalar(24), handle, Row(gas), Text("Temperature"), Scalar(220), Text("Pressure"),
