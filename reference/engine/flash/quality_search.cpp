@@ -12,7 +12,7 @@ namespace reference {
 
 namespace {
 
-constexpr double met = 1e-12;       // of a vapor fraction
+constexpr double met = 1e-12;        // of a vapor fraction
 constexpr double goodEnough = 3e-10; // where the pressure has no digits for more
 
 constexpr double edgeWidth = 2e-15; // of the logarithm of a temperature or pressure
