@@ -1,5 +1,7 @@
 #include "reference/engine/compounds/transport_correlation.h"
 
+#include <ranges>
+
 namespace reference {
 
 Dual TransportCorrelation::at(Dual T) const
@@ -8,8 +10,8 @@ Dual TransportCorrelation::at(Dual T) const
     switch (form) {
     case TransportForm::polynomial: {
         Dual sum;
-        for (auto coefficient = c.rbegin(); coefficient != c.rend(); ++coefficient)
-            sum = sum * T + *coefficient;
+        for (const double coefficient : c | std::views::reverse)
+            sum = sum * T + coefficient;
         return sum;
     }
     case TransportForm::exponential:
