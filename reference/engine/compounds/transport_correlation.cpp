@@ -1,7 +1,5 @@
 #include "reference/engine/compounds/transport_correlation.h"
 
-#include <ranges>
-
 namespace reference {
 
 Dual TransportCorrelation::at(Dual T) const
@@ -10,8 +8,8 @@ Dual TransportCorrelation::at(Dual T) const
     switch (form) {
     case TransportForm::polynomial: {
         Dual sum;
-        for (const double coefficient : c | std::views::reverse)
-            sum = sum * T + coefficient;
+        for (std::size_t i = c.size(); i-- > 0;)
+            sum = sum * T + c[i];
         return sum;
     }
     case TransportForm::exponential:
