@@ -43,26 +43,26 @@ struct StabilityTest::Trial {
     PhaseState state;
     double total;
     double distance;
-    double squaredGradient; // scaled
     Root root;
 
+    void findMoles(int n)
+    {
+        total = 0.0;
+        for (int i = 0; i < n; ++i)
+            total += W[i] = std::exp(lnW[i]);
+    }
+    // After findMoles.
     void evaluate(const FlashProblem &problem, const CompoundArray &potential)
     {
         const int n = problem.size();
-        total = 0.0;
-        for (int i = 0; i < n; ++i) {
-            W[i] = std::exp(lnW[i]);
-            total += W[i];
-        }
+        const double inverse = 1.0 / total;
         for (int i = 0; i < n; ++i)
-            w[i] = W[i] / total;
+            w[i] = W[i] * inverse;
         evaluatePhase(problem.model, problem.isotherm, problem.pressure, w.data(), root, state);
         distance = 1.0 - total;
-        squaredGradient = 0.0;
         for (int i = 0; i < n; ++i) {
             gradient[i] = lnW[i] + state.lnPhi[i] - potential[i];
             distance += W[i] * gradient[i];
-            squaredGradient += W[i] * gradient[i] * gradient[i];
         }
     }
     double largestGradient(int n) const
@@ -143,6 +143,7 @@ bool StabilityTest::newtonStep(Trial &trial) const
     for (int halving = 0; halving < 12; ++halving, length *= 0.5) {
         for (int i = 0; i < n; ++i)
             trial.lnW[i] = 2.0 * std::log(rootW[i] + 0.5 * length * step[i]);
+        trial.findMoles(n);
         trial.evaluate(problem, potential);
         if (trial.distance < before.distance)
             return true;
@@ -175,25 +176,33 @@ bool StabilityTest::descend(TrialPhase &start_) const
     trial.root = start_.root;
     trial.lnW = start_.lnW;
     normalize(n, trial.lnW); // only the composition matters at first
+    trial.findMoles(n);
     trial.evaluate(problem, potential);
-    double difference = 1.0;
+    double difference = differenceFromKnown(trial.W, trial.state);
+    if (difference < samePhase)
+        return false;
     for (int step = 0; step < substitutions + newtonSteps; ++step) {
         // A few steps more than the first proof of instability take make a better start for the split.
         if (step >= substitutions / 2 && trial.distance < -1e-4)
             break;
-        // On the way to a phase that is there already.
-        const double before = difference;
-        difference = differenceFromKnown(trial.W, trial.state);
-        if (difference < samePhase || (difference < nearPhase && difference < contraction * before))
-            return false;
         if (trial.largestGradient(n) < converged)
             break;
+        const double before = difference;
+        const auto isArriving = [&] { // at a phase that is there already
+            difference = differenceFromKnown(trial.W, trial.state);
+            return difference < samePhase || (difference < nearPhase && difference < contraction * before);
+        };
         if (step < substitutions || !newtonStep(trial)) {
             if (step >= substitutions && trial.largestGradient(n) < 1e-6)
                 break; // the distance cannot fall any more: round-off
             for (int i = 0; i < n; ++i)
                 trial.lnW[i] = potential[i] - trial.state.lnPhi[i];
+            trial.findMoles(n);
+            if (isArriving()) // by the density of the trial before, which is as good as its own
+                return false;
             trial.evaluate(problem, potential);
+        } else if (isArriving()) {
+            return false;
         }
     }
     start_.lnW = trial.lnW;

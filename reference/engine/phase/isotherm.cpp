@@ -19,6 +19,7 @@ void prepareCubic(const MixtureModel &model, Isotherm &isotherm)
         isotherm.s[i] = compound.attractionRoot * (1.0 + compound.attractionSlope * (1.0 - reducedRoot));
         isotherm.slope[i] = -compound.attractionRoot * compound.attractionSlope * reducedRoot * inverse;
         isotherm.curvature[i] = -isotherm.slope[i] * inverse;
+        isotherm.b[i] = compound.covolume;
     }
 }
 
