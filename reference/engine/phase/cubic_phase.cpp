@@ -76,9 +76,8 @@ double attractionSlope(const MixtureModel &model, const Isotherm &isotherm, cons
     return 2.0 * sum;
 }
 
-} // namespace
-
-void pairSums(const MixtureModel &model, const double *moleFractions, const CompoundArray &values, CompoundArray &sums)
+void sumAllPairs(const MixtureModel &model, const double *moleFractions, const CompoundArray &values,
+                 CompoundArray &sums)
 {
     const int n = model.size;
     for (int i = 0; i < n; ++i)
@@ -88,6 +87,28 @@ void pairSums(const MixtureModel &model, const double *moleFractions, const Comp
         const double *factors = columnOf(model.pairFactor, n, j);
         for (int i = 0; i < n; ++i)
             sums[i] += factors[i] * weighted;
+    }
+}
+
+} // namespace
+
+void pairSums(const MixtureModel &model, const double *moleFractions, const CompoundArray &values, CompoundArray &sums)
+{
+    const int n = model.size;
+    if (!model.interactsLittle)
+        return sumAllPairs(model, moleFractions, values, sums);
+    CompoundArray weighted;
+    double total = 0.0;
+    for (int j = 0; j < n; ++j) {
+        weighted[j] = moleFractions[j] * values[j];
+        total += weighted[j];
+    }
+    for (int i = 0; i < n; ++i)
+        sums[i] = total;
+    for (int k = 0; k < model.interactingCount; ++k) {
+        const auto &[i, j, parameter] = model.interacting[k];
+        sums[i] -= parameter * weighted[j];
+        sums[j] -= parameter * weighted[i];
     }
 }
 
