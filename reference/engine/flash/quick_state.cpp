@@ -21,8 +21,11 @@ public:
                 FoundState &found)
         : feed(whole), fixed(condition), wanted(value), state(found),
           atTemperature(condition.variable == FlashVariable::temperature),
-          limits(flashLimitsOf(atTemperature ? FlashVariable::pressure : FlashVariable::temperature)), at(from)
+          limits(flashLimitsOf(atTemperature ? FlashVariable::pressure : FlashVariable::temperature)), at(from),
+          knownAt(from)
     {
+        for (int i = 0; i < feed.size(); ++i)
+            lnK[i] = wilsonLogRatio(feed.model.compounds[i], temperature(), pressure());
     }
 
     double place() const { return at; }
@@ -30,25 +33,31 @@ public:
     bool find(bool withSlopes)
     {
         const double longest = atTemperature ? 3.0 : 0.4;
+        const double near = atTemperature ? 1.0 : 0.1;
         double low = std::log(limits.lowest);
         double high = std::log(limits.highest);
+        bool pairFailed = false;
         for (int step = 0; step < mostProbes; ++step) {
-            if (estimatePair() && solvePair(withSlopes))
-                return true;
-            const Totals one = onePhase();
-            const double residual = residualOf(one, wanted);
-            const double slope = (atTemperature ? pressure() * one.byPressure(wanted.variable)
-                                                : temperature() * one.byTemperature(wanted.variable)) *
-                                 unitOf(one, wanted);
-            if (std::fabs(residual) < nearlyMet)
+            const bool two = !pairFailed && estimatePair();
+            const Value now = two ? pairValue() : onePhaseValue();
+            double change = -now.residual / now.slope;
+            if (two && std::fabs(change) < near) {
+                at += change;
+                if (estimatePair() && solvePair(withSlopes))
+                    return true;
+                pairFailed = true;
+                continue;
+            }
+            if (!two && std::fabs(now.residual) < nearlyMet)
                 return confirmOnePhase();
-            // What the mixture has of the variable is between that of its vapor and its liquid.
-            (residual * slope < 0.0 ? low : high) = at;
-            double next = at + std::clamp(-residual / slope, -longest, longest);
+            (now.residual * now.slope < 0.0 ? low : high) = at;
+            double next = at + std::clamp(change, -longest, longest);
             if (!(next > low && next < high))
                 next = 0.5 * (low + high);
-            if (!std::isfinite(next) || next == at)
-                return confirmOnePhase();
+            if (!std::isfinite(next))
+                return false;
+            if (next == at)
+                return !two && confirmOnePhase();
             at = next;
         }
         return false;
@@ -61,18 +70,68 @@ private:
     FoundState &state;
     const bool atTemperature;
     const FlashLimits limits;
-    double at; // logarithm of the other condition
+    double at;      // logarithm of the other condition
+    double knownAt; // where lnK was found
+    CompoundArray lnK;
     TwoPhasePoint point;
 
     double temperature() const { return atTemperature ? fixed.value : std::exp(at); }
     double pressure() const { return atTemperature ? std::exp(at) : fixed.value; }
 
-    // The feed as one phase.
-    Totals onePhase() const
+    struct Value {
+        double residual;
+        double slope; // by the logarithm of the other condition
+    };
+    Value valueOf(const Totals &totals, double transfer) const
+    {
+        const double slope = atTemperature ? pressure() * totals.byPressure(wanted.variable)
+                                           : temperature() * totals.byTemperature(wanted.variable);
+        return {residualOf(totals, wanted), unitOf(totals, wanted) * (slope + transfer)};
+    }
+
+    Value onePhaseValue() const
     {
         PhaseProperties phase;
         evaluateProperties(feed.model, Isotherm(feed.model, temperature()), pressure(), feed.z, Root::stable, phase);
-        return Totals::of(phase);
+        return valueOf(Totals::of(phase), 0.0);
+    }
+
+    // Of the estimated pair, which becomes a better one for the next place.
+    Value pairValue()
+    {
+        const int n = feed.size();
+        if (!point.evaluate(feed))
+            return {};
+        for (int i = 0; i < n; ++i)
+            lnK[i] = point.liquid.state.lnPhi[i] - point.vapor.state.lnPhi[i];
+        knownAt = at;
+        constexpr double apart = 1e-3;
+        PhaseAmounts now;
+        PhaseAmounts beside;
+        double transfer = 0.0; // what the moles that boil add to the slope
+        if (divide(at, now) && divide(at + apart, beside))
+            transfer =
+                (beside.vapor - now.vapor) / apart *
+                (Totals::of(point.vapor).value(wanted.variable) - Totals::of(point.liquid).value(wanted.variable));
+        return valueOf(point.totals, transfer);
+    }
+
+    // The ratios at another place, as they change by Wilson.
+    double lnKAt(double place, int i) const
+    {
+        if (atTemperature)
+            return lnK[i] + knownAt - place;
+        const CompoundTerms &compound = feed.model.compounds[i];
+        const double fall = 5.373 * (1.0 + compound.acentricFactor) * compound.criticalTemperature;
+        return lnK[i] + fall * (std::exp(-knownAt) - std::exp(-place));
+    }
+
+    bool divide(double place, PhaseAmounts &amounts) const
+    {
+        CompoundArray K;
+        for (int i = 0; i < feed.size(); ++i)
+            K[i] = std::exp(lnKAt(place, i));
+        return solveRachfordRice(feed.size(), feed.z, K.data(), amounts);
     }
 
     bool confirmOnePhase()
@@ -84,18 +143,15 @@ private:
         return std::fabs(residualOf(now.totals, wanted)) < aimedResidual;
     }
 
-    // Two phases by Wilson's ratios, if these make any.
+    // Two phases by the ratios known best, if these make any.
     bool estimatePair()
     {
         const int n = feed.size();
-        CompoundArray K;
-        for (int i = 0; i < n; ++i) {
-            point.unknowns[i] = wilsonLogRatio(feed.model.compounds[i], temperature(), pressure());
-            K[i] = std::exp(point.unknowns[i]);
-        }
         PhaseAmounts amounts;
-        if (!solveRachfordRice(n, feed.z, K.data(), amounts))
+        if (!divide(at, amounts))
             return false;
+        for (int i = 0; i < n; ++i)
+            point.unknowns[i] = lnKAt(at, i);
         point.setAmounts(n, amounts.vapor, amounts.liquid);
         point.unknowns[TwoPhasePoint::temperatureAt(n)] = std::log(temperature());
         point.unknowns[TwoPhasePoint::pressureAt(n)] = std::log(pressure());
