@@ -101,7 +101,8 @@ private:
             return lookAlong(other, 150, true, started);
         for (const int pressures : {16, 40})
             for (int i = 0; i <= pressures; ++i) {
-                const double pressure = lowestPressure * std::pow(highestFlashPressure / lowestPressure, static_cast<double>(i) / pressures);
+                const double pressure = lowestPressure * std::pow(highestFlashPressure / lowestPressure,
+                                                                  static_cast<double>(i) / pressures);
                 if (lookAlong({FlashVariable::pressure, pressure}, 3 * pressures, false, started))
                     return true;
             }
@@ -282,9 +283,10 @@ private:
         double step = 0.7 / std::max(1e-10, std::fabs(at.tangent[TwoPhasePoint::pressureAt(n)]));
         step = std::min(step, 0.07 / std::max(1e-10, std::fabs(at.tangent[TwoPhasePoint::temperatureAt(n)])));
         const double lnK = at.point.largestLnK(n);
+        const double longestOfLnK = std::min(std::max(1.0, 0.1 * lnK), 0.5 * lnK);
         if (n > 1)
             for (int i = 0; i < n; ++i)
-                step = std::min(step, std::min(1.0, 0.5 * lnK) / std::max(1e-10, std::fabs(at.tangent[i])));
+                step = std::min(step, longestOfLnK / std::max(1e-10, std::fabs(at.tangent[i])));
         return step;
     }
 
@@ -332,9 +334,13 @@ private:
 
     bool advance(const LinePoint &last, double sign, double &size, LinePoint &next)
     {
+        constexpr double critical = 3e-3; // ln K so near to a critical point that there are no digits to go on with
+        constexpr double shortest = 1e-5;
         const double longest = longestStep(last);
         const double before = last.point.largestLnK(n);
-        for (int halving = 0; halving < 12; ++halving, size *= 0.5) {
+        if (n > 1 && before < critical)
+            return false;
+        for (int halving = 0; halving < 12 && size > shortest; ++halving, size *= 0.5) {
             const double length = sign * size * longest;
             next.point.countsLiquid = last.point.countsLiquid;
             for (int j = 0; j < n + 3; ++j)
