@@ -13,23 +13,25 @@ namespace {
 constexpr double unstable = -1e-11; // a distance below this is no round-off
 constexpr double converged = 1e-9;  // largest scaled gradient
 constexpr double samePhase = 3e-5;  // sum of the differences between mole numbers of a trial and a phase that is known
-constexpr double nearPhase = 3e-3;  // the same, where a step has brought the trial nearer by a good part
-constexpr double contraction = 0.3; // of that difference in such a step
-constexpr double slack = 0.7;       // of logarithms of mole numbers
+
+// The same, where a step has brought the trial nearer by a good part: to so much of the difference before.
+struct Arrival {
+    double difference, contraction;
+};
+constexpr Arrival arrivals[] = {{3e-3, 0.3}, {0.03, 0.1}};
+
+bool isArrival(double difference, double before)
+{
+    return difference < samePhase || std::ranges::any_of(arrivals, [&](const Arrival &arrival) {
+               return difference < arrival.difference && difference < arrival.contraction * before;
+           });
+}
+
+constexpr double slack = 0.7; // of logarithms of mole numbers
 constexpr int substitutions = 8;
 constexpr int newtonSteps = 40;
 
 constexpr double never = -1e300;
-
-void normalize(int n, CompoundArray &lnW)
-{
-    const double largest = *std::max_element(lnW.begin(), lnW.begin() + n);
-    double sum = 0.0;
-    for (int i = 0; i < n; ++i)
-        sum += std::exp(lnW[i] - largest);
-    for (int i = 0; i < n; ++i)
-        lnW[i] -= largest + std::log(sum);
-}
 
 } // namespace
 
@@ -51,7 +53,22 @@ struct StabilityTest::Trial {
         for (int i = 0; i < n; ++i)
             total += W[i] = std::exp(lnW[i]);
     }
-    // After findMoles.
+    // The same where only the composition matters.
+    void normalize(int n)
+    {
+        const double largest = *std::max_element(lnW.begin(), lnW.begin() + n);
+        double sum = 0.0;
+        for (int i = 0; i < n; ++i)
+            sum += W[i] = std::exp(lnW[i] - largest);
+        const double shift = largest + std::log(sum);
+        const double inverse = 1.0 / sum;
+        total = 0.0;
+        for (int i = 0; i < n; ++i) {
+            lnW[i] -= shift;
+            total += W[i] *= inverse;
+        }
+    }
+    // After either.
     void evaluate(const FlashProblem &problem, const CompoundArray &potential)
     {
         const int n = problem.size();
@@ -69,8 +86,8 @@ struct StabilityTest::Trial {
     {
         double largest = 0.0;
         for (int i = 0; i < n; ++i)
-            largest = std::max(largest, std::sqrt(W[i]) * std::fabs(gradient[i]));
-        return largest;
+            largest = std::max(largest, W[i] * gradient[i] * gradient[i]);
+        return std::sqrt(largest);
     }
 };
 
@@ -175,8 +192,7 @@ bool StabilityTest::descend(TrialPhase &start_) const
     Trial trial;
     trial.root = start_.root;
     trial.lnW = start_.lnW;
-    normalize(n, trial.lnW); // only the composition matters at first
-    trial.findMoles(n);
+    trial.normalize(n);
     trial.evaluate(problem, potential);
     double difference = differenceFromKnown(trial.W, trial.state);
     if (difference < samePhase)
@@ -190,7 +206,7 @@ bool StabilityTest::descend(TrialPhase &start_) const
         const double before = difference;
         const auto isArriving = [&] { // at a phase that is there already
             difference = differenceFromKnown(trial.W, trial.state);
-            return difference < samePhase || (difference < nearPhase && difference < contraction * before);
+            return isArrival(difference, before);
         };
         if (step < substitutions || !newtonStep(trial)) {
             if (step >= substitutions && trial.largestGradient(n) < 1e-6)
@@ -237,8 +253,8 @@ void StabilityTest::setStart(const Start &at, TrialPhase &trial) const
     }
 }
 
-// What a phase of one compound alone would become in one step of substitution. False if it would take up more of another
-// compound than of its own, at the chemical potentials there are: the search would not stay near it.
+// What a phase of one compound alone would become in one step of substitution. False if it would take up more of
+// another compound than of its own, at the chemical potentials there are: the search would not stay near it.
 bool StabilityTest::setPureStart(int pure, CompoundArray &lnW) const
 {
     if (problem.model.isIdeal())
