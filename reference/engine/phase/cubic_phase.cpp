@@ -12,7 +12,9 @@ namespace {
 // ln((Z + d1 B) / (Z + d2 B)) / (d1 - d2), with all its digits when B is small: B / Z then.
 double attractionLogarithm(const CubicConstants &equation, double Z, double B)
 {
-    return std::log1p(equation.difference() * B / (Z + equation.d2 * B)) / equation.difference();
+    const double ratio = equation.difference() * B / (Z + equation.d2 * B);
+    const double logarithm = ratio > 0.5 ? std::log(1.0 + ratio) : std::log1p(ratio); // which takes longer
+    return logarithm / equation.difference();
 }
 
 // The residual Gibbs energy over R T of one root: what the two roots are compared by.
