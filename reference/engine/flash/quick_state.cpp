@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace reference {
 
@@ -30,7 +31,7 @@ public:
 
     double place() const { return at; }
 
-    bool find(bool withSlopes)
+    bool find()
     {
         const double longest = atTemperature ? 3.0 : 0.4;
         const double near = atTemperature ? 1.0 : 0.1;
@@ -40,10 +41,12 @@ public:
         for (int step = 0; step < mostProbes; ++step) {
             const bool two = !pairFailed && estimatePair();
             const Value now = two ? pairValue() : onePhaseValue();
-            double change = -now.residual / now.slope;
+            const double change = -now.residual / now.slope;
+            if (!std::isfinite(change))
+                return false;
             if (two && std::fabs(change) < near) {
-                at += change;
-                if (estimatePair() && solvePair(withSlopes))
+                at = std::clamp(at + change, low, high);
+                if (estimatePair() && solvePair())
                     return true;
                 pairFailed = true;
                 continue;
@@ -54,8 +57,6 @@ public:
             double next = at + std::clamp(change, -longest, longest);
             if (!(next > low && next < high))
                 next = 0.5 * (low + high);
-            if (!std::isfinite(next))
-                return false;
             if (next == at)
                 return !two && confirmOnePhase();
             at = next;
@@ -100,8 +101,9 @@ private:
     Value pairValue()
     {
         const int n = feed.size();
+        constexpr double unknown = std::numeric_limits<double>::quiet_NaN();
         if (!point.evaluate(feed))
-            return {};
+            return {unknown, unknown};
         for (int i = 0; i < n; ++i)
             lnK[i] = point.liquid.state.lnPhi[i] - point.vapor.state.lnPhi[i];
         knownAt = at;
@@ -159,7 +161,7 @@ private:
     }
 
     // From the estimate to the solution, if that is one of two stable phases.
-    bool solvePair(bool withSlopes)
+    bool solvePair()
     {
         const int n = feed.size();
         if (!solvePoint(feed, point, Closing::of(fixed), Closing::of(wanted)) || !areVaporAndLiquid(feed, point))
@@ -175,24 +177,22 @@ private:
         if (!nameStablePair(feed.model, pair, feed.fractions(), feed.phases, now.phases))
             return false;
         now.totals = point.totals;
-        state.slopesKnown = withSlopes;
-        if (withSlopes)
-            now.findTotals(feed);
+        state.slopesKnown = false;
         return true;
     }
 };
 
 } // namespace
 
-bool findQuickly(const Feed &feed, const FlashSpecification &fixed, const FlashSpecification &wanted, bool withSlopes,
-                 double &logarithm, FoundState &state)
+bool findQuickly(const Feed &feed, const FlashSpecification &fixed, const FlashSpecification &wanted, double &logarithm,
+                 FoundState &state)
 {
     if (feed.size() == 1 || !allowsBoiling(feed.phases))
         return false;
     if (!feed.model.isCubic() && fixed.variable == FlashVariable::temperature)
         return false; // the pressure is next to nothing for such a liquid
     QuickSearch search(feed, fixed, wanted, logarithm, state);
-    const bool found = search.find(withSlopes);
+    const bool found = search.find();
     if (!found && std::isfinite(search.place()))
         logarithm = search.place();
     return found;

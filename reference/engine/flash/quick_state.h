@@ -15,8 +15,8 @@ struct FoundState {
 
 // Finds the state of given temperature or pressure (`fixed`) where another variable has its value, if it is one phase
 // or one vapor and one liquid and the way there from `logarithm`, of the other condition, has no obstacles. That one is
-// moved nearer to the state by all means. The slopes are worked out if they are wanted.
-bool findQuickly(const Feed &feed, const FlashSpecification &fixed, const FlashSpecification &wanted, bool withSlopes,
-                 double &logarithm, FoundState &state);
+// moved nearer to the state by all means. Two phases are left without the slopes of their mixture.
+bool findQuickly(const Feed &feed, const FlashSpecification &fixed, const FlashSpecification &wanted, double &logarithm,
+                 FoundState &state);
 
 } // namespace reference

@@ -229,9 +229,10 @@ SearchStatus solveAtCondition(const Feed &feed, const FlashSpecification &fixed,
 {
     const FlashVariable free =
         fixed.variable == FlashVariable::temperature ? FlashVariable::pressure : FlashVariable::temperature;
-    // Where there is but one state, any way leads to it.
+    // Where there is but one state, any way leads to it. A search that asks for many of them goes on from its last one,
+    // which is as quick.
     double nearby = std::log(start);
-    if (isMonotone(fixed.variable, wanted.variable) && findQuickly(feed, fixed, wanted, !thorough, nearby, state))
+    if (thorough && isMonotone(fixed.variable, wanted.variable) && findQuickly(feed, fixed, wanted, nearby, state))
         return SearchStatus::found;
     ConditionLine line(feed, fixed, wanted, state, findings);
     RootSearch search(line, lowestOf(free), highestOf(free));
