@@ -112,9 +112,8 @@ void StabilityTest::listStarts()
         std::sort(starts.begin() + from, starts.begin() + startCount,
                   [&](const Start &a, const Start &b) { return gain[a.one] > gain[b.one]; });
     };
-    CompoundArray lnW;
     for (int i = 0; i < problem.size(); ++i)
-        gain[i] = setPureStart(i, lnW) ? lnW[i] : never;
+        gain[i] = setPureStart(i, pureStarts[i]) ? pureStarts[i][i] : never;
     addPure(true);
     bool hasVapor = false;
     for (int k = 0; k < split.count; ++k)
@@ -249,7 +248,7 @@ void StabilityTest::setStart(const Start &at, TrialPhase &trial) const
         return;
     case Start::Kind::pure:
         trial.root = Root::liquid;
-        setPureStart(at.one, trial.lnW);
+        std::copy_n(pureStarts[at.one].begin(), n, trial.lnW.begin());
     }
 }
 

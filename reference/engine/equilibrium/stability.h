@@ -11,8 +11,8 @@ public:
     StabilityTest(const FlashProblem &problem, const PhaseSplit &split);
 
     // Looks for another phase with less Gibbs energy, from the next ones of many starts: vapor and liquid by Wilson's
-    // ratios, the mean of each two phases, each compound nearly pure (Li, Firoozabadi, Fluid Phase Equilibria 330 (2012) 1
-    // have such a list). False when no start is left that leads to one.
+    // ratios, the mean of each two phases, each compound nearly pure (Li, Firoozabadi, Fluid Phase Equilibria 330
+    // (2012) 1 have such a list). False when no start is left that leads to one.
     bool findNext(TrialPhase &trial);
 
 private:
@@ -27,6 +27,7 @@ private:
     };
     static constexpr int mostStarts = 2 + maximumPhases * (maximumPhases - 1) / 2 + maximumCompounds;
     std::array<Start, mostStarts> starts;
+    std::array<CompoundArray, maximumCompounds> pureStarts; // lnW, of those that are starts
     int startCount = 0;
     int nextStart = 0;
 
