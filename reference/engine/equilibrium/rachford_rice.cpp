@@ -68,6 +68,7 @@ bool solveRachfordRice(int n, const double *z, const double *K, PhaseAmounts &am
     double fraction = vaporIsLesser ? (vaporSum - 1.0) / (vaporSum - 1.0 - 2.0 * half)
                                     : (liquidSum - 1.0) / (liquidSum - 1.0 + 2.0 * half);
     fraction *= 0.5;
+    double before = 1.0; // change
     for (int step = 0; step < 100; ++step) {
         const Residual residual = residualAt(n, z, terms, fraction);
         if (std::fabs(residual.value) <= 1e-15 * residual.size)
@@ -78,7 +79,10 @@ bool solveRachfordRice(int n, const double *z, const double *K, PhaseAmounts &am
             next = 0.5 * (low + high);
         const double change = std::fabs(next - fraction);
         fraction = next;
-        if (change <= std::numeric_limits<double>::epsilon() * fraction)
+        // A change that is a thousandth of the one before is followed by one of less than a millionth of itself.
+        const double small = change < 1e-3 * before ? 1e-10 : std::numeric_limits<double>::epsilon();
+        before = change;
+        if (change <= small * fraction)
             break;
     }
     if (!(fraction > 0.0))

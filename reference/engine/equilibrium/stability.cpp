@@ -49,9 +49,10 @@ struct StabilityTest::Trial {
 
     void findMoles(int n)
     {
-        total = 0.0;
+        double sum = 0.0; // the compiler keeps no member in a register
         for (int i = 0; i < n; ++i)
-            total += W[i] = std::exp(lnW[i]);
+            sum += W[i] = std::exp(lnW[i]);
+        total = sum;
     }
     // The same where only the composition matters.
     void normalize(int n)
@@ -62,11 +63,11 @@ struct StabilityTest::Trial {
             sum += W[i] = std::exp(lnW[i] - largest);
         const double shift = largest + std::log(sum);
         const double inverse = 1.0 / sum;
-        total = 0.0;
         for (int i = 0; i < n; ++i) {
             lnW[i] -= shift;
-            total += W[i] *= inverse;
+            W[i] *= inverse;
         }
+        total = 1.0;
     }
     // After either.
     void evaluate(const FlashProblem &problem, const CompoundArray &potential)
@@ -76,11 +77,12 @@ struct StabilityTest::Trial {
         for (int i = 0; i < n; ++i)
             w[i] = W[i] * inverse;
         evaluatePhase(problem.model, problem.isotherm, problem.pressure, w.data(), root, state);
-        distance = 1.0 - total;
+        double sum = 1.0 - total;
         for (int i = 0; i < n; ++i) {
             gradient[i] = lnW[i] + state.lnPhi[i] - potential[i];
-            distance += W[i] * gradient[i];
+            sum += W[i] * gradient[i];
         }
+        distance = sum;
     }
     double largestGradient(int n) const
     {
@@ -190,7 +192,7 @@ bool StabilityTest::descend(TrialPhase &start_) const
     const int n = problem.size();
     Trial trial;
     trial.root = start_.root;
-    trial.lnW = start_.lnW;
+    std::copy_n(start_.lnW.begin(), n, trial.lnW.begin());
     trial.normalize(n);
     trial.evaluate(problem, potential);
     double difference = differenceFromKnown(trial.W, trial.state);
