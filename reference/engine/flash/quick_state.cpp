@@ -29,8 +29,6 @@ public:
             lnK[i] = wilsonLogRatio(feed.model.compounds[i], temperature(), pressure());
     }
 
-    double place() const { return at; }
-
     bool find()
     {
         const double longest = atTemperature ? 3.0 : 0.4;
@@ -184,18 +182,14 @@ private:
 
 } // namespace
 
-bool findQuickly(const Feed &feed, const FlashSpecification &fixed, const FlashSpecification &wanted, double &logarithm,
+bool findQuickly(const Feed &feed, const FlashSpecification &fixed, const FlashSpecification &wanted, double start,
                  FoundState &state)
 {
     if (feed.size() == 1 || !allowsBoiling(feed.phases))
         return false;
     if (!feed.model.isCubic() && fixed.variable == FlashVariable::temperature)
         return false; // the pressure is next to nothing for such a liquid
-    QuickSearch search(feed, fixed, wanted, logarithm, state);
-    const bool found = search.find();
-    if (!found && std::isfinite(search.place()))
-        logarithm = search.place();
-    return found;
+    return QuickSearch(feed, fixed, wanted, start, state).find();
 }
 
 } // namespace reference

@@ -14,9 +14,9 @@ struct FoundState {
 };
 
 // Finds the state of given temperature or pressure (`fixed`) where another variable has its value, if it is one phase
-// or one vapor and one liquid and the way there from `logarithm`, of the other condition, has no obstacles. That one is
-// moved nearer to the state by all means. Two phases are left without the slopes of their mixture.
-bool findQuickly(const Feed &feed, const FlashSpecification &fixed, const FlashSpecification &wanted, double &logarithm,
+// or one vapor and one liquid and the way there from `start`, a logarithm of the other condition, has no obstacles. Two
+// phases are left without the slopes of their mixture.
+bool findQuickly(const Feed &feed, const FlashSpecification &fixed, const FlashSpecification &wanted, double start,
                  FoundState &state);
 
 } // namespace reference

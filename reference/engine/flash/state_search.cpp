@@ -231,13 +231,13 @@ SearchStatus solveAtCondition(const Feed &feed, const FlashSpecification &fixed,
         fixed.variable == FlashVariable::temperature ? FlashVariable::pressure : FlashVariable::temperature;
     // Where there is but one state, any way leads to it. A search that asks for many of them goes on from its last one,
     // which is as quick.
-    double nearby = std::log(start);
-    if (thorough && isMonotone(fixed.variable, wanted.variable) && findQuickly(feed, fixed, wanted, nearby, state))
+    if (thorough && isMonotone(fixed.variable, wanted.variable) &&
+        findQuickly(feed, fixed, wanted, std::log(start), state))
         return SearchStatus::found;
     ConditionLine line(feed, fixed, wanted, state, findings);
     RootSearch search(line, lowestOf(free), highestOf(free));
     const double longestStep = free == FlashVariable::temperature ? 0.4 : 3.0;
-    const SearchStatus status = search.from(nearby, longestStep);
+    const SearchStatus status = search.from(std::log(start), longestStep);
     if (status == SearchStatus::found || (search.endedFarOff() && isMonotone(fixed.variable, wanted.variable)))
         return status;
     const SearchStatus scanned = search.scan(free == FlashVariable::temperature ? 30 : 40);
