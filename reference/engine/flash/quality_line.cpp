@@ -349,18 +349,18 @@ private:
 
     bool advance(const LinePoint &last, double sign, double &size, LinePoint &next)
     {
-        constexpr double critical = 3e-3; // ln K so near to a critical point that there are no digits to go on with
+        constexpr double critical = 3e-3; // ln K so near to a critical point that there are no digits to go there with
         constexpr double shortest = 1e-5;
         const double longest = longestStep(last);
         const double before = last.point.largestLnK(n);
-        if (n > 1 && before < critical)
-            return false;
         for (int halving = 0; halving < 12 && size > shortest; ++halving, size *= 0.5) {
             const double length = sign * size * longest;
             next.point.countsLiquid = last.point.countsLiquid;
             for (int j = 0; j < n + 3; ++j)
                 next.point.unknowns[j] = last.point.unknowns[j] + length * (last.tangent[j] + length * last.bend[j]);
             const double predicted = next.point.largestLnK(n);
+            if (n > 1 && before < critical && predicted < before)
+                return false;
             const double target = next.point.unknowns[parameter];
             if (!solveAt(target, next))
                 continue;
