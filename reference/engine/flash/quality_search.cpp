@@ -126,7 +126,7 @@ bool QualitySearch::polish(const FlashResult &outside, Root root, CompoundArray 
         for (int i = 0; i < n; ++i)
             x[i] /= sum;
     }
-    return change < goodEnough;
+    return change < 0.5 * goodEnough; // the promise is for all phases together
 }
 
 // Next to a critical point the amounts have few digits, and flashes end somewhat before the phases do. Newton's method
