@@ -13,21 +13,9 @@ namespace {
 constexpr double unstable = -1e-11; // a distance below this is no round-off
 constexpr double converged = 1e-9;  // largest scaled gradient
 constexpr double samePhase = 3e-5;  // sum of the differences between mole numbers of a trial and a phase that is known
-
-// The same, where a step has brought the trial nearer by a good part: to so much of the difference before.
-struct Arrival {
-    double difference, contraction;
-};
-constexpr Arrival arrivals[] = {{3e-3, 0.3}, {0.03, 0.1}};
-
-bool isArrival(double difference, double before)
-{
-    return difference < samePhase || std::ranges::any_of(arrivals, [&](const Arrival &arrival) {
-               return difference < arrival.difference && difference < arrival.contraction * before;
-           });
-}
-
-constexpr double slack = 0.7; // of logarithms of mole numbers
+constexpr double nearPhase = 3e-3;  // the same, where a step has brought the trial nearer by a good part
+constexpr double contraction = 0.3; // of that difference in such a step
+constexpr double slack = 0.7;       // of logarithms of mole numbers
 constexpr int substitutions = 8;
 constexpr int newtonSteps = 40;
 
@@ -207,7 +195,7 @@ bool StabilityTest::descend(TrialPhase &start_) const
         const double before = difference;
         const auto isArriving = [&] { // at a phase that is there already
             difference = differenceFromKnown(trial.W, trial.state);
-            return isArrival(difference, before);
+            return difference < samePhase || (difference < nearPhase && difference < contraction * before);
         };
         if (step < substitutions || !newtonStep(trial)) {
             if (step >= substitutions && trial.largestGradient(n) < 1e-6)
