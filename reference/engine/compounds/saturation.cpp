@@ -139,7 +139,9 @@ double saturatedLiquidDensity(const CompoundData &compound, double kelvin)
     return kelvin == correlation.temperature ? correlation.scale : 1.0 / volumeOf(correlation, kelvin).value;
 }
 
-SaturationPressure::SaturationPressure(const CompoundData &compound) : correlation(compound.vaporPressure)
+SaturationPressure::SaturationPressure(const CompoundData &compound)
+    : correlation(compound.vaporPressure), lowest(0.0), cold0(0.0), cold1(0.0), cold2(0.0), highest(0.0), hot(0.0),
+      hotByInverse(0.0), hotByTwo(0.0)
 {
     if (correlation.form == CorrelationForm::none)
         return;
@@ -182,7 +184,8 @@ TemperatureFunction SaturationPressure::logarithm(double kelvin) const
             (byThree * slope * slope - 6.0 * (byTwo * slope - byInverse / kelvin) / kelvin) * slope};
 }
 
-LiquidVolume::LiquidVolume(const CompoundData &compound) : correlation(compound.liquidDensity)
+LiquidVolume::LiquidVolume(const CompoundData &compound)
+    : correlation(compound.liquidDensity), lowest(0.0), highest(0.0), cold{}, hot{}
 {
     if (correlation.form == CorrelationForm::none)
         return;

@@ -20,17 +20,17 @@ double saturatedLiquidDensity(const CompoundData &compound, double kelvin);
 // correlation the heat of vaporization changes with temperature as at its end (Kirchhoff).
 class SaturationPressure {
 public:
-    SaturationPressure() = default;
+    SaturationPressure() = default; // of no compound yet, for arrays: nothing is set
     explicit SaturationPressure(const CompoundData &compound);
 
     TemperatureFunction logarithm(double kelvin) const;
 
 private:
-    Correlation correlation{};
-    double lowest = 0.0;                                  // K: below it, ln p = cold0 + cold1 / T + cold2 ln T
-    double cold0 = 0.0, cold1 = 0.0, cold2 = 0.0;         //
-    double highest = 0.0;                                 // K: above it, ln p is continued over 1/T
-    double hot = 0.0, hotByInverse = 0.0, hotByTwo = 0.0; // ln p and its derivatives by T0/T there
+    Correlation correlation;
+    double lowest;                      // K: below it, ln p = cold0 + cold1 / T + cold2 ln T
+    double cold0, cold1, cold2;         //
+    double highest;                     // K: above it, ln p is continued over 1/T
+    double hot, hotByInverse, hotByTwo; // ln p and its derivatives by T0/T there
 };
 
 // The volume of the saturated liquid in m3/mol at any temperature, twice continuously
@@ -38,15 +38,15 @@ private:
 // volume soon becomes linear in temperature.
 class LiquidVolume {
 public:
-    LiquidVolume() = default;
+    LiquidVolume() = default; // of no compound yet
     explicit LiquidVolume(const CompoundData &compound);
 
     TemperatureFunction volume(double kelvin) const;
 
 private:
-    Correlation correlation{};
-    double lowest = 0.0, highest = 0.0; // K
-    TemperatureFunction cold{}, hot{};  // at those two
+    Correlation correlation;
+    double lowest, highest;        // K
+    TemperatureFunction cold, hot; // at those two
 };
 
 } // namespace reference

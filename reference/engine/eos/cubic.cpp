@@ -1,7 +1,9 @@
 #include "reference/engine/eos/cubic.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <numbers>
 
 namespace reference {
@@ -24,6 +26,8 @@ double polish(const CompressibilityCubic &cubic, double u)
     double f = cubic.value(u);
     for (int step = 0; step < 8 && f != 0.0; ++step) {
         const double next = u - f / cubic.slope(u);
+        if (next == u)
+            break;
         const double nextValue = cubic.value(next);
         if (!(std::fabs(nextValue) < std::fabs(f)))
             break;
@@ -33,29 +37,71 @@ double polish(const CompressibilityCubic &cubic, double u)
     return u;
 }
 
+// To some thirteen digits, of numbers that are neither zero nor denormal: a third of the exponent, and two of Halley's
+// steps. std::cbrt takes twice as long for digits that polish finds anyway.
+double cubeRoot(double x)
+{
+    constexpr std::uint64_t offset = 0x2a9f7893782da1ce; // two thirds of the exponent's, less what serves the mantissa
+    const double size = std::fabs(x);
+    double root = std::bit_cast<double>(std::bit_cast<std::uint64_t>(size) / 3 + offset);
+    for (int step = 0; step < 2; ++step) {
+        const double cube = root * root * root;
+        root *= (cube + 2.0 * size) / (2.0 * cube + size);
+    }
+    return std::copysign(root, x);
+}
+
+constexpr double third = 1.0 / 3.0; // products take less time than quotients
+
+// The cubic as w^3 + p w + q, with u = w + shift.
+struct DepressedCubic {
+    double shift, p, q, discriminant;
+
+    explicit DepressedCubic(const CompressibilityCubic &cubic)
+        : shift(-cubic.c2 * third), p(cubic.c1 + cubic.c2 * shift),
+          q((2.0 * shift * shift - cubic.c1) * cubic.c2 * third + cubic.c0),
+          discriminant(0.25 * q * q + p * p * p * (third * third * third))
+    {
+    }
+    bool hasOne() const { return discriminant > 0.0; }
+    double onlyRoot() const
+    {
+        const double w = cubeRoot(-0.5 * q - std::copysign(std::sqrt(discriminant), q));
+        return w - p / (3.0 * w) + shift;
+    }
+};
+
+// The largest and the smallest of three real roots: on a circle, 120 degrees apart.
+struct RootCircle {
+    double radius, cosine, shift;
+
+    explicit RootCircle(const DepressedCubic &cubic)
+        : radius(2.0 * std::sqrt(std::max(0.0, -cubic.p * third))),
+          cosine(radius > 0.0 ? std::clamp(3.0 * cubic.q / (cubic.p * radius), -1.0, 1.0) : 1.0), shift(cubic.shift)
+    {
+    }
+    // No two roots are nearly one.
+    bool isClear() const { return std::fabs(cosine) < 1.0 - 1e-6; }
+    double root(bool smallest) const
+    {
+        const double angle = std::acos(cosine) * third;
+        return radius * std::cos(smallest ? angle + 2.0 * std::numbers::pi / 3.0 : angle) + shift;
+    }
+};
+
 } // namespace
 
 CompressibilityRoots solveCompressibility(const CubicConstants &equation, double A, double B)
 {
     const CompressibilityCubic cubic(equation, A, B);
-
-    // u = w - c2/3 turns the cubic into w^3 + p w + q.
-    const double shift = -cubic.c2 / 3.0;
-    const double p = cubic.c1 - cubic.c2 * cubic.c2 / 3.0;
-    const double q = (2.0 * cubic.c2 * cubic.c2 / 27.0 - cubic.c1 / 3.0) * cubic.c2 + cubic.c0;
-    const double discriminant = q * q / 4.0 + p * p * p / 27.0;
-
-    if (discriminant > 0.0) {
-        const double u = std::cbrt(-q / 2.0 - std::copysign(std::sqrt(discriminant), q));
-        const double single = polish(cubic, u - p / (3.0 * u) + shift);
+    const DepressedCubic depressed(cubic);
+    if (depressed.hasOne()) {
+        const double single = polish(cubic, depressed.onlyRoot());
         return {single, single};
     }
-
-    const double radius = 2.0 * std::sqrt(std::max(0.0, -p / 3.0));
-    const double cosine = radius > 0.0 ? std::clamp(3.0 * q / (p * radius), -1.0, 1.0) : 1.0;
-    const double angle = std::acos(cosine) / 3.0;
-    const double largest = polish(cubic, radius * std::cos(angle) + shift);
-    const double smallest = polish(cubic, radius * std::cos(angle + 2.0 * std::numbers::pi / 3.0) + shift);
+    const RootCircle circle(depressed);
+    const double largest = polish(cubic, circle.root(false));
+    const double smallest = polish(cubic, circle.root(true));
 
     // At a double root the closed form may see a pair that is not there.
     const bool hasLargest = isRoot(cubic, largest);
@@ -64,6 +110,22 @@ CompressibilityRoots solveCompressibility(const CubicConstants &equation, double
         return {largest, smallest};
     const double only = hasSmallest ? smallest : largest;
     return {only, only};
+}
+
+CompressibilityRoot solveCompressibility(const CubicConstants &equation, double A, double B, bool liquid)
+{
+    const CompressibilityCubic cubic(equation, A, B);
+    const DepressedCubic depressed(cubic);
+    if (depressed.hasOne())
+        return {polish(cubic, depressed.onlyRoot()), false};
+    const RootCircle circle(depressed);
+    if (!circle.isClear()) {
+        const CompressibilityRoots both = solveCompressibility(equation, A, B);
+        return {liquid ? both.liquid : both.vapor, both.distinct()};
+    }
+    // c0 is negative: all three roots are above zero, or one is. By the rule of signs it is three where c2 < 0 < c1.
+    const bool several = cubic.c2 < 0.0 && cubic.c1 > 0.0;
+    return {polish(cubic, circle.root(liquid && several)), several};
 }
 
 } // namespace reference

@@ -32,4 +32,11 @@ struct CompressibilityCubic {
 // Solves the equation for B above zero. Closed form first, then Newton to the last digits.
 CompressibilityRoots solveCompressibility(const CubicConstants &equation, double A, double B);
 
+// The one of its roots that is asked for, in less time.
+struct CompressibilityRoot {
+    double free;  // Z - B
+    bool several; // there are two
+};
+CompressibilityRoot solveCompressibility(const CubicConstants &equation, double A, double B, bool liquid);
+
 } // namespace reference

@@ -20,4 +20,10 @@ namespace reference {
 FlashStatus flashTP(const MixtureModel &model, double temperature, double pressure, std::span<const double> z,
                     FlashPhases phases, FlashResult &result);
 
+// A vapor and a liquid with equal fugacities that were found in another way: gives them the names that flashTP does,
+// as far as it would find them. False when that is not certain: other phases may be stable. All compounds of the model
+// must be there.
+bool nameStablePair(const MixtureModel &model, const FlashResult &pair, std::span<const double> z, FlashPhases phases,
+                    FlashResult &result);
+
 } // namespace reference

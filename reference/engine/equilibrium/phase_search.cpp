@@ -2,6 +2,7 @@
 
 #include "reference/engine/equilibrium/phase_names.h"
 #include "reference/engine/equilibrium/stability.h"
+#include "reference/engine/phase/phase_evaluation.h"
 
 #include <cmath>
 
@@ -86,6 +87,22 @@ PhaseSearchStatus findStablePhases(const FlashProblem &problem, PhaseSplit &spli
             return open ? PhaseSearchStatus::notConverged : PhaseSearchStatus::stable;
     }
     return PhaseSearchStatus::notConverged;
+}
+
+bool areStable(const FlashProblem &problem, const PhaseSplit &split)
+{
+    PhaseState best;
+    for (int k = 0; k < split.count; ++k) {
+        const SplitPhase &phase = split.phases[k];
+        if (!phase.state.severalRoots)
+            continue;
+        evaluatePhase(problem.model, problem.isotherm, problem.pressure, phase.x.data(), problem.bestRoot(), best);
+        if (best.vaporRoot != phase.state.vaporRoot)
+            return false;
+    }
+    StabilityTest test(problem, split);
+    TrialPhase trial;
+    return !test.findNext(trial);
 }
 
 void findTwoPhases(const FlashProblem &problem, PhaseSplit &split)

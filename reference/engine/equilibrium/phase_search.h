@@ -14,6 +14,9 @@ enum class PhaseSearchStatus {
 // As many phases as there are.
 PhaseSearchStatus findStablePhases(const FlashProblem &problem, PhaseSplit &split);
 
+// Whether no other phase would form beside these, whose fugacities are equal, as far as the tangent plane shows.
+bool areStable(const FlashProblem &problem, const PhaseSplit &split);
+
 // The best of one phase, and of two that are one vapor and one liquid or, where no vapor is allowed, two liquids; from
 // the phases that findStablePhases left, which are others.
 void findTwoPhases(const FlashProblem &problem, PhaseSplit &split);

@@ -21,16 +21,6 @@ constexpr int newtonSteps = 40;
 
 constexpr double never = -1e300;
 
-void normalize(int n, CompoundArray &lnW)
-{
-    const double largest = *std::max_element(lnW.begin(), lnW.begin() + n);
-    double sum = 0.0;
-    for (int i = 0; i < n; ++i)
-        sum += std::exp(lnW[i] - largest);
-    for (int i = 0; i < n; ++i)
-        lnW[i] -= largest + std::log(sum);
-}
-
 } // namespace
 
 // A trial composition with the modified tangent plane distance of Michelsen's eq. 17,
@@ -43,34 +33,51 @@ struct StabilityTest::Trial {
     PhaseState state;
     double total;
     double distance;
-    double squaredGradient; // scaled
     Root root;
 
+    void findMoles(int n)
+    {
+        double sum = 0.0; // the compiler keeps no member in a register
+        for (int i = 0; i < n; ++i)
+            sum += W[i] = std::exp(lnW[i]);
+        total = sum;
+    }
+    // The same where only the composition matters.
+    void normalize(int n)
+    {
+        const double largest = *std::max_element(lnW.begin(), lnW.begin() + n);
+        double sum = 0.0;
+        for (int i = 0; i < n; ++i)
+            sum += W[i] = std::exp(lnW[i] - largest);
+        const double shift = largest + std::log(sum);
+        const double inverse = 1.0 / sum;
+        for (int i = 0; i < n; ++i) {
+            lnW[i] -= shift;
+            W[i] *= inverse;
+        }
+        total = 1.0;
+    }
+    // After either.
     void evaluate(const FlashProblem &problem, const CompoundArray &potential)
     {
         const int n = problem.size();
-        total = 0.0;
-        for (int i = 0; i < n; ++i) {
-            W[i] = std::exp(lnW[i]);
-            total += W[i];
-        }
+        const double inverse = 1.0 / total;
         for (int i = 0; i < n; ++i)
-            w[i] = W[i] / total;
+            w[i] = W[i] * inverse;
         evaluatePhase(problem.model, problem.isotherm, problem.pressure, w.data(), root, state);
-        distance = 1.0 - total;
-        squaredGradient = 0.0;
+        double sum = 1.0 - total;
         for (int i = 0; i < n; ++i) {
             gradient[i] = lnW[i] + state.lnPhi[i] - potential[i];
-            distance += W[i] * gradient[i];
-            squaredGradient += W[i] * gradient[i] * gradient[i];
+            sum += W[i] * gradient[i];
         }
+        distance = sum;
     }
     double largestGradient(int n) const
     {
         double largest = 0.0;
         for (int i = 0; i < n; ++i)
-            largest = std::max(largest, std::sqrt(W[i]) * std::fabs(gradient[i]));
-        return largest;
+            largest = std::max(largest, W[i] * gradient[i] * gradient[i]);
+        return std::sqrt(largest);
     }
 };
 
@@ -95,9 +102,8 @@ void StabilityTest::listStarts()
         std::sort(starts.begin() + from, starts.begin() + startCount,
                   [&](const Start &a, const Start &b) { return gain[a.one] > gain[b.one]; });
     };
-    CompoundArray lnW;
     for (int i = 0; i < problem.size(); ++i)
-        gain[i] = setPureStart(i, lnW) ? lnW[i] : never;
+        gain[i] = setPureStart(i, pureStarts[i]) ? pureStarts[i][i] : never;
     addPure(true);
     bool hasVapor = false;
     for (int k = 0; k < split.count; ++k)
@@ -143,6 +149,7 @@ bool StabilityTest::newtonStep(Trial &trial) const
     for (int halving = 0; halving < 12; ++halving, length *= 0.5) {
         for (int i = 0; i < n; ++i)
             trial.lnW[i] = 2.0 * std::log(rootW[i] + 0.5 * length * step[i]);
+        trial.findMoles(n);
         trial.evaluate(problem, potential);
         if (trial.distance < before.distance)
             return true;
@@ -173,27 +180,34 @@ bool StabilityTest::descend(TrialPhase &start_) const
     const int n = problem.size();
     Trial trial;
     trial.root = start_.root;
-    trial.lnW = start_.lnW;
-    normalize(n, trial.lnW); // only the composition matters at first
+    std::copy_n(start_.lnW.begin(), n, trial.lnW.begin());
+    trial.normalize(n);
     trial.evaluate(problem, potential);
-    double difference = 1.0;
+    double difference = differenceFromKnown(trial.W, trial.state);
+    if (difference < samePhase)
+        return false;
     for (int step = 0; step < substitutions + newtonSteps; ++step) {
         // A few steps more than the first proof of instability take make a better start for the split.
         if (step >= substitutions / 2 && trial.distance < -1e-4)
             break;
-        // On the way to a phase that is there already.
-        const double before = difference;
-        difference = differenceFromKnown(trial.W, trial.state);
-        if (difference < samePhase || (difference < nearPhase && difference < contraction * before))
-            return false;
         if (trial.largestGradient(n) < converged)
             break;
+        const double before = difference;
+        const auto isArriving = [&] { // at a phase that is there already
+            difference = differenceFromKnown(trial.W, trial.state);
+            return difference < samePhase || (difference < nearPhase && difference < contraction * before);
+        };
         if (step < substitutions || !newtonStep(trial)) {
             if (step >= substitutions && trial.largestGradient(n) < 1e-6)
                 break; // the distance cannot fall any more: round-off
             for (int i = 0; i < n; ++i)
                 trial.lnW[i] = potential[i] - trial.state.lnPhi[i];
+            trial.findMoles(n);
+            if (isArriving()) // by the density of the trial before, which is as good as its own
+                return false;
             trial.evaluate(problem, potential);
+        } else if (isArriving()) {
+            return false;
         }
     }
     start_.lnW = trial.lnW;
@@ -224,7 +238,7 @@ void StabilityTest::setStart(const Start &at, TrialPhase &trial) const
         return;
     case Start::Kind::pure:
         trial.root = Root::liquid;
-        setPureStart(at.one, trial.lnW);
+        std::copy_n(pureStarts[at.one].begin(), n, trial.lnW.begin());
     }
 }
 

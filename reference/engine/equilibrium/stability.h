@@ -27,6 +27,7 @@ private:
     };
     static constexpr int mostStarts = 2 + maximumPhases * (maximumPhases - 1) / 2 + maximumCompounds;
     std::array<Start, mostStarts> starts;
+    std::array<CompoundArray, maximumCompounds> pureStarts; // lnW, of those that are starts
     int startCount = 0;
     int nextStart = 0;
 

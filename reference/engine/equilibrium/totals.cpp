@@ -124,4 +124,17 @@ double scaleOf(const FlashSpecification &given, double temperature)
     }
 }
 
+double residualOf(const Totals &totals, const FlashSpecification &wanted)
+{
+    const double value = totals.value(wanted.variable);
+    if (wanted.variable == FlashVariable::volume)
+        return std::log(value / wanted.value);
+    return (value - wanted.value) / scaleOf(wanted, totals.temperature);
+}
+
+double unitOf(const Totals &totals, const FlashSpecification &wanted)
+{
+    return wanted.variable == FlashVariable::volume ? 1.0 / totals.volume : 1.0 / scaleOf(wanted, totals.temperature);
+}
+
 } // namespace reference

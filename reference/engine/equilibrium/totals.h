@@ -34,4 +34,10 @@ struct Totals {
 // variable at a temperature, whichever is larger.
 double scaleOf(const FlashSpecification &given, double temperature);
 
+// What a variable misses its value by, as searches see it: so measured, and for the volume by its logarithm.
+double residualOf(const Totals &totals, const FlashSpecification &wanted);
+
+// What one unit of the variable is in that.
+double unitOf(const Totals &totals, const FlashSpecification &wanted);
+
 } // namespace reference

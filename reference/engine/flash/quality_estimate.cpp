@@ -89,7 +89,8 @@ private:
         set(high);
         if (rising * balance(feed, point.unknowns, amount) < 0.0)
             return false;
-        for (int i = 0; i < 45; ++i) {
+        constexpr double near = 1e-4; // it is an estimate
+        while (high - low > near) {
             const double middle = 0.5 * (low + high);
             set(middle);
             (rising * balance(feed, point.unknowns, amount) > 0.0 ? high : low) = middle;

@@ -27,6 +27,7 @@ struct LinePoint {
     double deviation;     // of the other variable from its value
     double deviationRate; // by the parameter
     UnknownArray tangent; // of the unknowns, by the parameter
+    UnknownArray bend;    // half of their second derivatives, as far as known
 };
 
 class Line {
@@ -283,9 +284,10 @@ private:
         double step = 0.7 / std::max(1e-10, std::fabs(at.tangent[TwoPhasePoint::pressureAt(n)]));
         step = std::min(step, 0.07 / std::max(1e-10, std::fabs(at.tangent[TwoPhasePoint::temperatureAt(n)])));
         const double lnK = at.point.largestLnK(n);
+        const double longestOfLnK = std::min(std::max(1.0, 0.1 * lnK), 0.5 * lnK);
         if (n > 1)
             for (int i = 0; i < n; ++i)
-                step = std::min(step, std::min(1.0, 0.5 * lnK) / std::max(1e-10, std::fabs(at.tangent[i])));
+                step = std::min(step, longestOfLnK / std::max(1e-10, std::fabs(at.tangent[i])));
         return step;
     }
 
@@ -309,6 +311,7 @@ private:
         parameter = TwoPhasePoint::pressureAt(n);
         if (!last.point.evaluate(feed) || !differentiate(last))
             return false;
+        last.bend = {};
         double sign = direction; // of the steps in the parameter
         double size = 0.5;       // of the longest step
         for (int step = 0; step < mostSteps; ++step) {
@@ -317,6 +320,7 @@ private:
             if (chosen != parameter) {
                 sign = std::copysign(sign, sign * last.tangent[chosen]);
                 parameter = chosen;
+                last.bend = {};
                 if (!differentiate(last))
                     return false;
             }
@@ -324,23 +328,39 @@ private:
                 return false; // the line ends: at a critical point, mostly
             if (search(last, next))
                 return true;
-            if (!isWithinLimits(next.point.totals))
+            if (!isWithinLimits(next.point.totals) || leadsAway(last, next))
                 return false;
             last = next;
         }
         return false;
     }
 
+    // Whether a line that leads away from the temperature or pressure of the solution will not come back: where the
+    // vapor is an ideal gas and the volume of the liquid nothing to it, both fall together all the way (Clausius,
+    // Clapeyron).
+    bool leadsAway(const LinePoint &last, const LinePoint &next) const
+    {
+        if (!isCondition(other.variable) || !(std::fabs(next.deviation) > std::fabs(last.deviation)))
+            return false;
+        const auto falls = [&](int unknown) { return next.point.unknowns[unknown] < last.point.unknowns[unknown]; };
+        return falls(TwoPhasePoint::temperatureAt(n)) && falls(TwoPhasePoint::pressureAt(n)) &&
+               std::fabs(next.point.vapor.state.Z - 1.0) < 0.01 && next.point.liquid.state.Z < 0.01;
+    }
+
     bool advance(const LinePoint &last, double sign, double &size, LinePoint &next)
     {
+        constexpr double critical = 1e-3; // ln K so near to a critical point that there are no digits to go there with
+        constexpr double shortest = 1e-5;
         const double longest = longestStep(last);
         const double before = last.point.largestLnK(n);
-        for (int halving = 0; halving < 12; ++halving, size *= 0.5) {
+        for (int halving = 0; halving < 12 && size > shortest; ++halving, size *= 0.5) {
             const double length = sign * size * longest;
             next.point.countsLiquid = last.point.countsLiquid;
             for (int j = 0; j < n + 3; ++j)
-                next.point.unknowns[j] = last.point.unknowns[j] + length * last.tangent[j];
+                next.point.unknowns[j] = last.point.unknowns[j] + length * (last.tangent[j] + length * last.bend[j]);
             const double predicted = next.point.largestLnK(n);
+            if (n > 1 && before < critical && predicted < before)
+                return false;
             const double target = next.point.unknowns[parameter];
             if (!solveAt(target, next))
                 continue;
@@ -348,6 +368,8 @@ private:
             if (n > 1 && (lnK < 0.5 * std::min(predicted, before) || lnK > 2.0 * std::max(predicted, before)))
                 continue;
             size = std::min(1.0, 1.5 * size);
+            for (int j = 0; j < n + 3; ++j)
+                next.bend[j] = 0.5 * (next.tangent[j] - last.tangent[j]) / (target - last.point.unknowns[parameter]);
             return true;
         }
         return false;

@@ -2,6 +2,7 @@
 
 #include "reference/engine/eos/gas_constant.h"
 #include "reference/engine/equilibrium/lever_rule.h"
+#include "reference/engine/flash/quick_state.h"
 #include "reference/engine/flash/vapor_liquid_point.h"
 #include "reference/engine/phase/phase_evaluation.h"
 
@@ -11,7 +12,6 @@ namespace reference {
 
 namespace {
 
-constexpr double aimed = 1e-12;      // largest residual
 constexpr double goodEnough = 3e-10; // where round-off or a steep slope lets no more
 
 FlashSpecification conditionOf(FlashVariable variable, double logarithm) { return {variable, std::exp(logarithm)}; }
@@ -28,21 +28,6 @@ bool isMonotone(FlashVariable fixed, FlashVariable wanted)
         return wanted == FlashVariable::enthalpy || wanted == FlashVariable::entropy;
     return wanted == FlashVariable::volume || wanted == FlashVariable::gibbsEnergy ||
            wanted == FlashVariable::helmholtzEnergy;
-}
-
-// A specification's difference as the searches see it: the volume by its logarithm.
-double residualOf(const Totals &totals, const FlashSpecification &wanted)
-{
-    const double value = totals.value(wanted.variable);
-    if (wanted.variable == FlashVariable::volume)
-        return std::log(value / wanted.value);
-    return (value - wanted.value) / scaleOf(wanted, totals.temperature);
-}
-
-// What one unit of the variable is in the residual.
-double unitOf(const Totals &totals, const FlashSpecification &wanted)
-{
-    return wanted.variable == FlashVariable::volume ? 1.0 / totals.volume : 1.0 / scaleOf(wanted, totals.temperature);
 }
 
 // What a variable misses its value by along the line of constant temperature or pressure, by the logarithm of the
@@ -73,7 +58,7 @@ public:
         result.slope =
             free * unitOf(now.totals, wanted) *
             (atTemperature ? now.totals.byPressure(wanted.variable) : now.totals.byTemperature(wanted.variable));
-        result.met = std::fabs(result.residual) < aimed;
+        result.met = std::fabs(result.residual) < aimedResidual;
         return result;
     }
 
@@ -206,7 +191,7 @@ public:
         start = alongTemperature ? totals.pressure : totals.temperature;
         result.residual = residualOf(totals, wanted);
         result.known = std::isfinite(result.residual);
-        result.met = std::fabs(result.residual) < 10.0 * aimed;
+        result.met = std::fabs(result.residual) < 10.0 * aimedResidual;
         if (state.slopesKnown) {
             const double byT = totals.byTemperature(wanted.variable);
             const double byP = totals.byPressure(wanted.variable);
@@ -244,6 +229,11 @@ SearchStatus solveAtCondition(const Feed &feed, const FlashSpecification &fixed,
 {
     const FlashVariable free =
         fixed.variable == FlashVariable::temperature ? FlashVariable::pressure : FlashVariable::temperature;
+    // Where there is but one state, any way leads to it. A search that asks for many of them goes on from its last one,
+    // which is as quick.
+    if (thorough && isMonotone(fixed.variable, wanted.variable) &&
+        findQuickly(feed, fixed, wanted, std::log(start), state))
+        return SearchStatus::found;
     ConditionLine line(feed, fixed, wanted, state, findings);
     RootSearch search(line, lowestOf(free), highestOf(free));
     const double longestStep = free == FlashVariable::temperature ? 0.4 : 3.0;

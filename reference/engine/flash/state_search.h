@@ -1,7 +1,7 @@
 // States of equilibrium that have given values, neither of them a vapor fraction.
 #pragma once
 
-#include "reference/engine/equilibrium/equilibrium.h"
+#include "reference/engine/flash/quick_state.h"
 #include "reference/engine/numerics/root_search.h"
 
 namespace reference {
@@ -14,12 +14,6 @@ struct SearchFindings {
     double from, to;             // between these values of it,
     double temperature;          // here
     double pressure;
-};
-
-// A state and whether its slopes are those of the mixture in equilibrium: on a jump there are none.
-struct FoundState {
-    Equilibrium equilibrium;
-    bool slopesKnown = false;
 };
 
 // Finds the state of given temperature or pressure (`fixed`) where another variable has its value. The

@@ -1,6 +1,7 @@
 #include "reference/engine/flash/vapor_liquid_point.h"
 
 #include "reference/engine/eos/gas_constant.h"
+#include "reference/engine/equilibrium/flash_tp.h"
 
 #include <algorithm>
 #include <cmath>
@@ -40,6 +41,12 @@ bool isWithinLimits(const Totals &totals)
 
 bool isStable(const Feed &feed, const TwoPhasePoint &point)
 {
+    FlashResult pair;
+    FlashResult named;
+    giveResult(feed, point, pair);
+    if (nameStablePair(feed.model, pair, feed.fractions(), feed.phases, named))
+        return true;
+    // That is strict, and a flash takes longer.
     constexpr double metastable = 1e-8; // a Gibbs energy over R T too high by this is no round-off
     Equilibrium found;
     if (found.find(feed, point.totals.temperature, point.totals.pressure) != FlashStatus::solved)

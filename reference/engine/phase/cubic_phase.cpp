@@ -12,13 +12,34 @@ namespace {
 // ln((Z + d1 B) / (Z + d2 B)) / (d1 - d2), with all its digits when B is small: B / Z then.
 double attractionLogarithm(const CubicConstants &equation, double Z, double B)
 {
-    return std::log1p(equation.difference() * B / (Z + equation.d2 * B)) / equation.difference();
+    const double ratio = equation.difference() * B / (Z + equation.d2 * B);
+    const double logarithm = ratio > 0.5 ? std::log(1.0 + ratio) : std::log1p(ratio); // which takes longer
+    return logarithm / equation.difference();
 }
 
 // The residual Gibbs energy over R T of one root: what the two roots are compared by.
 double residualGibbs(const CubicConstants &equation, double A, double B, double free)
 {
     return free + B - 1.0 - std::log(free) - A / B * attractionLogarithm(equation, free + B, B);
+}
+
+struct ChosenRoot {
+    double free; // Z - B
+    bool several;
+    bool isLiquid; // of several
+};
+
+ChosenRoot chooseRoot(const CubicConstants &equation, double A, double B, Root root)
+{
+    if (root != Root::stable) {
+        const bool liquid = root == Root::liquid;
+        const CompressibilityRoot one = solveCompressibility(equation, A, B, liquid);
+        return {one.free, one.several, one.several && liquid};
+    }
+    const CompressibilityRoots roots = solveCompressibility(equation, A, B);
+    const bool liquid = roots.distinct() && residualGibbs(equation, A, B, roots.liquid) <
+                                                residualGibbs(equation, A, B, roots.vapor);
+    return {liquid ? roots.liquid : roots.vapor, roots.distinct(), liquid};
 }
 
 // How Z - B and the attraction logarithm answer to a change of A and B.
@@ -57,9 +78,8 @@ double attractionSlope(const MixtureModel &model, const Isotherm &isotherm, cons
     return 2.0 * sum;
 }
 
-} // namespace
-
-void pairSums(const MixtureModel &model, const double *moleFractions, const CompoundArray &values, CompoundArray &sums)
+void sumAllPairs(const MixtureModel &model, const double *moleFractions, const CompoundArray &values,
+                 CompoundArray &sums)
 {
     const int n = model.size;
     for (int i = 0; i < n; ++i)
@@ -72,6 +92,28 @@ void pairSums(const MixtureModel &model, const double *moleFractions, const Comp
     }
 }
 
+} // namespace
+
+void pairSums(const MixtureModel &model, const double *moleFractions, const CompoundArray &values, CompoundArray &sums)
+{
+    const int n = model.size;
+    if (!model.interactsLittle)
+        return sumAllPairs(model, moleFractions, values, sums);
+    CompoundArray weighted;
+    double total = 0.0;
+    for (int j = 0; j < n; ++j) {
+        weighted[j] = moleFractions[j] * values[j];
+        total += weighted[j];
+    }
+    for (int i = 0; i < n; ++i)
+        sums[i] = total;
+    for (int k = 0; k < model.interactingCount; ++k) {
+        const auto &[i, j, parameter] = model.interacting[k];
+        sums[i] -= parameter * weighted[j];
+        sums[j] -= parameter * weighted[i];
+    }
+}
+
 void evaluatePhase(const MixtureModel &model, const Isotherm &isotherm, double pressure, const double *moleFractions,
                    Root root, PhaseState &state)
 {
@@ -81,19 +123,14 @@ void evaluatePhase(const MixtureModel &model, const Isotherm &isotherm, double p
     double b = 0.0;
     for (int i = 0; i < n; ++i) {
         a += moleFractions[i] * isotherm.s[i] * state.pairSum[i];
-        b += moleFractions[i] * model.compounds[i].covolume;
+        b += moleFractions[i] * isotherm.b[i];
     }
     const double thermal = gasConstant * isotherm.temperature;
     const double A = a * pressure / (thermal * thermal);
     const double B = b * pressure / thermal;
 
     const CubicConstants &equation = cubicConstants(model.equation);
-    const CompressibilityRoots roots = solveCompressibility(equation, A, B);
-    const bool takeLiquid =
-        roots.distinct() &&
-        (root == Root::liquid || (root == Root::stable && residualGibbs(equation, A, B, roots.liquid) <
-                                                              residualGibbs(equation, A, B, roots.vapor)));
-    const double free = takeLiquid ? roots.liquid : roots.vapor;
+    const auto [free, severalRoots, takeLiquid] = chooseRoot(equation, A, B, root);
     const double Z = free + B;
 
     state.pressure = pressure;
@@ -103,9 +140,9 @@ void evaluatePhase(const MixtureModel &model, const Isotherm &isotherm, double p
     state.B = B;
     state.Z = Z;
     state.freeZ = free;
-    state.severalRoots = roots.distinct();
+    state.severalRoots = severalRoots;
     state.vaporRoot = !takeLiquid;
-    state.liquidRoot = takeLiquid || !roots.distinct();
+    state.liquidRoot = takeLiquid || !severalRoots;
     state.attractionLog = attractionLogarithm(equation, Z, B);
 
     const double repulsion = -std::log(free);
@@ -115,7 +152,7 @@ void evaluatePhase(const MixtureModel &model, const Isotherm &isotherm, double p
     const double inverseCovolume = 1.0 / b;
     for (int i = 0; i < n; ++i) {
         state.attraction[i] = attractionScale * isotherm.s[i] * state.pairSum[i];
-        state.beta[i] = model.compounds[i].covolume * inverseCovolume;
+        state.beta[i] = isotherm.b[i] * inverseCovolume;
         state.lnPhi[i] = state.beta[i] * fromBeta + repulsion - strength * state.attraction[i];
     }
 }
@@ -126,17 +163,17 @@ void evaluateSolvent(const MixtureModel &model, const Isotherm &isotherm, double
     const CubicConstants &equation = cubicConstants(model.equation);
     const double thermal = gasConstant * isotherm.temperature;
     const double s = isotherm.s[solvent];
-    const double b = model.compounds[solvent].covolume;
+    const double b = isotherm.b[solvent];
     const double A = s * s * pressure / (thermal * thermal);
     const double B = b * pressure / thermal;
-    const double free = solveCompressibility(equation, A, B).liquid;
+    const double free = solveCompressibility(equation, A, B, true).free;
     const double strength = attractionLogarithm(equation, free + B, B) / B;
     const double repulsion = -std::log(free);
     const double fromBeta = (free + B - 1.0 + A * strength) / b;
     const double fromPair = 2.0 * pressure / (thermal * thermal) * strength * s;
     const double *factors = columnOf(model.pairFactor, model.size, solvent);
     for (int i = 0; i < model.size; ++i)
-        lnPhi[i] = model.compounds[i].covolume * fromBeta + repulsion - fromPair * isotherm.s[i] * factors[i];
+        lnPhi[i] = isotherm.b[i] * fromBeta + repulsion - fromPair * isotherm.s[i] * factors[i];
 }
 
 void lnPhiByMoles(const MixtureModel &model, const Isotherm &isotherm, const PhaseState &state, PairArray &derivatives)

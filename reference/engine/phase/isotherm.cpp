@@ -24,6 +24,7 @@ void prepareCubic(const MixtureModel &model, Isotherm &isotherm)
             isotherm.slope[i] = -isotherm.slope[i];
             isotherm.curvature[i] = -isotherm.curvature[i];
         }
+        isotherm.b[i] = compound.covolume;
     }
 }
 

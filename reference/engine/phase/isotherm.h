@@ -13,6 +13,7 @@ struct Isotherm {
     CompoundArray s;         // square root of a alpha, Pa^0.5 m3/mol
     CompoundArray slope;     // ds/dT
     CompoundArray curvature; // d2s/dT2
+    CompoundArray b;         // covolumes, which stand far apart in the model, m3/mol
 
     // Liquids that are not by a cubic equation: ln phi_i is saturation_i + ln gamma_i + volume_i P - ln P.
     std::array<TemperatureFunction, maximumCompounds> saturation; // ln p_i - v_i p_i / (R T)

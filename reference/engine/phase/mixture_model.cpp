@@ -65,6 +65,7 @@ MixtureModel MixtureModel::of(std::span<const CompoundData *const> list, Equatio
         for (int j = 0; j < model.size; ++j)
             model.pairFactor[i + model.size * j] = 1.0 - interactionParameter(list[i]->id, list[j]->id, equation);
     }
+    model.listInteracting();
     if (equation == EquationOfState::nrtl)
         for (int j = 0; j < model.size; ++j)
             for (int i = 0; i < model.size; ++i) {
@@ -73,6 +74,22 @@ MixtureModel MixtureModel::of(std::span<const CompoundData *const> list, Equatio
                 model.nrtl.nonrandomness[i + model.size * j] = pair.nonrandomness;
             }
     return model;
+}
+
+void MixtureModel::listInteracting()
+{
+    const int most = size * size / 8;
+    interactingCount = 0;
+    for (int j = 0; j < size; ++j)
+        for (int i = 0; i < j; ++i) {
+            const double factor = pairFactor[i + size * j];
+            if (factor == 1.0)
+                continue;
+            if (interactingCount == most)
+                return;
+            interacting[interactingCount++] = {i, j, 1.0 - factor};
+        }
+    interactsLittle = true;
 }
 
 HeatCapacityTerms MixtureModel::heatCapacityTerms(const double *moleFractions) const
@@ -94,6 +111,7 @@ MixtureModel MixtureModel::subset(std::span<const int> members) const
         for (int j = 0; j < chosen.size; ++j)
             chosen.pairFactor[i + chosen.size * j] = pairFactor[members[i] + size * members[j]];
     }
+    chosen.listInteracting();
     if (equation == EquationOfState::nrtl)
         for (int j = 0; j < chosen.size; ++j)
             for (int i = 0; i < chosen.size; ++i) {

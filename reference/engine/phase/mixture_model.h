@@ -36,11 +36,25 @@ struct CubicVolumes {
 };
 CubicVolumes cubicVolumes(const CompoundTerms &compound, EquationOfState equation, double kelvin, double pascal);
 
+// A pair of compounds whose kij is not zero.
+struct InteractingPair {
+    int first, second;
+    double parameter; // kij
+};
+
 struct MixtureModel {
     EquationOfState equation = EquationOfState::pengRobinson;
     int size = 0;
     std::array<CompoundTerms, maximumCompounds> compounds;
     PairArray pairFactor; // 1 - kij, symmetric; cubic equations only
+
+    // The pairs with a kij other than zero, where they are so few that sums over pairs are made faster from a sum over
+    // all compounds less these: in mixtures of many hydrocarbons.
+    static constexpr int mostInteracting = maximumCompounds * maximumCompounds / 8;
+    bool interactsLittle = false;
+    int interactingCount = 0;
+    std::array<InteractingPair, mostInteracting> interacting;
+
     NrtlTerms nrtl;       // NRTL only
 
     // Of the mixture as an ideal gas.
@@ -55,6 +69,9 @@ struct MixtureModel {
 
     // The model of some of the compounds, by index.
     MixtureModel subset(std::span<const int> members) const;
+
+private:
+    void listInteracting();
 };
 
 } // namespace reference

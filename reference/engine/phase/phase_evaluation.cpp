@@ -15,7 +15,13 @@ void evaluatePhase(const MixtureModel &model, const Isotherm &isotherm, double p
 void evaluateSolvent(const MixtureModel &model, const Isotherm &isotherm, double pressure, int solvent,
                      CompoundArray &lnPhi)
 {
-    cubic::evaluateSolvent(model, isotherm, pressure, solvent, lnPhi);
+    if (model.isCubic())
+        return cubic::evaluateSolvent(model, isotherm, pressure, solvent, lnPhi);
+    CompoundArray fractions{};
+    fractions[static_cast<std::size_t>(solvent)] = 1.0;
+    PhaseState state;
+    activity::evaluatePhase(model, isotherm, pressure, fractions.data(), Root::liquid, state);
+    lnPhi = state.lnPhi;
 }
 
 void lnPhiByMoles(const MixtureModel &model, const Isotherm &isotherm, const PhaseState &state, PairArray &derivatives)

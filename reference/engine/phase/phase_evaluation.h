@@ -18,8 +18,8 @@ namespace reference {
 void evaluatePhase(const MixtureModel &model, const Isotherm &isotherm, double pressure, const double *moleFractions,
                    Root root, PhaseState &state);
 
-// ln phi of every compound at infinite dilution in the liquid of one, by a cubic equation: a small part of the work of
-// a mixture.
+// ln phi of every compound at infinite dilution in the liquid of one: by a cubic equation a small part of the work of a
+// mixture.
 void evaluateSolvent(const MixtureModel &model, const Isotherm &isotherm, double pressure, int solvent,
                      CompoundArray &lnPhi);
 
