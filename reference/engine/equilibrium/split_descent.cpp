@@ -260,6 +260,72 @@ bool join(const FlashProblem &problem, const TrialPhase &trial, const CompoundAr
     return true;
 }
 
+// Next to where a phase comes into being, the Gibbs energy has no digits for it, and only the fugacities tell.
+SplitStatus joinVanishing(const FlashProblem &problem, const TrialPhase &trial, const CompoundArray &w,
+                          PhaseSplit &split)
+{
+    PhaseSplit next;
+    if (!join(problem, trial, w, 0.0, split, next))
+        return SplitStatus::collapsed;
+    const SplitStatus status = descend(problem, next);
+    if (status != SplitStatus::solved)
+        return status;
+    next.findGibbs(problem);
+    if (anyAreOne(problem, next) || isLess(split.gibbs, next.gibbs))
+        return SplitStatus::collapsed;
+    split = next;
+    return status;
+}
+
+// Next to a critical point a phase becomes two, on both sides of it: that of the trial and another one, and no part of
+// the trial alone lowers the Gibbs energy much. False if that leads nowhere.
+bool splitAcross(const FlashProblem &problem, const CompoundArray &w, PhaseSplit &split)
+{
+    const int n = problem.size();
+    const auto differenceFrom = [&](const SplitPhase &phase) {
+        double sum = 0.0;
+        for (int i = 0; i < n; ++i)
+            sum += std::fabs(w[i] - phase.x[i]);
+        return sum;
+    };
+    int nearest = 0;
+    for (int k = 1; k < split.count; ++k)
+        if (differenceFrom(split.phases[k]) < differenceFrom(split.phases[nearest]))
+            nearest = k;
+    PhaseSplit next;
+    double reach = 1.0;
+    for (int halving = 0; halving < 6; ++halving, reach *= 0.5) {
+        next = split;
+        SplitPhase &here = next.phases[nearest];
+        SplitPhase &there = next.phases[next.count++];
+        here.amount *= 0.5;
+        there.amount = here.amount;
+        there.root = here.root;
+        for (int k = 0; k < split.count; ++k)
+            for (int i = 0; i < n; ++i)
+                next.phases[k].lnE[i] = std::log(split.phases[k].x[i]);
+        bool possible = true;
+        for (int i = 0; i < n; ++i) {
+            const double x = split.phases[nearest].x[i];
+            const double step = reach * (w[i] - x);
+            possible = possible && std::fabs(step) < x;
+            here.lnE[i] = std::log(x - step);
+            there.lnE[i] = std::log(x + step);
+        }
+        if (!possible || !next.update(problem))
+            continue;
+        next.findGibbs(problem);
+        if (!isLess(next.gibbs, split.gibbs) || descend(problem, next) != SplitStatus::solved)
+            continue;
+        next.findGibbs(problem);
+        if (!isLess(next.gibbs, split.gibbs))
+            continue;
+        split = next;
+        return true;
+    }
+    return false;
+}
+
 } // namespace
 
 SplitStatus splitFurther(const FlashProblem &problem, const TrialPhase &trial, PhaseSplit &split)
@@ -287,17 +353,8 @@ SplitStatus splitFurther(const FlashProblem &problem, const TrialPhase &trial, P
         split = next;
         return SplitStatus::solved;
     }
-    // Next to where a phase comes into being, the Gibbs energy has no digits for it, and only the fugacities tell.
-    if (!join(problem, trial, w, 0.0, split, next))
-        return SplitStatus::collapsed;
-    const SplitStatus status = descend(problem, next);
-    if (status != SplitStatus::solved)
-        return status;
-    next.findGibbs(problem);
-    if (anyAreOne(problem, next) || isLess(split.gibbs, next.gibbs))
-        return SplitStatus::collapsed;
-    split = next;
-    return status;
+    const SplitStatus status = joinVanishing(problem, trial, w, split);
+    return status == SplitStatus::solved ? status : splitAcross(problem, w, split) ? SplitStatus::solved : status;
 }
 
 } // namespace reference

@@ -16,6 +16,7 @@ constexpr double samePhase = 3e-5;  // sum of the differences between mole numbe
 constexpr double nearPhase = 3e-3;  // the same, where a step has brought the trial nearer by a good part
 constexpr double contraction = 0.3; // of that difference in such a step
 constexpr double slack = 0.7;       // of logarithms of mole numbers
+constexpr double wideSlack = 6.0;   // the same next to a critical point, where many a phase is far from pure
 constexpr int substitutions = 8;
 constexpr int newtonSteps = 40;
 
@@ -250,13 +251,22 @@ bool StabilityTest::setPureStart(int pure, CompoundArray &lnW) const
         return false; // its liquids never split
     CompoundArray lnPhi;
     evaluateSolvent(problem.model, problem.isotherm, problem.pressure, pure, lnPhi);
-    const double own = potential[pure] - lnPhi[pure];
+    const double most = potential[pure] - lnPhi[pure] + (isNearCritical() ? wideSlack : slack);
     for (int i = 0; i < problem.size(); ++i) {
         lnW[i] = potential[i] - lnPhi[i];
-        if (lnW[i] > own + slack)
+        if (lnW[i] > most)
             return false;
     }
     return true;
+}
+
+// Whether the feed is one phase, neither like a gas nor like a liquid: by its volume over its covolume, about four at a
+// critical point.
+bool StabilityTest::isNearCritical() const
+{
+    const PhaseState &state = split.phases[0].state;
+    const double volume = state.Z / state.B;
+    return split.count == 1 && !state.severalRoots && volume > 2.0 && volume < 8.0;
 }
 
 bool StabilityTest::findNext(TrialPhase &trial)

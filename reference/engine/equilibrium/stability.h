@@ -35,6 +35,7 @@ private:
     void setStart(const Start &at, TrialPhase &trial) const;
     double differenceFromKnown(const CompoundArray &W, const PhaseState &state) const;
     bool setPureStart(int pure, CompoundArray &lnW) const;
+    bool isNearCritical() const;
     bool descend(TrialPhase &trial) const;
     struct Trial;
     bool newtonStep(Trial &trial) const;
