@@ -266,7 +266,7 @@ bool StabilityTest::isNearCritical() const
 {
     const PhaseState &state = split.phases[0].state;
     const double volume = state.Z / state.B;
-    return split.count == 1 && !state.severalRoots && volume > 2.0 && volume < 8.0;
+    return problem.model.isCubic() && split.count == 1 && !state.severalRoots && volume > 2.0 && volume < 8.0;
 }
 
 bool StabilityTest::findNext(TrialPhase &trial)
