@@ -37,8 +37,8 @@ ChosenRoot chooseRoot(const CubicConstants &equation, double A, double B, Root r
         return {one.free, one.several, one.several && liquid};
     }
     const CompressibilityRoots roots = solveCompressibility(equation, A, B);
-    const bool liquid = roots.distinct() && residualGibbs(equation, A, B, roots.liquid) <
-                                                residualGibbs(equation, A, B, roots.vapor);
+    const bool liquid =
+        roots.distinct() && residualGibbs(equation, A, B, roots.liquid) < residualGibbs(equation, A, B, roots.vapor);
     return {liquid ? roots.liquid : roots.vapor, roots.distinct(), liquid};
 }
 

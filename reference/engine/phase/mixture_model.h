@@ -55,7 +55,7 @@ struct MixtureModel {
     int interactingCount = 0;
     std::array<InteractingPair, mostInteracting> interacting;
 
-    NrtlTerms nrtl;       // NRTL only
+    NrtlTerms nrtl; // NRTL only
 
     // Of the mixture as an ideal gas.
     HeatCapacityTerms heatCapacityTerms(const double *moleFractions) const;
