@@ -19,6 +19,36 @@ constexpr double edgeWidth = 2e-15; // of the logarithm of a temperature or pres
 
 bool isBoth(const FlashResult &state) { return state.vaporPresent && state.phaseCount() > 1; }
 
+double differenceBetween(int n, const CompoundArray &one, const CompoundArray &other)
+{
+    double sum = 0.0;
+    for (int i = 0; i < n; ++i)
+        sum += std::fabs(one[i] - other[i]);
+    return sum;
+}
+
+// Where the vapor vanishes beside two liquids, one of these can be so thin that it has the vapor's name from there on:
+// it gets the one that it has in the neighboring state of three phases.
+void nameAsNeighbor(int n, FlashResult &state, const FlashResult &neighbor)
+{
+    if (state.phaseCount() != 2 || !state.vaporPresent || neighbor.phaseCount() != 3)
+        return;
+    const double fromLiquid = differenceBetween(n, state.vapor, neighbor.liquid);
+    const double fromLiquid2 = differenceBetween(n, state.vapor, neighbor.liquid2);
+    if (differenceBetween(n, state.vapor, neighbor.vapor) <= std::min(fromLiquid, fromLiquid2))
+        return;
+    const bool isFirst = fromLiquid < fromLiquid2;
+    if (isFirst) {
+        state.liquid2 = state.liquid;
+        state.liquid2Fraction = state.liquidFraction;
+    }
+    (isFirst ? state.liquid : state.liquid2) = state.vapor;
+    (isFirst ? state.liquidFraction : state.liquid2Fraction) = state.vaporFraction;
+    state.liquid2Present = true;
+    state.vaporPresent = false;
+    state.vaporFraction = 0.0;
+}
+
 double massOf(const MixtureModel &model, double amount, const CompoundArray &x)
 {
     double sum = 0.0;
@@ -62,6 +92,16 @@ double QualitySearch::surplusOf(const FlashResult &state, const FlashResult &nei
 
 bool QualitySearch::mayLieBetween(const FlashResult &one, const FlashResult &other) const
 {
+    FlashResult first = one;
+    FlashResult second = other;
+    nameAsNeighbor(feed.size(), first, other);
+    nameAsNeighbor(feed.size(), second, one);
+    return liesBetween(first, second);
+}
+
+// The same of states that are named alike.
+bool QualitySearch::liesBetween(const FlashResult &one, const FlashResult &other) const
+{
     if (isEnd())
         return isBoth(one) != isBoth(other);
     return (surplusOf(one, other) > 0.0) != (surplusOf(other, one) > 0.0);
@@ -69,7 +109,11 @@ bool QualitySearch::mayLieBetween(const FlashResult &one, const FlashResult &oth
 
 bool QualitySearch::differ(Sample &low, Sample &high) const
 {
-    if (!low.known || !high.known || !mayLieBetween(low.state, high.state))
+    if (!low.known || !high.known)
+        return false;
+    nameAsNeighbor(feed.size(), low.state, high.state);
+    nameAsNeighbor(feed.size(), high.state, low.state);
+    if (!liesBetween(low.state, high.state))
         return false;
     low.surplus = surplusOf(low.state, high.state);
     high.surplus = surplusOf(high.state, low.state);
@@ -198,6 +242,7 @@ bool QualitySearch::closeEnd(const FlashSpecification &at, Sample &low, Sample &
         take(at, 0.5 * (low.free + high.free), middle);
         if (!middle.known || middle.free == low.free || middle.free == high.free)
             break;
+        nameAsNeighbor(feed.size(), middle.state, inside.state);
         (isBoth(middle.state) ? inside : outside) = middle;
     }
     return acceptEnd(inside, outside) || continueToEnd(at, inside);
@@ -222,6 +267,8 @@ bool QualitySearch::closeInside(const FlashSpecification &at, Sample &low, Sampl
             take(at, low.free + 0.45 * width, middle);
         if (!middle.known)
             return false;
+        nameAsNeighbor(feed.size(), middle.state, low.state);
+        nameAsNeighbor(feed.size(), middle.state, high.state);
         middle.surplus = surplusOf(middle.state, isBoth(low.state) ? low.state : high.state);
         if (std::fabs(middle.surplus) < met && accept(middle))
             return true;

@@ -43,6 +43,7 @@ private:
     bool isEnd() const { return fraction.value == 0.0 || fraction.value == 1.0; }
     void take(const FlashSpecification &at, double free, Sample &sample) const;
     double surplusOf(const FlashResult &state, const FlashResult &neighbor) const;
+    bool liesBetween(const FlashResult &one, const FlashResult &other) const;
     bool differ(Sample &low, Sample &high) const;
     bool close(const FlashSpecification &at, Sample &low, Sample &high);
     bool closeInside(const FlashSpecification &at, Sample &low, Sample &high);

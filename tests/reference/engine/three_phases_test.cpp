@@ -88,6 +88,33 @@ TEST(ThreePhases, OfTwoCompoundsHaveARangeOfEnthalpiesAtOneTemperature)
     EXPECT_NEAR(first.temperature, 334.8, 2.0);
 }
 
+// Carbon dioxide with hydrocarbons and water: where the vapor vanishes at 97.4 bar the liquid beside the water is so
+// thin that it is called vapor from there on.
+TEST(ThreePhases, HaveBubblePointsWhereTheLiquidIsCalledVaporBeyond)
+{
+    const MixtureModel model = modelOf({"water", "ethane", "n-octane", "n-hexane", "nitrogen", "carbon dioxide"});
+    const std::vector<double> z = {0.28, 0.18, 0.026, 0.03, 0.049, 0.435};
+    constexpr double temperature = 309.7;
+    double last = 0.0;
+    for (const double fraction : {0.05, 0.003, 0.0}) {
+        const FlashRequest request{{Variable::temperature, temperature}, {Variable::vaporFraction, fraction}};
+        FlashResult result{};
+        FlashReason reason{};
+        ASSERT_EQ(flash(model, request, z, result, reason), FlashStatus::solved) << fraction << ' ' << reason.data();
+        EXPECT_EQ(faultOf({model, z, request}, result), "") << fraction;
+        EXPECT_EQ(result.phaseCount(), 3) << fraction;
+        EXPECT_GT(result.pressure, last);
+        last = result.pressure;
+    }
+    // Flashes show the boundary there.
+    FlashResult beside;
+    for (const double factor : {1.0 - 1e-5, 1.0 + 1e-5}) {
+        ASSERT_EQ(flashTP(model, temperature, factor * last, z, FlashPhases::vaporAndTwoLiquids, beside),
+                  FlashStatus::solved);
+        EXPECT_EQ(beside.phaseCount(), factor < 1.0 ? 3 : 2);
+    }
+}
+
 namespace {
 
 // A gas next to its critical point, where the line of boiling is too short to be followed.
