@@ -181,7 +181,7 @@ bool StabilityTest::descend(TrialPhase &start_) const
     const int n = problem.size();
     Trial trial;
     trial.root = start_.root;
-    std::copy_n(start_.lnW.begin(), n, trial.lnW.begin());
+    trial.lnW = start_.lnW;
     trial.normalize(n);
     trial.evaluate(problem, potential);
     double difference = differenceFromKnown(trial.W, trial.state);
