@@ -39,8 +39,7 @@ FlashVerdict readPhaseFraction(BSTR basis, BSTR label, int position, FlashInput 
     if (phase->index == liquid2Phase)
         return {
             &errors::limitedImplementation,
-            OLESTR("A flash can be given the fraction of the vapor or of the only liquid, and not of a second liquid"),
-            position};
+            OLESTR("A flash can be given the fraction of the vapor or of the only liquid, and not of a second liquid")};
     input.isPhaseFraction = true;
     input.ofLiquid = phase->index == liquidPhase;
     if (byMass)

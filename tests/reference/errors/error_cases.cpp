@@ -73,6 +73,15 @@ HRESULT ratio(Host host) { return host.ofPhases({"kvalue"}, pair); }
 HRESULT flash(Host host) { return host.flash(); }
 HRESULT coefficients(Host host) { return host.lnPhi("Vapor", 250.0, 1e5, {0.25, 0.625, 0.125}); }
 
+// With water and a propanol, a pair that the package has no parameters for.
+auto withoutParameters(HRESULT (*calculate)(Host host))
+{
+    return [=](Host host) {
+        host.open("Water and light alcohols", {"ethanol", "water", "1-propanol"});
+        return calculate(host);
+    };
+}
+
 const std::vector<double> negative = {0.5, -0.25, 0.75};
 const std::vector<double> tooFew = {0.5, 0.5};
 
@@ -215,6 +224,8 @@ std::vector<ErrorCase> errorCases()
         {"LnPhiOfNegative", properties, "CalcAndGetLnPhi", invalid, 4,
          [](Host host) { return host.lnPhi("Vapor", 250.0, 1e5, negative); }},
 
+        {"LnPhiWithoutParameters", properties, "CalcAndGetLnPhi", limited, 0, withoutParameters(coefficients)},
+
         {"PhaseWithoutMaterial", properties, "CalcSinglePhaseProp", order, 0, without(volume), {}, "SetMaterial"},
         {"NothingOfPhase", properties, "CalcSinglePhaseProp", invalid, 1, [](Host host) { return host.ofPhase({}); }},
         {"UnknownOfPhase", properties, "CalcSinglePhaseProp", limited, 0,
@@ -237,6 +248,7 @@ std::vector<ErrorCase> errorCases()
              host.open("Water and light alcohols", {"ethanol", "water"});
              return host.ofPhase({"enthalpy", "speedOfSound"}, "Liquid");
          }},
+        {"PhaseWithoutParameters", properties, "CalcSinglePhaseProp", limited, 0, withoutParameters(volume)},
         {"PhaseNotTaken", properties, "CalcSinglePhaseProp", unknown, 0, refused("SetSinglePhaseProp", volume)},
 
         {"PairWithoutMaterial", properties, "CalcTwoPhaseProp", order, 0, without(ratio), {}, "SetMaterial"},
@@ -262,6 +274,7 @@ std::vector<ErrorCase> errorCases()
              host.material.ownTemperatures["Liquid"] = 251.0;
              return ratio(host);
          }},
+        {"PairWithoutParameters", properties, "CalcTwoPhaseProp", limited, 0, withoutParameters(ratio)},
         {"PairNotTaken", properties, "CalcTwoPhaseProp", unknown, 0, refused("SetTwoPhaseProp", ratio)},
 
         {"FlashWithoutMaterial", equilibrium, "CalcEquilibrium", order, 0, without(flash), {}, "SetMaterial"},
@@ -274,6 +287,10 @@ std::vector<ErrorCase> errorCases()
         {"FractionByVolume", equilibrium, "CalcEquilibrium", invalid, 1,
          [](Host host) {
              return host.flash({"phaseFraction", "volume", "Vapor"});
+         }},
+        {"FractionOfSecondLiquid", equilibrium, "CalcEquilibrium", limited, 0,
+         [](Host host) {
+             return host.flash(givenPressure, {"phaseFraction", "mole", "Liquid2"});
          }},
         {"TwiceTheSame", equilibrium, "CalcEquilibrium", invalid, 2,
          [](Host host) { return host.flash(givenPressure, givenPressure); }},
@@ -319,11 +336,31 @@ std::vector<ErrorCase> errorCases()
         {"EndlessEnthalpy", equilibrium, "CalcEquilibrium", bounds, 2, flashAt(overall("enthalpy"), HUGE_VAL),
          ExpectedBounds{-DBL_MAX, DBL_MAX, HUGE_VAL, "enthalpy"}},
         {"NoSuchState", equilibrium, "CalcEquilibrium", unsolved, 0, flashAt(overall("enthalpy"), 1e9)},
+        {"FractionOfOneOfTwoLiquids", equilibrium, "CalcEquilibrium", unsolved, 0,
+         [](Host host) {
+             host.open("Wet gas and hydrocarbons", {"methane", "n-hexane", "water"});
+             host.material.presentPhases = {"Vapor", "Liquid", "Liquid2"};
+             host.material.given["Overall/temperature/"] = 300.0;
+             host.material.given["Liquid/phaseFraction/mole"] = 0.3;
+             return host.flash({"temperature", "", "Overall"}, {"phaseFraction", "mole", "Liquid"});
+         }},
+        {"FourPhases", equilibrium, "CalcEquilibrium", unsolved, 0,
+         [](Host host) {
+             host.open("All compounds (Peng-Robinson)",
+                       {"methanol", "methane", "n-hexane", "water", "ethanol", "acetone"});
+             host.material.presentPhases = {"Vapor", "Liquid", "Liquid2"};
+             host.material.composition = {0.1178709784227758,  0.14624779314239983, 0.11289359348813231,
+                                          0.34054827682191441, 0.2054100942262852,  0.077029263898492323};
+             host.material.temperature = 432.58870917105526;
+             host.material.pressure = 4342791.9728567665;
+             return host.flash();
+         }},
         {"FormationUnknown", equilibrium, "CalcEquilibrium", unavailable, 0,
          [](Host host) {
              host.open("All compounds (Peng-Robinson)", {"propane", "R-1234yf"});
              return flashAt(overall("enthalpyF"), 0.0)(host);
          }},
+        {"FlashWithoutParameters", equilibrium, "CalcEquilibrium", limited, 0, withoutParameters(flash)},
         {"EquilibriumNotTaken", equilibrium, "CalcEquilibrium", unknown, 0, refused("SetPresentPhases", flash)},
     };
 }

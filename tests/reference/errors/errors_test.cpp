@@ -32,10 +32,7 @@ const StandardError standardErrors[] = {
     {"ECapeFailedInitialisation", 0x8004050F, capeIid(0x678C0B20), {computation}},
     {"ECapeSolvingError", 0x80040510, capeIid(0x678C0B21), {computation}},
     {"ECapeBadInvOrder", 0x80040511, capeIid(0x678C0B22), {computation}},
-    {"ECapeThrmPropertyNotAvailable",
-     0x8004051A,
-     {0x678C09B6, 0x7D66, 0x11D2, {0xA6, 0x7D, 0x00, 0x10, 0x5A, 0x42, 0x88, 0x7F}},
-     {}},
+    {"ECapeThrmPropertyNotAvailable", 0x8004051A, capeIid(0x678C09B6), {}},
 };
 
 const StandardError *standardError(const std::string &name)
@@ -175,6 +172,7 @@ TEST_F(ErrorInterfaces, ForgetTheFailureBefore)
 {
     EXPECT_LT(lnPhi("Vapor", 4.0, 1e5, {1.0, 0.0, 0.0}), 0);
     EXPECT_EQ(positionIn(failed), 2);
+    expectBounds(failed, {20.0, 1500.0, 4.0, "temperature"});
     EXPECT_LT(utilitiesOf(failed)->Edit(), 0);
     EXPECT_EQ(positionIn(failed), 0);
     expectNoBounds(failed);
