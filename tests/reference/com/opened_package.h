@@ -2,7 +2,7 @@
 #pragma once
 
 #include "reference/server/class_table.h"
-#include "tests/reference/com/host.h"
+#include "tests/reference/com/package_interfaces.h"
 #include "tests/reference/com/test_material.h"
 
 #include <gtest/gtest.h>
@@ -12,17 +12,13 @@
 #include <string_view>
 #include <vector>
 
-struct OpenedPackage {
+struct OpenedPackage : PackageInterfaces {
     OpenedPackage(const Library &library, std::string_view name)
     {
         const auto manager = library.create<ICapeThermoPropertyPackageManager>(reference::managerClass);
         ComPointer<IDispatch> package;
         EXPECT_EQ(manager->GetPropertyPackage(Bstr(name).get(), package.out()), S_OK) << name;
-        compounds = as<ICapeThermoCompounds>(package.get());
-        context = as<ICapeThermoMaterialContext>(package.get());
-        properties = as<ICapeThermoPropertyRoutine>(package.get());
-        equilibrium = as<ICapeThermoEquilibriumRoutine>(package.get());
-        phases = as<ICapeThermoPhases>(package.get());
+        askFor(package.get());
     }
 
     void setMaterial(std::vector<std::string> ids, double temperature, double pressure, std::vector<double> composition)
@@ -60,10 +56,28 @@ struct OpenedPackage {
         return textsOf(columns[0].get());
     }
 
+    // That what a flash has written are these phases, whose fugacities agree; with what there is of each compound in
+    // all.
+    void expectEquilibrium(const std::map<std::string, WrittenProperty> &flashed,
+                           const std::vector<std::string> &labels)
+    {
+        std::vector<double> balance(material.compoundIds.size(), 0.0);
+        std::vector<double> first;
+        for (const std::string &label : labels) {
+            ASSERT_TRUE(flashed.contains(label + "/fraction")) << label;
+            const std::vector<double> &x = flashed.at(label + "/fraction").values;
+            material.ownCompositions[label] = x;
+            const std::vector<double> fugacity = valuesOf("fugacity", label);
+            if (first.empty())
+                first = fugacity;
+            for (std::size_t i = 0; i < balance.size(); ++i) {
+                balance[i] += flashed.at(label + "/phaseFraction").values[0] * x[i];
+                EXPECT_NEAR(fugacity[i], first[i], 1e-9 * first[i]) << i << " in " << label;
+            }
+        }
+        for (std::size_t i = 0; i < balance.size(); ++i)
+            EXPECT_NEAR(balance[i], material.composition[i], 1e-12) << i;
+    }
+
     TestMaterial material{{}};
-    ComPointer<ICapeThermoCompounds> compounds;
-    ComPointer<ICapeThermoMaterialContext> context;
-    ComPointer<ICapeThermoPropertyRoutine> properties;
-    ComPointer<ICapeThermoEquilibriumRoutine> equilibrium;
-    ComPointer<ICapeThermoPhases> phases;
 };

@@ -2,22 +2,19 @@
 #pragma once
 
 #include "reference/server/class_table.h"
-#include "tests/reference/com/host.h"
+#include "tests/reference/com/package_interfaces.h"
 #include "tests/reference/com/test_material.h"
 
 #include <gtest/gtest.h>
 
-class PackageFixture : public testing::Test {
+class PackageFixture : public testing::Test, protected PackageInterfaces {
 protected:
     void SetUp() override
     {
-        compounds = library.create<ICapeThermoCompounds>(reference::standAloneClass);
-        ASSERT_TRUE(compounds);
-        phases = as<ICapeThermoPhases>(compounds.get());
-        context = as<ICapeThermoMaterialContext>(compounds.get());
-        properties = as<ICapeThermoPropertyRoutine>(compounds.get());
-        equilibrium = as<ICapeThermoEquilibriumRoutine>(compounds.get());
-        ASSERT_TRUE(phases && context && properties && equilibrium);
+        const auto package = library.create<IUnknown>(reference::standAloneClass);
+        ASSERT_TRUE(package);
+        askFor(package.get());
+        ASSERT_TRUE(compounds && phases && context && properties && equilibrium);
         material.temperature = 250.0;
         material.pressure = 3e6;
         material.composition = {0.25, 0.625, 0.125};
@@ -53,9 +50,4 @@ protected:
 
     Library library;
     TestMaterial material{{"propane", "methane", "nitrogen"}};
-    ComPointer<ICapeThermoCompounds> compounds;
-    ComPointer<ICapeThermoPhases> phases;
-    ComPointer<ICapeThermoMaterialContext> context;
-    ComPointer<ICapeThermoPropertyRoutine> properties;
-    ComPointer<ICapeThermoEquilibriumRoutine> equilibrium;
 };

@@ -70,12 +70,7 @@ TEST(Packages, SplitMixturesOfTheirsIntoTwoPhasesInEquilibrium)
         package.setMaterial(mixture.compounds, mixture.temperature, mixture.pressure, mixture.composition);
         const auto written = package.flash();
         ASSERT_EQ(written.size(), 8u);
-        for (const std::string phase : {"Vapor", "Liquid"})
-            package.material.ownCompositions[phase] = written.at(phase + "/fraction").values;
-        const std::vector<double> vapor = package.valuesOf("fugacity", "Vapor");
-        const std::vector<double> liquid = package.valuesOf("fugacity", "Liquid");
-        for (std::size_t i = 0; i < vapor.size(); ++i)
-            EXPECT_NEAR(vapor[i], liquid[i], 1e-9 * vapor[i]);
+        package.expectEquilibrium(written, {"Vapor", "Liquid"});
     }
 }
 
@@ -86,23 +81,12 @@ TEST(Packages, SplitAWetGasIntoThreePhases)
     OpenedPackage package(library, "Wet gas and hydrocarbons");
     package.setMaterial({"methane", "propane", "n-decane", "carbon dioxide", "water"}, 313.15, 6e6,
                         {0.6, 0.1, 0.1, 0.05, 0.15});
-    const auto written = package.flash({"Vapor", "Liquid", "Liquid2"});
-    double sum = 0.0;
-    for (const std::string phase : {"Vapor", "Liquid", "Liquid2"}) {
-        ASSERT_TRUE(written.contains(phase + "/fraction")) << phase;
-        package.material.ownCompositions[phase] = written.at(phase + "/fraction").values;
-        sum += written.at(phase + "/phaseFraction").values[0];
-    }
-    EXPECT_NEAR(sum, 1.0, 1e-14);
+    const std::vector<std::string> all = {"Vapor", "Liquid", "Liquid2"};
+    const auto written = package.flash(all);
+    package.expectEquilibrium(written, all);
     EXPECT_GT(written.at("Vapor/fraction").values[0], 0.8);    // methane
     EXPECT_GT(written.at("Liquid/fraction").values[2], 0.4);   // n-decane
     EXPECT_GT(written.at("Liquid2/fraction").values[4], 0.99); // water
-    const std::vector<double> vapor = package.valuesOf("fugacity", "Vapor");
-    for (const char *phase : {"Liquid", "Liquid2"}) {
-        const std::vector<double> liquid = package.valuesOf("fugacity", phase);
-        for (std::size_t i = 0; i < vapor.size(); ++i)
-            EXPECT_NEAR(liquid[i] / vapor[i], 1.0, 1e-9) << phase << ' ' << i;
-    }
 }
 
 // At the critical point of a pure compound the compressibility factor is that of its equation: 0.3074

@@ -50,11 +50,7 @@ public:
     {
         ComPointer<IDispatch> opened;
         ASSERT_EQ(manager->GetPropertyPackage(Bstr(package).get(), opened.out()), S_OK);
-        compounds = as<ICapeThermoCompounds>(opened.get());
-        phases = as<ICapeThermoPhases>(opened.get());
-        context = as<ICapeThermoMaterialContext>(opened.get());
-        properties = as<ICapeThermoPropertyRoutine>(opened.get());
-        equilibrium = as<ICapeThermoEquilibriumRoutine>(opened.get());
+        askFor(opened.get());
         failed = compounds.get();
         material.composition.assign(ids.size(), 1.0 / static_cast<double>(ids.size()));
         ASSERT_EQ(setMaterialOf(ids), S_OK);

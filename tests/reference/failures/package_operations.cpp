@@ -113,14 +113,13 @@ const std::vector<std::string> pressure = {"pressure", "", "Overall"};
 } // namespace
 
 PackageHost::PackageHost(const Library &loaded)
-    : library(loaded), manager(library.create<ICapeThermoPropertyPackageManager>(reference::managerClass)),
-      compounds(library.create<ICapeThermoCompounds>(reference::standAloneClass)),
-      phases(as<ICapeThermoPhases>(compounds.get())), context(as<ICapeThermoMaterialContext>(compounds.get())),
-      properties(as<ICapeThermoPropertyRoutine>(compounds.get())),
-      equilibrium(as<ICapeThermoEquilibriumRoutine>(compounds.get())),
-      constants(as<ICapeThermoUniversalConstant>(compounds.get())),
-      identification(as<ICapeIdentification>(compounds.get())), errors(as<ECapeUser>(compounds.get()))
+    : library(loaded), manager(library.create<ICapeThermoPropertyPackageManager>(reference::managerClass))
 {
+    const auto package = library.create<IUnknown>(reference::standAloneClass);
+    askFor(package.get());
+    constants = as<ICapeThermoUniversalConstant>(package.get());
+    identification = as<ICapeIdentification>(package.get());
+    errors = as<ECapeUser>(package.get());
     material.temperature = 250.0;
     material.pressure = 3e6;
     material.composition = {0.25, 0.625, 0.125};

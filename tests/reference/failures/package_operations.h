@@ -18,17 +18,12 @@ struct OperationAnswer {
 };
 
 // A package, its material and its manager. The material is not set yet.
-struct PackageHost {
+struct PackageHost : PackageInterfaces {
     explicit PackageHost(const Library &loaded);
 
     const Library &library;
     TestMaterial material{{"propane", "methane", "nitrogen"}};
     ComPointer<ICapeThermoPropertyPackageManager> manager;
-    ComPointer<ICapeThermoCompounds> compounds;
-    ComPointer<ICapeThermoPhases> phases;
-    ComPointer<ICapeThermoMaterialContext> context;
-    ComPointer<ICapeThermoPropertyRoutine> properties;
-    ComPointer<ICapeThermoEquilibriumRoutine> equilibrium;
     ComPointer<ICapeThermoUniversalConstant> constants;
     ComPointer<ICapeIdentification> identification;
     ComPointer<ECapeUser> errors;
