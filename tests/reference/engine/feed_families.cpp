@@ -22,6 +22,24 @@ const Names sour = {"hydrogen sulfide", "carbon dioxide", "methane", "ethane", "
 const Names alcohols = {"water",     "methanol", "ethanol",  "1-propanol", "2-propanol",
                         "1-butanol", "acetone",  "n-hexane", "benzene",    "methane"};
 
+// What a feed is drawn from: some of the compounds, of which the first ones are always there.
+struct FeedRange {
+    const Names *from;
+    std::size_t always, fewest, most;
+    double shareOfTraces, trace;
+    double coldest, hottest; // K
+    double lowest, highest;  // Pa
+};
+
+constexpr FeedRange naturalGasRange{&naturalGasCompounds, 1, 3, 11, 0.2, 1e-3, 100.0, 350.0, 1e5, 2e7};
+constexpr FeedRange refineryRange{&refinery, 0, 3, 12, 0.2, 1e-3, 90.0, 450.0, 1e5, 3e7};
+constexpr FeedRange aromaticRange{&aromatics, 0, 2, 10, 0.2, 1e-3, 250.0, 650.0, 1e4, 1e7};
+constexpr FeedRange traceRange{&naturalGasCompounds, 1, 3, 10, 0.6, 1e-8, 150.0, 450.0, 1e4, 2e7};
+constexpr FeedRange wetTraceRange{&wetHydrocarbons, 1, 3, 10, 0.6, 1e-8, 150.0, 450.0, 1e4, 2e7};
+constexpr FeedRange wetRange{&wetHydrocarbons, 1, 2, 10, 0.15, 1e-4, 250.0, 550.0, 1e5, 3e7};
+constexpr FeedRange coldSourRange{&sour, 2, 3, 7, 0.1, 1e-3, 130.0, 280.0, 1e5, 2e7};
+constexpr FeedRange alcoholRange{&alcohols, 0, 2, 7, 0.1, 1e-3, 270.0, 500.0, 1e4, 1e7};
+
 class Draw {
 public:
     explicit Draw(std::uint64_t seed) : random(seed * 2654435761u + 17) {}
@@ -52,7 +70,8 @@ public:
         while (!(sum > 0.01)) {
             sum = 0.0;
             for (double &fraction : z) {
-                fraction = -std::log(1.0 - uniform()) * (uniform() < shareOfTraces ? trace : 1.0);
+                const double size = uniform() < shareOfTraces ? trace : 1.0;
+                fraction = -size * std::log(1.0 - uniform());
                 sum += fraction;
             }
         }
@@ -61,71 +80,43 @@ public:
         return z;
     }
 
-    FeedCase feed(const Names &names, double shareOfTraces, double trace, double temperature, double pressure)
+    // In this order, so that every compiler draws the same.
+    FeedCase feed(const FeedRange &range)
     {
-        return {std::make_shared<MixtureModel>(modelOf(names, cubic())), fractions(names.size(), shareOfTraces, trace),
-                temperature, pressure};
+        const Names names = some(*range.from, range.always, range.fewest, range.most);
+        const double temperature = between(range.coldest, range.hottest);
+        const double pressure = logBetween(range.lowest, range.highest);
+        const auto model = std::make_shared<MixtureModel>(modelOf(names, cubic()));
+        return {model, fractions(names.size(), range.shareOfTraces, range.trace), temperature, pressure};
     }
 
 private:
     std::mt19937_64 random;
 };
 
+template <const FeedRange &range> FeedCase drawn(std::uint64_t seed) { return Draw(seed).feed(range); }
+
 FeedCase naturalGas(std::uint64_t seed)
 {
-    Draw draw(seed);
-    FeedCase made = draw.feed(draw.some(naturalGasCompounds, 1, 3, 11), 0.2, 1e-3, draw.between(100.0, 350.0),
-                              draw.logBetween(1e5, 2e7));
+    FeedCase made = Draw(seed).feed(naturalGasRange);
     made.z[0] += 2.0; // mostly methane
     for (double &fraction : made.z)
         fraction /= 3.0;
     return made;
 }
 
-FeedCase refineryGas(std::uint64_t seed)
-{
-    Draw draw(seed);
-    return draw.feed(draw.some(refinery, 0, 3, 12), 0.2, 1e-3, draw.between(90.0, 450.0), draw.logBetween(1e5, 3e7));
-}
-
-FeedCase aromaticFeed(std::uint64_t seed)
-{
-    Draw draw(seed);
-    return draw.feed(draw.some(aromatics, 0, 2, 10), 0.2, 1e-3, draw.between(250.0, 650.0), draw.logBetween(1e4, 1e7));
-}
-
 FeedCase traces(std::uint64_t seed)
 {
     Draw draw(seed);
     const bool wet = draw.uniform() < 0.5;
-    return draw.feed(draw.some(wet ? wetHydrocarbons : naturalGasCompounds, 1, 3, 10), 0.6, 1e-8,
-                     draw.between(150.0, 450.0), draw.logBetween(1e4, 2e7));
-}
-
-FeedCase wet(std::uint64_t seed)
-{
-    Draw draw(seed);
-    return draw.feed(draw.some(wetHydrocarbons, 1, 2, 10), 0.15, 1e-4, draw.between(250.0, 550.0),
-                     draw.logBetween(1e5, 3e7));
-}
-
-FeedCase coldSour(std::uint64_t seed)
-{
-    Draw draw(seed);
-    return draw.feed(draw.some(sour, 2, 3, 7), 0.1, 1e-3, draw.between(130.0, 280.0), draw.logBetween(1e5, 2e7));
-}
-
-FeedCase alcoholFeed(std::uint64_t seed)
-{
-    Draw draw(seed);
-    return draw.feed(draw.some(alcohols, 0, 2, 7), 0.1, 1e-3, draw.between(270.0, 500.0), draw.logBetween(1e4, 1e7));
+    return draw.feed(wet ? wetTraceRange : traceRange);
 }
 
 FeedCase anyFeed(Draw &draw)
 {
     const Names *const lists[] = {&naturalGasCompounds, &refinery, &wetHydrocarbons, &sour, &aromatics};
     const Names &list = *lists[static_cast<int>(5.0 * draw.uniform())];
-    return draw.feed(draw.some(list, 1, 2, 9), 0.1, 1e-3, draw.between(150.0, 500.0), draw.logBetween(1e5, 1e7));
+    return draw.feed({&list, 1, 2, 9, 0.1, 1e-3, 150.0, 500.0, 1e5, 1e7});
 }
 
 int phaseCountOf(const FeedCase &feed)
@@ -157,7 +148,8 @@ FeedCase nearBoundary(std::uint64_t seed)
             const double middle = std::sqrt(low * high);
             (countAt(middle) == atLow ? low : high) = middle;
         }
-        made.pressure = low * (1.0 + (draw.uniform() < 0.5 ? -1.0 : 1.0) * draw.logBetween(1e-7, 1e-2));
+        const double sign = draw.uniform() < 0.5 ? -1.0 : 1.0;
+        made.pressure = low * (1.0 + sign * draw.logBetween(1e-7, 1e-2));
         break;
     }
     return made;
@@ -168,7 +160,7 @@ FeedCase nearCritical(std::uint64_t seed)
 {
     Draw draw(seed);
     const Names light = {"methane", "ethane", "propane", "carbon dioxide", "hydrogen sulfide", "nitrogen", "n-butane"};
-    FeedCase made = draw.feed(draw.some(light, 0, 2, 5), 0.0, 1.0, 0.0, 0.0);
+    FeedCase made = draw.feed({&light, 0, 2, 5, 0.0, 1.0, 200.0, 200.0, 1e5, 1e5}); // at conditions that follow
     double temperature = 0.0;
     double pressure = 0.0;
     for (std::size_t i = 0; i < made.z.size(); ++i) {
@@ -192,15 +184,10 @@ FeedCase nearCritical(std::uint64_t seed)
     return made;
 }
 
-constexpr FeedFamily families[] = {{"natural gas", naturalGas},
-                                   {"refinery", refineryGas},
-                                   {"aromatics", aromaticFeed},
-                                   {"traces", traces},
-                                   {"water", wet},
-                                   {"sour, cold", coldSour},
-                                   {"boundaries", nearBoundary},
-                                   {"critical", nearCritical},
-                                   {"alcohols", alcoholFeed}};
+constexpr FeedFamily families[] = {
+    {"natural gas", naturalGas},  {"refinery", drawn<refineryRange>}, {"aromatics", drawn<aromaticRange>},
+    {"traces", traces},           {"water", drawn<wetRange>},         {"sour, cold", drawn<coldSourRange>},
+    {"boundaries", nearBoundary}, {"critical", nearCritical},         {"alcohols", drawn<alcoholRange>}};
 
 } // namespace
 

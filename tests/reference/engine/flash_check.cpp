@@ -45,6 +45,14 @@ double gibbs(const MixtureModel &model, const double *x, const PhaseState &state
     return sum;
 }
 
+double gibbsOf(const MixtureModel &model, const std::vector<Part> &parts)
+{
+    double sum = 0.0;
+    for (const Part &part : parts)
+        sum += part.amount * gibbs(model, part.fractions->data(), part.properties.state);
+    return sum;
+}
+
 double molecularWeight(const MixtureModel &model, const CompoundArray &x)
 {
     double sum = 0.0;
@@ -105,6 +113,8 @@ double valueOf(const MixtureModel &model, const std::vector<double> &z, const Fl
     }
     return 0.0;
 }
+
+double gibbsOf(const MixtureModel &model, const FlashResult &result) { return gibbsOf(model, partsOf(model, result)); }
 
 double sizeOf(FlashVariable variable, double value, double temperature)
 {
@@ -190,9 +200,7 @@ std::string faultOf(const FlashCase &problem, const FlashResult &result)
             !part.properties.state.severalRoots && !(relativeVolume(parts[0]) > relativeVolume(part)))
             fault << "the vapor is the denser phase; ";
 
-    double together = 0.0;
-    for (const Part &part : parts)
-        together += part.amount * gibbs(model, part.fractions->data(), part.properties.state);
+    const double together = gibbsOf(model, parts);
     if (!allowsOneOnly(problem.request.phases)) {
         PhaseState alone;
         const Isotherm isotherm(model, result.temperature);

@@ -25,6 +25,10 @@ std::string faultOf(const FlashCase &problem, const FlashResult &result);
 double valueOf(const MixtureModel &model, const std::vector<double> &z, const FlashResult &result,
                FlashVariable variable);
 
+// The Gibbs energy over R T of phases at their temperature and pressure, but for what all ways to divide the feed have:
+// the sum of n_i (ln x_i + ln phi_i).
+double gibbsOf(const MixtureModel &model, const FlashResult &result);
+
 // What differences of a variable's values are measured by.
 double sizeOf(FlashVariable variable, double value, double temperature);
 
