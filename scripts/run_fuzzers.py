@@ -49,7 +49,7 @@ class Target:
             status = self.run_once(max(1, round(self.seconds - self.used)))
             written = sorted(file for file in self.findings.iterdir() if file.stat().st_mtime >= start)
             self.found = [file for file in written if not self.was_slow(file)]
-            was_only_slow = status == TIMEOUT and written and not self.found
+            was_only_slow = status == TIMEOUT and written
             if status != 0 and not self.found and not was_only_slow:
                 self.found = [self.log]
         return self

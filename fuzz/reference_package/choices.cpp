@@ -56,7 +56,10 @@ WideString AnyPropertyName(FuzzedDataProvider &input)
                          : Wide(names[input.ConsumeIntegralInRange<std::size_t>(0, names.size() - 1)]);
 }
 
-WideString AnyLabel(FuzzedDataProvider &input) { return AnyWord(input, {"Vapor", "Liquid", "vapor", "Overall", ""}); }
+WideString AnyLabel(FuzzedDataProvider &input)
+{
+    return AnyWord(input, {"Vapor", "Liquid", "Liquid2", "vapor", "Overall", ""});
+}
 
 WideString AnySolutionType(FuzzedDataProvider &input)
 {
@@ -118,9 +121,9 @@ VARIANT AnyLabelPair(FuzzedDataProvider &input)
 {
     if (Seldom(input))
         return OddValue(input);
-    std::vector<WideString> labels = {OLESTR("Vapor"), OLESTR("Liquid")};
-    if (input.ConsumeBool())
-        std::swap(labels[0], labels[1]);
+    std::vector<WideString> labels = {OLESTR("Vapor"), OLESTR("Liquid"), OLESTR("Liquid2")};
+    std::swap(labels[0], labels[input.ConsumeIntegralInRange<std::size_t>(0, 2)]);
+    labels.pop_back();
     if (Seldom(input))
         labels[0] = AnyLabel(input);
     return NewTexts(input, labels);
@@ -135,7 +138,8 @@ VARIANT AnySpecification(FuzzedDataProvider &input)
                         "entropyF", "volume", "internalEnergy", "gibbsEnergy", "helmholtzEnergy"}),
         AnyWord(input, {"", "mole", "mass"}),
     };
-    parts.push_back(AnyWord(input, {parts[0] == OLESTR("phaseFraction") ? "Vapor" : "Overall", "Overall", "Liquid"}));
+    parts.push_back(
+        AnyWord(input, {parts[0] == OLESTR("phaseFraction") ? "Vapor" : "Overall", "Overall", "Liquid", "Liquid2"}));
     if (Seldom(input))
         parts.pop_back();
     else if (Seldom(input))

@@ -83,9 +83,17 @@ HRESULT STDMETHODCALLTYPE Material::GetPresentPhases(VARIANT *labels, VARIANT *s
     if (Seldom(input)) {
         *labels = OddValue(input);
     } else {
-        static const std::vector<WideString> lists[] = {
-            {OLESTR("Vapor"), OLESTR("Liquid")}, {OLESTR("Liquid")}, {OLESTR("Vapor")}, {}, {OLESTR("Solid")}};
-        *labels = NewTexts(input, lists[Seldom(input) ? input.ConsumeIntegralInRange(1, 4) : 0]);
+        static const std::vector<WideString> lists[] = {{OLESTR("Vapor"), OLESTR("Liquid"), OLESTR("Liquid2")},
+                                                        {OLESTR("Vapor"), OLESTR("Liquid")},
+                                                        {OLESTR("Liquid"), OLESTR("Liquid2")},
+                                                        {OLESTR("Vapor"), OLESTR("Liquid2")},
+                                                        {OLESTR("Liquid")},
+                                                        {OLESTR("Liquid2")},
+                                                        {OLESTR("Vapor")},
+                                                        {},
+                                                        {OLESTR("Solid")}};
+        const std::size_t last = std::size(lists) - 1;
+        *labels = NewTexts(input, lists[input.ConsumeIntegralInRange<std::size_t>(0, Seldom(input) ? last : 3)]);
     }
     if (input.ConsumeBool())
         *statuses = OddValue(input);
