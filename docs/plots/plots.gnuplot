@@ -24,8 +24,8 @@ set ylabel "pressure / kPa"
 table = curves."/methanol_water.dat"
 points = data."/methanol_water_333K.dat"
 plot [0:1] [0:] \
-    table using 1:($2/1e3) with lines linecolor rgb "#2050a0" title "boiling liquid, ideal", \
-    table using 3:($2/1e3) with lines linecolor rgb "#b03030" title "vapor, ideal", \
+    table using 1:($2/1e3) with lines linecolor rgb "#2050a0" title "boiling liquid, by NRTL", \
+    table using 3:($2/1e3) with lines linecolor rgb "#b03030" title "vapor, by NRTL", \
     points using 2:1 with points pointtype 7 linecolor rgb "#2050a0" title "boiling liquid, measured", \
     points using 3:1 with points pointtype 6 linecolor rgb "#b03030" title "vapor, measured"
 

@@ -12,7 +12,8 @@ constexpr bool is64Bit = sizeof(void *) == 8;
 
 constexpr ComClass classes[] = {
     {{&managerClass, "Verdanth Reference Packages",
-      "Property packages for gases, air, refinery streams, aromatics, refrigerants and alcohols"},
+      "Property packages for gases, air, refinery streams, aromatics, refrigerants, alcohols, and hydrocarbons with "
+      "water"},
      is64Bit ? "Verdanth.ReferencePackages64" : "Verdanth.ReferencePackages32",
      managerCategory.id,
      [](const ComponentDescription &description) -> Component * { return new PackageManager(description); }},

@@ -127,7 +127,7 @@ LSTATUS WINAPI createKey(HKEY parent, LPCWSTR path, DWORD reserved, LPWSTR type,
 // A file in the folder where the relay finds itself, a temporary one.
 WideString installedFile(LPCWSTR name);
 // Copies a file of the build there, and gives its path. What lies there from before is not written over but removed: it
-// may be the same file as in another session, and in use.
+// may be the same file as in another run of the tests, and in use.
 WideString install(LPCWSTR name, LPCWSTR newName);
 DWORD WINAPI programFile(HMODULE, LPWSTR path, DWORD size);
 
