@@ -17,10 +17,24 @@ FlashProblem::FlashProblem(const MixtureModel &mixture, double temperature, doub
         gibbs += z[i] * (std::log(z[i]) + feed.lnPhi[i]);
 }
 
+bool FlashProblem::looksLiquid(const PhaseState &state) const
+{
+    if (state.severalRoots)
+        return state.liquidRoot;
+    const CubicConstants &equation = cubicConstants(model.equation);
+    const bool loop = state.B < equation.criticalThermal() * state.A; // B / A = R T b / a
+    return loop && state.Z < equation.criticalVolume * state.B;
+}
+
+double wilsonFall(const CompoundTerms &compound)
+{
+    return 5.373 * (1.0 + compound.acentricFactor) * compound.criticalTemperature;
+}
+
 double wilsonLogRatio(const CompoundTerms &compound, double temperature, double pressure)
 {
     const double ratio = std::log(compound.criticalPressure / pressure) +
-                         5.373 * (1.0 + compound.acentricFactor) * (1.0 - compound.criticalTemperature / temperature);
+                         wilsonFall(compound) * (1.0 / compound.criticalTemperature - 1.0 / temperature);
     return std::clamp(ratio, -300.0, 300.0);
 }
 

@@ -24,13 +24,16 @@ FlashStatus flashPresent(const MixtureModel &model, double temperature, double p
     const FlashProblem problem(model, temperature, pressure, present.amounts.data(), allowsVapor(phases));
     PhaseSplit split;
     const PhaseSearchStatus status = findStablePhases(problem, split);
-    const bool isStable = status == PhaseSearchStatus::stable;
-    if (isStable && namePhases(problem, split, phases, present, result))
+    if (status == PhaseSearchStatus::notConverged)
+        return FlashStatus::notConverged;
+    if (status == PhaseSearchStatus::stable && namePhases(problem, split, phases, present, result))
         return FlashStatus::solved;
     if (phases == FlashPhases::vaporAndTwoLiquids)
-        return status == PhaseSearchStatus::notConverged ? FlashStatus::notConverged : FlashStatus::otherPhases;
+        return FlashStatus::otherPhases;
     findTwoPhases(problem, split);
-    return namePhases(problem, split, phases, present, result) ? FlashStatus::solved : FlashStatus::notConverged;
+    if (!problem.vaporAllowed && split.count == 1)
+        return FlashStatus::otherPhases; // a liquid alone is not what it becomes
+    return namePhases(problem, split, phases, present, result) ? FlashStatus::solved : FlashStatus::otherPhases;
 }
 
 } // namespace

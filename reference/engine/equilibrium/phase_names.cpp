@@ -6,18 +6,6 @@ namespace reference {
 
 namespace {
 
-bool canBeVapor(const PhaseState &state) { return !state.severalRoots || state.vaporRoot; }
-bool canBeLiquid(const PhaseState &state) { return !state.severalRoots || state.liquidRoot; }
-
-bool looksLiquid(const FlashProblem &problem, const PhaseState &state)
-{
-    if (state.severalRoots)
-        return state.liquidRoot;
-    const CubicConstants &equation = cubicConstants(problem.model.equation);
-    const bool loop = state.B < equation.criticalThermal() * state.A; // B / A = R T b / a
-    return loop && state.Z < equation.criticalVolume * state.B;
-}
-
 double massDensity(const MixtureModel &model, const CompoundArray &x, const PhaseState &state)
 {
     double mass = 0.0;
@@ -34,16 +22,16 @@ int vaporOf(const FlashProblem &problem, const PhaseSplit &split, FlashPhases al
     int vapor = -1;
     for (int k = 0; k < split.count; ++k) {
         const PhaseState &state = split.phases[k].state;
-        if (!canBeLiquid(state))
+        if (!state.liquidRoot)
             return k;
-        if (canBeVapor(state) &&
+        if (state.vaporRoot &&
             (vapor < 0 || relativeVolume(problem, state) > relativeVolume(problem, split.phases[vapor].state)))
             vapor = k;
     }
     if (vapor < 0)
         return vapor;
-    const bool needed = split.count == (allowed == FlashPhases::vaporAndLiquid ? 2 : 3);
-    return needed || !looksLiquid(problem, split.phases[vapor].state) ? vapor : -1;
+    const bool needed = split.count == (allowsSecondLiquid(allowed) ? 3 : 2);
+    return needed || !problem.looksLiquid(split.phases[vapor].state) ? vapor : -1;
 }
 
 void give(const PresentCompounds &present, const SplitPhase &phase, bool &there, double &amount,
@@ -80,13 +68,15 @@ bool namePhases(const FlashProblem &problem, const PhaseSplit &split, FlashPhase
     std::array<int, maximumPhases> liquids{};
     int liquidCount = 0;
     for (int k = 0; k < split.count; ++k) {
-        if (k == vapor ? !canBeVapor(split.phases[k].state)
-                       : allowsVapor(allowed) && !canBeLiquid(split.phases[k].state))
+        const PhaseState &state = split.phases[k].state;
+        if (k == vapor ? !state.vaporRoot : !state.liquidRoot)
             return false;
+        if (!allowsVapor(allowed) && split.count > 1 && !problem.looksLiquid(state))
+            return false; // a vapor by another name
         if (k != vapor)
             liquids[liquidCount++] = k;
     }
-    if (liquidCount > (allowed == FlashPhases::vaporAndLiquid ? 1 : 2))
+    if (liquidCount > (allowsSecondLiquid(allowed) ? 2 : 1))
         return false;
     const SplitPhase &first = split.phases[liquids[0]];
     const SplitPhase &second = split.phases[liquids[1]];

@@ -14,12 +14,14 @@ constexpr int mostRounds = 16;
 constexpr int mostFailures = 3;      // trials of no use, which take far longer than others
 constexpr double noticeable = -1e-8; // a distance from the tangent plane that a split must be able to use
 
-// Whether one of two phases can have the name of a vapor, and the other that of a liquid.
-bool areVaporAndLiquid(const PhaseSplit &pair)
+// Whether two phases can have the names of those that are allowed: of a vapor and a liquid, or of two liquids.
+bool canBeNamed(const FlashProblem &problem, const PhaseSplit &pair)
 {
     const PhaseState &one = pair.phases[0].state;
     const PhaseState &other = pair.phases[1].state;
-    return !one.severalRoots || !other.severalRoots || one.vaporRoot != other.vaporRoot;
+    if (!problem.vaporAllowed)
+        return problem.looksLiquid(one) && problem.looksLiquid(other);
+    return (one.vaporRoot && other.liquidRoot) || (other.vaporRoot && one.liquidRoot);
 }
 
 // Two phases, of which one has the composition of `one`, and the other that of all the rest.
@@ -111,9 +113,8 @@ void findTwoPhases(const FlashProblem &problem, PhaseSplit &split)
     best.setOnePhase(problem);
     PhaseSplit pair;
     const auto take = [&](SplitStatus status) {
-        if (status != SplitStatus::solved || (problem.vaporAllowed && !areVaporAndLiquid(pair)))
+        if (status != SplitStatus::solved || !canBeNamed(problem, pair))
             return;
-        pair.findGibbs(problem);
         if (pair.gibbs < best.gibbs)
             best = pair;
     };

@@ -42,7 +42,7 @@ void PhaseSplit::setOnePhase(const FlashProblem &problem)
     count = 1;
     SplitPhase &only = phases[0];
     only.state = problem.feed;
-    only.root = only.state.vaporRoot ? Root::vapor : Root::liquid;
+    only.root = problem.vaporAllowed && only.state.vaporRoot ? Root::vapor : Root::liquid;
     followDensity(problem);
     only.amount = 1.0;
     for (int i = 0; i < problem.size(); ++i) {
@@ -53,18 +53,11 @@ void PhaseSplit::setOnePhase(const FlashProblem &problem)
     gibbs = problem.gibbs;
 }
 
-bool PhaseSplit::isVapor(const FlashProblem &problem, int phase) const
-{
-    const PhaseState &state = phases[phase].state;
-    return state.severalRoots ? state.vaporRoot
-                              : !(state.Z < cubicConstants(problem.model.equation).criticalVolume * state.B);
-}
-
 void PhaseSplit::followDensity(const FlashProblem &problem)
 {
     for (int k = 0; k < count; ++k)
         if (!phases[k].state.severalRoots && problem.vaporAllowed)
-            phases[k].root = isVapor(problem, k) ? Root::vapor : Root::liquid;
+            phases[k].root = problem.looksLiquid(phases[k].state) ? Root::liquid : Root::vapor;
 }
 
 void PhaseSplit::remove(int phase)

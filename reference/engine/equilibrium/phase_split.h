@@ -34,9 +34,6 @@ struct PhaseSplit {
     // several: it must not jump there.
     void followDensity(const FlashProblem &problem);
 
-    // Whether a phase is a vapor: by its root or, where it has one only, by its density.
-    bool isVapor(const FlashProblem &problem, int phase) const;
-
     // ln f_i of a phase less that of the first one.
     double lnFugacityRatio(int phase, int i) const
     {

@@ -103,12 +103,13 @@ void StabilityTest::listStarts()
         std::sort(starts.begin() + from, starts.begin() + startCount,
                   [&](const Start &a, const Start &b) { return gain[a.one] > gain[b.one]; });
     };
+    const double reach = isNearCritical() ? wideSlack : slack;
     for (int i = 0; i < problem.size(); ++i)
-        gain[i] = setPureStart(i, pureStarts[i]) ? pureStarts[i][i] : never;
+        gain[i] = setPureStart(i, reach, pureStarts[i]) ? pureStarts[i][i] : never;
     addPure(true);
     bool hasVapor = false;
     for (int k = 0; k < split.count; ++k)
-        hasVapor = hasVapor || split.isVapor(problem, k);
+        hasVapor = hasVapor || !problem.looksLiquid(split.phases[k].state);
     if (problem.vaporAllowed && (split.count == 1 || !hasVapor))
         add(Start::Kind::wilsonVapor, 0);
     if (split.count == 1)
@@ -176,19 +177,19 @@ double StabilityTest::differenceFromKnown(const CompoundArray &W, const PhaseSta
     return least;
 }
 
-bool StabilityTest::descend(TrialPhase &start_) const
+bool StabilityTest::descend(TrialPhase &found) const
 {
     const int n = problem.size();
     Trial trial;
-    trial.root = start_.root;
-    trial.lnW = start_.lnW;
+    trial.root = found.root;
+    trial.lnW = found.lnW;
     trial.normalize(n);
     trial.evaluate(problem, potential);
     double difference = differenceFromKnown(trial.W, trial.state);
     if (difference < samePhase)
         return false;
     for (int step = 0; step < substitutions + newtonSteps; ++step) {
-        // A few steps more than the first proof of instability take make a better start for the split.
+        // More steps than the first proof of instability takes make a better start for the split.
         if (step >= substitutions / 2 && trial.distance < -1e-4)
             break;
         if (trial.largestGradient(n) < converged)
@@ -211,9 +212,10 @@ bool StabilityTest::descend(TrialPhase &start_) const
             return false;
         }
     }
-    start_.lnW = trial.lnW;
-    start_.distance = trial.distance;
-    return trial.distance < unstable && differenceFromKnown(trial.W, trial.state) > samePhase;
+    found.lnW = trial.lnW;
+    found.distance = trial.distance;
+    const bool isAllowed = problem.vaporAllowed || problem.looksLiquid(trial.state);
+    return isAllowed && trial.distance < unstable && differenceFromKnown(trial.W, trial.state) > samePhase;
 }
 
 void StabilityTest::setStart(const Start &at, TrialPhase &trial) const
@@ -244,14 +246,15 @@ void StabilityTest::setStart(const Start &at, TrialPhase &trial) const
 }
 
 // What a phase of one compound alone would become in one step of substitution. False if it would take up more of
-// another compound than of its own, at the chemical potentials there are: the search would not stay near it.
-bool StabilityTest::setPureStart(int pure, CompoundArray &lnW) const
+// another compound than of its own, by `reach` as logarithm, at the chemical potentials there are: the search would not
+// stay near it.
+bool StabilityTest::setPureStart(int pure, double reach, CompoundArray &lnW) const
 {
     if (problem.model.isIdeal())
         return false; // its liquids never split
     CompoundArray lnPhi;
     evaluateSolvent(problem.model, problem.isotherm, problem.pressure, pure, lnPhi);
-    const double most = potential[pure] - lnPhi[pure] + (isNearCritical() ? wideSlack : slack);
+    const double most = potential[pure] - lnPhi[pure] + reach;
     for (int i = 0; i < problem.size(); ++i) {
         lnW[i] = potential[i] - lnPhi[i];
         if (lnW[i] > most)
@@ -265,8 +268,10 @@ bool StabilityTest::setPureStart(int pure, CompoundArray &lnW) const
 bool StabilityTest::isNearCritical() const
 {
     const PhaseState &state = split.phases[0].state;
+    if (!problem.model.isCubic() || split.count > 1 || state.severalRoots)
+        return false;
     const double volume = state.Z / state.B;
-    return problem.model.isCubic() && split.count == 1 && !state.severalRoots && volume > 2.0 && volume < 8.0;
+    return volume > 2.0 && volume < 8.0;
 }
 
 bool StabilityTest::findNext(TrialPhase &trial)

@@ -10,9 +10,10 @@ public:
     // Of phases whose fugacities are equal.
     StabilityTest(const FlashProblem &problem, const PhaseSplit &split);
 
-    // Looks for another phase with less Gibbs energy, from the next ones of many starts: vapor and liquid by Wilson's
-    // ratios, the mean of each two phases, each compound nearly pure (Li, Firoozabadi, Fluid Phase Equilibria 330
-    // (2012) 1 have such a list). False when no start is left that leads to one.
+    // Looks for another phase with less Gibbs energy, one that is allowed, from the next ones of many starts: compounds
+    // nearly pure where they would stay so, vapor and liquid by Wilson's ratios where there is none yet, the mean of
+    // each two phases (Li, Firoozabadi, Fluid Phase Equilibria 330 (2012) 1 have such a list). False when no start is
+    // left that leads to one.
     bool findNext(TrialPhase &trial);
 
 private:
@@ -34,7 +35,7 @@ private:
     void listStarts();
     void setStart(const Start &at, TrialPhase &trial) const;
     double differenceFromKnown(const CompoundArray &W, const PhaseState &state) const;
-    bool setPureStart(int pure, CompoundArray &lnW) const;
+    bool setPureStart(int pure, double reach, CompoundArray &lnW) const;
     bool isNearCritical() const;
     bool descend(TrialPhase &trial) const;
     struct Trial;

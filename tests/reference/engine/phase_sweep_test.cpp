@@ -1,6 +1,7 @@
 #include "tests/reference/engine/phase_sweep.h"
 
 #include "reference/engine/equilibrium/flash_tp.h"
+#include "reference/engine/phase/phase_evaluation.h"
 #include "tests/reference/engine/mixtures.h"
 #include "tests/reference/engine/phase_judge.h"
 
@@ -85,12 +86,13 @@ TEST(StablePhases, NameTheDenserLiquidSecond)
 TEST(StablePhases, AreThoseThatAreAllowed)
 {
     const MixtureModel model = modelOf({"methane", "n-hexane", "water"});
-    const std::vector<double> z = {0.5, 0.2, 0.3};
+    const std::vector<double> z = {0.1, 0.5, 0.4};
     const auto at = [&](FlashPhases phases) {
         FlashResult result;
         EXPECT_EQ(flashTP(model, 300.0, 10e5, z, phases, result), FlashStatus::solved);
         return result;
     };
+    ASSERT_EQ(at(FlashPhases::vaporAndTwoLiquids).phaseCount(), 3);
     const FlashResult one = at(FlashPhases::vaporAndLiquid);
     EXPECT_TRUE(one.vaporPresent && one.liquidPresent && !one.liquid2Present);
     const FlashResult liquids = at(FlashPhases::twoLiquids);
@@ -99,6 +101,41 @@ TEST(StablePhases, AreThoseThatAreAllowed)
     EXPECT_TRUE(vapor.vaporPresent && vapor.phaseCount() == 1);
     const FlashResult liquid = at(FlashPhases::liquidOnly);
     EXPECT_TRUE(liquid.liquidPresent && liquid.phaseCount() == 1);
+    FlashResult none; // so much methane that the hydrocarbons have no liquid
+    EXPECT_EQ(flashTP(model, 300.0, 10e5, std::vector{0.5, 0.2, 0.3}, FlashPhases::twoLiquids, none),
+              FlashStatus::otherPhases);
+}
+
+// Where no vapor is allowed none of several phases is one by its density: that would be another flash's answer by a
+// false name.
+TEST(StablePhases, AreNoGasWhereOnlyLiquidsAreAllowed)
+{
+    int several = 0;
+    int refused = 0;
+    for (const FeedFamily &family : feedFamilies())
+        for (std::uint64_t seed = 1; seed < 60; ++seed) {
+            const FeedCase feed = family.make(seed);
+            FlashResult result;
+            if (flashTP(*feed.model, feed.temperature, feed.pressure, feed.z, FlashPhases::twoLiquids, result) !=
+                FlashStatus::solved) {
+                ++refused;
+                continue;
+            }
+            EXPECT_FALSE(result.vaporPresent);
+            several += result.phaseCount() == 2 ? 1 : 0;
+            const Isotherm isotherm(*feed.model, feed.temperature);
+            for (const CompoundArray *x : {&result.liquid, &result.liquid2}) {
+                if (result.phaseCount() < 2)
+                    break;
+                PhaseState state;
+                evaluatePhase(*feed.model, isotherm, feed.pressure, x->data(), Root::liquid, state);
+                EXPECT_TRUE(state.severalRoots ||
+                            state.Z < cubicConstants(feed.model->equation).criticalVolume * state.B)
+                    << family.name << ' ' << seed << ": " << state.Z;
+            }
+        }
+    EXPECT_GT(several, 50);
+    EXPECT_GT(refused, 0);
 }
 
 // A vapor and three liquids, one of which is a small amount of what lies between the water and the alcohols.
