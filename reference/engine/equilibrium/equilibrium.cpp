@@ -84,7 +84,6 @@ void Equilibrium::findTotals(const Feed &feed)
     take(phases.liquid2Present, phases.liquid2Fraction, phases.liquid2, Root::liquid);
     if (count > 1 && !vanishing) // otherwise there are no slopes
         addTransfer(feed, isotherm, count, held, totals);
-    gibbs = totals.value(FlashVariable::gibbsEnergy) / (gasConstant * phases.temperature);
 }
 
 } // namespace reference

@@ -18,7 +18,6 @@ struct Feed {
 struct Equilibrium {
     FlashResult phases;
     Totals totals;
-    double gibbs; // over R T
 
     // Finds the phases at a temperature and pressure, and fills all when they are found.
     FlashStatus find(const Feed &feed, double temperature, double pressure);

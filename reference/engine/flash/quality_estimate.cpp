@@ -61,8 +61,8 @@ public:
                     for (int i = 0; i < n; ++i) {
                         const CompoundTerms &compound = feed.model.compounds[i];
                         // Of ln K with 1 / T, after Wilson.
-                        const double fall = 5.373 * (1.0 + compound.acentricFactor) * compound.criticalTemperature;
-                        point.unknowns[i] = lnK[i] + (oldLnP - lnP) + fall * (1.0 / oldT - 1.0 / std::exp(lnT));
+                        point.unknowns[i] =
+                            lnK[i] + (oldLnP - lnP) + wilsonFall(compound) * (1.0 / oldT - 1.0 / std::exp(lnT));
                     }
                 }))
                 return false;

@@ -121,9 +121,7 @@ private:
     {
         if (atTemperature)
             return lnK[i] + knownAt - place;
-        const CompoundTerms &compound = feed.model.compounds[i];
-        const double fall = 5.373 * (1.0 + compound.acentricFactor) * compound.criticalTemperature;
-        return lnK[i] + fall * (std::exp(-knownAt) - std::exp(-place));
+        return lnK[i] + wilsonFall(feed.model.compounds[i]) * (std::exp(-knownAt) - std::exp(-place));
     }
 
     bool divide(double place, PhaseAmounts &amounts) const

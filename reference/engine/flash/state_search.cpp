@@ -162,7 +162,6 @@ private:
             return false;
         giveResult(feed, point, now.phases);
         now.totals = point.totals;
-        now.gibbs = point.totals.value(FlashVariable::gibbsEnergy) / (gasConstant * point.totals.temperature);
         state.slopesKnown = false;
         return true;
     }

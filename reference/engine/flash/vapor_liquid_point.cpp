@@ -45,14 +45,19 @@ bool isStable(const Feed &feed, const TwoPhasePoint &point)
     FlashResult named;
     giveResult(feed, point, pair);
     if (nameStablePair(feed.model, pair, feed.fractions(), feed.phases, named))
-        return true;
+        return named.vaporPresent && named.vaporFraction == pair.vaporFraction;
     // That is strict, and a flash takes longer.
     constexpr double metastable = 1e-8; // a Gibbs energy over R T too high by this is no round-off
     Equilibrium found;
     if (found.find(feed, point.totals.temperature, point.totals.pressure) != FlashStatus::solved)
         return false; // more phases than are allowed, or none that are known
-    const double gibbs = point.totals.value(FlashVariable::gibbsEnergy) / (gasConstant * point.totals.temperature);
-    return found.gibbs > gibbs - metastable * (1.0 + 1e-3 * std::fabs(gibbs));
+    if (found.phases.phaseCount() > 1 && !found.phases.vaporPresent)
+        return false; // two liquids
+    const auto gibbsOf = [](const Totals &totals) {
+        return totals.value(FlashVariable::gibbsEnergy) / (gasConstant * totals.temperature);
+    };
+    const double gibbs = gibbsOf(point.totals);
+    return gibbsOf(found.totals) > gibbs - metastable * (1.0 + 1e-3 * std::fabs(gibbs));
 }
 
 void giveResult(const Feed &feed, const TwoPhasePoint &point, FlashResult &result)

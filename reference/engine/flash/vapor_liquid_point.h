@@ -11,7 +11,8 @@ bool areVaporAndLiquid(const Feed &feed, const TwoPhasePoint &point);
 // Whether temperature and pressure are where flashes look for solutions.
 bool isWithinLimits(const Totals &totals);
 
-// Whether no other phases at the same temperature and pressure have a lower Gibbs energy, as far as flashTP finds any.
+// Whether no other phases at the same temperature and pressure have a lower Gibbs energy, as far as flashTP finds any,
+// and it calls the first phase a vapor, too.
 bool isStable(const Feed &feed, const TwoPhasePoint &point);
 
 // What a point says as a result.

@@ -88,6 +88,22 @@ TEST(ThreePhases, OfTwoCompoundsHaveARangeOfEnthalpiesAtOneTemperature)
     EXPECT_NEAR(first.temperature, 334.8, 2.0);
 }
 
+// Where a flash at the same conditions finds two liquids, there is no vapor of which something could be a fraction.
+TEST(VaporFractions, AreNotThoseOfOneOfTwoLiquids)
+{
+    const MixtureModel model = modelOf({"water", "n-decane"});
+    const std::vector<double> z = {0.7994, 0.2006};
+    constexpr double temperature = 628.527;
+    FlashResult liquids;
+    ASSERT_EQ(flashTP(model, temperature, 2.8976e7, z, FlashPhases::vaporAndTwoLiquids, liquids), FlashStatus::solved);
+    ASSERT_TRUE(!liquids.vaporPresent && liquids.phaseCount() == 2);
+    const FlashRequest request{
+        {Variable::temperature, temperature}, {Variable::vaporFraction, 0.5895}, SolutionType::retrograde};
+    FlashResult result{};
+    FlashReason reason{};
+    EXPECT_EQ(flash(model, request, z, result, reason), FlashStatus::noSolution) << result.pressure;
+}
+
 // Carbon dioxide with hydrocarbons and water: where the vapor vanishes at 97.4 bar the liquid beside the water is so
 // thin that it is called vapor from there on.
 TEST(ThreePhases, HaveBubblePointsWhereTheLiquidIsCalledVaporBeyond)
