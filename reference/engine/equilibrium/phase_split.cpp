@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace reference {
 
@@ -107,6 +108,11 @@ bool PhaseSplit::divide(const FlashProblem &problem)
             phases[k].x[i] = problem.z[i] * E[k][i] / sum;
     }
     for (int k = count - 1; k >= 0; --k) {
+        // Where an amount has few digits the fractions of what there is so little of would miss one.
+        CompoundArray &x = phases[k].x;
+        const double inverse = 1.0 / std::accumulate(x.begin(), x.begin() + n, 0.0);
+        for (int i = 0; i < n; ++i)
+            x[i] *= inverse;
         phases[k].amount = amounts[k];
         if (!(amounts[k] > 0.0))
             remove(k);

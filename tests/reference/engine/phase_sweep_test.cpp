@@ -138,6 +138,18 @@ TEST(StablePhases, AreNoGasWhereOnlyLiquidsAreAllowed)
     EXPECT_GT(refused, 0);
 }
 
+// A trace of a phase, whose amount has few digits, has fractions that sum to one as those of any other.
+TEST(StablePhases, HaveExactFractionsInATraceOfAPhase)
+{
+    const auto traces = std::ranges::find(feedFamilies(), std::string("traces"), &FeedFamily::name);
+    for (const std::uint64_t seed : {50002701, 50002832}) {
+        const PhaseSweep sweep = sweepPhases(*traces, seed, 1);
+        EXPECT_EQ(sweep.count.byPhases[3], 1);
+        for (const std::string &fault : sweep.faults)
+            ADD_FAILURE() << fault;
+    }
+}
+
 // A vapor and three liquids, one of which is a small amount of what lies between the water and the alcohols.
 TEST(StablePhases, AreRefusedWhereTheyAreFour)
 {
