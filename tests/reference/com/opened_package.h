@@ -20,6 +20,15 @@ struct OpenedPackage : PackageInterfaces {
         EXPECT_EQ(manager->GetPropertyPackage(Bstr(name).get(), package.out()), S_OK) << name;
         askFor(package.get());
     }
+    OpenedPackage(const OpenedPackage &) = delete;
+    OpenedPackage &operator=(const OpenedPackage &) = delete;
+    // The material goes before the package does, which keeps what it is given.
+    ~OpenedPackage()
+    {
+        if (context) {
+            EXPECT_EQ(context->UnsetMaterial(), S_OK);
+        }
+    }
 
     void setMaterial(std::vector<std::string> ids, double temperature, double pressure, std::vector<double> composition)
     {
