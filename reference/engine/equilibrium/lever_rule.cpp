@@ -48,7 +48,7 @@ public:
                     return false;
             }
             for (int m = 0; m < k; ++m) // one fluid by two names
-                if (difference(phase.x, phases[m].x) < sameComposition &&
+                if (sumOfDifferences(feed.size(), phase.x, phases[m].x) < sameComposition &&
                     std::fabs(phase.state.Z - phases[m].state.Z) < sameComposition * phase.state.Z)
                     return false;
         }
@@ -85,14 +85,6 @@ private:
     int count = 0;
     std::array<MixedPhase, maximumPhases> phases;
 
-    double difference(const CompoundArray &x, const CompoundArray &y) const
-    {
-        double sum = 0.0;
-        for (int i = 0; i < feed.size(); ++i)
-            sum += std::fabs(x[i] - y[i]);
-        return sum;
-    }
-
     static void give(const MixedPhase &phase, bool &present, double &amount, CompoundArray &x)
     {
         present = true;
@@ -106,7 +98,7 @@ private:
             return true;
         for (int k = 0; k < count; ++k) {
             MixedPhase &phase = phases[k];
-            if (phase.isVapor != isVapor || difference(x, phase.x) > sameComposition)
+            if (phase.isVapor != isVapor || sumOfDifferences(feed.size(), x, phase.x) > sameComposition)
                 continue;
             const double both = phase.amount + amount;
             for (int i = 0; i < feed.size(); ++i)

@@ -6,12 +6,10 @@ namespace reference {
 
 namespace {
 
+// But for what is the same for all phases.
 double massDensity(const MixtureModel &model, const CompoundArray &x, const PhaseState &state)
 {
-    double mass = 0.0;
-    for (int i = 0; i < model.size; ++i)
-        mass += x[i] * model.compounds[i].molecularWeight;
-    return mass / state.Z;
+    return model.molecularWeight(x.data()) / state.Z;
 }
 
 // The phase that is the vapor, if any is.

@@ -70,7 +70,6 @@ PhaseSearchStatus findStablePhases(const FlashProblem &problem, PhaseSplit &spli
     for (int round = 0; round < mostRounds; ++round) {
         if (settleRoots(problem, split) != SplitStatus::solved)
             split.setOnePhase(problem);
-        split.findGibbs(problem);
         StabilityTest test(problem, split);
         TrialPhase trial;
         bool better = false;

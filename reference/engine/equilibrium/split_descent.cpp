@@ -144,6 +144,7 @@ bool mergeTwins(const FlashProblem &problem, PhaseSplit &split)
     return split.count > 1;
 }
 
+// From phases whose Gibbs energy has been found, which it goes on telling.
 SplitStatus descend(const FlashProblem &problem, PhaseSplit &split)
 {
     int failures = 0;
@@ -270,8 +271,7 @@ SplitStatus joinVanishing(const FlashProblem &problem, const TrialPhase &trial, 
     const SplitStatus status = descend(problem, next);
     if (status != SplitStatus::solved)
         return status;
-    next.findGibbs(problem);
-    if (anyAreOne(problem, next) || isLess(split.gibbs, next.gibbs))
+    if (isLess(split.gibbs, next.gibbs))
         return SplitStatus::collapsed;
     split = next;
     return status;
@@ -282,12 +282,7 @@ SplitStatus joinVanishing(const FlashProblem &problem, const TrialPhase &trial, 
 bool splitAcross(const FlashProblem &problem, const CompoundArray &w, PhaseSplit &split)
 {
     const int n = problem.size();
-    const auto differenceFrom = [&](const SplitPhase &phase) {
-        double sum = 0.0;
-        for (int i = 0; i < n; ++i)
-            sum += std::fabs(w[i] - phase.x[i]);
-        return sum;
-    };
+    const auto differenceFrom = [&](const SplitPhase &phase) { return sumOfDifferences(n, w, phase.x); };
     int nearest = 0;
     for (int k = 1; k < split.count; ++k)
         if (differenceFrom(split.phases[k]) < differenceFrom(split.phases[nearest]))
@@ -315,10 +310,8 @@ bool splitAcross(const FlashProblem &problem, const CompoundArray &w, PhaseSplit
         if (!possible || !next.update(problem))
             continue;
         next.findGibbs(problem);
-        if (!isLess(next.gibbs, split.gibbs) || descend(problem, next) != SplitStatus::solved)
-            continue;
-        next.findGibbs(problem);
-        if (!isLess(next.gibbs, split.gibbs))
+        if (!isLess(next.gibbs, split.gibbs) || descend(problem, next) != SplitStatus::solved ||
+            !isLess(next.gibbs, split.gibbs))
             continue;
         split = next;
         return true;
@@ -345,10 +338,7 @@ SplitStatus splitFurther(const FlashProblem &problem, const TrialPhase &trial, P
     for (int halving = 0; halving < 40; ++halving, amount *= 0.5) {
         if (!join(problem, trial, w, amount, split, next) || !isLess(next.gibbs, split.gibbs))
             continue;
-        if (descend(problem, next) != SplitStatus::solved)
-            break;
-        next.findGibbs(problem);
-        if (!isLess(next.gibbs, split.gibbs))
+        if (descend(problem, next) != SplitStatus::solved || !isLess(next.gibbs, split.gibbs))
             break;
         split = next;
         return SplitStatus::solved;

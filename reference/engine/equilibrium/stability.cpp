@@ -169,10 +169,7 @@ double StabilityTest::differenceFromKnown(const CompoundArray &W, const PhaseSta
         const SplitPhase &phase = split.phases[k];
         if (std::fabs(state.Z - phase.state.Z) > 0.1 * phase.state.Z)
             continue;
-        double difference = 0.0;
-        for (int i = 0; i < problem.size(); ++i)
-            difference += std::fabs(W[i] - phase.x[i]);
-        least = std::min(least, difference);
+        least = std::min(least, sumOfDifferences(problem.size(), W, phase.x));
     }
     return least;
 }

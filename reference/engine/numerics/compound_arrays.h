@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cmath>
 #include <cstddef>
 
 namespace reference {
@@ -20,6 +21,15 @@ inline double *columnOf(PairArray &matrix, int size, int j) { return matrix.data
 inline const double *columnOf(const PairArray &matrix, int size, int j)
 {
     return matrix.data() + std::ptrdiff_t{size} * j;
+}
+
+// How far two compositions are from each other: the sum over |x_i - y_i|.
+inline double sumOfDifferences(int size, const CompoundArray &x, const CompoundArray &y)
+{
+    double sum = 0.0;
+    for (int i = 0; i < size; ++i)
+        sum += std::fabs(x[i] - y[i]);
+    return sum;
 }
 
 } // namespace reference

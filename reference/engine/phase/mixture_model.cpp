@@ -92,6 +92,14 @@ void MixtureModel::listInteracting()
     interactsLittle = true;
 }
 
+double MixtureModel::molecularWeight(const double *moleFractions) const
+{
+    double sum = 0.0;
+    for (int i = 0; i < size; ++i)
+        sum += moleFractions[i] * compounds[i].molecularWeight;
+    return sum;
+}
+
 HeatCapacityTerms MixtureModel::heatCapacityTerms(const double *moleFractions) const
 {
     HeatCapacityTerms sum{};

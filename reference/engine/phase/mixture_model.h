@@ -57,6 +57,9 @@ struct MixtureModel {
 
     NrtlTerms nrtl; // NRTL only
 
+    // The mean of the compounds' weights, g/mol.
+    double molecularWeight(const double *moleFractions) const;
+
     // Of the mixture as an ideal gas.
     HeatCapacityTerms heatCapacityTerms(const double *moleFractions) const;
 

@@ -18,14 +18,11 @@ void evaluateProperties(const MixtureModel &model, const Isotherm &isotherm, dou
     std::copy_n(fractions, model.size, properties.fractions.begin());
     evaluatePhase(model, isotherm, pressure, fractions, root, properties.state);
 
-    double molecularWeight = 0.0;
     double mixing = 0.0;
-    for (int i = 0; i < model.size; ++i) {
-        molecularWeight += fractions[i] * model.compounds[i].molecularWeight;
+    for (int i = 0; i < model.size; ++i)
         if (fractions[i] > 0.0)
             mixing -= fractions[i] * std::log(fractions[i]);
-    }
-    properties.molecularWeight = molecularWeight;
+    properties.molecularWeight = model.molecularWeight(fractions);
 
     const IdealGasState ideal = idealGasState(model.heatCapacityTerms(fractions), T);
     const Residual residual =
