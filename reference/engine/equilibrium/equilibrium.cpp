@@ -52,6 +52,12 @@ void addTransfer(const Feed &feed, const Isotherm &isotherm, int count, const He
 
 } // namespace
 
+FlashStatus flashAt(const Feed &feed, const FlashSpecification &one, double other, FlashResult &result)
+{
+    const auto [temperature, pressure] = conditionsOf(one, other);
+    return flashTP(feed.model, temperature, pressure, feed.fractions(), feed.phases, result);
+}
+
 FlashStatus Equilibrium::find(const Feed &feed, double temperature, double pressure)
 {
     const FlashStatus status = flashTP(feed.model, temperature, pressure, feed.fractions(), feed.phases, phases);

@@ -15,6 +15,9 @@ struct Feed {
     std::span<const double> fractions() const { return {z, static_cast<std::size_t>(model.size)}; }
 };
 
+// Finds the phases at a temperature or pressure (`one`) and a value of the other condition.
+FlashStatus flashAt(const Feed &feed, const FlashSpecification &one, double other, FlashResult &result);
+
 struct Equilibrium {
     FlashResult phases;
     Totals totals;

@@ -29,6 +29,12 @@ constexpr bool isCondition(FlashVariable variable)
     return variable == FlashVariable::temperature || variable == FlashVariable::pressure;
 }
 
+// The one of temperature and pressure that it is not.
+constexpr FlashVariable otherCondition(FlashVariable condition)
+{
+    return condition == FlashVariable::temperature ? FlashVariable::pressure : FlashVariable::temperature;
+}
+
 constexpr bool isFraction(FlashVariable variable)
 {
     return variable == FlashVariable::vaporFraction || variable == FlashVariable::vaporMassFraction;
@@ -38,6 +44,19 @@ struct FlashSpecification {
     FlashVariable variable;
     double value;
 };
+
+struct FlashConditions {
+    double temperature; // K
+    double pressure;    // Pa
+};
+
+// From one of them and the value of the other.
+constexpr FlashConditions conditionsOf(const FlashSpecification &one, double other)
+{
+    if (one.variable == FlashVariable::temperature)
+        return {one.value, other};
+    return {other, one.value};
+}
 
 // Which solution is meant where a vapor fraction is given: the one where it falls with the pressure at
 // constant temperature and rises with the temperature at constant pressure, or one where it does not.

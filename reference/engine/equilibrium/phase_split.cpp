@@ -11,8 +11,6 @@ namespace reference {
 
 namespace {
 
-constexpr double limitOfLnK = 500.0; // largest |ln K|: with more, fractions vanish
-
 // The amounts and compositions of two phases.
 bool divideInTwo(const FlashProblem &problem, std::array<SplitPhase, maximumPhases> &phases)
 {

@@ -3,6 +3,8 @@
 
 namespace reference {
 
+inline constexpr double limitOfLnK = 500.0; // largest |ln K|: with more, fractions vanish
+
 struct PhaseAmounts {
     double vapor;  // moles of vapor in one mole of feed
     double liquid; // the rest, with all its digits when it is small

@@ -107,6 +107,12 @@ double Totals::byPressure(FlashVariable variable) const
     return std::numeric_limits<double>::quiet_NaN();
 }
 
+double Totals::byOther(FlashVariable fixed, FlashVariable variable) const
+{
+    return fixed == FlashVariable::temperature ? pressure * byPressure(variable)
+                                               : temperature * byTemperature(variable);
+}
+
 double scaleOf(const FlashSpecification &given, double temperature)
 {
     switch (given.variable) {

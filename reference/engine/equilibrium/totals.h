@@ -17,7 +17,6 @@ struct Totals {
     double volumeByT = 0.0;    // m3/mol/K
     double volumeByP = 0.0;    // m3/mol/Pa
 
-    // Of a phase whose derivatives have been added.
     static Totals of(const PhaseProperties &phase);
 
     // Adds so many moles of what another one holds at the same temperature and pressure.
@@ -28,6 +27,9 @@ struct Totals {
     double value(FlashVariable variable) const;
     double byTemperature(FlashVariable variable) const;
     double byPressure(FlashVariable variable) const;
+
+    // The slope with the logarithm of the pressure at constant temperature (`fixed`), or the other way round.
+    double byOther(FlashVariable fixed, FlashVariable variable) const;
 };
 
 // What differences of a variable's values are measured by: the given value or the natural size of the
@@ -36,6 +38,9 @@ double scaleOf(const FlashSpecification &given, double temperature);
 
 // What a variable misses its value by, as searches see it: so measured, and for the volume by its logarithm.
 double residualOf(const Totals &totals, const FlashSpecification &wanted);
+
+inline constexpr double aimedResidual = 1e-12;    // largest, of states that are found
+inline constexpr double acceptedResidual = 3e-10; // where round-off or a steep slope lets no more
 
 // What one unit of the variable is in that.
 double unitOf(const Totals &totals, const FlashSpecification &wanted);

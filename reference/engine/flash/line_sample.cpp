@@ -1,6 +1,5 @@
 #include "reference/engine/flash/line_sample.h"
 
-#include "reference/engine/equilibrium/flash_tp.h"
 #include "reference/engine/flash/quality_search.h"
 
 #include <algorithm>
@@ -11,9 +10,7 @@ namespace reference {
 void LineSample::take(const Feed &feed, const FlashSpecification &at, double other)
 {
     free = other;
-    const bool atTemperature = at.variable == FlashVariable::temperature;
-    known = flashTP(feed.model, atTemperature ? at.value : other, atTemperature ? other : at.value, feed.fractions(),
-                    feed.phases, state) == FlashStatus::solved;
+    known = flashAt(feed, at, other, state) == FlashStatus::solved;
 }
 
 double LineSampler::fractionOf(const FlashResult &state) const
@@ -72,7 +69,7 @@ bool LineSampler::solveBetween(const LineSample &first, const LineSample &second
         point.setAmounts(n, nearest.vaporFraction, nearest.liquidFraction);
     if (!solvePoint(feed, point, Closing::of(fraction), Closing::of(at)) || !areVaporAndLiquid(feed, point))
         return false;
-    const double free = at.variable == FlashVariable::temperature ? point.totals.pressure : point.totals.temperature;
+    const double free = point.totals.value(otherCondition(at.variable));
     return free > std::min(first.free, second.free) * (1.0 - 1e-9) &&
            free < std::max(first.free, second.free) * (1.0 + 1e-9) && isStable(feed, point);
 }

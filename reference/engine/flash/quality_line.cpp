@@ -13,7 +13,6 @@ namespace reference {
 namespace {
 
 constexpr int mostSteps = 600;
-constexpr double lowestPressure = 1e2; // at which flashes look for starts, Pa
 
 // What a variable misses its value by.
 double deviation(const TwoPhasePoint &point, int size, const FlashSpecification &given)
@@ -102,8 +101,8 @@ private:
             return lookAlong(other, 150, true, started);
         for (const int pressures : {16, 40})
             for (int i = 0; i <= pressures; ++i) {
-                const double pressure = lowestPressure * std::pow(highestFlashPressure / lowestPressure,
-                                                                  static_cast<double>(i) / pressures);
+                const double pressure = lowestSearchPressure * std::pow(highestFlashPressure / lowestSearchPressure,
+                                                                        static_cast<double>(i) / pressures);
                 if (lookAlong({FlashVariable::pressure, pressure}, 3 * pressures, false, started))
                     return true;
             }
@@ -114,7 +113,7 @@ private:
     bool lookAlong(const FlashSpecification &at, int intervals, bool isAnswer, bool &started)
     {
         const bool atTemperature = at.variable == FlashVariable::temperature;
-        const double low = atTemperature ? lowestPressure : lowestFlashTemperature;
+        const double low = atTemperature ? lowestSearchPressure : lowestFlashTemperature;
         const double high = atTemperature ? highestFlashPressure : highestFlashTemperature;
         const LineSampler sampler(feed, fraction);
         QualitySearch quality(feed, fraction);
@@ -129,8 +128,7 @@ private:
                 if (isAnswer ? offer(start.point) : !isTraced(start.point) && walkBoth(start))
                     return true;
             } else if (i > 0 && isAnswer && n > 1 && last.known && now.known &&
-                       quality.mayLieBetween(last.state, now.state) && quality.between(at, last.free, now.free) &&
-                       offerFound(quality))
+                       quality.between(at, last.state, now.state) && offerFound(quality))
                 return true;
             last = now;
         }
@@ -144,7 +142,7 @@ private:
         QualitySearch quality(feed, fraction);
         for (const double ratio : {0.99, 1.01, 0.96, 1.04}) {
             const FlashSpecification beside{other.variable, other.value * ratio};
-            if (!(atTemperature ? quality.scan(beside, lowestPressure, highestFlashPressure, 40)
+            if (!(atTemperature ? quality.scan(beside, lowestSearchPressure, highestFlashPressure, 40)
                                 : quality.scan(beside, lowestFlashTemperature, highestFlashTemperature, 40)) ||
                 quality.found().liquid2Present || !quality.found().liquidPresent)
                 continue;
@@ -161,9 +159,8 @@ private:
     bool offerNear(const TwoPhasePoint &point)
     {
         QualitySearch quality(feed, fraction);
-        const double guess =
-            other.variable == FlashVariable::temperature ? point.totals.pressure : point.totals.temperature;
-        return n > 1 && quality.near(other, guess, type) && offerFound(quality);
+        const double guess = point.totals.value(otherCondition(other.variable));
+        return n > 1 && quality.beside(other, guess, type) && offerFound(quality);
     }
 
     bool offerFound(const QualitySearch &quality)

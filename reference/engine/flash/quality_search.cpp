@@ -1,6 +1,5 @@
 #include "reference/engine/flash/quality_search.h"
 
-#include "reference/engine/equilibrium/flash_tp.h"
 #include "reference/engine/equilibrium/lever_rule.h"
 #include "reference/engine/flash/vapor_liquid_point.h"
 #include "reference/engine/phase/phase_evaluation.h"
@@ -12,20 +11,10 @@ namespace reference {
 
 namespace {
 
-constexpr double met = 1e-12;        // of a vapor fraction
-constexpr double goodEnough = 3e-10; // where the pressure has no digits for more
-
+constexpr double met = 1e-12;       // of a vapor fraction
 constexpr double edgeWidth = 2e-15; // of the logarithm of a temperature or pressure
 
 bool isBoth(const FlashResult &state) { return state.vaporPresent && state.phaseCount() > 1; }
-
-double differenceBetween(int n, const CompoundArray &one, const CompoundArray &other)
-{
-    double sum = 0.0;
-    for (int i = 0; i < n; ++i)
-        sum += std::fabs(one[i] - other[i]);
-    return sum;
-}
 
 // Where the vapor vanishes beside two liquids, one of these can be so thin that it has the vapor's name from there on:
 // it gets the one that it has in the neighboring state of three phases.
@@ -33,9 +22,9 @@ void nameAsNeighbor(int n, FlashResult &state, const FlashResult &neighbor)
 {
     if (state.phaseCount() != 2 || !state.vaporPresent || neighbor.phaseCount() != 3)
         return;
-    const double fromLiquid = differenceBetween(n, state.vapor, neighbor.liquid);
-    const double fromLiquid2 = differenceBetween(n, state.vapor, neighbor.liquid2);
-    if (differenceBetween(n, state.vapor, neighbor.vapor) <= std::min(fromLiquid, fromLiquid2))
+    const double fromLiquid = sumOfDifferences(n, state.vapor, neighbor.liquid);
+    const double fromLiquid2 = sumOfDifferences(n, state.vapor, neighbor.liquid2);
+    if (sumOfDifferences(n, state.vapor, neighbor.vapor) <= std::min(fromLiquid, fromLiquid2))
         return;
     const bool isFirst = fromLiquid < fromLiquid2;
     if (isFirst) {
@@ -49,36 +38,27 @@ void nameAsNeighbor(int n, FlashResult &state, const FlashResult &neighbor)
     state.vaporFraction = 0.0;
 }
 
-double massOf(const MixtureModel &model, double amount, const CompoundArray &x)
-{
-    double sum = 0.0;
-    for (int i = 0; i < model.size; ++i)
-        sum += x[i] * model.compounds[i].molecularWeight;
-    return amount * sum;
-}
-
 } // namespace
 
 double vaporPart(const MixtureModel &model, const FlashResult &state, FlashVariable variable)
 {
     if (variable == FlashVariable::vaporFraction || state.phaseCount() == 1)
         return state.vaporFraction;
-    const double vapor = state.vaporPresent ? massOf(model, state.vaporFraction, state.vapor) : 0.0;
-    const double liquid = state.liquidPresent ? massOf(model, state.liquidFraction, state.liquid) : 0.0;
-    const double liquid2 = state.liquid2Present ? massOf(model, state.liquid2Fraction, state.liquid2) : 0.0;
+    const auto massOf = [&](bool present, double amount, const CompoundArray &x) {
+        return present ? amount * model.molecularWeight(x.data()) : 0.0;
+    };
+    const double vapor = massOf(state.vaporPresent, state.vaporFraction, state.vapor);
+    const double liquid = massOf(state.liquidPresent, state.liquidFraction, state.liquid);
+    const double liquid2 = massOf(state.liquid2Present, state.liquid2Fraction, state.liquid2);
     return vapor / (vapor + liquid + liquid2);
 }
 
 void QualitySearch::take(const FlashSpecification &at, double free, Sample &sample) const
 {
-    const bool atTemperature = at.variable == FlashVariable::temperature;
-    const double other = std::exp(free);
     sample.free = free;
-    sample.known = flashTP(feed.model, atTemperature ? at.value : other, atTemperature ? other : at.value,
-                           feed.fractions(), feed.phases, sample.state) == FlashStatus::solved;
-    if (!sample.known)
-        return;
-    sample.surplus = surplusOf(sample.state, sample.state);
+    sample.known = flashAt(feed, at, std::exp(free), sample.state) == FlashStatus::solved;
+    if (sample.known)
+        sample.surplus = surplusOf(sample.state, sample.state);
 }
 
 // How much vapor is too much. A fluid of one phase has the name of what its neighbor of two phases is about to be: next
@@ -90,16 +70,7 @@ double QualitySearch::surplusOf(const FlashResult &state, const FlashResult &nei
     return vaporPart(feed.model, state, fraction.variable) - fraction.value;
 }
 
-bool QualitySearch::mayLieBetween(const FlashResult &one, const FlashResult &other) const
-{
-    FlashResult first = one;
-    FlashResult second = other;
-    nameAsNeighbor(feed.size(), first, other);
-    nameAsNeighbor(feed.size(), second, one);
-    return liesBetween(first, second);
-}
-
-// The same of states that are named alike.
+// Of states that are named alike.
 bool QualitySearch::liesBetween(const FlashResult &one, const FlashResult &other) const
 {
     if (isEnd())
@@ -127,7 +98,7 @@ bool QualitySearch::close(const FlashSpecification &at, Sample &low, Sample &hig
 
 bool QualitySearch::accept(const Sample &sample)
 {
-    if (!isBoth(sample.state) || !(std::fabs(sample.surplus) < goodEnough))
+    if (!isBoth(sample.state) || !(std::fabs(sample.surplus) < acceptedResidual))
         return false;
     result = sample.state;
     return true;
@@ -170,7 +141,7 @@ bool QualitySearch::polish(const FlashResult &outside, Root root, CompoundArray 
         for (int i = 0; i < n; ++i)
             x[i] /= sum;
     }
-    return change < 0.5 * goodEnough; // the promise is for all phases together
+    return change < 0.5 * acceptedResidual; // the promise is for all phases together
 }
 
 // Next to a critical point the amounts have few digits, and flashes end somewhat before the phases do. Newton's method
@@ -186,10 +157,9 @@ bool QualitySearch::continueToEnd(const FlashSpecification &at, const Sample &in
     point.setAmounts(n, fraction.value, 1.0 - fraction.value);
     if (!solvePoint(feed, point, Closing::of(fraction), Closing::of(at)) || !areVaporAndLiquid(feed, point))
         return false;
-    constexpr double near = 1e-3;
-    const bool atTemperature = at.variable == FlashVariable::temperature;
-    const double free = std::log(atTemperature ? point.totals.pressure : point.totals.temperature);
-    if (!(std::fabs(free - inside.free) < near) || !isStable(feed, point))
+    constexpr double nearby = 1e-3;
+    const double free = std::log(point.totals.value(otherCondition(at.variable)));
+    if (!(std::fabs(free - inside.free) < nearby) || !isStable(feed, point))
         return false;
     giveResult(feed, point, result);
     result.vaporFraction = fraction.value;
@@ -201,8 +171,8 @@ bool QualitySearch::continueToEnd(const FlashSpecification &at, const Sample &in
 bool QualitySearch::acceptEnd(const Sample &inside, const Sample &outside)
 {
     const FlashResult &beyond = outside.state;
-    constexpr double small = 1e-5; // next to a critical point the last amounts that flashes find
-    if (!(std::fabs(inside.surplus) < small))
+    constexpr double smallest = 1e-5; // next to a critical point the last amounts that flashes find
+    if (!(std::fabs(inside.surplus) < smallest))
         return false;
     result = inside.state;
     result.temperature = beyond.temperature;
@@ -288,12 +258,16 @@ bool QualitySearch::closeInside(const FlashSpecification &at, Sample &low, Sampl
     return accept(middle);
 }
 
-bool QualitySearch::between(const FlashSpecification &at, double first, double second)
+bool QualitySearch::between(const FlashSpecification &at, const FlashResult &first, const FlashResult &second)
 {
-    Sample low;
-    Sample high;
-    take(at, std::log(std::min(first, second)), low);
-    take(at, std::log(std::max(first, second)), high);
+    const bool atTemperature = at.variable == FlashVariable::temperature;
+    const auto sampleOf = [&](const FlashResult &state) {
+        return Sample{true, std::log(atTemperature ? state.pressure : state.temperature), 0.0, state};
+    };
+    Sample low = sampleOf(first);
+    Sample high = sampleOf(second);
+    if (high.free < low.free)
+        std::swap(low, high);
     return differ(low, high) && close(at, low, high);
 }
 
@@ -313,10 +287,10 @@ bool QualitySearch::scan(const FlashSpecification &at, double first, double end,
     return false;
 }
 
-bool QualitySearch::near(const FlashSpecification &at, double guess, SolutionType wanted)
+bool QualitySearch::beside(const FlashSpecification &at, double guess, SolutionType wanted)
 {
     const bool atTemperature = at.variable == FlashVariable::temperature;
-    const FlashLimits limits = flashLimitsOf(atTemperature ? FlashVariable::pressure : FlashVariable::temperature);
+    const FlashLimits limits = flashLimitsOf(otherCondition(at.variable));
     const double lowest = std::log(limits.lowest);
     const double highest = std::log(limits.highest);
     Sample start;

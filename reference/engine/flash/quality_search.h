@@ -6,6 +6,8 @@
 
 namespace reference {
 
+inline constexpr double lowestSearchPressure = 1e2; // where vapor fractions are looked for by flashes, Pa
+
 // The part of a mixture that is vapor: moles, or mass for vaporMassFraction.
 double vaporPart(const MixtureModel &model, const FlashResult &state, FlashVariable variable);
 
@@ -14,13 +16,10 @@ public:
     QualitySearch(const Feed &whole, const FlashSpecification &vaporFraction) : feed(whole), fraction(vaporFraction) {}
 
     // Looks at one temperature or pressure (`at`), from a guess of the other condition outward, for a state of a type.
-    bool near(const FlashSpecification &at, double guess, SolutionType type);
+    bool beside(const FlashSpecification &at, double guess, SolutionType type);
 
-    // What two states at the same temperature or pressure tell of one between them.
-    bool mayLieBetween(const FlashResult &one, const FlashResult &other) const;
-
-    // Looks between two values of the other condition: false when both have too much vapor, or too little.
-    bool between(const FlashSpecification &at, double first, double second);
+    // Looks between two states at it that flashes found: false when both have too much vapor, or too little.
+    bool between(const FlashSpecification &at, const FlashResult &first, const FlashResult &second);
 
     // Looks in so many intervals, of equal ratio, upward or downward, for the first one that has such a state.
     bool scan(const FlashSpecification &at, double first, double end, int intervals);

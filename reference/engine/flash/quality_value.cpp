@@ -9,9 +9,7 @@ namespace reference {
 
 namespace {
 
-constexpr double aimed = 1e-11;        // largest residual
-constexpr double goodEnough = 3e-10;   // where the fraction has no digits for more
-constexpr double lowestPressure = 1e2; // that is looked at, Pa
+constexpr double aimed = 1e-11; // largest residual
 
 // What a variable misses its value by along states of the vapor fraction, by the logarithm of the inverse
 // temperature or of the pressure: from where it is warm, as flashes of what would be solid take long.
@@ -34,9 +32,7 @@ public:
         Equilibrium now;
         now.phases = result;
         now.findTotals(feed);
-        probed.residual = (now.totals.value(wanted.variable) - wanted.value) / scaleOf(wanted, result.temperature);
-        if (wanted.variable == FlashVariable::volume)
-            probed.residual = std::log(now.totals.volume / wanted.value);
+        probed.residual = residualOf(now.totals, wanted);
         probed.known = std::isfinite(probed.residual);
         probed.met = std::fabs(probed.residual) < aimed;
         return probed;
@@ -45,7 +41,7 @@ public:
     bool cross(const Probe &a, const Probe &b)
     {
         const Probe &better = std::fabs(a.residual) < std::fabs(b.residual) ? a : b;
-        return std::fabs(better.residual) < goodEnough && probe(better.at).known;
+        return std::fabs(better.residual) < acceptedResidual && probe(better.at).known;
     }
 
 private:
@@ -58,10 +54,10 @@ private:
 
     bool findOther(const FlashSpecification &at)
     {
-        if (other > 0.0 && quality.near(at, other, SolutionType::unspecified))
+        if (other > 0.0 && quality.beside(at, other, SolutionType::unspecified))
             return true;
         return along == FlashVariable::temperature
-                   ? quality.scan(at, lowestPressure, highestFlashPressure, 16)
+                   ? quality.scan(at, lowestSearchPressure, highestFlashPressure, 16)
                    : quality.scan(at, highestFlashTemperature, lowestFlashTemperature, 48);
     }
 };
@@ -78,7 +74,7 @@ bool findByQuality(const Feed &feed, const FlashSpecification &fraction, const F
         return RootSearch(states, std::log(lowest), std::log(highest)).scan(intervals) == SearchStatus::found;
     };
     return search(FlashVariable::temperature, 1.0 / highestFlashTemperature, 1.0 / lowestFlashTemperature, 100) ||
-           search(FlashVariable::pressure, lowestPressure, highestFlashPressure, 60);
+           search(FlashVariable::pressure, lowestSearchPressure, highestFlashPressure, 60);
 }
 
 } // namespace reference

@@ -22,17 +22,16 @@ public:
                 FoundState &found)
         : feed(whole), fixed(condition), wanted(value), state(found),
           atTemperature(condition.variable == FlashVariable::temperature),
-          limits(flashLimitsOf(atTemperature ? FlashVariable::pressure : FlashVariable::temperature)), at(from),
-          knownAt(from)
+          limits(flashLimitsOf(otherCondition(condition.variable))), at(from), knownAt(from)
     {
         for (int i = 0; i < feed.size(); ++i)
-            lnK[i] = wilsonLogRatio(feed.model.compounds[i], temperature(), pressure());
+            lnK[i] = wilsonLogRatio(feed.model.compounds[i], conditions().temperature, conditions().pressure);
     }
 
     bool find()
     {
         const double longest = atTemperature ? 3.0 : 0.4;
-        const double near = atTemperature ? 1.0 : 0.1;
+        const double nearby = atTemperature ? 1.0 : 0.1;
         double low = std::log(limits.lowest);
         double high = std::log(limits.highest);
         bool pairFailed = false;
@@ -42,7 +41,7 @@ public:
             const double change = -now.residual / now.slope;
             if (!std::isfinite(change))
                 return false;
-            if (two && std::fabs(change) < near) {
+            if (two && std::fabs(change) < nearby) {
                 at = std::clamp(at + change, low, high);
                 if (estimatePair() && solvePair())
                     return true;
@@ -74,8 +73,7 @@ private:
     CompoundArray lnK;
     TwoPhasePoint point;
 
-    double temperature() const { return atTemperature ? fixed.value : std::exp(at); }
-    double pressure() const { return atTemperature ? std::exp(at) : fixed.value; }
+    FlashConditions conditions() const { return conditionsOf(fixed, std::exp(at)); }
 
     struct Value {
         double residual;
@@ -83,15 +81,15 @@ private:
     };
     Value valueOf(const Totals &totals, double transfer) const
     {
-        const double slope = atTemperature ? pressure() * totals.byPressure(wanted.variable)
-                                           : temperature() * totals.byTemperature(wanted.variable);
-        return {residualOf(totals, wanted), unitOf(totals, wanted) * (slope + transfer)};
+        return {residualOf(totals, wanted),
+                unitOf(totals, wanted) * (totals.byOther(fixed.variable, wanted.variable) + transfer)};
     }
 
     Value onePhaseValue() const
     {
+        const auto [temperature, pressure] = conditions();
         PhaseProperties phase;
-        evaluateProperties(feed.model, Isotherm(feed.model, temperature()), pressure(), feed.z, Root::stable, phase);
+        evaluateProperties(feed.model, Isotherm(feed.model, temperature), pressure, feed.z, Root::stable, phase);
         return valueOf(Totals::of(phase), 0.0);
     }
 
@@ -135,7 +133,8 @@ private:
     bool confirmOnePhase()
     {
         Equilibrium &now = state.equilibrium;
-        if (now.find(feed, temperature(), pressure()) != FlashStatus::solved)
+        const auto [temperature, pressure] = conditions();
+        if (now.find(feed, temperature, pressure) != FlashStatus::solved)
             return false;
         state.slopesKnown = true;
         return std::fabs(residualOf(now.totals, wanted)) < aimedResidual;
@@ -151,8 +150,9 @@ private:
         for (int i = 0; i < n; ++i)
             point.unknowns[i] = lnKAt(at, i);
         point.setAmounts(n, amounts.vapor, amounts.liquid);
-        point.unknowns[TwoPhasePoint::temperatureAt(n)] = std::log(temperature());
-        point.unknowns[TwoPhasePoint::pressureAt(n)] = std::log(pressure());
+        const auto [temperature, pressure] = conditions();
+        point.unknowns[TwoPhasePoint::temperatureAt(n)] = std::log(temperature);
+        point.unknowns[TwoPhasePoint::pressureAt(n)] = std::log(pressure);
         return true;
     }
 
@@ -162,7 +162,7 @@ private:
         const int n = feed.size();
         if (!solvePoint(feed, point, Closing::of(fixed), Closing::of(wanted)) || !areVaporAndLiquid(feed, point))
             return false;
-        const double free = atTemperature ? point.totals.pressure : point.totals.temperature;
+        const double free = point.totals.value(otherCondition(fixed.variable));
         constexpr double least = 1e-10; // of an amount: at the ends one phase may be the answer
         if (!(point.vaporAmount(n) > least && point.liquidAmount(n) > least) || !limits.contain(free) ||
             !(std::fabs(residualOf(point.totals, wanted)) < aimedResidual))

@@ -5,8 +5,6 @@
 
 namespace reference {
 
-inline constexpr double aimedResidual = 1e-12; // largest, of states that are found
-
 // A state and whether its slopes are those of the mixture in equilibrium: on a jump there are none.
 struct FoundState {
     Equilibrium equilibrium;

@@ -12,8 +12,6 @@ namespace reference {
 
 namespace {
 
-constexpr double goodEnough = 3e-10; // where round-off or a steep slope lets no more
-
 FlashSpecification conditionOf(FlashVariable variable, double logarithm) { return {variable, std::exp(logarithm)}; }
 
 double lowestOf(FlashVariable condition) { return std::log(flashLimitsOf(condition).lowest); }
@@ -44,20 +42,16 @@ public:
     {
         Probe result;
         result.at = at;
-        const double free = std::exp(at);
-        const bool atTemperature = fixed.variable == FlashVariable::temperature;
+        const auto [temperature, pressure] = conditionsOf(fixed, std::exp(at));
         Equilibrium &now = state.equilibrium;
-        if (now.find(feed, atTemperature ? fixed.value : free, atTemperature ? free : fixed.value) !=
-            FlashStatus::solved) {
+        if (now.find(feed, temperature, pressure) != FlashStatus::solved) {
             findings.phasesNotFound = true;
             return result;
         }
         state.slopesKnown = true;
         result.residual = residualOf(now.totals, wanted);
         result.known = std::isfinite(result.residual);
-        result.slope =
-            free * unitOf(now.totals, wanted) *
-            (atTemperature ? now.totals.byPressure(wanted.variable) : now.totals.byTemperature(wanted.variable));
+        result.slope = unitOf(now.totals, wanted) * now.totals.byOther(fixed.variable, wanted.variable);
         result.met = std::fabs(result.residual) < aimedResidual;
         return result;
     }
@@ -71,7 +65,7 @@ public:
         if (std::fabs(a.at - b.at) < 1e-9 && crossBetweenStates(a, b))
             return true;
         const Probe &better = std::fabs(a.residual) < std::fabs(b.residual) ? a : b;
-        if (std::fabs(better.residual) < goodEnough && std::fabs(a.at - b.at) < 1e-9) {
+        if (std::fabs(better.residual) < acceptedResidual && std::fabs(a.at - b.at) < 1e-9) {
             probe(better.at);
             return true;
         }
@@ -114,7 +108,7 @@ private:
             return false;
         now.findTotals(feed);
         state.slopesKnown = false;
-        return std::fabs(residualOf(now.totals, wanted)) < goodEnough;
+        return std::fabs(residualOf(now.totals, wanted)) < acceptedResidual;
     }
 
     bool crossTwoPhases(const Probe &a, const Probe &b)
@@ -187,7 +181,7 @@ public:
             return result;
         const Totals &totals = state.equilibrium.totals;
         const bool alongTemperature = condition == FlashVariable::temperature;
-        start = alongTemperature ? totals.pressure : totals.temperature;
+        start = totals.value(otherCondition(condition));
         result.residual = residualOf(totals, wanted);
         result.known = std::isfinite(result.residual);
         result.met = std::fabs(result.residual) < 10.0 * aimedResidual;
@@ -205,10 +199,10 @@ public:
     bool cross(const Probe &a, const Probe &b)
     {
         const Probe &better = std::fabs(a.residual) < std::fabs(b.residual) ? a : b;
-        if (!(std::fabs(better.residual) < goodEnough))
+        if (!(std::fabs(better.residual) < acceptedResidual))
             return false;
         const Probe again = probe(better.at); // from another start
-        return again.known && std::fabs(again.residual) < goodEnough;
+        return again.known && std::fabs(again.residual) < acceptedResidual;
     }
 
 private:
@@ -226,8 +220,7 @@ private:
 SearchStatus solveAtCondition(const Feed &feed, const FlashSpecification &fixed, const FlashSpecification &wanted,
                               double start, bool thorough, FoundState &state, SearchFindings &findings)
 {
-    const FlashVariable free =
-        fixed.variable == FlashVariable::temperature ? FlashVariable::pressure : FlashVariable::temperature;
+    const FlashVariable free = otherCondition(fixed.variable);
     // Where there is but one state, any way leads to it. A search that asks for many of them goes on from its last one,
     // which is as quick.
     if (thorough && isMonotone(fixed.variable, wanted.variable) &&

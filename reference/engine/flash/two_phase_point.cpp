@@ -1,6 +1,7 @@
 #include "reference/engine/flash/two_phase_point.h"
 
 #include "reference/engine/eos/gas_constant.h"
+#include "reference/engine/equilibrium/rachford_rice.h"
 #include "reference/engine/phase/phase_evaluation.h"
 
 #include <algorithm>
@@ -13,15 +14,6 @@ namespace {
 constexpr int mostSteps = 30;
 constexpr double solved = 1e-12;     // largest residual aimed at
 constexpr double goodEnough = 1e-11; // where round-off lets no more
-constexpr double limitOfLnK = 500.0; // largest |ln K|: with more, fractions vanish
-
-double molecularWeight(const Feed &feed, const CompoundArray &amounts)
-{
-    double sum = 0.0;
-    for (int i = 0; i < feed.size(); ++i)
-        sum += amounts[i] * feed.model.compounds[i].molecularWeight;
-    return sum;
-}
 
 double sumOf(int n, const CompoundArray &values)
 {
@@ -95,7 +87,8 @@ void closeByVariable(const Feed &feed, const TwoPhasePoint &point, const FlashSp
     const bool mass = given.variable == FlashVariable::vaporMassFraction;
     double scale = 0.0;
     if (mass) {
-        scale = 1.0 / (vaporAmount * molecularWeight(feed, point.y) + liquidAmount * molecularWeight(feed, point.x));
+        scale = 1.0 / (vaporAmount * feed.model.molecularWeight(point.y.data()) +
+                       liquidAmount * feed.model.molecularWeight(point.x.data()));
         residual =
             point.countsLiquid ? (1.0 - given.value) - point.liquidMassFraction : point.vaporMassFraction - given.value;
     } else {
@@ -178,8 +171,8 @@ bool TwoPhasePoint::evaluate(const Feed &feed)
     totals.pressure = P;
     totals.add(amount * sumOf(n, y), Totals::of(vapor));
     totals.add(rest * sumOf(n, x), Totals::of(liquid));
-    const double vaporMass = amount * molecularWeight(feed, y);
-    const double liquidMass = rest * molecularWeight(feed, x);
+    const double vaporMass = amount * feed.model.molecularWeight(y.data());
+    const double liquidMass = rest * feed.model.molecularWeight(x.data());
     vaporMassFraction = vaporMass / (vaporMass + liquidMass);
     liquidMassFraction = liquidMass / (vaporMass + liquidMass);
     return true;
