@@ -1,5 +1,9 @@
 #include "reference/package/package_table.h"
 
+#include "reference/engine/phase/local_compositions.h"
+
+#include <iterator>
+
 namespace reference {
 
 namespace {
@@ -33,6 +37,7 @@ constexpr std::string_view refrigerantsCompounds[] = {
 
 constexpr std::string_view alcoholCompounds[] = {"water",      "methanol",   "ethanol",
                                                  "1-propanol", "2-propanol", "1-butanol"};
+static_assert(std::size(alcoholCompounds) <= maximumNrtlCompounds);
 
 constexpr std::string_view wetGasCompounds[] = {
     "methane",   "ethane",   "propane",   "isobutane",      "n-butane",         "isopentane",

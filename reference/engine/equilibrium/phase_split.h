@@ -23,8 +23,8 @@ struct PhaseSplit {
     // The feed as one phase.
     void setOnePhase(const FlashProblem &problem);
 
-    // Makes all but the Gibbs energy from each phase's root and lnE. Phases of which nothing is left are taken out;
-    // false when only one remains.
+    // Makes all but the Gibbs energy from each phase's root and lnE; of three phases or more the amounts are searched
+    // from those there are. Phases of which nothing is left are taken out; false when only one remains.
     bool update(const FlashProblem &problem);
     void findGibbs(const FlashProblem &problem);
 

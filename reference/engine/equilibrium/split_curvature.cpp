@@ -2,6 +2,7 @@
 
 #include "reference/engine/phase/phase_evaluation.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace reference {

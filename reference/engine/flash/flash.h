@@ -1,4 +1,4 @@
-// Phase equilibrium of vapor and liquid at any two given conditions.
+// Phase equilibrium at any two given conditions.
 #pragma once
 
 #include "reference/engine/flash/flash_reason.h"

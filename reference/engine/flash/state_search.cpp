@@ -6,6 +6,7 @@
 #include "reference/engine/flash/vapor_liquid_point.h"
 #include "reference/engine/phase/phase_evaluation.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace reference {

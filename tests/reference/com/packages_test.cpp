@@ -105,37 +105,6 @@ TEST(Packages, UseTheEquationOfTheirName)
     }
 }
 
-// At their azeotrope, 351.3 K and 0.894 of ethanol at 101325 Pa, vapor and liquid are alike: each compound has the
-// pressure as its fugacity over its fraction.
-TEST(Packages, GiveAlcoholsAndWaterActivityCoefficients)
-{
-    Library library;
-    OpenedPackage package(library, "Water and light alcohols");
-    package.setMaterial({"ethanol", "water"}, 351.3, 101325.0, {0.894, 0.106});
-    package.material.ownCompositions["Liquid"] = {0.894, 0.106};
-    const std::vector<double> gamma = package.valuesOf("activityCoefficient", "Liquid");
-    const std::vector<double> fugacity = package.valuesOf("fugacity", "Liquid");
-    EXPECT_NEAR(fugacity[0] / 0.894, 101325.0, 0.01 * 101325.0);
-    EXPECT_NEAR(fugacity[1] / 0.106, 101325.0, 0.03 * 101325.0);
-    EXPECT_GT(gamma[0], 1.0);
-    EXPECT_GT(gamma[1], 2.0);
-}
-
-TEST(Packages, RefuseMixturesWithWaterThatTheyHaveNoParametersFor)
-{
-    Library library;
-    OpenedPackage package(library, "Water and light alcohols");
-    package.setMaterial({"water", "ethanol", "2-propanol"}, 340.0, 1e5, {0.5, 0.4, 0.1});
-    EXPECT_EQ(package.properties->CalcSinglePhaseProp(texts({"density"}).get(), Bstr(std::string_view("Liquid")).get()),
-              errors::limitedImplementation.result);
-    EXPECT_EQ(lastFailure(package.properties.get()).description,
-              "The package has no parameters for 2-propanol together with water");
-    package.material.composition = {0.5, 0.5, 0.0};
-    EXPECT_GT(package.valuesOf("density", "Liquid")[0], 0.0);
-    package.material.composition = {0.0, 0.5, 0.5}; // alcohols with each other are nearly ideal
-    EXPECT_GT(package.valuesOf("density", "Liquid")[0], 0.0);
-}
-
 // Where each compound boils: a vapor pressure, a heat of vaporization, and whatever else belongs to it
 // but for surface tensions without a parachor. Helium boils below the range of the packages, and carbon
 // dioxide not at this reduced temperature.
