@@ -15,6 +15,7 @@ constexpr double converged = 1e-9;  // largest scaled gradient
 constexpr double samePhase = 3e-5;  // sum of the differences between mole numbers of a trial and a phase that is known
 constexpr double nearPhase = 3e-3;  // the same, where a step has brought the trial nearer by a good part
 constexpr double contraction = 0.3; // of that difference in such a step
+constexpr double nearlyOne = 0.03;  // sum of the differences between two phases that are tested as one
 constexpr double slack = 0.7;       // of logarithms of mole numbers
 constexpr double wideSlack = 6.0;   // the same next to a critical point, where many a phase is far from pure
 constexpr int substitutions = 8;
@@ -82,7 +83,12 @@ struct StabilityTest::Trial {
     }
 };
 
-StabilityTest::StabilityTest(const FlashProblem &whole, const PhaseSplit &phases) : problem(whole), split(phases)
+// Next to where a phase is about to split by itself two phases that are nearly one have equal fugacities, and would go
+// further apart.
+StabilityTest::StabilityTest(const FlashProblem &whole, const PhaseSplit &phases)
+    : problem(whole), split(phases),
+      isOne(phases.count == 1 ||
+            (phases.count == 2 && sumOfDifferences(whole.size(), phases.phases[0].x, phases.phases[1].x) < nearlyOne))
 {
     const SplitPhase &first = split.phases[0];
     for (int i = 0; i < problem.size(); ++i)
@@ -110,9 +116,9 @@ void StabilityTest::listStarts()
     bool hasVapor = false;
     for (int k = 0; k < split.count; ++k)
         hasVapor = hasVapor || !problem.looksLiquid(split.phases[k].state);
-    if (problem.vaporAllowed && (split.count == 1 || !hasVapor))
+    if (problem.vaporAllowed && (isOne || !hasVapor))
         add(Start::Kind::wilsonVapor, 0);
-    if (split.count == 1)
+    if (isOne)
         add(Start::Kind::wilsonLiquid, 0);
     for (int k = 1; k < split.count; ++k)
         for (int m = 0; m < k; ++m)
@@ -265,7 +271,7 @@ bool StabilityTest::setPureStart(int pure, double reach, CompoundArray &lnW) con
 bool StabilityTest::isNearCritical() const
 {
     const PhaseState &state = split.phases[0].state;
-    if (!problem.model.isCubic() || split.count > 1 || state.severalRoots)
+    if (!problem.model.isCubic() || !isOne || state.severalRoots)
         return false;
     const double volume = state.Z / state.B;
     return volume > 2.0 && volume < 8.0;

@@ -19,6 +19,7 @@ public:
 private:
     const FlashProblem &problem;
     const PhaseSplit &split;
+    const bool isOne;        // or as good as one
     CompoundArray potential; // ln x_i + ln phi_i, the same in all phases
 
     struct Start {

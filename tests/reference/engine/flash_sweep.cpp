@@ -230,13 +230,29 @@ private:
                        FlashPhases::vaporAndTwoLiquids, state) == FlashStatus::solved;
     }
 
+    // Whether two phases that are nearly one are an answer where a flash has two that are not.
+    static bool isNearlyOne(const FlashCase &problem, const FlashResult &result)
+    {
+        const auto apart = [&](const FlashResult &state) {
+            return sumOfDifferences(problem.model.size, state.vapor, state.liquid);
+        };
+        const auto areTwo = [](const FlashResult &state) {
+            return state.vaporPresent && state.liquidPresent && state.phaseCount() == 2;
+        };
+        FlashResult there;
+        return areTwo(result) &&
+               flashTP(problem.model, result.temperature, result.pressure, problem.z, problem.request.phases, there) ==
+                   FlashStatus::solved &&
+               areTwo(there) && apart(result) < 0.1 * apart(there);
+    }
+
     void accept(const FlashCase &problem, const FlashResult &result)
     {
-        const std::string what = faultOf(problem, result);
-        if (what.empty())
-            ++countOf(problem).solved;
-        else
-            fault(problem, what);
+        if (const std::string what = faultOf(problem, result); !what.empty())
+            return fault(problem, what);
+        if (isNearlyOne(problem, result))
+            return fault(problem, "its phases would go further apart");
+        ++countOf(problem).solved;
     }
 
     // Takes the values of a state, and expects one that has them, too.

@@ -104,6 +104,31 @@ TEST(VaporFractions, AreNotThoseOfOneOfTwoLiquids)
     EXPECT_EQ(flash(model, request, z, result, reason), FlashStatus::noSolution) << result.pressure;
 }
 
+// Where a phase is about to split by itself, phases that are nearly one have equal fugacities, too; but they would go
+// further apart.
+TEST(VaporFractions, AreThoseOfTheFlashAtTheSameTemperatureAndPressure)
+{
+    const MixtureModel model =
+        modelOf({"methane", "ethane", "propane", "n-butane", "n-pentane", "nitrogen", "carbon dioxide"});
+    const std::vector<double> z = {0.8, 0.08, 0.05, 0.02, 0.01, 0.02, 0.02};
+    int found = 0;
+    for (double temperature = 236.0; temperature < 270.0; temperature += 1.0) // beyond the critical point
+        for (const double fraction : {0.3, 0.5, 0.7, 0.8, 0.9, 0.95})
+            for (const SolutionType type : {SolutionType::normal, SolutionType::retrograde}) {
+                const FlashRequest request{
+                    {Variable::temperature, temperature}, {Variable::vaporFraction, fraction}, type};
+                FlashResult result;
+                FlashReason reason{};
+                if (flash(model, request, z, result, reason) != FlashStatus::solved)
+                    continue;
+                ++found;
+                FlashResult there;
+                ASSERT_EQ(flashTP(model, temperature, result.pressure, z, request.phases, there), FlashStatus::solved);
+                EXPECT_NEAR(there.vaporFraction, fraction, 1e-3) << temperature << " K, " << result.pressure << " Pa";
+            }
+    EXPECT_GT(found, 100);
+}
+
 // Carbon dioxide with hydrocarbons and water: where the vapor vanishes at 97.4 bar the liquid beside the water is so
 // thin that it is called vapor from there on.
 TEST(ThreePhases, HaveBubblePointsWhereTheLiquidIsCalledVaporBeyond)
