@@ -132,7 +132,8 @@ constexpr FlashLimits flashLimitsOf(FlashVariable condition)
 // What a feed becomes: at most one vapor and two liquids. Of two liquids the second is the one richer in water, where
 // the model has water and the two differ in it, otherwise the denser one. Where only one liquid is allowed but two
 // would form, the less dense one stands for the vapor, as far as it can: where its equation has a vapor root, too, it
-// cannot. So the values that a mixture holds can jump there.
+// cannot, and the answer is the best of a vapor with a liquid and of one phase. So the values that a mixture holds can
+// jump there.
 struct FlashResult {
     double temperature; // K
     double pressure;    // Pa

@@ -1,6 +1,7 @@
 #include "tests/reference/engine/phase_sweep.h"
 
 #include "reference/engine/equilibrium/flash_tp.h"
+#include "reference/engine/flash/flash.h"
 #include "reference/engine/phase/phase_evaluation.h"
 #include "tests/reference/engine/mixtures.h"
 #include "tests/reference/engine/phase_judge.h"
@@ -106,6 +107,23 @@ TEST(StablePhases, AreThoseThatAreAllowed)
               FlashStatus::otherPhases);
 }
 
+// Two liquids where only one may be: the less dense one has the vapor's name, unless its equation has a vapor, too:
+// then there is that, which is not stable.
+TEST(StablePhases, HaveALiquidStandForTheVaporWhereOneLiquidIsAllowed)
+{
+    const MixtureModel model = modelOf({"n-hexane", "water"});
+    const std::vector<double> z = {0.4, 0.6};
+    FlashResult result;
+    ASSERT_EQ(flashTP(model, 300.0, 50e5, z, FlashPhases::vaporAndLiquid, result), FlashStatus::solved);
+    ASSERT_TRUE(result.vaporPresent && result.liquidPresent);
+    EXPECT_GT(result.vapor[0], 0.9);
+    EXPECT_GT(result.liquid[1], 0.99);
+    ASSERT_EQ(flashTP(model, 300.0, 2e5, z, FlashPhases::vaporAndLiquid, result), FlashStatus::solved);
+    ASSERT_TRUE(result.vaporPresent && result.liquidPresent);
+    constexpr double pressureOfWater = 3.54e3;                                        // at 300 K, Pa
+    EXPECT_NEAR(result.vapor[1], pressureOfWater / 2e5, 0.3 * pressureOfWater / 2e5); // a liquid has a thirtieth
+}
+
 // Where no vapor is allowed none of several phases is one by its density: that would be another flash's answer by a
 // false name.
 TEST(StablePhases, AreNoGasWhereOnlyLiquidsAreAllowed)
@@ -159,7 +177,27 @@ TEST(StablePhases, AreRefusedWhereTheyAreFour)
     constexpr double temperature = 432.58870917105526;
     constexpr double pressure = 4342791.9728567665;
     EXPECT_EQ(judge(model, temperature, pressure, z).phases.size(), 4U);
+    const FlashRequest request{{FlashVariable::temperature, temperature}, {FlashVariable::pressure, pressure}};
     FlashResult result;
-    EXPECT_EQ(flashTP(model, temperature, pressure, z, FlashPhases::vaporAndTwoLiquids, result),
-              FlashStatus::otherPhases);
+    FlashReason reason{};
+    EXPECT_EQ(flash(model, request, z, result, reason), FlashStatus::otherPhases);
+    EXPECT_STREQ(reason.data(),
+                 "At 432.589 K and 4.34279e+06 Pa other phases are stable than the ones that the flash may use");
+}
+
+TEST(FeedFamilies, HaveFeedsNextToABoundaryOfPhases)
+{
+    const auto boundaries = std::ranges::find(feedFamilies(), std::string("boundaries"), &FeedFamily::name);
+    int beside = 0;
+    for (std::uint64_t seed = 1; seed <= 100; ++seed) {
+        const FeedCase feed = boundaries->make(seed);
+        const auto phasesAt = [&](double pressure) {
+            FlashResult result;
+            const FlashStatus status =
+                flashTP(*feed.model, feed.temperature, pressure, feed.z, FlashPhases::vaporAndTwoLiquids, result);
+            return status == FlashStatus::solved ? result.phaseCount() : 0;
+        };
+        beside += phasesAt(0.98 * feed.pressure) != phasesAt(1.02 * feed.pressure) ? 1 : 0;
+    }
+    EXPECT_GE(beside, 80);
 }
