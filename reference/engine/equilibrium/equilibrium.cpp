@@ -6,10 +6,8 @@
 
 namespace reference {
 
-namespace {
-
 // A phase of a result, with what it holds.
-struct HeldPhase {
+struct Equilibrium::HeldPhase {
     PhaseProperties properties;
     double amount;
 };
@@ -17,18 +15,18 @@ struct HeldPhase {
 // What the moles that move between phases add to the slopes. With g the difference of the logarithms of the fugacities
 // along each move, v the moles that move and M = dg/dv, the mixture in equilibrium has dv = -M^-1 dg; and the partial
 // molar enthalpies and volumes differ by -R T^2 dg/dT and R T dg/dP.
-void addTransfer(const Feed &feed, const Isotherm &isotherm, int count, const HeldPhase *phases, Totals &totals)
+void Equilibrium::addTransfer(const Feed &feed, const Isotherm &isotherm, int count, const HeldPhase *held)
 {
     PhaseView views[maximumPhases];
     for (int k = 0; k < count; ++k)
-        views[k] = {phases[k].amount, &phases[k].properties.fractions, &phases[k].properties.state};
+        views[k] = {held[k].amount, &held[k].properties.fractions, &held[k].properties.state};
     SplitCurvature curvature(feed.model, isotherm, count, views);
     MoveArray byT;
     MoveArray byP;
     for (int a = 0; a < curvature.size(); ++a) {
         const SplitCurvature::Move &move = curvature.move(a);
-        const PhaseSlopes &to = phases[move.to].properties.slopes;
-        const PhaseSlopes &from = phases[move.from].properties.slopes;
+        const PhaseSlopes &to = held[move.to].properties.slopes;
+        const PhaseSlopes &from = held[move.from].properties.slopes;
         byT[a] = move.scale * (to.lnPhiByT[move.compound] - from.lnPhiByT[move.compound]);
         byP[a] = move.scale * (to.lnPhiByP[move.compound] - from.lnPhiByP[move.compound]);
     }
@@ -48,13 +46,27 @@ void addTransfer(const Feed &feed, const Isotherm &isotherm, int count, const He
     totals.heatCapacity += thermal * isotherm.temperature * TT;
     totals.volumeByT -= thermal * TP;
     totals.volumeByP -= thermal * PP;
-}
 
-} // namespace
+    if (!phases.vaporPresent)
+        return;
+    constexpr int vapor = 0; // the first of the phases
+    const double weight = feed.model.molecularWeight(feed.z);
+    for (int a = 0; a < curvature.size(); ++a) {
+        const SplitCurvature::Move &move = curvature.move(a);
+        if (move.to != vapor && move.from != vapor)
+            continue;
+        const double moles = move.to == vapor ? -move.scale : move.scale;
+        const double mass = moles * feed.model.compounds[move.compound].molecularWeight / weight;
+        vaporMoles.byT += moles * movedByT[a];
+        vaporMoles.byP += moles * movedByP[a];
+        vaporMass.byT += mass * movedByT[a];
+        vaporMass.byP += mass * movedByP[a];
+    }
+}
 
 FlashStatus flashAt(const Feed &feed, const FlashSpecification &one, double other, FlashResult &result)
 {
-    const auto [temperature, pressure] = conditionsOf(one, other);
+    const auto [temperature, pressure] = bothConditions(one, other);
     return flashTP(feed.model, temperature, pressure, feed.fractions(), feed.phases, result);
 }
 
@@ -73,6 +85,7 @@ void Equilibrium::findTotals(const Feed &feed)
     int count = 0;
     bool vanishing = false;
     totals = Totals{};
+    vaporMoles = vaporMass = {};
     totals.temperature = phases.temperature;
     totals.pressure = phases.pressure;
     const auto take = [&](bool present, double amount, const CompoundArray &fractions, Root root) {
@@ -89,7 +102,7 @@ void Equilibrium::findTotals(const Feed &feed)
     take(phases.liquidPresent, phases.liquidFraction, phases.liquid, Root::liquid);
     take(phases.liquid2Present, phases.liquid2Fraction, phases.liquid2, Root::liquid);
     if (count > 1 && !vanishing) // otherwise there are no slopes
-        addTransfer(feed, isotherm, count, held, totals);
+        addTransfer(feed, isotherm, count, held);
 }
 
 } // namespace reference

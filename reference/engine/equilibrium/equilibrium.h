@@ -22,11 +22,23 @@ struct Equilibrium {
     FlashResult phases;
     Totals totals;
 
+    // How the part that is vapor grows with the temperature and with the pressure, where there is more than vapor.
+    struct Growth {
+        double byT = 0.0; // 1/K
+        double byP = 0.0; // 1/Pa
+    };
+    Growth vaporMoles;
+    Growth vaporMass;
+
     // Finds the phases at a temperature and pressure, and fills all when they are found.
     FlashStatus find(const Feed &feed, double temperature, double pressure);
 
     // Fills the rest from the phases, of which there must be something.
     void findTotals(const Feed &feed);
+
+private:
+    struct HeldPhase;
+    void addTransfer(const Feed &feed, const Isotherm &isotherm, int count, const HeldPhase *held);
 };
 
 } // namespace reference

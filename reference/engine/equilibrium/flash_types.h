@@ -51,7 +51,7 @@ struct FlashConditions {
 };
 
 // From one of them and the value of the other.
-constexpr FlashConditions conditionsOf(const FlashSpecification &one, double other)
+constexpr FlashConditions bothConditions(const FlashSpecification &one, double other)
 {
     if (one.variable == FlashVariable::temperature)
         return {one.value, other};

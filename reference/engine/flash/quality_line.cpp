@@ -2,6 +2,7 @@
 
 #include "reference/engine/flash/line_sample.h"
 #include "reference/engine/flash/quality_estimate.h"
+#include "reference/engine/flash/quality_newton.h"
 #include "reference/engine/flash/quality_search.h"
 #include "reference/engine/flash/quality_value.h"
 
@@ -43,7 +44,9 @@ public:
         bool started = isCondition(other.variable) && startAt(other, start.point);
         if (started && offer(start.point))
             return LineStatus::solved;
-        if (started && offerNear(start.point))
+        FlashConditions guess;
+        if (n > 1 && isCondition(other.variable) && (started || estimate(other, guess)) &&
+            offerNear(started ? placeOf(start.point) : guess))
             return LineStatus::solved;
         for (const double pressure : {1e5, 1e3, 1e6, 1e1, 1e7})
             started = started || startAt({FlashVariable::pressure, pressure}, start.point);
@@ -51,7 +54,7 @@ public:
             started = started || startAt({FlashVariable::temperature, temperature}, start.point);
         if (started && walkBoth(start))
             return LineStatus::solved;
-        if (!haveSecondChoice && n > 1 && !isCondition(other.variable) && findByQuality(feed, fraction, other, result))
+        if (!haveSecondChoice && n > 1 && !isCondition(other.variable) && findWithMoreLiquids())
             return LineStatus::solved;
         if (!haveSecondChoice && lookAround(started))
             return LineStatus::solved;
@@ -75,6 +78,7 @@ private:
     bool haveSecondChoice = false;
     bool sawOtherType = false;
     bool sawUnstable = false;
+    FlashConditions unstable; // of the last one seen
     bool sawBoiling = false;
     struct Place {
         double lnT, lnP;
@@ -91,6 +95,16 @@ private:
             return false;
         return solvePoint(feed, point, Closing::of(fraction), Closing::of(at)) && areVaporAndLiquid(feed, point) &&
                isWithinLimits(point.totals);
+    }
+
+    bool estimate(const FlashSpecification &at, FlashConditions &conditions) const
+    {
+        TwoPhasePoint point;
+        if (!estimatePoint(feed, fraction.value, at, point))
+            return false;
+        conditions = {std::exp(point.unknowns[TwoPhasePoint::temperatureAt(n)]),
+                      std::exp(point.unknowns[TwoPhasePoint::pressureAt(n)])};
+        return true;
     }
 
     // A feed can have several lines of one vapor fraction: those of two liquids do not meet the one of boiling, and
@@ -128,7 +142,7 @@ private:
                 if (isAnswer ? offer(start.point) : !isTraced(start.point) && walkBoth(start))
                     return true;
             } else if (i > 0 && isAnswer && n > 1 && last.known && now.known &&
-                       quality.between(at, last.state, now.state) && offerFound(quality))
+                       quality.between(at, last.state, now.state) && offerState(quality.found(), quality.foundType()))
                 return true;
             last = now;
         }
@@ -155,23 +169,48 @@ private:
         return false;
     }
 
-    // Looks for a state with two liquids near one with a single one, which would split further.
-    bool offerNear(const TwoPhasePoint &point)
+    // Where a liquid would split further, the state is mostly near, and otherwise near one that is estimated.
+    bool findWithMoreLiquids()
     {
-        QualitySearch quality(feed, fraction);
-        const double guess = point.totals.value(otherCondition(other.variable));
-        return n > 1 && quality.beside(other, guess, type) && offerFound(quality);
+        SolutionType anyType = SolutionType::normal;
+        if (sawUnstable && findFractionNear(feed, fraction, other, unstable, result, anyType))
+            return true;
+        for (const double pressure : {1e5, 1e6, 1e7, 1e4}) {
+            FlashConditions guess;
+            if (estimate({FlashVariable::pressure, pressure}, guess) &&
+                findFractionNear(feed, fraction, other, guess, result, anyType))
+                return true;
+        }
+        return findByQuality(feed, fraction, other, result);
     }
 
-    bool offerFound(const QualitySearch &quality)
+    // Looks for a state with any number of liquids near a guess.
+    bool offerNear(const FlashConditions &guess)
     {
-        if (!flashLimitsOf(FlashVariable::temperature).contain(quality.found().temperature) ||
-            !flashLimitsOf(FlashVariable::pressure).contain(quality.found().pressure))
+        FlashResult state;
+        SolutionType found = SolutionType::normal;
+        if (findFractionNear(feed, fraction, other, guess, state, found) && offerState(state, found))
+            return true;
+        QualitySearch quality(feed, fraction);
+        const bool atTemperature = other.variable == FlashVariable::temperature;
+        return quality.beside(other, atTemperature ? guess.pressure : guess.temperature, type) &&
+               offerState(quality.found(), quality.foundType());
+    }
+
+    bool offerState(const FlashResult &state, SolutionType found)
+    {
+        if (!flashLimitsOf(FlashVariable::temperature).contain(state.temperature) ||
+            !flashLimitsOf(FlashVariable::pressure).contain(state.pressure))
             return false;
-        const Choice choice = choose(quality.foundType());
+        const Choice choice = choose(found);
         if (choice != Choice::none)
-            result = quality.found();
+            result = state;
         return choice == Choice::last;
+    }
+
+    static FlashConditions placeOf(const TwoPhasePoint &point)
+    {
+        return {point.totals.temperature, point.totals.pressure};
     }
 
     bool walkBoth(const LinePoint &start) { return walk(start, 1.0) || walk(start, -1.0); }
@@ -196,6 +235,7 @@ private:
             return false;
         if (!isStable(feed, point)) {
             sawUnstable = true;
+            unstable = placeOf(point);
             return false;
         }
         const Choice choice = choose(typeOf(point));

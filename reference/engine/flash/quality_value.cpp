@@ -1,5 +1,6 @@
 #include "reference/engine/flash/quality_value.h"
 
+#include "reference/engine/flash/quality_newton.h"
 #include "reference/engine/flash/quality_search.h"
 #include "reference/engine/numerics/root_search.h"
 
@@ -17,7 +18,8 @@ class QualityStates {
 public:
     QualityStates(const Feed &whole, FlashVariable condition, const FlashSpecification &vaporFraction,
                   const FlashSpecification &value, FlashResult &answer)
-        : feed(whole), along(condition), wanted(value), quality(whole, vaporFraction), result(answer)
+        : feed(whole), along(condition), fraction(vaporFraction), wanted(value), quality(whole, vaporFraction),
+          result(answer)
     {
     }
 
@@ -27,7 +29,6 @@ public:
         probed.at = at;
         if (!findOther({along, std::exp(along == FlashVariable::temperature ? -at : at)}))
             return probed;
-        result = quality.found();
         other = along == FlashVariable::temperature ? result.pressure : result.temperature;
         Equilibrium now;
         now.phases = result;
@@ -47,6 +48,7 @@ public:
 private:
     const Feed &feed;
     const FlashVariable along;
+    const FlashSpecification &fraction;
     const FlashSpecification &wanted;
     QualitySearch quality;
     FlashResult &result;
@@ -54,11 +56,16 @@ private:
 
     bool findOther(const FlashSpecification &at)
     {
-        if (other > 0.0 && quality.beside(at, other, SolutionType::unspecified))
+        SolutionType type = SolutionType::normal;
+        if (other > 0.0 && findFractionNear(feed, fraction, at, bothConditions(at, other), result, type))
             return true;
-        return along == FlashVariable::temperature
-                   ? quality.scan(at, lowestSearchPressure, highestFlashPressure, 16)
-                   : quality.scan(at, highestFlashTemperature, lowestFlashTemperature, 48);
+        const bool found = (other > 0.0 && quality.beside(at, other, SolutionType::unspecified)) ||
+                           (along == FlashVariable::temperature
+                                ? quality.scan(at, lowestSearchPressure, highestFlashPressure, 16)
+                                : quality.scan(at, highestFlashTemperature, lowestFlashTemperature, 48));
+        if (found)
+            result = quality.found();
+        return found;
     }
 };
 

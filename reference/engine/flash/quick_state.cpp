@@ -73,7 +73,7 @@ private:
     CompoundArray lnK;
     TwoPhasePoint point;
 
-    FlashConditions conditions() const { return conditionsOf(fixed, std::exp(at)); }
+    FlashConditions conditions() const { return bothConditions(fixed, std::exp(at)); }
 
     struct Value {
         double residual;

@@ -43,7 +43,7 @@ public:
     {
         Probe result;
         result.at = at;
-        const auto [temperature, pressure] = conditionsOf(fixed, std::exp(at));
+        const auto [temperature, pressure] = bothConditions(fixed, std::exp(at));
         Equilibrium &now = state.equilibrium;
         if (now.find(feed, temperature, pressure) != FlashStatus::solved) {
             findings.phasesNotFound = true;
