@@ -8,6 +8,8 @@ namespace reference {
 
 namespace {
 
+constexpr double balanced = 1e-13; // what sums of mole fractions may miss one by
+
 struct AmountSearch {
     int n;
     int count;
@@ -114,7 +116,7 @@ bool solvePhaseAmounts(int n, int count, const double *z, const CompoundArray *E
             }
         }
         if (!fell)
-            return false;
+            break;
         settled = leaving < 0;
         for (int k = 0; k < count; ++k)
             settled = settled && std::fabs(change[k]) <= std::max(1e-15, 1e-14 * now.amounts[k]);
@@ -127,8 +129,10 @@ bool solvePhaseAmounts(int n, int count, const double *z, const CompoundArray *E
                 settled = false;
             }
     }
-    if (!settled)
-        return false;
+    // Amounts of phases that are nearly one have few digits; it will do that their fractions sum to one.
+    for (int k = 0; k < count && !settled; ++k)
+        if (there[k] && !(std::fabs(now.gradient[k]) < balanced))
+            return false;
     const auto end = now.amounts.begin() + count;
     double &largest = *std::max_element(now.amounts.begin(), end);
     const double others = std::accumulate(now.amounts.begin(), end, -largest);

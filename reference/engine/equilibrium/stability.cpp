@@ -274,7 +274,7 @@ bool StabilityTest::isNearCritical() const
     if (!problem.model.isCubic() || !isOne || state.severalRoots)
         return false;
     const double volume = state.Z / state.B;
-    return volume > 2.0 && volume < 8.0;
+    return volume > 1.6 && volume < 8.0;
 }
 
 bool StabilityTest::findNext(TrialPhase &trial)
