@@ -109,7 +109,9 @@ void StabilityTest::listStarts()
         std::sort(starts.begin() + from, starts.begin() + startCount,
                   [&](const Start &a, const Start &b) { return gain[a.one] > gain[b.one]; });
     };
-    const double reach = isNearCritical() ? wideSlack : slack;
+    const bool isCritical = isNearCritical();
+    const double reach = isOne && isCritical ? wideSlack : slack;
+    arrival = isCritical ? 0.0 : nearPhase;
     for (int i = 0; i < problem.size(); ++i)
         gain[i] = setPureStart(i, reach, pureStarts[i]) ? pureStarts[i][i] : never;
     addPure(true);
@@ -123,6 +125,10 @@ void StabilityTest::listStarts()
     for (int k = 1; k < split.count; ++k)
         for (int m = 0; m < k; ++m)
             add(Start::Kind::mean, m, k);
+    for (int k = 0; k < split.count && isCritical; ++k)
+        for (int m = 0; m < split.count; ++m)
+            if (m != k)
+                add(Start::Kind::lean, m, k);
     addPure(false);
 }
 
@@ -200,7 +206,7 @@ bool StabilityTest::descend(TrialPhase &found) const
         const double before = difference;
         const auto isArriving = [&] { // at a phase that is there already
             difference = differenceFromKnown(trial.W, trial.state);
-            return difference < samePhase || (difference < nearPhase && difference < contraction * before);
+            return difference < samePhase || (difference < arrival && difference < contraction * before);
         };
         if (step < substitutions || !newtonStep(trial)) {
             if (step >= substitutions && trial.largestGradient(n) < 1e-6)
@@ -242,6 +248,11 @@ void StabilityTest::setStart(const Start &at, TrialPhase &trial) const
         for (int i = 0; i < n; ++i)
             trial.lnW[i] = std::log(split.phases[at.one].x[i] + split.phases[at.other].x[i]);
         return;
+    case Start::Kind::lean: // some of another phase in one that is about to split
+        trial.root = problem.bestRoot();
+        for (int i = 0; i < n; ++i)
+            trial.lnW[i] = std::log(0.95 * split.phases[at.one].x[i] + 0.05 * split.phases[at.other].x[i]);
+        return;
     case Start::Kind::pure:
         trial.root = Root::liquid;
         std::copy_n(pureStarts[at.one].begin(), n, trial.lnW.begin());
@@ -266,15 +277,17 @@ bool StabilityTest::setPureStart(int pure, double reach, CompoundArray &lnW) con
     return true;
 }
 
-// Whether the feed is one phase, neither like a gas nor like a liquid: by its volume over its covolume, about four at a
-// critical point.
+// Whether a phase is neither like a gas nor like a liquid: by its volume over its covolume, about four at a critical
+// point. Two phases of the same kind can be near to such a one each.
 bool StabilityTest::isNearCritical() const
 {
-    const PhaseState &state = split.phases[0].state;
-    if (!problem.model.isCubic() || !isOne || state.severalRoots)
+    if (!problem.model.isCubic())
         return false;
-    const double volume = state.Z / state.B;
-    return volume > 1.6 && volume < 8.0;
+    const auto isMiddling = [&](const SplitPhase &phase) {
+        const double volume = phase.state.Z / phase.state.B;
+        return !phase.state.severalRoots && volume > (isOne ? 1.6 : 2.0) && volume < (isOne ? 8.0 : 6.0);
+    };
+    return std::any_of(split.phases.begin(), split.phases.begin() + split.count, isMiddling);
 }
 
 bool StabilityTest::findNext(TrialPhase &trial)

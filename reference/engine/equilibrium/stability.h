@@ -23,13 +23,15 @@ private:
     CompoundArray potential; // ln x_i + ln phi_i, the same in all phases
 
     struct Start {
-        enum class Kind { wilsonVapor, wilsonLiquid, mean, pure } kind;
+        enum class Kind { wilsonVapor, wilsonLiquid, mean, lean, pure } kind;
         int one;   // phase or compound
         int other; // phase
     };
-    static constexpr int mostStarts = 2 + maximumPhases * (maximumPhases - 1) / 2 + maximumCompounds;
+    static constexpr int mostStarts = 2 + 3 * maximumPhases * (maximumPhases - 1) / 2 + maximumCompounds;
     std::array<Start, mostStarts> starts;
     std::array<CompoundArray, maximumCompounds> pureStarts; // lnW, of those that are starts
+    double arrival =
+        0.0; // difference from a phase there is, from which on a trial that comes nearer quickly ends there
     int startCount = 0;
     int nextStart = 0;
 
