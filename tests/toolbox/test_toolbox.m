@@ -125,8 +125,8 @@ end
 function the_scripts_of_the_guide_run(toolbox)
     addpath(fullfile(fileparts(mfilename('fullpath')), 'no_plots'));
     for page = {'index', 'arrays', 'basis', 'examples'}
-        text = fileread(fullfile(toolbox, '..', 'docs', 'pages', [page{1} '.html']));
-        blocks = regexp(text, '<pre>(.*?)</pre>', 'tokens');
+        text = fileread(fullfile(toolbox, '..', 'docs', 'pages', [page{1} '.md']));
+        blocks = regexp(text, '```matlab\n(.*?)```', 'tokens');
         check(~isempty(blocks), '%s has no script', page{1});
         code = strjoin([blocks{:}], '\n');
         try
@@ -139,19 +139,26 @@ function the_scripts_of_the_guide_run(toolbox)
 end
 
 function the_units_in_the_guide_are_those_of_the_library(toolbox)
-    guide = fullfile(fileparts(which('Verdanth')), 'guide'); % made beside the library
-    rows = regexp(fileread(fullfile(guide, 'properties.html')), ...
-                  '<tr><td><code>([^<]*)</code></td><td>[^<]*</td><td>([^<]*)</td><td>([^<]*)</td></tr>', 'tokens');
+    guide = fullfile(fileparts(which('Verdanth')), 'guide', 'chm'); % made beside the library
+    rows = regexp(fileread(fullfile(guide, 'properties.html')), '<tr[^>]*>\s*(<td>.*?)</tr>', 'tokens');
+    rows = cellfun(@(row) cells_of(row{1}), rows, 'UniformOutput', false);
+    rows = rows(cellfun(@numel, rows) == 4);
     check(numel(rows) == 121, 'there are %d rows', numel(rows));
     bases = {'mole', 'mass'};
     for b = 1:2
         capeOpenBasis(bases{b});
         for k = 1:numel(rows)
             unit = capeOpenPropUnit(rows{k}{1});
-            check(strcmp(unit, rows{k}{1 + b}) || isempty(unit) && strcmp(rows{k}{1 + b}, 'none'), ...
+            check(strcmp(unit, rows{k}{2 + b}) || isempty(unit) && strcmp(rows{k}{2 + b}, 'none'), ...
                   '%s basis: %s is in "%s"', bases{b}, rows{k}{1}, unit);
         end
     end
+end
+
+% The texts in a row of a table of HTML.
+function texts = cells_of(row)
+    cells = regexp(row, '<td>(.*?)</td>', 'tokens');
+    texts = cellfun(@(cell) regexprep(cell{1}, '<[^>]*>|\n', ''), cells, 'UniformOutput', false);
 end
 
 function the_words_of_errors_arrive_unchanged_and_stand_in_the_help(toolbox)
