@@ -17,6 +17,7 @@ extensions = ["myst_parser", "sphinxcontrib.htmlhelp", "function_pages", "guide_
               "matlab_contents", "scripts_of_pages", "version_in_text"]
 myst_enable_extensions = ["deflist"]
 nitpicky = True
+exclude_patterns = ["CHANGELOG.md"]  # a part of releases.md
 # Messages are quoted letter by letter, so that quotation marks and dashes stay as they are.
 smartquotes = False
 highlight_language = "text"
@@ -24,6 +25,7 @@ highlight_language = "text"
 html_title = f"Verdanth {version}"
 html_copy_source = False
 html_show_copyright = False
+html_show_sphinx = False
 htmlhelp_basename = "Verdanth"
 if tags.has("chm"):  # pylint: disable=undefined-variable  # Sphinx provides it
     html_theme = "basic"

@@ -12,7 +12,7 @@ rm -rf sources read html chm
 
 # A function's help text is the source of its page.
 mkdir sources
-cp "$docs"/pages/*.md "$docs"/images/*.png "$docs"/../toolbox/capeOpen*.m sources
+cp "$docs"/pages/*.md "$docs"/images/*.png "$docs"/../CHANGELOG.md "$docs"/../toolbox/capeOpen*.m sources
 for class in "$docs"/../toolbox/+capeopen/*.m; do cp "$class" "sources/capeopen.$(basename "$class")"; done
 
 # What was read is kept for the second time. A warning, such as one of a link that leads nowhere, is an error.

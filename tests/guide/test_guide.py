@@ -5,6 +5,7 @@ GUIDE is the folder with the pages in html/ and in chm/, where Verdanth.chm is, 
 
 import filecmp
 import functools
+import itertools
 import os
 import pathlib
 import re
@@ -18,6 +19,7 @@ from pages import Page
 
 SECTIONS = ("See", "Arguments:", "Properties:", "Methods:", "Results:", "Errors:", "Warnings:", "Example:")
 WITHOUT_A_SOURCE = {"genindex.html", "search.html"}  # which Sphinx makes by itself
+ADDED = r"\.\.\.|^CAPE-OPEN: |^PPM? |, at | Pa, | K: "  # what the library puts around the texts in its sources
 
 
 def files_below(folder):
@@ -136,6 +138,15 @@ class Guide(unittest.TestCase):
                 for name in names - {pathlib.Path("chmcmd.log")}:
                     self.assertTrue(filecmp.cmp(made / name, again / name, shallow=False), name)
 
+    def test_every_message_in_the_guide_is_in_the_sources(self):
+        said = texts_in_the_sources()
+        page = (SOURCE / "docs/pages/errors.md").read_text(encoding="ascii")
+        terms = [line for line, below in itertools.pairwise(page.splitlines()) if below.startswith(": ")]
+        messages = [message for term in terms for message in re.findall("`([^`]+)`", term)]
+        self.assertGreater(len(messages), 50)
+        unsaid = [message for message in messages for part in re.split(ADDED, message) if part.strip(" :,") not in said]
+        self.assertEqual(unsaid, [])
+
     def test_every_property_has_its_row(self):
         tables, rows = [], None
         for row in self.pages["properties.html"].rows:
@@ -159,6 +170,13 @@ class Guide(unittest.TestCase):
         self.assertIn(("diffusionCoefficient", "pairs of compounds", "m2 / s", "m2 / s"), single)
         self.assertEqual(pair, [("kvalue", "each compound", "none", "none"), ("logKvalue", "each compound", "none", "none"),
                                 ("surfaceTension", "one value", "N m", "N m")])
+
+
+def texts_in_the_sources():
+    """What the library and the functions say: the texts in their sources, those joined that stand behind each other."""
+    folders = ("gateway", "commands", "packages", "properties", "material", "cape", "relay", "platform")
+    code = "".join(path.read_text(encoding="utf-8") for folder in folders for path in sorted((SOURCE / folder).rglob("*.cpp")))
+    return "\n".join(re.findall(r'"((?:[^"\\\n]|\\.)*)"', re.sub(r'"\s+"', "", code))).replace('\\"', '"')
 
 
 def version_of_project():

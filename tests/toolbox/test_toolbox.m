@@ -124,18 +124,36 @@ end
 % The scripts in the pages of the guide, one after the other.
 function the_scripts_of_the_guide_run(toolbox)
     addpath(fullfile(fileparts(mfilename('fullpath')), 'no_plots'));
-    for page = {'index', 'arrays', 'basis', 'examples'}
-        text = fileread(fullfile(toolbox, '..', 'docs', 'pages', [page{1} '.md']));
-        blocks = regexp(text, '```matlab\n(.*?)```', 'tokens');
-        check(~isempty(blocks), '%s has no script', page{1});
-        code = strjoin([blocks{:}], '\n');
-        try
-            evalc(code);
-        catch problem
-            error('the script of %s fails: %s', page{1}, problem.message);
-        end
-        check(isempty(capeOpenHandleList()), '%s leaves a package open', page{1});
+    for page = {'index', 'arrays', 'basis', 'examples', 'package', 'results', 'places', 'parallel'}
+        run_script(page{1}, script_of(toolbox, page{1}));
     end
+end
+
+% The page on pictures draws and saves them. Another device makes the same without Ghostscript.
+function the_pictures_of_the_guide_are_saved(toolbox)
+    graphics_toolkit('gnuplot');
+    set(0, 'DefaultFigureVisible', 'off');
+    warning('off', 'all');
+    code = strrep(script_of(toolbox, 'pictures'), '''-dpng''', '''-dpngcairo''');
+    saved = strrep(code, 'delete(file)', 'sizes(end + 1) = stat(file).size; delete(file)');
+    run_script('pictures', ['sizes = []; ' saved 'check(numel(sizes) == 2 && all(sizes > 1000), ''%d'', sizes);']);
+    close all
+end
+
+function code = script_of(toolbox, page)
+    text = fileread(fullfile(toolbox, '..', 'docs', 'pages', [page '.md']));
+    blocks = regexp(text, '```matlab\n(.*?)```', 'tokens');
+    check(~isempty(blocks), '%s has no script', page);
+    code = strjoin([blocks{:}], '\n');
+end
+
+function run_script(page, code)
+    try
+        evalc(code);
+    catch problem
+        error('the script of %s fails: %s', page, problem.message);
+    end
+    check(isempty(capeOpenHandleList()), '%s leaves a package open', page);
 end
 
 function the_units_in_the_guide_are_those_of_the_library(toolbox)
