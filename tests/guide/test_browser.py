@@ -1,7 +1,7 @@
 """The pages of the guide in a browser without a window:  test_browser.py TEST GUIDE
 
 GUIDE is the folder with the pages. The browser gets them from a server of this process where a script has to look into
-them, and as files, as readers open them, everywhere else.
+them, and as files, as readers open them, everywhere else. Without a browser on this machine the test ends with 77.
 """
 
 import functools
@@ -34,10 +34,9 @@ class Handler(http.server.SimpleHTTPRequestHandler):
 
 def browse(address, *options):
     """The page as it is after its scripts have run."""
-    browser = next(filter(None, map(shutil.which, BROWSERS)))
     with tempfile.TemporaryDirectory() as profile:
         # Without its sandbox, which root and many containers have not got: the pages are our own.
-        done = subprocess.run([browser, "--headless", "--no-sandbox", "--disable-gpu", "--disable-dev-shm-usage",
+        done = subprocess.run([BROWSER, "--headless", "--no-sandbox", "--disable-gpu", "--disable-dev-shm-usage",
                                f"--user-data-dir={profile}", "--virtual-time-budget=60000", "--dump-dom", *options, address],
                               check=True, text=True, timeout=120, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                               stderr=subprocess.DEVNULL)
@@ -84,5 +83,9 @@ class Browser(unittest.TestCase):
 
 if __name__ == "__main__":
     TEST, GUIDE = sys.argv[1], pathlib.Path(sys.argv[2]).resolve()
+    BROWSER = next(filter(None, map(shutil.which, BROWSERS)), None)
+    if not BROWSER:
+        print("None of these is there:", *BROWSERS)
+        sys.exit(77)
     outcome = unittest.TextTestRunner().run(Browser("test_" + TEST))
     sys.exit(not outcome.wasSuccessful())
