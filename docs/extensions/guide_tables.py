@@ -4,6 +4,7 @@ import pathlib
 import sys
 
 from docutils import nodes
+from sphinx import addnodes
 from sphinx.util.docutils import SphinxDirective
 
 from function_pages import link_to
@@ -61,17 +62,18 @@ class ExampleTable(SphinxDirective):
 
 
 class PropertyTable(SphinxDirective):
-    """The properties of the kind that is the argument, with their units."""
+    """The properties of the kind that is the argument, with their units. The index has their names."""
 
     required_arguments = 1
 
     def run(self):
-        rows = []
-        for row in vocabulary():
-            if row["kind"] == self.arguments[0]:
-                units = [nodes.Text(row[unit] or "none") for unit in ("mole_unit", "mass_unit")]
-                rows.append((literal(row["name"]), nodes.Text(SHAPES[row["dimensions"]]), *units))
-        return [table(rows, ("name", "values", "unit, mole basis", "unit, mass basis"))]
+        properties = [row for row in vocabulary() if row["kind"] == self.arguments[0]]
+        anchor = self.arguments[0] + "-names"
+        names = addnodes.index(entries=[("single", row["name"].strip(), anchor, "", None) for row in properties])
+        rows = [(literal(row["name"]), nodes.Text(SHAPES[row["dimensions"]]),
+                 *(nodes.Text(row[unit] or "none") for unit in ("mole_unit", "mass_unit"))) for row in properties]
+        return [names, nodes.target("", "", ids=[anchor]),
+                table(rows, ("name", "values", "unit, mole basis", "unit, mass basis"))]
 
 
 def setup(app):
