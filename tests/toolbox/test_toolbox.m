@@ -136,7 +136,7 @@ function the_pictures_of_the_guide_are_saved(toolbox)
     warning('off', 'all');
     code = strrep(script_of(toolbox, 'pictures'), '''-dpng''', '''-dpngcairo''');
     saved = strrep(code, 'delete(file)', 'sizes(end + 1) = stat(file).size; delete(file)');
-    run_script('pictures', ['sizes = []; ' saved 'check(numel(sizes) == 2 && all(sizes > 1000), ''%d'', sizes);']);
+    run_script('pictures', ['sizes = []; ' saved 'check(numel(sizes) == 2 && all(sizes > [1000, 200]), ''%d '', sizes);']);
     close all
 end
 
