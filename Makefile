@@ -8,6 +8,7 @@ help:
 	@echo "make soak     CALLS=n mixed calls in one process, natively and under Wine; a million without a number"
 	@echo "make coverage the lines of the library that the native tests reach, into build/linux-coverage/coverage"
 	@echo "make fuzz     looks for input that breaks something, MINUTES=1 of processor time for each target of fuzz/"
+	@echo "make guide    the user guide, into build/linux/guide"
 	@echo "make plots    draws the plots of the user guide anew"
 	@echo "make dist     what ships, packed into dist/"
 	@echo "make check-dist  whether what ships has the same bytes when it is made again"
@@ -47,6 +48,11 @@ fuzz:
 	@scripts/bootstrap.sh fuzz
 	@scripts/fuzz.sh $(MINUTES)
 
+guide:
+	@scripts/bootstrap.sh
+	@cmake --preset linux >/dev/null
+	@cmake --build --preset linux --target guide
+
 plots:
 	@scripts/bootstrap.sh
 	@scripts/plots.sh
@@ -75,4 +81,4 @@ clean:
 	@[ ! -d build/wine ] || scripts/wine.sh --kill
 	@rm -rf build dist
 
-.PHONY: help demo test check bench soak coverage fuzz plots dist check-dist format lint lint-all clean
+.PHONY: help demo test check bench soak coverage fuzz guide plots dist check-dist format lint lint-all clean

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Compiles the project that docs/build.py made into Verdanth.chm, with the same bytes whenever the pages are the same.
+# Compiles the project that Sphinx made into Verdanth.chm, with the same bytes whenever the pages are the same.
 #
 #   docs/compile_chm.sh FOLDER
 set -eu

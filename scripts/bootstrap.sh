@@ -21,6 +21,9 @@ any_of() {
 }
 
 fuzzer_headers() { find /usr/lib/llvm-*/lib/clang /usr/lib/clang -name FuzzedDataProvider.h | grep .; }
+# It has browsers as snaps alone; where there is none, the tests that look at the guide with one are skipped.
+ubuntu() { grep -qs '^ID=ubuntu' /etc/os-release; }
+debian_module() { test -d "/usr/lib/python3/dist-packages/$1"; }
 octave_package() { find /usr/share/octave/packages -maxdepth 1 -name "$1-*" | grep .; }
 
 need make program make
@@ -37,6 +40,11 @@ need wine64-tools program widl
 need libwine-dev test -f /usr/include/wine/wine/windows/oaidl.idl
 need util-linux program flock
 need python3 program python3
+need python3-sphinx program sphinx-build
+need python3-sphinxcontrib.htmlhelp debian_module sphinxcontrib/htmlhelp
+need python3-myst-parser debian_module myst_parser
+need furo debian_module furo
+ubuntu || need chromium any_of chromium chromium-browser google-chrome google-chrome-stable
 need fp-utils program chmcmd
 need libchm-bin program extract_chmLib
 need strace program strace

@@ -52,6 +52,53 @@ class Examples(unittest.TestCase):
         self.assertTrue(35 < capacity < 41, capacity)
         self.assertTrue(200 < gas < 300)
 
+    def test_valve(self):
+        before, high, behind, low = numbers_in(r"gas of ([\d.]+) K and ([\d.]+) bar: ([\d.]+) K behind the valve at ([\d.]+) bar",
+                                               self.text)
+        # Joule-Thomson coefficients of such gases there are 0.4 to 0.7 K/bar.
+        self.assertTrue(0.4 < (before - behind) / (high - low) < 0.7)
+        self.assertLess(numbers_in(r"balance is off by ([\d.e+-]+) J/mol", self.text)[0], 1e-6)
+        boiling, vapor = numbers_in(r"propane of 300 K: ([\d.]+) K at one atmosphere, and ([\d.]+) % of it vapor", self.text)
+        # What the liquid gives as it cools goes into vapor: published heat capacities of boiling propane from 231 to 300 K
+        # are 2.43 kJ/(kg K) on average, its heat of vaporization at the normal boiling point, 231.04 K, is 425.4 kJ/kg.
+        self.assertAlmostEqual(boiling, 231.04, delta=0.3)
+        self.assertAlmostEqual(vapor / 100, 2.43 * (300 - 231.04) / 425.4, delta=0.015)
+
+    def test_flashCascade(self):
+        drums = [[float(number) for number in row] for row in re.findall(r"(?m)^ +\d +([\d.]+) +([\d.]+) +([\d.]+) +-?\d+$", self.text)]
+        self.assertEqual(len(drums), 3)
+        left = 1
+        for _, gas, liquid in drums:
+            self.assertAlmostEqual(gas + liquid, left, delta=2e-4)
+            left = liquid
+        self.assertLess(numbers_in(r"off by more than ([\d.e+-]+)", self.text)[0], 1e-12)
+        self.assertLess(numbers_in(r"says of the whole, within ([\d.e+-]+) J/mol", self.text)[0], 1e-6)
+        # Raoult's law: pentane's vapor pressure at 298.15 K is 68.3 kPa, and at one atmosphere little adds to it.
+        gas, liquid = numbers_in(r"n-pentane in the last drum: ([\d.]+) of the gas, ([\d.]+) of the liquid", self.text)
+        self.assertAlmostEqual(gas / liquid * 101.325 / 68.3, 1, delta=0.06)
+        # The rule of thumb for the drum in the middle: the same ratio of pressures above it and below it.
+        feed, three, one = numbers_in(r"of ([\d.]+) g of feed ([\d.]+) g stay liquid in three steps, ([\d.]+) g in one", self.text)
+        most, best = numbers_in(r"most, ([\d.]+) g, stays liquid with ([\d.]+) bar", self.text)
+        self.assertTrue(one < three < most < feed)
+        self.assertTrue(1 / 1.5 < best / math.sqrt(drums[0][0] * drums[2][0]) < 1.5)
+
+    def test_waterDewPoint(self):
+        rows = {float(row[0]): [float(number) for number in row[1:]]
+                for row in re.findall(r"(?m)^ +(\d+)" + 3 * r" +(\d+) \( *(\d+)\)" + "$", self.text)}
+        self.assertEqual(sorted(rows), list(range(275, 325, 5)))
+        # Bukacek's correlation with vapor pressures from steam tables. The equation gives a seventh to a quarter less.
+        for kelvin, vapor_pressure in ((280, 991.8), (300, 3536.8), (320, 10546)):
+            rest = 10 ** (6.69449 - 3083.87 / (459.6 + (kelvin - 273.15) * 1.8 + 32)) / 47484
+            for bar, content, measured in zip((20, 60, 100), rows[kelvin][::2], rows[kelvin][1::2]):
+                expected = 1e6 * (vapor_pressure / (1e5 * bar) + rest)
+                self.assertAlmostEqual(measured / expected, 1, delta=0.01)
+                self.assertTrue(0.7 < content / expected < 0.95, (kelvin, bar))
+        # The dew point of a gas is where it is saturated.
+        parts, dew, water = numbers_in(r"with (\d+) parts per million .* at ([\d.]+) K, and is ([\d.]+) % water", self.text)
+        low, high = rows[300][2], rows[305][2]
+        self.assertAlmostEqual(dew, 300 + 5 * math.log(parts / low) / math.log(high / low), delta=0.15)
+        self.assertGreater(water, 99.9)
+
     def test_compressor(self):
         least, work, efficiency = numbers_in(r"bar: (\d+) J/mol without losses, (\d+) J/mol with an efficiency of ([\d.]+)", self.text)
         # An isentrope's enthalpy rises by the integral of the volume over the pressure.

@@ -124,34 +124,59 @@ end
 % The scripts in the pages of the guide, one after the other.
 function the_scripts_of_the_guide_run(toolbox)
     addpath(fullfile(fileparts(mfilename('fullpath')), 'no_plots'));
-    for page = {'index', 'arrays', 'basis', 'examples'}
-        text = fileread(fullfile(toolbox, '..', 'docs', 'pages', [page{1} '.html']));
-        blocks = regexp(text, '<pre>(.*?)</pre>', 'tokens');
-        check(~isempty(blocks), '%s has no script', page{1});
-        code = strjoin([blocks{:}], '\n');
-        try
-            evalc(code);
-        catch problem
-            error('the script of %s fails: %s', page{1}, problem.message);
-        end
-        check(isempty(capeOpenHandleList()), '%s leaves a package open', page{1});
+    for page = {'index', 'arrays', 'basis', 'examples', 'package', 'results', 'places', 'parallel'}
+        run_script(page{1}, script_of(toolbox, page{1}));
     end
 end
 
+% The page on pictures draws and saves them. Another device makes the same without Ghostscript.
+function the_pictures_of_the_guide_are_saved(toolbox)
+    graphics_toolkit('gnuplot');
+    set(0, 'DefaultFigureVisible', 'off');
+    warning('off', 'all');
+    code = strrep(script_of(toolbox, 'pictures'), '''-dpng''', '''-dpngcairo''');
+    saved = strrep(code, 'delete(file)', 'sizes(end + 1) = stat(file).size; delete(file)');
+    run_script('pictures', ['sizes = []; ' saved 'check(numel(sizes) == 2 && all(sizes > [1000, 200]), ''%d '', sizes);']);
+    close all
+end
+
+function code = script_of(toolbox, page)
+    text = fileread(fullfile(toolbox, '..', 'docs', 'pages', [page '.md']));
+    blocks = regexp(text, '```matlab\n(.*?)```', 'tokens');
+    check(~isempty(blocks), '%s has no script', page);
+    code = strjoin([blocks{:}], '\n');
+end
+
+function run_script(page, code)
+    try
+        evalc(code);
+    catch problem
+        error('the script of %s fails: %s', page, problem.message);
+    end
+    check(isempty(capeOpenHandleList()), '%s leaves a package open', page);
+end
+
 function the_units_in_the_guide_are_those_of_the_library(toolbox)
-    guide = fullfile(fileparts(which('Verdanth')), 'guide'); % made beside the library
-    rows = regexp(fileread(fullfile(guide, 'properties.html')), ...
-                  '<tr><td><code>([^<]*)</code></td><td>[^<]*</td><td>([^<]*)</td><td>([^<]*)</td></tr>', 'tokens');
+    guide = fullfile(fileparts(which('Verdanth')), 'guide', 'chm'); % made beside the library
+    rows = regexp(fileread(fullfile(guide, 'properties.html')), '<tr[^>]*>\s*(<td>.*?)</tr>', 'tokens');
+    rows = cellfun(@(row) cells_of(row{1}), rows, 'UniformOutput', false);
+    rows = rows(cellfun(@numel, rows) == 4);
     check(numel(rows) == 121, 'there are %d rows', numel(rows));
     bases = {'mole', 'mass'};
     for b = 1:2
         capeOpenBasis(bases{b});
         for k = 1:numel(rows)
             unit = capeOpenPropUnit(rows{k}{1});
-            check(strcmp(unit, rows{k}{1 + b}) || isempty(unit) && strcmp(rows{k}{1 + b}, 'none'), ...
+            check(strcmp(unit, rows{k}{2 + b}) || isempty(unit) && strcmp(rows{k}{2 + b}, 'none'), ...
                   '%s basis: %s is in "%s"', bases{b}, rows{k}{1}, unit);
         end
     end
+end
+
+% The texts in a row of a table of HTML.
+function texts = cells_of(row)
+    cells = regexp(row, '<td>(.*?)</td>', 'tokens');
+    texts = cellfun(@(cell) regexprep(cell{1}, '<[^>]*>|\n', ''), cells, 'UniformOutput', false);
 end
 
 function the_words_of_errors_arrive_unchanged_and_stand_in_the_help(toolbox)
