@@ -20,6 +20,7 @@
 %   capeOpenFlashPropList       - List what a flash can be specified by.
 %
 % Calculations
+%   capeOpenComposition         - A composition from names and amounts of compounds.
 %   capeOpenConstant            - A constant of all compounds.
 %   capeOpenTDependentProp      - Temperature-dependent properties of all compounds.
 %   capeOpenPDependentProp      - Pressure-dependent properties of all compounds.

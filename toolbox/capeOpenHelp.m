@@ -21,5 +21,9 @@ function varargout = capeOpenHelp(varargin)
 %     end
 %
 %   See also capeOpenVersion.
-[varargout{1:nargout}] = Verdanth(28, varargin{:});
+try
+    [varargout{1:nargout}] = Verdanth(28, varargin{:});
+catch problem
+    [varargout{1:nargout}] = callAgain(problem, mfilename(), varargin, @(given) Verdanth(28, given{:}));
+end
 end

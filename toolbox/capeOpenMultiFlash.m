@@ -18,7 +18,8 @@ function varargout = capeOpenMultiFlash(varargin)
 %             its values, double N-by-1 or scalar
 %     solution
 %             which of several solutions is wanted: 'Unspecified', 'Normal',
-%             'Retrograde' or another word that the package knows
+%             'Retrograde' or another word that the package knows. It may be
+%             left out.
 %     names   what to report: names that capeOpenFlashPropList gives, as a
 %             text with blanks between the names, or a cell array of texts
 %
@@ -63,6 +64,13 @@ function varargout = capeOpenMultiFlash(varargin)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenFlash, capeOpenFlashPropList, capeOpenWarnings, capeOpenBasis.
-values = Verdanth(25, varargin{1:min(end, 7)}, nargout, varargin{8:end});
+varargin = libraryArguments(withSolution(varargin, 7));
+count = nargout;
+call = @(given) Verdanth(25, given{1:min(end, 7)}, count, given{8:end});
+try
+    values = call(varargin);
+catch problem
+    values = callAgain(problem, mfilename(), varargin, call);
+end
 varargout = values.';
 end

@@ -53,6 +53,16 @@ function varargout = capeOpenTwoPhaseProp(varargin)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenTwoPhasePropList, capeOpenSinglePhaseProp, capeOpenPhaseList.
-values = Verdanth(23, nargout, varargin{:});
+persistent inOctave
+if inOctave % the library refuses there what it can not read
+else
+    [varargin, inOctave] = libraryArguments(varargin);
+end
+try
+    values = Verdanth(23, nargout, varargin{:});
+catch problem
+    wanted = nargout;
+    values = callAgain(problem, mfilename(), varargin, @(given) Verdanth(23, wanted, given{:}));
+end
 varargout = values.';
 end

@@ -32,7 +32,7 @@ classdef Package < handle
 %              (in Pa). Without a result it shows a table.
 %     multiflash(Z, name1, values1, name2, values2, solution, names)
 %              as capeOpenMultiFlash; solution may be left out
-%     single(names, T, P, X, phase)
+%     single(names, T, P, X, phase, failing)
 %              as capeOpenSinglePhaseProp
 %     twophase(names, T, P, X1, X2, phase1, phase2)
 %              as capeOpenTwoPhaseProp
@@ -80,7 +80,11 @@ classdef Package < handle
 
     methods
         function self = Package(manager, package)
-            if nargin < 2
+            if nargin < 1
+                error('Verdanth:error', ['capeopen.Package(manager, package) opens a package of a manager, and ' ...
+                                         'capeopen.Package(name) a stand-alone package; there are "%s"'], ...
+                      strjoin(capeOpenManagerList().', '", "'));
+            elseif nargin < 2
                 package = '';
             end
             before = capeOpenHandleList();
@@ -91,8 +95,12 @@ classdef Package < handle
         end
 
         function delete(self)
-            self.guard = [];
-            self.Handle = int32(-1);
+            try
+                self.guard = [];
+                self.Handle = int32(-1);
+            catch
+                % Octave has forgotten after 'clear functions' that these are the object's own; the library is gone then
+            end
         end
 
         function text = get.Name(self)
@@ -132,16 +140,10 @@ classdef Package < handle
         end
 
         function varargout = multiflash(self, varargin)
-            if numel(varargin) == 6
-                varargin = [varargin(1:5), {'Unspecified'}, varargin(6)];
-            end
             [varargout{1:max(nargout, 1)}] = capeOpenMultiFlash(self.Handle, varargin{:});
         end
 
         function varargout = flash(self, varargin)
-            if numel(varargin) == 5
-                varargin{6} = 'Unspecified';
-            end
             [phases, fractions, compositions, T, P] = capeOpenFlash(self.Handle, varargin{:});
             result = struct('phases', {phases(:).'}, 'fractions', fractions(:).', 'compositions', compositions, ...
                             'T', T, 'P', P);
