@@ -211,7 +211,6 @@ function the_words_of_errors_arrive_unchanged_and_stand_in_the_help(toolbox)
         'MultiFlash', 'Expected column vector for value 1', @() batch(X, T, [220 230], P, 1e5, U, P)
         'MultiFlash', 'Not a valid flash property: ... (use capeOpenFlashPropList for list of valid properties)', @() batch(X, 'density', 220, P, 1e5, U, P)
         'MultiFlash', 'Invalid / unsupported flash property: ...', @() batch(X, T, 220, P, 1e5, U, 'density')
-        'Help', 'Failed to load help file', @() capeOpenHelp()
     };
     check_messages(toolbox, cases);
     capeOpenRelease(h);

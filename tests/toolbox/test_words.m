@@ -208,6 +208,40 @@ function warnings_go_off_by_words(~)
     end
 end
 
+% The functions alone, in a folder in which the guide lies or not, and a browser that is none.
+function the_guide_is_opened_or_told(toolbox)
+    global opened_in_browser
+    folder = tempname();
+    clean_up = onCleanup(@() remove(folder));
+    mkdir(folder);
+    copyfile(fullfile(toolbox, '*.m'), folder);
+    copyfile(fullfile(toolbox, 'private'), folder);
+    rmpath(toolbox);
+    warning('off', 'Octave:shadowed-function');
+    addpath(folder, fullfile(fileparts(mfilename('fullpath')), 'browser'));
+    check_lines({
+        @() capeOpenHelp(), {'Failed to load help file'}
+        @() capeOpenHelp(1), {'Invalid number of arguments for Verdanth', 'capeOpenHelp takes 0 arguments, and 1 came:', 'capeOpenHelp()'}
+    });
+    mkdir(folder, 'doc');
+    page = fullfile(folder, 'doc', 'index.html');
+    fclose(fopen(page, 'w'));
+    for screen = {'', ':7'}
+        setenv('WAYLAND_DISPLAY', '');
+        setenv('DISPLAY', screen{1});
+        opened_in_browser = '';
+        shown = evalc('capeOpenHelp()');
+        check(strcmp(shown, sprintf('The guide: %s\n', page)), '%s', shown);
+        expected = {'', ['file://' page]}{1 + ~isempty(screen{1})};
+        check(strcmp(opened_in_browser, expected), 'browser: %s', opened_in_browser);
+    end
+end
+
+function remove(folder)
+    confirm_recursive_rmdir(false, 'local');
+    rmdir(folder, 's');
+end
+
 function errors_of_others_pass_unchanged(toolbox)
     addpath(fullfile(fileparts(mfilename('fullpath')), 'failing'));
     try
