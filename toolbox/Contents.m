@@ -40,5 +40,6 @@
 %   capeOpenBasis               - Choose mole or mass basis.
 %   capeOpenWarnings            - Switch warnings on or off.
 %   capeOpenPropUnit            - Unit of a property.
+%   capeOpenUnits               - Values in other units.
 %   capeOpenVersion             - Version of the library.
 %   capeOpenHelp                - Open the help file.

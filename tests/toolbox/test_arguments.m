@@ -164,7 +164,7 @@ function what_is_no_composition_is_told(toolbox)
     };
     check_messages(toolbox, cases);
     message = message_of(@() capeOpenComposition(h, struct('metane', 1)));
-    check(strcmp(message, 'The package has no compound "metane"; near it: methane, ethane'), '%s', message);
+    check(strcmp(message, sprintf('The package has no compound "metane"\n  Near it there are methane, ethane')), '%s', message);
     message = message_of(@() capeOpenComposition(h, struct('C4H10', 1)));
     check(strcmp(message, '"C4H10" may be n-butane or isobutane'), '%s', message);
 end

@@ -3,6 +3,7 @@ classdef Package < handle
 %
 %   p = capeopen.Package(manager, package)
 %   p = capeopen.Package(name)
+%   p = capeopen.Package(manager, package, 'Units', units)
 %
 %   Opens a property package, and closes it when the last variable that holds
 %   it goes. Arguments are those of capeOpenCreate; the second form is for a
@@ -12,6 +13,7 @@ classdef Package < handle
 %     manager  text, a name that capeOpenManagerList gives
 %     package  text, a name that capeOpenPackageList gives for the manager
 %     name     text, the name of a stand-alone package
+%     units    as the property Units
 %
 %   Properties:
 %     Name     text, the name of the package
@@ -21,6 +23,11 @@ classdef Package < handle
 %     MolecularWeights
 %              double 1-by-n, in g/mol
 %     Handle   int32 scalar, for the functions capeOpen...
+%     Units    cell array of the units in which the methods take and give values,
+%              such as {'bar', 'degC', 'kJ'}, as capeOpenUnits knows them; what
+%              is none of them is in SI. May be set at any time, and is empty
+%              unless it was: then everything is in SI. The functions
+%              capeOpen... are in SI always, and so are the numbers in errors.
 %
 %   Methods:
 %     constant(name)
@@ -29,9 +36,17 @@ classdef Package < handle
 %              one phase equilibrium; solution may be left out. The result is
 %              a struct with the fields phases (1-by-k cell array), fractions
 %              (double 1-by-k), compositions (double k-by-n), T (in K) and P
-%              (in Pa). Without a result it shows a table.
+%              (in Pa). Without a result it shows a table. Behind the arguments
+%              there may be 'Properties', true: then density, enthalpy, entropy,
+%              heatCapacityCp, heatCapacityCv and molarMass (in g / mol), each
+%              double 1-by-k, are fields, too, NaN where the package has none.
+%              'Table', true gives a table instead, with a row for each phase;
+%              in Octave a struct with the same columns, and with Properties,
+%              in which VariableNames and VariableUnits are those of a table.
 %     multiflash(Z, name1, values1, name2, values2, solution, names)
-%              as capeOpenMultiFlash; solution may be left out
+%              as capeOpenMultiFlash; solution may be left out. 'Table', true
+%              behind the arguments gives a table as above, with a row for each
+%              flash: what was specified, and what names tell.
 %     single(names, T, P, X, phase, failing)
 %              as capeOpenSinglePhaseProp
 %     twophase(names, T, P, X1, X2, phase1, phase2)
@@ -68,6 +83,9 @@ classdef Package < handle
     properties (SetAccess = private)
         Handle = int32(-1)
     end
+    properties
+        Units = {}
+    end
     properties (Dependent, SetAccess = private)
         Name
         Compounds
@@ -79,16 +97,18 @@ classdef Package < handle
     end
 
     methods
-        function self = Package(manager, package)
-            if nargin < 1
+        function self = Package(varargin)
+            [given, options] = capeopen.internal.options(varargin, struct('Units', {{}}));
+            if isempty(given)
                 error('Verdanth:error', ['capeopen.Package(manager, package) opens a package of a manager, and ' ...
                                          'capeopen.Package(name) a stand-alone package; there are "%s"'], ...
                       strjoin(capeOpenManagerList().', '", "'));
-            elseif nargin < 2
-                package = '';
+            elseif numel(given) < 2
+                given{2} = '';
             end
+            self.Units = options.Units;
             before = capeOpenHandleList();
-            handle = capeOpenCreate(manager, package);
+            handle = capeOpenCreate(given{:});
             self.Handle = handle;
             capeopen.internal.users(handle, 1, any(before == handle));
             self.guard = onCleanup(@() capeopen.internal.users(handle, -1));
@@ -119,43 +139,102 @@ classdef Package < handle
             weights = capeOpenConstant(self.Handle, 'molecularWeight');
         end
 
+        function set.Units(self, units)
+            if ~iscell(units)
+                units = cellstr(units);
+            end
+            capeOpenUnits('', units); % it refuses what is no unit
+            self.Units = units(:).';
+        end
+
         function varargout = constant(self, varargin)
             [varargout{1:max(nargout, 1)}] = capeOpenConstant(self.Handle, varargin{:});
+            varargout = self.shown(varargout, varargin{1});
         end
 
         function varargout = tdep(self, varargin)
-            [varargout{1:max(nargout, 1)}] = capeOpenTDependentProp(self.Handle, varargin{:});
+            given = self.taken(varargin, {2, 'temperature'});
+            [varargout{1:max(nargout, 1)}] = capeOpenTDependentProp(self.Handle, given{:});
+            varargout = self.shown(varargout, given{1});
         end
 
         function varargout = pdep(self, varargin)
-            [varargout{1:max(nargout, 1)}] = capeOpenPDependentProp(self.Handle, varargin{:});
+            given = self.taken(varargin, {2, 'pressure'});
+            [varargout{1:max(nargout, 1)}] = capeOpenPDependentProp(self.Handle, given{:});
+            varargout = self.shown(varargout, given{1});
         end
 
         function varargout = single(self, varargin)
-            [varargout{1:max(nargout, 1)}] = capeOpenSinglePhaseProp(self.Handle, varargin{:});
+            given = self.taken(varargin, {2, 'temperature'; 3, 'pressure'});
+            [varargout{1:max(nargout, 1)}] = capeOpenSinglePhaseProp(self.Handle, given{:});
+            varargout = self.shown(varargout, given{1});
         end
 
         function varargout = twophase(self, varargin)
-            [varargout{1:max(nargout, 1)}] = capeOpenTwoPhaseProp(self.Handle, varargin{:});
+            given = self.taken(varargin, {2, 'temperature'; 3, 'pressure'});
+            [varargout{1:max(nargout, 1)}] = capeOpenTwoPhaseProp(self.Handle, given{:});
+            varargout = self.shown(varargout, given{1});
         end
 
         function varargout = multiflash(self, varargin)
-            [varargout{1:max(nargout, 1)}] = capeOpenMultiFlash(self.Handle, varargin{:});
+            [asked, options] = capeopen.internal.options(varargin, struct('Table', false));
+            given = self.takenByFlash(asked);
+            if ~options.Table
+                [varargout{1:max(nargout, 1)}] = capeOpenMultiFlash(self.Handle, given{:});
+                varargout = self.shown(varargout, given{end});
+                return
+            end
+            names = capeopen.internal.namesOf(given{end});
+            columns = cell(1, numel(names));
+            [columns{:}] = capeOpenMultiFlash(self.Handle, given{:});
+            columns = self.shown(columns, names);
+            for k = [4, 2] % what was specified comes first
+                name = capeopen.internal.namesOf(asked{k});
+                if ~any(strcmpi(name, names))
+                    values = double(full(asked{k + 1}));
+                    names = [name, names]; %#ok<AGROW>
+                    columns = [{values(:) + zeros(size(columns{1}))}, columns]; %#ok<AGROW>
+                end
+            end
+            units = cellfun(@(name) self.unit(name), names, 'UniformOutput', false);
+            varargout{1} = capeopen.internal.tableOf(names, columns, units);
         end
 
         function varargout = flash(self, varargin)
-            [phases, fractions, compositions, T, P] = capeOpenFlash(self.Handle, varargin{:});
+            [given, options] = capeopen.internal.options(varargin, struct('Table', false, 'Properties', false));
+            given = self.takenByFlash(given);
+            [phases, fractions, compositions, T, P] = capeOpenFlash(self.Handle, given{:});
             result = struct('phases', {phases(:).'}, 'fractions', fractions(:).', 'compositions', compositions, ...
                             'T', T, 'P', P);
-            if nargout == 0
-                fprintf('%s', capeopen.internal.flashTable(result, self.Compounds));
+            if options.Properties
+                result = capeopen.internal.phaseDetails(self.Handle, result);
+            end
+            units = struct('T', self.unit('temperature'), 'P', self.unit('pressure'));
+            result.T = self.converted(result.T, 'temperature', false);
+            result.P = self.converted(result.P, 'pressure', false);
+            details = fieldnames(result);
+            for name = details(6:end).'
+                if strcmp(name{1}, 'molarMass')
+                    units.molarMass = 'g / mol';
+                else
+                    units.(name{1}) = self.unit(name{1});
+                    result.(name{1}) = self.converted(result.(name{1}), name{1}, false);
+                end
+            end
+            if options.Table
+                varargout{1} = capeopen.internal.tableOfFlash(result, units, self.unit('fraction'));
+            elseif nargout == 0
+                fprintf('%s', capeopen.internal.flashTable(result, self.Compounds, units));
             else
                 varargout{1} = result;
             end
         end
 
-        function varargout = unit(~, varargin)
+        function varargout = unit(self, varargin)
             [varargout{1:max(nargout, 1)}] = capeOpenPropUnit(varargin{:});
+            if ~isempty(self.Units)
+                varargout{1} = capeOpenUnits(varargout{1}, self.Units);
+            end
         end
 
         function disp(self)
@@ -169,6 +248,55 @@ classdef Package < handle
             fprintf('  %s\n', self.Name);
             fprintf('    %d compounds: %s\n', numel(names), strjoin(names(:).', ', '));
             fprintf('    %d phases: %s\n\n', numel(labels), strjoin(labels(:).', ', '));
+        end
+    end
+
+    methods (Access = private)
+        % Arguments in SI; QUANTITIES has rows of a place among them and what stands there.
+        function given = taken(self, given, quantities)
+            for k = 1:size(quantities, 1) * ~isempty(self.Units)
+                place = quantities{k, 1};
+                if place <= numel(given) && isnumeric(given{place})
+                    given{place} = self.converted(given{place}, quantities{k, 2}, true);
+                end
+            end
+        end
+
+        function given = takenByFlash(self, given)
+            if numel(given) > 4
+                given = self.taken(given, {3, given{2}; 5, given{4}});
+            end
+        end
+
+        % Results in the units of the object.
+        function values = shown(self, values, names)
+            if isempty(self.Units)
+                return
+            end
+            names = capeopen.internal.namesOf(names);
+            for k = 1:numel(values)
+                values{k} = self.converted(values{k}, names{k}, false);
+            end
+        end
+
+        function values = converted(self, values, name, toSI)
+            if isempty(self.Units)
+                return
+            elseif iscell(values) && ~iscellstr(values) %#ok<ISCLSTR>
+                values = cellfun(@(part) self.converted(part, name, toSI), values, 'UniformOutput', false);
+                return
+            end
+            try
+                units = {capeOpenPropUnit(name), self.unit(name)};
+            catch
+                return % the library will refuse the name, or the package knows more constants than the library
+            end
+            if toSI
+                units = units([2, 1]);
+            end
+            if isnumeric(values) && ~strcmp(units{:})
+                values = capeOpenUnits(values, units{:});
+            end
         end
     end
 end

@@ -24,12 +24,7 @@ for k = 1:numel(wanted)
         found = find(strcmp(formulas, wanted{k}) | strcmp(numbers, wanted{k}));
     end
     if isempty(found)
-        near = nearNames(wanted{k}, names);
-        hint = '';
-        if ~isempty(near)
-            hint = sprintf('; near it: %s', strjoin(near, ', '));
-        end
-        error('Verdanth:error', 'The package has no compound "%s"%s', wanted{k}, hint);
+        error('Verdanth:error', 'The package has no compound "%s"%s', wanted{k}, nearIt(wanted{k}, names));
     elseif numel(found) > 1
         error('Verdanth:error', '"%s" may be %s', wanted{k}, strjoin(names(found).', ' or '));
     end
