@@ -64,12 +64,19 @@ function varargout = capeOpenMultiFlash(varargin)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenFlash, capeOpenFlashPropList, capeOpenWarnings, capeOpenBasis.
-varargin = libraryArguments(withSolution(varargin, 7));
-count = nargout;
-call = @(given) Verdanth(25, given{1:min(end, 7)}, count, given{8:end});
+persistent inOctave
+if inOctave % the library refuses there what it can not read
+else
+    [varargin, inOctave] = libraryArguments(varargin);
+end
+if nargin == 7
+    varargin = [varargin(1:6), {'Unspecified'}, varargin(7)];
+end
 try
-    values = call(varargin);
+    values = Verdanth(25, varargin{1:min(end, 7)}, nargout, varargin{8:end});
 catch problem
+    count = nargout;
+    call = @(given) Verdanth(25, given{1:min(end, 7)}, count, given{8:end});
     values = callAgain(problem, mfilename(), varargin, call);
 end
 varargout = values.';

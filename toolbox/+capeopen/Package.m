@@ -149,34 +149,38 @@ classdef Package < handle
 
         function varargout = constant(self, varargin)
             [varargout{1:max(nargout, 1)}] = capeOpenConstant(self.Handle, varargin{:});
-            varargout = self.shown(varargout, varargin{1});
+            if ~isempty(self.Units)
+                varargout = self.shown(varargout, varargin{1});
+            end
         end
 
         function varargout = tdep(self, varargin)
-            given = self.taken(varargin, {2, 'temperature'});
-            [varargout{1:max(nargout, 1)}] = capeOpenTDependentProp(self.Handle, given{:});
-            varargout = self.shown(varargout, given{1});
+            [varargout{1:max(nargout, 1)}] = self.inUnits(@capeOpenTDependentProp, varargin, {2, 'temperature'});
         end
 
         function varargout = pdep(self, varargin)
-            given = self.taken(varargin, {2, 'pressure'});
-            [varargout{1:max(nargout, 1)}] = capeOpenPDependentProp(self.Handle, given{:});
-            varargout = self.shown(varargout, given{1});
+            [varargout{1:max(nargout, 1)}] = self.inUnits(@capeOpenPDependentProp, varargin, {2, 'pressure'});
         end
 
         function varargout = single(self, varargin)
-            given = self.taken(varargin, {2, 'temperature'; 3, 'pressure'});
-            [varargout{1:max(nargout, 1)}] = capeOpenSinglePhaseProp(self.Handle, given{:});
-            varargout = self.shown(varargout, given{1});
+            if isempty(self.Units) % the short way, for loops
+                [varargout{1:max(nargout, 1)}] = capeOpenSinglePhaseProp(self.Handle, varargin{:});
+            else
+                [varargout{1:max(nargout, 1)}] = self.inUnits(@capeOpenSinglePhaseProp, varargin, ...
+                                                              {2, 'temperature'; 3, 'pressure'});
+            end
         end
 
         function varargout = twophase(self, varargin)
-            given = self.taken(varargin, {2, 'temperature'; 3, 'pressure'});
-            [varargout{1:max(nargout, 1)}] = capeOpenTwoPhaseProp(self.Handle, given{:});
-            varargout = self.shown(varargout, given{1});
+            [varargout{1:max(nargout, 1)}] = self.inUnits(@capeOpenTwoPhaseProp, varargin, ...
+                                                          {2, 'temperature'; 3, 'pressure'});
         end
 
         function varargout = multiflash(self, varargin)
+            if isempty(self.Units) && numel(varargin) < 8 % no options
+                [varargout{1:max(nargout, 1)}] = capeOpenMultiFlash(self.Handle, varargin{:});
+                return
+            end
             [asked, options] = capeopen.internal.options(varargin, struct('Table', false));
             given = self.takenByFlash(asked);
             if ~options.Table
@@ -201,26 +205,19 @@ classdef Package < handle
         end
 
         function varargout = flash(self, varargin)
-            [given, options] = capeopen.internal.options(varargin, struct('Table', false, 'Properties', false));
-            given = self.takenByFlash(given);
-            [phases, fractions, compositions, T, P] = capeOpenFlash(self.Handle, given{:});
+            short = numel(varargin) < 7 && nargout > 0 && isempty(self.Units); % for loops
+            if ~short
+                [varargin, options] = capeopen.internal.options(varargin, struct('Table', false, 'Properties', false));
+                varargin = self.takenByFlash(varargin);
+            end
+            [phases, fractions, compositions, T, P] = capeOpenFlash(self.Handle, varargin{:});
             result = struct('phases', {phases(:).'}, 'fractions', fractions(:).', 'compositions', compositions, ...
                             'T', T, 'P', P);
-            if options.Properties
-                result = capeopen.internal.phaseDetails(self.Handle, result);
+            if short
+                varargout{1} = result;
+                return
             end
-            units = struct('T', self.unit('temperature'), 'P', self.unit('pressure'));
-            result.T = self.converted(result.T, 'temperature', false);
-            result.P = self.converted(result.P, 'pressure', false);
-            details = fieldnames(result);
-            for name = details(6:end).'
-                if strcmp(name{1}, 'molarMass')
-                    units.molarMass = 'g / mol';
-                else
-                    units.(name{1}) = self.unit(name{1});
-                    result.(name{1}) = self.converted(result.(name{1}), name{1}, false);
-                end
-            end
+            [result, units] = self.detailed(result, options.Properties);
             if options.Table
                 varargout{1} = capeopen.internal.tableOfFlash(result, units, self.unit('fraction'));
             elseif nargout == 0
@@ -259,6 +256,31 @@ classdef Package < handle
                 if place <= numel(given) && isnumeric(given{place})
                     given{place} = self.converted(given{place}, quantities{k, 2}, true);
                 end
+            end
+        end
+
+        function varargout = inUnits(self, call, given, quantities)
+            if isempty(self.Units)
+                [varargout{1:nargout}] = call(self.Handle, given{:});
+            else
+                given = self.taken(given, quantities);
+                [varargout{1:nargout}] = call(self.Handle, given{:});
+                varargout = self.shown(varargout, given{1});
+            end
+        end
+
+        % The result of a flash in the units of the object, with more of each phase if that is wanted; UNITS names them.
+        function [result, units] = detailed(self, result, more)
+            if more
+                result = capeopen.internal.phaseDetails(self.Handle, result);
+            end
+            units = struct('molarMass', 'g / mol');
+            quantities = [{'T', 'temperature'; 'P', 'pressure'}; repmat(setdiff(fieldnames(result), ...
+                          {'phases', 'fractions', 'compositions', 'T', 'P', 'molarMass'}), 1, 2)];
+            for k = 1:size(quantities, 1)
+                [field, quantity] = quantities{k, :};
+                units.(field) = self.unit(quantity);
+                result.(field) = self.converted(result.(field), quantity, false);
             end
         end
 

@@ -18,7 +18,7 @@ for k = 1:numel(given)
     elseif ischar(given{k})
         plain = size(given{k}, 1) < 2;
     else
-        plain = (k == 1 && isnumeric(given{k})) || islogical(given{k}); % a handle is an int32
+        plain = (k == 1 && isnumeric(given{k})) || iscellstr(given{k}); %#ok<ISCLSTR> a handle is an int32
     end
     if ~plain
         [given{k}, other] = converted(given{k}, given{1});
