@@ -9,7 +9,8 @@ function varargout = capeOpenMultiFlash(varargin)
 %   Arguments:
 %     handle  int32 scalar from capeOpenCreate
 %     Z       overall compositions, double N-by-n or 1-by-n, a column for each
-%             compound: mole fractions, in mass basis mass fractions
+%             compound: mole fractions, in mass basis mass fractions. They may
+%             be given by names, as capeOpenComposition takes them.
 %     name1   first specification: a name that capeOpenFlashPropList gives
 %     values1
 %             its values, double N-by-1 or scalar

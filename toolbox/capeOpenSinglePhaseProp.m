@@ -15,7 +15,8 @@ function varargout = capeOpenSinglePhaseProp(varargin)
 %     P       pressures in Pa, double N-by-1 or scalar
 %     X       compositions, double N-by-n or 1-by-n, a column for each
 %             compound: mole fractions, in mass basis mass fractions. They are
-%             used as they are, and not normalized.
+%             used as they are, and not normalized. They may be given by
+%             names, as capeOpenComposition takes them.
 %     phase   label of the phase, as capeOpenPhaseList gives it; capital and
 %             small letters are alike
 %     failing

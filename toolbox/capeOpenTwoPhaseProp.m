@@ -11,7 +11,8 @@ function varargout = capeOpenTwoPhaseProp(varargin)
 %     T       temperatures in K, double N-by-1 or scalar
 %     P       pressures in Pa, double N-by-1 or scalar
 %     X1, X2  compositions of both phases, double N-by-n or 1-by-n, a column
-%             for each compound: mole fractions, in mass basis mass fractions
+%             for each compound: mole fractions, in mass basis mass fractions.
+%             They may be given by names, as capeOpenComposition takes them.
 %     phase1  label of the first phase, as capeOpenPhaseList gives it
 %     phase2  label of the second phase
 %

@@ -13,24 +13,31 @@ rules = {
     '^Inconsistent number', @countsOfRows
     '^(Expected |Invalid number of values for value)', @wrongClasses
     '^Too many output arguments$', @moreResultsThanNames
-    '( property: |^Not a valid flash|Get\w+ failed|Calc\w+Prop failed|^unknown)', @unknownNames
     '^Property calculations cannot', @namesOfMatrices
     '^(Calc\w+|GetTDependentProperty|GetPDependentProperty) failed', @unusableNumbers
+    '( property: |^Not a valid flash|Get\w+ failed|Calc\w+Prop failed|^unknown)', @unknownNames
     '^no such package manager', @unknownManager
     '^package creation failed', @unknownPackage
     };
-[call.usage, call.labels, call.least] = usageOf(name);
+persistent usages % a package may fail at many points, one after the other
+if ~isfield(usages, name)
+    [usages.(name).line, usages.(name).labels, usages.(name).least] = usageOf(name);
+end
+call.usage = usages.(name).line;
+call.labels = usages.(name).labels;
+call.least = usages.(name).least;
 call.message = message;
 call.name = name;
 call.given = given;
 lines = {};
-for k = 1:size(rules, 1)
-    if ~isempty(regexp(message, rules{k, 1}, 'once'))
-        said = rules{k, 2}(call);
-        if ischar(said)
-            said = {said};
-        end
-        lines = [lines, said(~cellfun('isempty', said))]; %#ok<AGROW>
+for k = find(~cellfun('isempty', regexp(message, rules(:, 1).', 'once')))
+    lines = rules{k, 2}(call);
+    if ischar(lines)
+        lines = {lines};
+    end
+    lines = lines(~cellfun('isempty', lines));
+    if ~isempty(lines)
+        break % the first that knows something
     end
 end
 text = sprintf('\n  %s', lines{:});
@@ -155,7 +162,7 @@ else
     known = unique(known);
 end
 lines = {};
-for k = find(~ismember(lower(wanted(:).'), lower(known(:).')))
+for k = find(~cellfun(@(name) any(strcmpi(name, known)), wanted))
     near = nearNames(wanted{k}, known);
     if ~isempty(near)
         lines{end + 1} = sprintf('''%s'': near it there %s %s', wanted{k}, isOrAre(numel(near)), ...
@@ -183,7 +190,7 @@ text = sprintf('A value for each pair of compounds: %s', strjoin(matrices, ', ')
 end
 
 function lines = unusableNumbers(call)
-lines = {};
+lines = cell(1, 0);
 for k = numbersOf(call)
     lines{end + 1} = unusableNumber(call, k); %#ok<AGROW>
 end

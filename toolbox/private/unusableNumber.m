@@ -16,7 +16,7 @@ switch call.labels{k}
         what = lower(call.given{k - 1});
 end
 wrong = ~isfinite(x);
-if ismember(what, {'temperature', 'pressure'})
+if any(strcmp(what, {'temperature', 'pressure'}))
     wrong = wrong | x <= 0;
 elseif strcmp(what, 'composition')
     wrong = wrong | x < 0;

@@ -1,4 +1,5 @@
 function varargout = Verdanth(varargin)
-% Plays a library that can not be called.
-error('Other:kind', 'not of the library');
+% Plays a library whose calls fail, each with the error that `failure` holds.
+global failure
+error(failure);
 end
