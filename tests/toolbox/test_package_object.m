@@ -162,6 +162,7 @@ end
 function the_example_of_the_help_runs(toolbox)
     shown = evalc(example_of(fullfile(toolbox, '+capeopen', 'Package.m')));
     check(~isempty(strfind(shown, 'density = 3034.8')), '%s', shown);
+    check(~isempty(strfind(shown, 'T = -70 degC, P = 30 bar')), '%s', shown);
     check(isempty(capeOpenHandleList()), 'a package is still open');
 end
 

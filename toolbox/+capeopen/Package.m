@@ -70,6 +70,8 @@ classdef Package < handle
 %     'Invalid property package handle'
 %             The package was closed, by capeOpenRelease or by clearing
 %             Verdanth.
+%     'Not a known unit: "..."'
+%             Units are those that capeOpenUnits lists.
 %
 %   Example:
 %     p = capeopen.Package('Verdanth Reference Packages', 'Natural gas')
@@ -77,9 +79,13 @@ classdef Package < handle
 %     p.flash(X, 'Temperature', 220, 'Pressure', 40e5)
 %     r = p.flash(X, 'Temperature', 220, 'Pressure', 40e5);
 %     density = p.single('density', r.T, r.P, r.compositions(1, :), r.phases{1})
-%     clear p
+%     q = capeopen.Package('Verdanth Reference Packages', 'Natural gas', ...
+%         'Units', {'bar', 'degC', 'kJ'});
+%     q.flash(struct('methane', 0.9, 'ethane', 0.1), ...
+%         'Temperature', -70, 'Pressure', 30, 'Properties', true)
+%     clear p q
 %
-%   See also capeOpenCreate, capeOpenFlash, capeOpenMultiFlash, capeOpenSinglePhaseProp.
+%   See also capeOpenCreate, capeOpenFlash, capeOpenMultiFlash, capeOpenSinglePhaseProp, capeOpenUnits.
     properties (SetAccess = private)
         Handle = int32(-1)
     end
