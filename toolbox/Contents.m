@@ -20,6 +20,7 @@
 %   capeOpenFlashPropList       - List what a flash can be specified by.
 %
 % Calculations
+%   capeOpenComposition         - A composition from names and amounts of compounds.
 %   capeOpenConstant            - A constant of all compounds.
 %   capeOpenTDependentProp      - Temperature-dependent properties of all compounds.
 %   capeOpenPDependentProp      - Pressure-dependent properties of all compounds.
@@ -39,5 +40,6 @@
 %   capeOpenBasis               - Choose mole or mass basis.
 %   capeOpenWarnings            - Switch warnings on or off.
 %   capeOpenPropUnit            - Unit of a property.
+%   capeOpenUnits               - Values in other units.
 %   capeOpenVersion             - Version of the library.
 %   capeOpenHelp                - Open the help file.

@@ -23,5 +23,9 @@ function varargout = capeOpenBasis(varargin)
 %     capeOpenPropUnit('enthalpy')
 %
 %   See also capeOpenPropUnit, capeOpenWarnings.
-[varargout{1:nargout}] = Verdanth(18, varargin{:});
+try
+    [varargout{1:nargout}] = Verdanth(18, varargin{:});
+catch problem
+    [varargout{1:nargout}] = callAgain(problem, mfilename(), varargin, @(given) Verdanth(18, given{:}));
+end
 end

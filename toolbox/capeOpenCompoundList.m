@@ -26,5 +26,9 @@ function varargout = capeOpenCompoundList(varargin)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenConstant, capeOpenPhaseList.
-[varargout{1:max(nargout, 1)}] = Verdanth(7, varargin{:});
+try
+    [varargout{1:max(nargout, 1)}] = Verdanth(7, varargin{:});
+catch problem
+    [varargout{1:max(nargout, 1)}] = callAgain(problem, mfilename(), varargin, @(given) Verdanth(7, given{:}));
+end
 end

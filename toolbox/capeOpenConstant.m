@@ -38,5 +38,9 @@ function varargout = capeOpenConstant(varargin)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenConstantPropList, capeOpenPropUnit, capeOpenBasis.
-[varargout{1:max(nargout, 1)}] = Verdanth(16, varargin{:});
+try
+    [varargout{1:max(nargout, 1)}] = Verdanth(16, varargin{:});
+catch problem
+    [varargout{1:max(nargout, 1)}] = callAgain(problem, mfilename(), varargin, @(given) Verdanth(16, given{:}));
+end
 end

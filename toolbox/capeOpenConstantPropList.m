@@ -25,5 +25,9 @@ function varargout = capeOpenConstantPropList(varargin)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenConstant, capeOpenPropUnit.
-[varargout{1:max(nargout, 1)}] = Verdanth(10, varargin{:});
+try
+    [varargout{1:max(nargout, 1)}] = Verdanth(10, varargin{:});
+catch problem
+    [varargout{1:max(nargout, 1)}] = callAgain(problem, mfilename(), varargin, @(given) Verdanth(10, given{:}));
+end
 end

@@ -40,5 +40,9 @@ function varargout = capeOpenCreate(varargin)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenRelease, capeOpenPackageList, capeOpenHandleList.
-[varargout{1:max(nargout, 1)}] = Verdanth(3, varargin{:});
+try
+    [varargout{1:max(nargout, 1)}] = Verdanth(3, varargin{:});
+catch problem
+    [varargout{1:max(nargout, 1)}] = callAgain(problem, mfilename(), varargin, @(given) Verdanth(3, given{:}));
+end
 end

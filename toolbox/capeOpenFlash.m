@@ -9,7 +9,8 @@ function varargout = capeOpenFlash(varargin)
 %     handle  int32 scalar from capeOpenCreate
 %     Z       overall composition, double with one value for each compound:
 %             mole fractions, in mass basis mass fractions. It is used as it
-%             is, and not normalized.
+%             is, and not normalized. It may be given by names, as
+%             capeOpenComposition takes them.
 %     name1   first specification: a name that capeOpenFlashPropList gives;
 %             capital and small letters are alike
 %     value1  its value, double scalar, in the unit that capeOpenPropUnit tells
@@ -17,7 +18,8 @@ function varargout = capeOpenFlash(varargin)
 %     value2  its value
 %     solution
 %             which of several solutions is wanted: 'Unspecified', 'Normal',
-%             'Retrograde' or another word that the package knows
+%             'Retrograde' or another word that the package knows. It may be
+%             left out.
 %
 %   Results:
 %     phases  k-by-1 cell array with the labels of the phases that are present
@@ -56,5 +58,17 @@ function varargout = capeOpenFlash(varargin)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenMultiFlash, capeOpenFlashPropList, capeOpenBasis.
-[varargout{1:max(nargout, 5)}] = Verdanth(24, varargin{:}); % it gives no fewer than five
+persistent inOctave
+if inOctave % the library refuses there what it can not read
+else
+    [varargin, inOctave] = libraryArguments(varargin);
+end
+if nargin == 6
+    varargin{7} = 'Unspecified';
+end
+try
+    [varargout{1:max(nargout, 5)}] = Verdanth(24, varargin{:}); % it gives no fewer than five
+catch problem
+    [varargout{1:max(nargout, 5)}] = callAgain(problem, mfilename(), varargin, @(given) Verdanth(24, given{:}));
+end
 end

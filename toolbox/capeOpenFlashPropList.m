@@ -30,5 +30,9 @@ function varargout = capeOpenFlashPropList(varargin)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenFlash, capeOpenMultiFlash, capeOpenPropUnit.
-[varargout{1:max(nargout, 1)}] = Verdanth(15, varargin{:});
+try
+    [varargout{1:max(nargout, 1)}] = Verdanth(15, varargin{:});
+catch problem
+    [varargout{1:max(nargout, 1)}] = callAgain(problem, mfilename(), varargin, @(given) Verdanth(15, given{:}));
+end
 end

@@ -18,5 +18,9 @@ function varargout = capeOpenHandleList(varargin)
 %     end
 %
 %   See also capeOpenCreate, capeOpenRelease, capeOpenName.
-[varargout{1:max(nargout, 1)}] = Verdanth(5, varargin{:});
+try
+    [varargout{1:max(nargout, 1)}] = Verdanth(5, varargin{:});
+catch problem
+    [varargout{1:max(nargout, 1)}] = callAgain(problem, mfilename(), varargin, @(given) Verdanth(5, given{:}));
+end
 end

@@ -15,5 +15,9 @@ function varargout = capeOpenManagerList(varargin)
 %     managers = capeOpenManagerList()
 %
 %   See also capeOpenPackageList, capeOpenCreate.
-[varargout{1:max(nargout, 1)}] = Verdanth(1, varargin{:});
+try
+    [varargout{1:max(nargout, 1)}] = Verdanth(1, varargin{:});
+catch problem
+    [varargout{1:max(nargout, 1)}] = callAgain(problem, mfilename(), varargin, @(given) Verdanth(1, given{:}));
+end
 end

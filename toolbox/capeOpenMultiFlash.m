@@ -9,7 +9,8 @@ function varargout = capeOpenMultiFlash(varargin)
 %   Arguments:
 %     handle  int32 scalar from capeOpenCreate
 %     Z       overall compositions, double N-by-n or 1-by-n, a column for each
-%             compound: mole fractions, in mass basis mass fractions
+%             compound: mole fractions, in mass basis mass fractions. They may
+%             be given by names, as capeOpenComposition takes them.
 %     name1   first specification: a name that capeOpenFlashPropList gives
 %     values1
 %             its values, double N-by-1 or scalar
@@ -18,7 +19,8 @@ function varargout = capeOpenMultiFlash(varargin)
 %             its values, double N-by-1 or scalar
 %     solution
 %             which of several solutions is wanted: 'Unspecified', 'Normal',
-%             'Retrograde' or another word that the package knows
+%             'Retrograde' or another word that the package knows. It may be
+%             left out.
 %     names   what to report: names that capeOpenFlashPropList gives, as a
 %             text with blanks between the names, or a cell array of texts
 %
@@ -63,6 +65,20 @@ function varargout = capeOpenMultiFlash(varargin)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenFlash, capeOpenFlashPropList, capeOpenWarnings, capeOpenBasis.
-values = Verdanth(25, varargin{1:min(end, 7)}, nargout, varargin{8:end});
+persistent inOctave
+if inOctave % the library refuses there what it can not read
+else
+    [varargin, inOctave] = libraryArguments(varargin);
+end
+if nargin == 7
+    varargin = [varargin(1:6), {'Unspecified'}, varargin(7)];
+end
+try
+    values = Verdanth(25, varargin{1:min(end, 7)}, nargout, varargin{8:end});
+catch problem
+    count = nargout;
+    call = @(given) Verdanth(25, given{1:min(end, 7)}, count, given{8:end});
+    values = callAgain(problem, mfilename(), varargin, call);
+end
 varargout = values.';
 end

@@ -21,5 +21,9 @@ function varargout = capeOpenName(varargin)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenCreate, capeOpenHandleList.
-[varargout{1:max(nargout, 1)}] = Verdanth(6, varargin{:});
+try
+    [varargout{1:max(nargout, 1)}] = Verdanth(6, varargin{:});
+catch problem
+    [varargout{1:max(nargout, 1)}] = callAgain(problem, mfilename(), varargin, @(given) Verdanth(6, given{:}));
+end
 end

@@ -34,6 +34,16 @@ function varargout = capeOpenPDependentProp(varargin)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenPDependentPropList, capeOpenPropUnit, capeOpenTDependentProp.
-values = Verdanth(21, nargout, varargin{:});
+persistent inOctave
+if inOctave % the library refuses there what it can not read
+else
+    [varargin, inOctave] = libraryArguments(varargin);
+end
+try
+    values = Verdanth(21, nargout, varargin{:});
+catch problem
+    wanted = nargout;
+    values = callAgain(problem, mfilename(), varargin, @(given) Verdanth(21, wanted, given{:}));
+end
 varargout = values.';
 end

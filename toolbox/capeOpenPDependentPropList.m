@@ -25,5 +25,9 @@ function varargout = capeOpenPDependentPropList(varargin)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenPDependentProp, capeOpenPropUnit.
-[varargout{1:max(nargout, 1)}] = Verdanth(12, varargin{:});
+try
+    [varargout{1:max(nargout, 1)}] = Verdanth(12, varargin{:});
+catch problem
+    [varargout{1:max(nargout, 1)}] = callAgain(problem, mfilename(), varargin, @(given) Verdanth(12, given{:}));
+end
 end

@@ -27,5 +27,9 @@ function varargout = capeOpenPackageList(varargin)
 %     packages = capeOpenPackageList('Verdanth Reference Packages')
 %
 %   See also capeOpenManagerList, capeOpenCreate.
-[varargout{1:max(nargout, 1)}] = Verdanth(2, varargin{:});
+try
+    [varargout{1:max(nargout, 1)}] = Verdanth(2, varargin{:});
+catch problem
+    [varargout{1:max(nargout, 1)}] = callAgain(problem, mfilename(), varargin, @(given) Verdanth(2, given{:}));
+end
 end

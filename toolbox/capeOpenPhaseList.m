@@ -22,5 +22,9 @@ function varargout = capeOpenPhaseList(varargin)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenPhaseState, capeOpenSinglePhaseProp.
-[varargout{1:max(nargout, 1)}] = Verdanth(8, varargin{:});
+try
+    [varargout{1:max(nargout, 1)}] = Verdanth(8, varargin{:});
+catch problem
+    [varargout{1:max(nargout, 1)}] = callAgain(problem, mfilename(), varargin, @(given) Verdanth(8, given{:}));
+end
 end

@@ -27,5 +27,9 @@ function varargout = capeOpenPhaseState(varargin)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenPhaseList.
-[varargout{1:max(nargout, 1)}] = Verdanth(9, varargin{:});
+try
+    [varargout{1:max(nargout, 1)}] = Verdanth(9, varargin{:});
+catch problem
+    [varargout{1:max(nargout, 1)}] = callAgain(problem, mfilename(), varargin, @(given) Verdanth(9, given{:}));
+end
 end

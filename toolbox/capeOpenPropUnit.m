@@ -26,5 +26,9 @@ function varargout = capeOpenPropUnit(varargin)
 %     capeOpenPropUnit('enthalpy.Dtemperature')
 %
 %   See also capeOpenBasis, capeOpenSinglePhasePropList.
-[varargout{1:max(nargout, 1)}] = Verdanth(19, varargin{:});
+try
+    [varargout{1:max(nargout, 1)}] = Verdanth(19, varargin{:});
+catch problem
+    [varargout{1:max(nargout, 1)}] = callAgain(problem, mfilename(), varargin, @(given) Verdanth(19, given{:}));
+end
 end

@@ -19,5 +19,9 @@ function varargout = capeOpenRelease(varargin)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenCreate, capeOpenHandleList.
-[varargout{1:nargout}] = Verdanth(4, varargin{:});
+try
+    [varargout{1:nargout}] = Verdanth(4, varargin{:});
+catch problem
+    [varargout{1:nargout}] = callAgain(problem, mfilename(), varargin, @(given) Verdanth(4, given{:}));
+end
 end

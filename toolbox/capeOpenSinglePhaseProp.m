@@ -1,7 +1,7 @@
 function varargout = capeOpenSinglePhaseProp(varargin)
 %capeOpenSinglePhaseProp  Properties of one phase over arrays of conditions.
 %
-%   [v1, v2, ...] = capeOpenSinglePhaseProp(handle, names, T, P, X, phase)
+%   [v1, v2, ...] = capeOpenSinglePhaseProp(handle, names, T, P, X, phase, failing)
 %
 %   Calculates properties of a phase at N conditions. The phase is taken to
 %   have the given composition; no phase equilibrium is calculated.
@@ -15,9 +15,13 @@ function varargout = capeOpenSinglePhaseProp(varargin)
 %     P       pressures in Pa, double N-by-1 or scalar
 %     X       compositions, double N-by-n or 1-by-n, a column for each
 %             compound: mole fractions, in mass basis mass fractions. They are
-%             used as they are, and not normalized.
+%             used as they are, and not normalized. They may be given by
+%             names, as capeOpenComposition takes them.
 %     phase   label of the phase, as capeOpenPhaseList gives it; capital and
 %             small letters are alike
+%     failing
+%             'NaN' if rows at which the package fails shall hold NaN; left
+%             out, one such row is an error for all
 %
 %   Results:
 %     v1, v2  double, one for each name in its order: N-by-1 for a property of
@@ -64,6 +68,21 @@ function varargout = capeOpenSinglePhaseProp(varargin)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenSinglePhasePropList, capeOpenTwoPhaseProp, capeOpenMultiFlash, capeOpenPropUnit.
-values = Verdanth(22, nargout, varargin{:});
+persistent inOctave
+if inOctave % the library refuses there what it can not read
+else
+    [varargin, inOctave] = libraryArguments(varargin);
+end
+try
+    values = Verdanth(22, nargout, varargin{:});
+catch problem
+    wanted = nargout;
+    call = @(given) Verdanth(22, wanted, given{:});
+    if numel(varargin) == 7 && strcmpi(varargin{7}, 'NaN')
+        [problem, varargin] = deal([], varargin(1:6));
+        call = @(given) nanInFailingRows(given, max(wanted, 1), call);
+    end
+    values = callAgain(problem, mfilename(), varargin, call);
+end
 varargout = values.';
 end

@@ -28,5 +28,9 @@ function varargout = capeOpenSinglePhasePropList(varargin)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenSinglePhaseProp, capeOpenPropUnit.
-[varargout{1:max(nargout, 1)}] = Verdanth(13, varargin{:});
+try
+    [varargout{1:max(nargout, 1)}] = Verdanth(13, varargin{:});
+catch problem
+    [varargout{1:max(nargout, 1)}] = callAgain(problem, mfilename(), varargin, @(given) Verdanth(13, given{:}));
+end
 end

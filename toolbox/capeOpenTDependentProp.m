@@ -35,6 +35,16 @@ function varargout = capeOpenTDependentProp(varargin)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenTDependentPropList, capeOpenPropUnit, capeOpenPDependentProp.
-values = Verdanth(20, nargout, varargin{:});
+persistent inOctave
+if inOctave % the library refuses there what it can not read
+else
+    [varargin, inOctave] = libraryArguments(varargin);
+end
+try
+    values = Verdanth(20, nargout, varargin{:});
+catch problem
+    wanted = nargout;
+    values = callAgain(problem, mfilename(), varargin, @(given) Verdanth(20, wanted, given{:}));
+end
 varargout = values.';
 end

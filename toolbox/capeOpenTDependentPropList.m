@@ -25,5 +25,9 @@ function varargout = capeOpenTDependentPropList(varargin)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenTDependentProp, capeOpenPropUnit.
-[varargout{1:max(nargout, 1)}] = Verdanth(11, varargin{:});
+try
+    [varargout{1:max(nargout, 1)}] = Verdanth(11, varargin{:});
+catch problem
+    [varargout{1:max(nargout, 1)}] = callAgain(problem, mfilename(), varargin, @(given) Verdanth(11, given{:}));
+end
 end

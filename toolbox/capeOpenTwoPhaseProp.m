@@ -11,7 +11,8 @@ function varargout = capeOpenTwoPhaseProp(varargin)
 %     T       temperatures in K, double N-by-1 or scalar
 %     P       pressures in Pa, double N-by-1 or scalar
 %     X1, X2  compositions of both phases, double N-by-n or 1-by-n, a column
-%             for each compound: mole fractions, in mass basis mass fractions
+%             for each compound: mole fractions, in mass basis mass fractions.
+%             They may be given by names, as capeOpenComposition takes them.
 %     phase1  label of the first phase, as capeOpenPhaseList gives it
 %     phase2  label of the second phase
 %
@@ -53,6 +54,16 @@ function varargout = capeOpenTwoPhaseProp(varargin)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenTwoPhasePropList, capeOpenSinglePhaseProp, capeOpenPhaseList.
-values = Verdanth(23, nargout, varargin{:});
+persistent inOctave
+if inOctave % the library refuses there what it can not read
+else
+    [varargin, inOctave] = libraryArguments(varargin);
+end
+try
+    values = Verdanth(23, nargout, varargin{:});
+catch problem
+    wanted = nargout;
+    values = callAgain(problem, mfilename(), varargin, @(given) Verdanth(23, wanted, given{:}));
+end
 varargout = values.';
 end

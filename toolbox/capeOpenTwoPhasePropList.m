@@ -25,5 +25,9 @@ function varargout = capeOpenTwoPhasePropList(varargin)
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenTwoPhaseProp, capeOpenPropUnit.
-[varargout{1:max(nargout, 1)}] = Verdanth(14, varargin{:});
+try
+    [varargout{1:max(nargout, 1)}] = Verdanth(14, varargin{:});
+catch problem
+    [varargout{1:max(nargout, 1)}] = callAgain(problem, mfilename(), varargin, @(given) Verdanth(14, given{:}));
+end
 end

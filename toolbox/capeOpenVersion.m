@@ -11,5 +11,9 @@ function varargout = capeOpenVersion(varargin)
 %     version = capeOpenVersion()
 %
 %   See also capeOpenHelp.
-[varargout{1:max(nargout, 1)}] = Verdanth(26, varargin{:});
+try
+    [varargout{1:max(nargout, 1)}] = Verdanth(26, varargin{:});
+catch problem
+    [varargout{1:max(nargout, 1)}] = callAgain(problem, mfilename(), varargin, @(given) Verdanth(26, given{:}));
+end
 end

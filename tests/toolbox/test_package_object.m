@@ -25,18 +25,18 @@ function methods_do_what_the_functions_do(~)
     h = p.Handle;
     check(isequal(p.constant('criticalPressure'), capeOpenConstant(h, 'criticalPressure')), 'constant');
     check(isequal(p.tdep('idealGasHeatCapacity', T), capeOpenTDependentProp(h, 'idealGasHeatCapacity', T)), 'tdep');
-    check(strcmp(message_of(@() p.pdep('meltingTemperature', 1e5)), ...
-                 message_of(@() capeOpenPDependentProp(h, 'meltingTemperature', 1e5))), 'pdep');
+    check(strcmp(words_of(@() p.pdep('meltingTemperature', 1e5)), ...
+                 words_of(@() capeOpenPDependentProp(h, 'meltingTemperature', 1e5))), 'pdep');
     [a, b] = p.single('density enthalpy', T, 1e5, Z, 'Vapor');
     [c, d] = capeOpenSinglePhaseProp(h, 'density enthalpy', T, 1e5, Z, 'Vapor');
     check(isequal(a, c) && isequal(b, d), 'single');
-    check(strcmp(message_of(@() p.twophase('kvalue', 300, 1e5, Z, Z, 'Solid', 'Vapor')), 'Invalid phase ID 1'), 'twophase');
+    check(strcmp(words_of(@() p.twophase('kvalue', 300, 1e5, Z, Z, 'Solid', 'Vapor')), 'Invalid phase ID 1'), 'twophase');
     [a, b] = p.multiflash(Z, 'Temperature', [220; 230], 'Pressure', 40e5, 'Normal', 'vaporFraction enthalpy');
     [c, d] = capeOpenMultiFlash(h, Z, 'Temperature', [220; 230], 'Pressure', 40e5, 'Normal', 'vaporFraction enthalpy');
     check(isequal(a, c) && isequal(b, d), 'multiflash');
     check(isequal(p.multiflash(Z, 'Temperature', [220; 230], 'Pressure', 40e5, 'vaporFraction'), c), 'no solution');
     check(strcmp(p.unit('density'), 'mol / m3'), 'unit');
-    check(strcmp(message_of(@() p.constant(1)), 'Expected a string value for property name'), 'words of errors');
+    check(strcmp(words_of(@() p.constant(1)), 'Expected a string value for property name'), 'words of errors');
 end
 
 function a_flash_is_a_struct(~)
@@ -50,7 +50,7 @@ function a_flash_is_a_struct(~)
     check(isequal(size(r.compositions), [2 11]) && isequal(size(r.phases), [1 2]) && isequal(size(r.fractions), [1 2]), 'sizes');
     v = p.single('density', r.T, r.P, r.compositions(1, :), r.phases{1});
     check(v > 3000 && v < 3100, 'a row of the compositions serves in the next call');
-    check(strcmp(message_of(@() p.flash(Z(1:3), 'Temperature', 220, 'Pressure', 40e5)), ...
+    check(strcmp(words_of(@() p.flash(Z(1:3), 'Temperature', 220, 'Pressure', 40e5)), ...
                  'Invalid number of values for compositions: must match number of compounds'), 'error');
 end
 
@@ -90,7 +90,7 @@ function it_is_released_when_the_variable_goes(~)
     p = opened();
     delete(p);
     check(isempty(capeOpenHandleList()), 'deleted');
-    check(strcmp(message_of(@() p.Name), 'Invalid property package handle'), 'used after all: %s', message_of(@() p.Name));
+    check(strcmp(words_of(@() p.Name), 'Invalid property package handle'), 'used after all: %s', message_of(@() p.Name));
     clear p
 end
 
@@ -128,8 +128,8 @@ function a_package_that_was_open_before_stays_open(~)
 end
 
 function a_package_that_can_not_be_opened_leaves_nothing(~)
-    check(strcmp(message_of(@() capeopen.Package('nobody', 'x')), 'no such package manager: "nobody"'), 'manager');
-    check(strcmp(message_of(@() capeopen.Package(1, 'x')), 'Expected string for package manager name'), 'number');
+    check(strcmp(words_of(@() capeopen.Package('nobody', 'x')), 'no such package manager: "nobody"'), 'manager');
+    check(strcmp(words_of(@() capeopen.Package(1, 'x')), 'Expected string for package manager name'), 'number');
     check(isempty(capeOpenHandleList()), 'something is open');
 end
 
@@ -149,7 +149,7 @@ end
 function clearing_the_library_in_mid_use_does_no_harm(~)
     p = opened();
     clear Verdanth
-    check(strcmp(message_of(@() p.Name), 'Invalid property package handle'), 'the package is still there');
+    check(strcmp(words_of(@() p.Name), 'Invalid property package handle'), 'the package is still there');
     q = opened();
     clear p
     check(numel(q.Compounds) == 11, 'the new object has lost its package');
@@ -162,6 +162,7 @@ end
 function the_example_of_the_help_runs(toolbox)
     shown = evalc(example_of(fullfile(toolbox, '+capeopen', 'Package.m')));
     check(~isempty(strfind(shown, 'density = 3034.8')), '%s', shown);
+    check(~isempty(strfind(shown, 'T = -70 degC, P = 30 bar')), '%s', shown);
     check(isempty(capeOpenHandleList()), 'a package is still open');
 end
 

@@ -26,7 +26,7 @@ function every_function_has_a_command(toolbox)
     table = command_table();
     names = [table.plain(:, 2); table.silent(:, 2); table.counted(:, 2); {'Flash'; 'MultiFlash'}];
     files = dir(fullfile(toolbox, '*.m'));
-    on_top = {'MultiFlashParallel'; 'PhaseEnvelope'; 'Pxy'; 'Txy'};
+    on_top = {'Composition'; 'MultiFlashParallel'; 'PhaseEnvelope'; 'Pxy'; 'Txy'; 'Units'};
     expected = sort([strcat('capeOpen', [names; on_top], '.m'); {'Contents.m'}]);
     check(isequal(sort({files.name}.'), expected), 'the functions are not those of the commands');
 end
@@ -38,8 +38,12 @@ function arguments_are_passed_on_as_they_are(toolbox)
     for k = 1:size(rows, 1)
         name = ['capeOpen' rows{k, 2}];
         for l = 1:numel(lists)
-            feval(name, lists{l}{:});
-            check_call(name, rows{k, 1}, lists{l}, double(k <= size(table.plain, 1)));
+            given = lists{l};
+            if strcmp(name, 'capeOpenWarnings')
+                given(strcmp(given, 'a')) = {0}; % it looks at words itself
+            end
+            feval(name, given{:});
+            check_call(name, rows{k, 1}, given, double(k <= size(table.plain, 1)));
         end
     end
 end
@@ -53,8 +57,8 @@ function too_many_outputs_reach_the_library(toolbox)
     end
     for k = 1:size(table.silent, 1)
         name = ['capeOpen' table.silent{k, 2}];
-        a = feval(name, 'x');
-        check_call(name, table.silent{k, 1}, {'x'}, 1);
+        a = feval(name, 3);
+        check_call(name, table.silent{k, 1}, {3}, 1);
     end
     [a, b, c, d, e, f] = capeOpenFlash('x');
     check_call('capeOpenFlash', 24, {'x'}, 6);
@@ -180,7 +184,7 @@ function texts = cells_of(row)
 end
 
 function the_words_of_errors_arrive_unchanged_and_stand_in_the_help(toolbox)
-    check(strcmp(message_of(@() capeOpenCompoundList(int32(-1))), 'Invalid property package handle'), 'unopened');
+    check(strcmp(words_of(@() capeOpenCompoundList(int32(-1))), 'Invalid property package handle'), 'unopened');
     h = capeOpenCreate('Verdanth Reference Packages', 'Natural gas');
     X = [0.8 0.08 0.05 0.02 0 0.01 0 0 0.02 0.02 0];
     flash = @(varargin) capeOpenFlash(h, varargin{:});
@@ -232,10 +236,18 @@ function the_words_of_errors_arrive_unchanged_and_stand_in_the_help(toolbox)
         'MultiFlash', 'Expected column vector for value 1', @() batch(X, T, [220 230], P, 1e5, U, P)
         'MultiFlash', 'Not a valid flash property: ... (use capeOpenFlashPropList for list of valid properties)', @() batch(X, 'density', 220, P, 1e5, U, P)
         'MultiFlash', 'Invalid / unsupported flash property: ...', @() batch(X, T, 220, P, 1e5, U, 'density')
-        'Help', 'Failed to load help file', @() capeOpenHelp()
     };
     check_messages(toolbox, cases);
     capeOpenRelease(h);
+end
+
+function text = count_told(name, least, most, came)
+    counts = strjoin(arrayfun(@num2str, unique([least most]), 'UniformOutput', false), ' or ');
+    noun = 'arguments';
+    if most == 1
+        noun = 'argument';
+    end
+    text = sprintf('  %s takes %s %s, and %d came:', name, counts, noun, came);
 end
 
 % The arguments as the help has them: one fewer, one more, and a handle of no package.
@@ -246,18 +258,21 @@ function every_function_refuses_a_wrong_number_of_arguments_and_a_wrong_handle(t
     with_handle = 0;
     for k = 1:numel(names)
         name = ['capeOpen' names{k}];
-        lines = strsplit(fileread(fullfile(toolbox, [name '.m'])), '\n');
-        listed = regexp(lines{4}, [name '\((.*)\)$'], 'tokens', 'once');
+        lines_of_help = strsplit(fileread(fullfile(toolbox, [name '.m'])), '\n');
+        listed = regexp(lines_of_help{4}, [name '\((.*)\)$'], 'tokens', 'once');
         arguments_of_help = strsplit(listed{1}, ', ');
         count = numel(arguments_of_help) - isempty(listed{1});
-        for wrong = setdiff([count - 1, count + 1], -1)
+        least = count - any(ismember({'solution', 'failing'}, arguments_of_help)); % these may be left out
+        for wrong = setdiff([least - 1, count + 1], -1)
             given = [{int32(-1)}, repmat({'x'}, 1, count)](1:wrong);
-            message = message_of(@() feval(name, given{:}));
-            check(strcmp(message, 'Invalid number of arguments for Verdanth'), '%s with %d arguments: %s', name, wrong, message);
+            lines = strsplit(message_of(@() feval(name, given{:})), '\n');
+            check(strcmp(lines{1}, 'Invalid number of arguments for Verdanth'), '%s with %d arguments: %s', name, wrong, lines{1});
+            check(strcmp(lines{2}, count_told(name, least, count, wrong)), '%s', lines{2});
+            check(strcmp(strtrim(lines{3}), strtrim(lines_of_help{4}(2:end))), '%s', lines{3});
         end
         if strcmp(arguments_of_help{1}, 'handle')
-            given = [{int32(-1)}, repmat({'x'}, 1, count - 1)];
-            message = message_of(@() feval(name, given{:}));
+            given = [{int32(-1)}, repmat({'x'}, 1, least - 1)];
+            message = words_of(@() feval(name, given{:}));
             check(strcmp(message, 'Invalid property package handle'), '%s: %s', name, message);
             with_handle = with_handle + 1;
         end
@@ -266,7 +281,7 @@ function every_function_refuses_a_wrong_number_of_arguments_and_a_wrong_handle(t
 end
 
 function text_of_any_alphabet_passes(toolbox)
-    check(strcmp(message_of(@() capeOpenPackageList('Gärung 水')), 'no such package manager: "Gärung 水"'), 'changed');
+    check(strcmp(words_of(@() capeOpenPackageList('Gärung 水')), 'no such package manager: "Gärung 水"'), 'changed');
 end
 
 function settings_start_anew_after_clearing(toolbox)
@@ -296,12 +311,12 @@ function classes_of_arguments_are_told_apart(toolbox)
     density = @(T, X) capeOpenSinglePhaseProp(h, 'density', T, 1e5, X, 'Vapor');
     expected = density(300, X);
     check(isequal(density(300:300, X), expected), 'a range is no array');
-    for wrong = {single(300), int32(300), uint8(200), int64(300), true, 300 + 1i, sparse(300), @sin, struct('a', 1)}
-        check(strcmp(message_of(@() density(wrong{1}, X)), 'Expected double precision vector for temperatures'), ...
+    for wrong = {true, 300 + 1i, @sin}
+        check(strcmp(words_of(@() density(wrong{1}, X)), 'Expected double precision vector for temperatures'), ...
               'a %s is taken', class(wrong{1}));
     end
-    check(strcmp(message_of(@() capeOpenName(uint32(h))), 'Invalid property package handle'), 'uint32');
-    check(strcmp(message_of(@() capeOpenPropUnit(struct())), 'Expected string value for property name'), 'struct');
+    check(strcmp(words_of(@() capeOpenName(uint32(h))), 'Invalid property package handle'), 'uint32');
+    check(strcmp(words_of(@() capeOpenPropUnit(struct())), 'Expected string value for property name'), 'struct');
     check(strcmp(capeOpenPropUnit({'density'}), 'mol / m3'), 'one-element cell');
     capeOpenRelease(h);
 end

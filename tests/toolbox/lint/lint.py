@@ -177,7 +177,7 @@ def check_head(path, complaints, purposes):
     head = re.match(r"%(\S+)  (\S.*[.:].*)$", lines[1])
     if not head or head.group(1) != name:
         complaints.append(f"{path}:2: the help should begin with the name, two blanks and the purpose")
-    elif "private" not in path.parts and "+internal" not in path.parts:
+    elif not {"private", "+internal", "package"} & set(path.parts):
         purposes[name] = head.group(2)
     declared = re.match(r"(?:function\s+(?:(?:\[[^\]]*\]|\w+)\s*=\s*)?|classdef\s+)(\w+)", lines[0])
     if not declared or declared.group(1) != path.stem:

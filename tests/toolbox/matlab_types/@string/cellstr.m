@@ -1,0 +1,3 @@
+function words = cellstr(object)
+words = object.words;
+end

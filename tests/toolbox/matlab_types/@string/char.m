@@ -1,0 +1,3 @@
+function text = char(object)
+text = object.words{1};
+end

@@ -1,0 +1,3 @@
+function count = numel(object, varargin)
+count = numel(object.words);
+end
