@@ -271,7 +271,8 @@ SplitStatus joinVanishing(const FlashProblem &problem, const TrialPhase &trial, 
     const SplitStatus status = descend(problem, next);
     if (status != SplitStatus::solved)
         return status;
-    if (isLess(split.gibbs, next.gibbs))
+    const bool isBack = next.count <= split.count && !isLess(next.gibbs, split.gibbs); // the phases there were
+    if (isBack || isLess(split.gibbs, next.gibbs))
         return SplitStatus::collapsed;
     split = next;
     return status;
