@@ -24,11 +24,18 @@ function varargout = capeOpenMultiFlash(varargin)
 %
 %   Results:
 %     r1, r2  double N-by-1, one for each name in its order. A row whose flash
-%             failed holds NaN, and a warning tells why. The value of a
-%             property is the sum over the phases, each with its fraction.
+%             failed holds NaN. The value of a property is the sum over the
+%             phases, each with its fraction.
+%     texts   N-by-1 cell array, asked for by one output more than there are
+%             names: why a row failed, or what else it was warned of, '' where
+%             all is well. Then no warning is given.
 %
 %   An argument with one row holds for all flashes. Names beyond the number of
 %   results that are asked for are not calculated.
+%
+%   Ctrl-C stops it within about a quarter of a second; capeOpenLastResults
+%   gives the rows that were done until then. What takes longer than two
+%   seconds shows how far it is, but not in scripts.
 %
 %   Errors:
 %     'Invalid property package handle'
@@ -47,8 +54,12 @@ function varargout = capeOpenMultiFlash(varargin)
 %
 %   Warnings:
 %     'CAPE-OPEN: Flash failed at ..., ...: ...'
-%             The flash with these two values failed; the package's words
-%             follow.
+%             A single flash, with these two values, failed; the package's
+%             words follow.
+%     'CAPE-OPEN: Flash failed in ... of ... rows, which specify ... and ...: ...'
+%             One warning for all rows. Each line behind it has rows and the
+%             package's words; those that differ in numbers only are counted
+%             together.
 %     'CAPE-OPEN: Failed to calculate post-flash ... properties: ...'
 %             The flash was found, but not the properties of this phase. What
 %             the row reports of these properties is not to be trusted.
@@ -62,7 +73,23 @@ function varargout = capeOpenMultiFlash(varargin)
 %         'vaporFraction enthalpy')
 %     capeOpenRelease(handle)
 %
-%   See also capeOpenFlash, capeOpenFlashPropList, capeOpenWarnings, capeOpenBasis.
-values = Verdanth(25, varargin{1:min(end, 7)}, nargout, varargin{8:end});
-varargout = values.';
+%   See also capeOpenFlash, capeOpenLastResults, capeOpenFlashPropList, capeOpenWarnings, capeOpenBasis.
+if max(cellfun('size', varargin, 1)) < 2 % one flash, where each further call would be felt
+    try
+        values = Verdanth(25, varargin{1:7}, nargout, varargin{8:end});
+        varargout = values.';
+        return
+    catch problem
+        if nargin == 8 && ~strcmp(problem.message, 'Too many output arguments')
+            rethrow(problem);
+        end
+    end
+end
+if nargin ~= 8
+    values = Verdanth(25, varargin{1:min(end, 7)}, nargout, varargin{8:end}); % raises an error
+    varargout = values.';
+    return
+end
+given = varargin;
+varargout = batchResults(given(2:8), nargout, @(outputs, exact) flashRows(given{1}, given(2:8), outputs, exact));
 end

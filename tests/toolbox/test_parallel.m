@@ -54,41 +54,76 @@ function on_a_matlab_pool_results_are_the_same(~)
     warning('off', 'Octave:shadowed-function');
     addpath(fullfile(fileparts(mfilename('fullpath')), 'matlab_pool'));
     check_all_the_same();
-    check_bar();
+    check_many_rows();
     release_2016b = true;
-    check_all_the_same();
-    check_bar();
+    check_many_rows();
 end
 
-function failures_are_warned_of_as_by_the_serial_function(~)
-    [manager, package, Z] = natural_gas();
-    T = (201:300).';
-    T([30 31 77]) = [-3 -4 -5];
-    given = {Z, 'Temperature', T, 'Pressure', 40e5, 'Unspecified', 'vaporFraction'};
-    lastwarn('');
+% The processes of the package parallel.
+function pids = workers()
+    [~, text] = system(sprintf('pgrep -P %d octave', getpid()));
+    pids = str2num(text).';
+end
+
+% Long enough for workers to pay, with a failure in each block, and three in a row.
+function given = many_rows(rows)
+    [~, ~, Z] = natural_gas();
+    T = linspace(200, 300, rows).';
+    T(500:1000:end) = -3;
+    T(1001:1003) = -4;
+    given = {Z, 'Temperature', T, 'Pressure', 40e5, 'Unspecified', 'vaporFraction enthalpy'};
+end
+
+function check_many_rows()
+    given = many_rows(120000);
+    [manager, package] = natural_gas();
     h = capeOpenCreate(manager, package);
-    serial = evalc('a = capeOpenMultiFlash(h, given{:});');
-    shown = evalc('b = capeOpenMultiFlashParallel(manager, package, given{:});');
-    check(isequaln(a, b) && isequal(find(isnan(b)).', [30 31 77]), 'rows');
-    for failed = {'-3, ', '-4, ', '-5, '}
-        words = ['CAPE-OPEN: Flash failed at ' failed{1}];
-        check(numel(strfind(serial, words)) == 1 && numel(strfind(shown, words)) == 1, '"%s" in %s', words, shown);
-    end
-    check(strncmp(lastwarn(), 'CAPE-OPEN: Flash failed at -5, ', 31), 'last warning: %s', lastwarn());
+    [a, b, texts] = capeOpenMultiFlash(h, given{:});
+    lastwarn('');
+    evalc('capeOpenMultiFlash(h, given{:});');
+    expected = lastwarn();
+    [c, d, found] = capeOpenMultiFlashParallel(manager, package, given{:});
+    check(isequaln({a, b}, {c, d}), 'results');
+    check(isequal(texts, found) && nnz(~cellfun('isempty', found)) == 123, 'texts');
+    lastwarn('');
+    evalc('capeOpenMultiFlashParallel(manager, package, given{:});');
+    check(strncmp(expected, 'CAPE-OPEN: Flash failed in 123 of 120000 rows', 45) && strcmp(expected, lastwarn()), ...
+          'the warning is not "%s", but "%s"', expected, lastwarn());
+    capeOpenWarnings(0);
+    lastwarn('');
+    capeOpenMultiFlashParallel(manager, package, given{:});
+    check(isempty(lastwarn()), 'a warning without warnings: %s', lastwarn());
+    capeOpenWarnings(1);
     capeOpenRelease(h);
 end
 
-function check_bar()
-    [manager, package, Z] = natural_gas();
-    given = {Z, 'Temperature', (201:300).', 'Pressure', 40e5, 'Unspecified', 'enthalpy'};
-    shown = evalc('capeOpenMultiFlashParallel(manager, package, given{:});');
-    check(~isempty(regexp(shown, '^\|={40}\|$', 'once', 'lineanchors')), '%s', shown);
+function workers_do_what_is_long_and_rows_fail_as_without_them(~)
+    if nproc() > 1
+        check_many_rows();
+        check(numel(workers()) == nproc(), '%d workers', numel(workers()));
+    end
 end
 
-function a_bar_shows_the_progress(~)
-    if nproc() > 1
-        check_bar();
+function what_is_short_is_done_without_workers(~)
+    given = many_rows(5000);
+    [manager, package] = natural_gas();
+    evalc('capeOpenMultiFlashParallel(manager, package, given{:});');
+    check(isempty(workers()), 'there are workers');
+end
+
+function rows_of_a_worker_that_dies_are_done_by_others(~)
+    if nproc() == 1
+        return
     end
+    given = many_rows(200000);
+    [manager, package] = natural_gas();
+    evalc('expected = capeOpenMultiFlashParallel(manager, package, given{:});'); % starts the workers
+    before = workers();
+    system(sprintf('(sleep 0.7; kill -9 %d) > /dev/null 2>&1 &', before(1)));
+    shown = evalc('found = capeOpenMultiFlashParallel(manager, package, given{:});');
+    check(isequaln(found, expected), 'results');
+    check(numel(strfind(shown, 'CAPE-OPEN: A worker was lost')) == 1, '%s', shown);
+    check(~any(workers() == before(1)) && numel(workers()) == nproc(), 'the workers now');
 end
 
 function muted(action)
