@@ -114,7 +114,7 @@ if exist('OCTAVE_VERSION', 'builtin')
     end
     workers = nproc();
     if ~isempty(servers)
-        workers = workers * numel(servers);
+        workers = max(2, workers * (numel(servers) - 1)); % the first is this machine
     end
 elseif exist('gcp', 'file')
     pool = gcp();

@@ -126,6 +126,28 @@ function rows_of_a_worker_that_dies_are_done_by_others(~)
     check(~any(workers() == before(1)) && numel(workers()) == nproc(), 'the workers now');
 end
 
+% test_servers.py has them run.
+function on_servers_results_are_the_same(~)
+    pkg('load', 'parallel');
+    servers = pconnect({'127.0.0.1', '127.0.0.2'}, struct('use_tls', false));
+    given = many_rows(120000);
+    [manager, package] = natural_gas();
+    evalc('expected = cell(1, 3); [expected{:}] = capeOpenMultiFlashParallel(manager, package, given{:});');
+    evalc('parcellfun_set_nproc(0);');
+    lastwarn('');
+    found = cell(1, 3);
+    [found{:}] = capeOpenMultiFlashParallel(manager, package, given{:}, servers);
+    check(isequaln(found, expected), 'results');
+    check(isempty(workers()), 'it was calculated on this machine');
+    check(isempty(lastwarn()), 'a warning: %s', lastwarn());
+    hosts = unique(netcellfun(servers, @(x) getppid(), num2cell(1:8))); % of the workers of the servers
+    check(numel(hosts) == 2, '%d servers', numel(hosts));
+    system(sprintf('(sleep 0.5; kill -9 %d) > /dev/null 2>&1 &', hosts(1)));
+    shown = evalc('[found{:}] = capeOpenMultiFlashParallel(manager, package, given{:}, servers);');
+    check(isequaln(found, expected), 'results after the loss of a server');
+    check(numel(strfind(shown, 'CAPE-OPEN: A worker was lost')) == 1, '%s', shown);
+end
+
 function muted(action)
     evalc('action();');
 end

@@ -31,7 +31,9 @@ classdef Package < handle
 %              (double 1-by-k), compositions (double k-by-n), T (in K) and P
 %              (in Pa). Without a result it shows a table.
 %     multiflash(Z, name1, values1, name2, values2, solution, names)
-%              as capeOpenMultiFlash; solution may be left out
+%              as capeOpenMultiFlash; solution may be left out. With 'Parallel',
+%              true behind the names it is calculated on several processors,
+%              see capeOpenMultiFlashParallel.
 %     single(names, T, P, X, phase)
 %              as capeOpenSinglePhaseProp
 %     twophase(names, T, P, X1, X2, phase1, phase2)
@@ -75,6 +77,7 @@ classdef Package < handle
         MolecularWeights
     end
     properties (Access = private, Hidden)
+        opened % the arguments of capeOpenCreate
         guard % closes the package when the object goes: not every release of Octave calls delete then
     end
 
@@ -86,6 +89,7 @@ classdef Package < handle
             before = capeOpenHandleList();
             handle = capeOpenCreate(manager, package);
             self.Handle = handle;
+            self.opened = {manager, package};
             capeopen.internal.users(handle, 1, any(before == handle));
             self.guard = onCleanup(@() capeopen.internal.users(handle, -1));
         end
@@ -132,10 +136,19 @@ classdef Package < handle
         end
 
         function varargout = multiflash(self, varargin)
+            several = false;
+            if numel(varargin) > 7 && ischar(varargin{end - 1}) && strcmpi(varargin{end - 1}, 'Parallel')
+                several = varargin{end};
+                varargin = varargin(1:end - 2);
+            end
             if numel(varargin) == 6
                 varargin = [varargin(1:5), {'Unspecified'}, varargin(6)];
             end
-            [varargout{1:max(nargout, 1)}] = capeOpenMultiFlash(self.Handle, varargin{:});
+            if several
+                [varargout{1:max(nargout, 1)}] = capeOpenMultiFlashParallel(self.opened{:}, varargin{:});
+            else
+                [varargout{1:max(nargout, 1)}] = capeOpenMultiFlash(self.Handle, varargin{:});
+            end
         end
 
         function varargout = flash(self, varargin)

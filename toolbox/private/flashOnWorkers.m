@@ -19,6 +19,7 @@ for attempt = 1:2 % the second with workers in the place of those that were lost
     catch problem
         left = keptRows('left');
         batchProgress(-1, 0);
+        servers = []; % of several, one that was lost takes the connections with it
         warning('Verdanth:warning', ['CAPE-OPEN: A worker was lost (%s); others calculate what it left, ' ...
                                      '%d rows are to be done'], problem.message, sum(left(:, 2) - left(:, 1) + 1));
     end
@@ -39,13 +40,20 @@ end
 end
 
 function onOctave(jobs, workers, servers)
-if exist('OCTAVE_VERSION', 'builtin') && ~isempty(servers)
-    rest = netcellfun(servers, @capeopen.internal.flashBlock, jobs, 'CumFunc', @taken);
-elseif exist('OCTAVE_VERSION', 'builtin')
+if exist('OCTAVE_VERSION', 'builtin')
     try
-        rest = parcellfun(workers, @capeopen.internal.flashBlock, jobs, 'CumFunc', @taken);
+        if isempty(servers)
+            taken(parcellfun(workers, @capeopen.internal.flashBlock, jobs, 'CumFunc', @taken), []);
+        else
+            reval(pathForServers(), servers);
+            for k = 1:4 * workers:numel(jobs) % what servers have done comes back with the last of a call
+                some = jobs(k:min(k + 4 * workers - 1, end));
+                outcomes = netcellfun(servers, @(job) capeopen.internal.flashBlock(job), some, 'UniformOutput', false);
+                cellfun(@take, outcomes);
+            end
+        end
     catch problem
-        interrupted = ~isempty(strfind(problem.message, 'could not receive')) && ~anyWasKilled();
+        interrupted = ~isempty(strfind(problem.message, 'could not receive')) && ~anyWasLost(servers);
         parcellfun_set_nproc(0); % the next call has workers that do nothing else
         if interrupted
             kill(getpid(), 2);
@@ -54,15 +62,26 @@ elseif exist('OCTAVE_VERSION', 'builtin')
         rethrow(problem);
     end
 end
-taken(rest, []);
+end
+
+% Where the folders of this machine are there on a server, too, nothing has to be installed.
+function code = pathForServers()
+folders = {fileparts(fileparts(mfilename('fullpath'))), fileparts(which('Verdanth'))};
+code = sprintf('if exist(''%s'', ''dir''), addpath(''%s''); end\n', folders{[1, 1, 2, 2]});
 end
 
 % An interrupt breaks the connections, too, and looks the same. It lets workers live, or has them end by themselves.
-function answer = anyWasKilled()
+function answer = anyWasLost(servers)
 pause(0.05);
 answer = false;
 pid = 1;
-if exist('OCTAVE_VERSION', 'builtin')
+if exist('OCTAVE_VERSION', 'builtin') && ~isempty(servers)
+    try
+        reval('true;', servers);
+    catch
+        answer = true;
+    end
+elseif exist('OCTAVE_VERSION', 'builtin')
     while pid > 0 && ~answer
         [pid, status] = waitpid(-1, WNOHANG());
         answer = pid > 0 && WIFSIGNALED(status);
