@@ -87,16 +87,18 @@ function [values, notes] = flash(handle, given, job, servers, outputs, exact)
 job.outputs = outputs;
 names = nameList(given{7});
 job.names = names(1:min(outputs, end)); % the next one is a text
-[values, notes] = flashRows(handle, given, outputs, exact, @(seconds) onWorkers(job, given, seconds, servers));
+helpers = @(batch, seconds) onWorkers(job, batch, given, seconds, servers);
+[values, notes] = flashRows(handle, given, outputs, exact, helpers);
 if ~exact && ~isempty(notes) && ~warningsAreOn(handle, given) % those of the workers are
     notes = [];
 end
 end
 
 % Looks for workers no sooner than there is work for them.
-function onWorkers(job, given, seconds, servers)
+function onWorkers(job, batch, given, seconds, servers)
 workers = numberOfWorkers(servers);
 if workers > 1
+    job.batch = batch;
     flashOnWorkers(job, given, seconds, workers, servers);
 end
 end

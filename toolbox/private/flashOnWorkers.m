@@ -104,7 +104,7 @@ if ~isempty(outcome) && ~isempty(outcome.values)
         texts(outcome.rows) = outcome.texts;
         notes = notesOf(texts);
     end
-    keptRows('add', outcome.first, outcome.values, notes);
+    keptRows('add', outcome.batch, outcome.first, outcome.values, notes);
 end
 end
 

@@ -3,8 +3,8 @@ function [values, notes] = flashRows(handle, given, outputs, exact, helpers)
 %
 %   GIVEN are the arguments of capeOpenMultiFlash behind the handle. VALUES are rows by outputs, NOTES what flashOnce
 %   says of all rows; if EXACT, each text has its row, also where warnings are off. HELPERS, if given, is called with
-%   the seconds that a row takes, once these are known and what is left takes longer than a second: it adds what it
-%   does to keptRows. The rest is done here.
+%   the batch and the seconds that a row takes, once these are known and what is left takes longer than a second: it
+%   adds what it does to keptRows. The rest is done here.
 name = 'capeOpenMultiFlash';
 if nargin > 4
     name = 'capeOpenMultiFlashParallel';
@@ -38,11 +38,11 @@ while ~isempty(stretches)
         keptRows('end');
         rethrow(problem);
     end
-    keptRows('add', first, block, words);
+    keptRows('add', batch, first, block, words);
     seconds = toc(begun);
     perRow = seconds / (last - first + 1);
     if nargin > 4 && ~isempty(helpers) && seconds > 0.01 && perRow * (rows - last) > 1
-        helpers(perRow);
+        helpers(batch, perRow);
         helpers = [];
     end
     count = max(1, min(8 * count, floor(0.25 / max(perRow, 1e-9)))); % a first guess is not trusted too far

@@ -2,7 +2,9 @@ function [values, more] = keptRows(action, varargin)
 %keptRows  Holds the rows of a batch that are done, beyond an interrupt.
 %
 %   batch = keptRows('begin', rows, outputs)
-%   keptRows('add', first, values, notes) what flashOnce gave for a block that begins with this row
+%   keptRows('add', batch, first, values, notes)
+%                                         what flashOnce gave for a block that begins with this row; a second time it
+%                                         counts for nothing, nor does what comes late, when its batch has ended
 %   stretches = keptRows('left')          first and last rows, m-by-2, of what is not done
 %   [values, notes] = keptRows('end')     all of it; the batch is no longer to be called stopped
 %   keptRows('stopped', batch, name)      says that this function was stopped, if the batch has had no end
@@ -24,8 +26,11 @@ elseif strcmp(action, 'last')
     if ~isempty(batches)
         [values, more] = whatIsThere(batches{1});
     end
-elseif strcmp(action, 'add') && ~any(batches{end}.firsts == varargin{1})
-    batches{end} = added(batches{end}, varargin{:});
+elseif strcmp(action, 'add')
+    if ~isempty(batches) && batches{end}.running && batches{end}.number == varargin{1} ...
+            && ~any(batches{end}.firsts == varargin{2})
+        batches{end} = added(batches{end}, varargin{2:4});
+    end
 elseif strcmp(action, 'left')
     values = left(batches{end});
 elseif strcmp(action, 'end')

@@ -12,6 +12,6 @@ if exist('OCTAVE_VERSION', 'builtin')
         answer = none ~= 0 || (input.modestr(1) == 'c' && output.modestr(1) == 'c' && output.rdev ~= null.rdev);
     end
 else
-    answer = usejava('desktop') && (~exist('batchStartupOptionUsed', 'builtin') || ~batchStartupOptionUsed());
+    answer = usejava('desktop') && (~exist('batchStartupOptionUsed') || ~batchStartupOptionUsed());
 end
 end

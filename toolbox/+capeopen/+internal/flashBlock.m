@@ -2,10 +2,11 @@ function outcome = flashBlock(job)
 %capeopen.internal.flashBlock  One block of capeOpenMultiFlashParallel, in the process of a worker.
 %
 %   JOB has the fields manager and package, mass for the basis, outputs, given (the arguments of capeOpenMultiFlash but
-%   the first) and first, the number of its first row. OUTCOME has this, the VALUES (rows by outputs), and the TEXTS of
-%   those ROWS that have one. Without values the block was not done: the caller comes upon the same error, or does it.
+%   the first), batch, and first, the number of its first row. OUTCOME has the last two, the VALUES (rows by outputs),
+%   and the TEXTS of those ROWS that have one. Without values the block was not done: the caller comes upon the same
+%   error, or does it.
 persistent held name
-outcome = struct('first', job.first, 'values', [], 'rows', [], 'texts', {{}});
+outcome = struct('batch', job.batch, 'first', job.first, 'values', [], 'rows', [], 'texts', {{}});
 try
     if isempty(held) || ~isequal(name, {job.manager, job.package}) || ~any(capeOpenHandleList() == held.Handle)
         held = capeopen.Package(job.manager, job.package);
