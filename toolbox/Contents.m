@@ -35,6 +35,7 @@
 %   capeOpenPxy                 - Phase diagram of two compounds at one temperature, calculated and drawn.
 %   capeOpenTxy                 - Phase diagram of two compounds at one pressure, calculated and drawn.
 %   capeOpenMultiFlashParallel  - Phase equilibria over arrays of conditions, on several processors.
+%   capeOpenLastResults         - The rows that were done when a batch of flashes was stopped.
 %
 % Settings and information
 %   capeOpenBasis               - Choose mole or mass basis.

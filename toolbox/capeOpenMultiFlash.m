@@ -26,11 +26,18 @@ function varargout = capeOpenMultiFlash(varargin)
 %
 %   Results:
 %     r1, r2  double N-by-1, one for each name in its order. A row whose flash
-%             failed holds NaN, and a warning tells why. The value of a
-%             property is the sum over the phases, each with its fraction.
+%             failed holds NaN. The value of a property is the sum over the
+%             phases, each with its fraction.
+%     texts   N-by-1 cell array, asked for by one output more than there are
+%             names: why a row failed, or what else it was warned of, '' where
+%             all is well. Then no warning is given.
 %
 %   An argument with one row holds for all flashes. Names beyond the number of
 %   results that are asked for are not calculated.
+%
+%   Ctrl-C stops it within about a quarter of a second; capeOpenLastResults
+%   gives the rows that were done until then. What takes longer than two
+%   seconds shows how far it is, but not in scripts.
 %
 %   Errors:
 %     'Invalid property package handle'
@@ -49,8 +56,12 @@ function varargout = capeOpenMultiFlash(varargin)
 %
 %   Warnings:
 %     'CAPE-OPEN: Flash failed at ..., ...: ...'
-%             The flash with these two values failed; the package's words
-%             follow.
+%             A single flash, with these two values, failed; the package's
+%             words follow.
+%     'CAPE-OPEN: Flash failed in ... of ... rows, which specify ... and ...: ...'
+%             One warning for all rows. Each line behind it has rows and the
+%             package's words; those that differ in numbers only are counted
+%             together.
 %     'CAPE-OPEN: Failed to calculate post-flash ... properties: ...'
 %             The flash was found, but not the properties of this phase. What
 %             the row reports of these properties is not to be trusted.
@@ -64,7 +75,7 @@ function varargout = capeOpenMultiFlash(varargin)
 %         'vaporFraction enthalpy')
 %     capeOpenRelease(handle)
 %
-%   See also capeOpenFlash, capeOpenFlashPropList, capeOpenWarnings, capeOpenBasis.
+%   See also capeOpenFlash, capeOpenLastResults, capeOpenFlashPropList, capeOpenWarnings, capeOpenBasis.
 persistent inOctave
 if inOctave % the library refuses there what it can not read
 else
@@ -73,12 +84,24 @@ end
 if nargin == 7
     varargin = [varargin(1:6), {'Unspecified'}, varargin(7)];
 end
-try
-    values = Verdanth(25, varargin{1:min(end, 7)}, nargout, varargin{8:end});
-catch problem
-    count = nargout;
-    call = @(given) Verdanth(25, given{1:min(end, 7)}, count, given{8:end});
-    values = callAgain(problem, mfilename(), varargin, call);
+if max(cellfun('size', varargin, 1)) < 2 % one flash, where each further call would be felt
+    try
+        values = Verdanth(25, varargin{1:7}, nargout, varargin{8:end});
+        varargout = values.';
+        return
+    catch
+        % as a batch it may be one, and if not, it is said below why
+    end
 end
-varargout = values.';
+given = libraryArguments(varargin);
+try
+    if numel(given) ~= 8
+        values = Verdanth(25, given{1:min(end, 7)}, nargout, given{8:end}); % raises an error
+        varargout = values.';
+        return
+    end
+    varargout = batchResults(given(2:8), nargout, @(outputs, exact) flashRows(given{1}, given(2:8), outputs, exact));
+catch problem
+    callAgain(problem, mfilename(), given, []);
+end
 end

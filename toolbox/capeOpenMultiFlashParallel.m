@@ -2,12 +2,13 @@ function varargout = capeOpenMultiFlashParallel(manager, package, varargin)
 %capeOpenMultiFlashParallel  Phase equilibria over arrays of conditions, on several processors.
 %
 %   [r1, r2, ...] = capeOpenMultiFlashParallel(manager, package, Z, name1, values1, name2, values2, solution, names)
+%   [r1, r2, ...] = capeOpenMultiFlashParallel(..., names, servers)
 %
 %   Gives what capeOpenMultiFlash gives, number for number. It cuts the rows
 %   into blocks, and workers calculate these at the same time, each with a
-%   package of its own: in MATLAB those of the parallel pool, in Octave those
-%   of the package parallel. Where there is neither, and for a single row, it
-%   works without. It pays for many rows.
+%   package of its own: in MATLAB those of the parallel pool, also of one on a
+%   cluster, in Octave those of the package parallel. Where there is neither,
+%   and for what takes less than a second, it works without.
 %
 %   Arguments:
 %     manager  text, a name that capeOpenManagerList gives
@@ -26,14 +27,19 @@ function varargout = capeOpenMultiFlashParallel(manager, package, varargin)
 %             'Retrograde' or another word that the package knows
 %     names   what to report: names that capeOpenFlashPropList gives, as a
 %             text with blanks between the names, or a cell array of texts
+%     servers
+%             in Octave, connections that pconnect gave to servers on other
+%             machines, where Verdanth has to be installed
 %
 %   Results:
 %     r1, r2  double N-by-1, one for each name in its order. A row whose flash
-%             failed holds NaN, and a warning tells why.
+%             failed holds NaN.
+%     texts   N-by-1 cell array, asked for by one output more than there are
+%             names: why a row failed, '' where all is well
 %
-%   A bar shows the progress. Workers keep the package open, so that the next
-%   call finds it. A block in which something failed is calculated a second
-%   time by capeOpenMultiFlash, whose warnings are then seen.
+%   Progress, Ctrl-C and warnings are as with capeOpenMultiFlash. Workers keep
+%   the package open, so that the next call finds it. Rows of a worker that dies
+%   are calculated by others.
 %
 %   Errors:
 %     'Invalid number of arguments for capeOpenMultiFlashParallel'
@@ -44,6 +50,11 @@ function varargout = capeOpenMultiFlashParallel(manager, package, varargin)
 %             Two arguments have more than one row, and not the same number.
 %             This and the other errors of capeOpenMultiFlash are possible.
 %
+%   Warnings:
+%     'CAPE-OPEN: A worker was lost (...); others calculate what it left, ... rows are to be done'
+%             The process of a worker has ended. This and the warnings of
+%             capeOpenMultiFlash are possible.
+%
 %   Example:
 %     X = [0.8 0.08 0.05 0.02 0 0.01 0 0 0.02 0.02 0];
 %     T = linspace(180, 300, 2000).';
@@ -53,63 +64,52 @@ function varargout = capeOpenMultiFlashParallel(manager, package, varargin)
 %         'vaporFraction enthalpy');
 %     fraction([1 end])
 %
-%   See also capeOpenMultiFlash, capeOpenCreate, capeOpenBasis.
+%   See also capeOpenMultiFlash, capeOpenLastResults, capeOpenCreate, capeOpenBasis.
 if nargin < 2
     error('Verdanth:error', 'Invalid number of arguments for capeOpenMultiFlashParallel');
 end
 p = capeopen.Package(manager, package); % its errors come before any worker starts
-outputs = max(nargout, 1);
-varargout = cell(1, outputs);
-rows = commonRows(varargin);
-workers = numberOfWorkers();
-if isempty(rows) || workers < 2
-    [varargout{:}] = capeOpenMultiFlash(p.Handle, varargin{:});
+servers = [];
+if nargin == 10
+    servers = varargin{8};
+    varargin(8) = [];
+end
+given = libraryArguments([{p.Handle}, varargin]);
+varargin = given(2:end);
+if numel(varargin) == 6
+    varargin = [varargin(1:5), {'Unspecified'}, varargin(6)];
+end
+if numel(varargin) ~= 7 || isequal(batchRows(varargin), 1)
+    [varargout{1:max(nargout, 1)}] = capeOpenMultiFlash(p.Handle, varargin{:});
     return
 end
-
-blocks = min(rows, 8 * workers);
-last = round(rows * (1:blocks) / blocks);
-first = [1, last(1:end - 1) + 1];
-mass = strcmp(capeOpenPropUnit('density'), 'kg / m3');
-jobs = arrayfun(@(k) struct('manager', manager, 'package', package, 'mass', mass, 'outputs', outputs, 'number', k, ...
-                            'given', {rowsOf(varargin, first(k), last(k))}), 1:blocks, 'UniformOutput', false);
-outcomes = runBlocks(jobs, workers);
-values = zeros(rows, outputs);
-for k = 1:blocks
-    block = outcomes(k).values;
-    if ~outcomes(k).clean
-        again = cell(1, outputs);
-        [again{:}] = capeOpenMultiFlash(p.Handle, jobs{k}.given{:});
-        block = [again{:}];
-    end
-    values(first(k):last(k), :) = block;
-end
-varargout = num2cell(values, 1);
+given = varargin;
+job = struct('manager', manager, 'package', package, 'mass', strcmp(capeOpenPropUnit('density'), 'kg / m3'));
+varargout = batchResults(given, nargout, @(outputs, exact) flash(p.Handle, given, job, servers, outputs, exact));
 end
 
-% The number of rows if there are two or more and all arguments agree about it; the library finds fault with the rest.
-function rows = commonRows(given)
-rows = [];
-if numel(given) < 7
-    return
-end
-counts = cellfun(@(column) size(column, 1), given([1, 3, 5]));
-several = counts(counts ~= 1);
-if ~isempty(several) && all(several == several(1)) && several(1) > 1
-    rows = several(1);
+function [values, notes] = flash(handle, given, job, servers, outputs, exact)
+job.outputs = outputs;
+names = nameList(given{7});
+job.names = names(1:min(outputs, end)); % the next one is a text
+helpers = @(batch, seconds) onWorkers(job, batch, given, seconds, servers);
+[values, notes] = flashRows(handle, given, outputs, exact, helpers);
+if ~exact && ~isempty(notes) && ~warningsAreOn(handle, given) % those of the workers are
+    notes = [];
 end
 end
 
-function given = rowsOf(given, first, last)
-for k = [1, 3, 5]
-    if size(given{k}, 1) > 1
-        given{k} = given{k}(first:last, :);
-    end
+% Looks for workers no sooner than there is work for them.
+function onWorkers(job, batch, given, seconds, servers)
+workers = numberOfWorkers(servers);
+if workers > 1
+    job.batch = batch;
+    flashOnWorkers(job, given, seconds, workers, servers);
 end
 end
 
 % 1 where nothing runs beside this process.
-function workers = numberOfWorkers()
+function workers = numberOfWorkers(servers)
 workers = 1;
 if exist('OCTAVE_VERSION', 'builtin')
     if ~exist('parcellfun', 'file')
@@ -120,43 +120,13 @@ if exist('OCTAVE_VERSION', 'builtin')
         end
     end
     workers = nproc();
+    if ~isempty(servers)
+        workers = max(2, workers * (numel(servers) - 1)); % the first is this machine
+    end
 elseif exist('gcp', 'file')
     pool = gcp();
     if ~isempty(pool)
         workers = pool.NumWorkers;
     end
 end
-end
-
-function outcomes = runBlocks(jobs, workers)
-blocks = numel(jobs);
-progressBar(0, blocks);
-if exist('OCTAVE_VERSION', 'builtin')
-    outcomes = parcellfun(workers, @capeopen.internal.flashBlock, jobs, ...
-                          'CumFunc', @(all, one) joined(all, one, blocks));
-    progressBar(1, blocks); % the first is joined to nothing
-    [~, order] = sort([outcomes.number]);
-    outcomes = outcomes(order);
-else
-    outcomes = repmat(struct('number', 0, 'values', [], 'clean', true), 1, blocks);
-    queue = [];
-    if exist('parallel.pool.DataQueue', 'class')
-        queue = parallel.pool.DataQueue();
-        afterEach(queue, @(count) progressBar(count, blocks));
-    end
-    parfor k = 1:blocks
-        outcomes(k) = capeopen.internal.flashBlock(jobs{k});
-        if ~isempty(queue)
-            send(queue, 1);
-        end
-    end
-    if isempty(queue)
-        progressBar(blocks, blocks);
-    end
-end
-end
-
-function all = joined(all, one, blocks)
-progressBar(numel(one), blocks);
-all = [all, one];
 end

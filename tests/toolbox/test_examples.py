@@ -134,6 +134,34 @@ class Examples(unittest.TestCase):
         # The equation is the package's own, so its parameter comes back.
         self.assertEqual(numbers_in(r"at 263.15 K: ([\d.]+), from", self.text)[0], 0.13)
 
+    def test_jobArray(self):
+        # 4 pressures and 121 temperatures; a slice has each fourth of them.
+        self.assertIn("363 of 484 rows are there; slice 3 is missing", self.text)
+        self.assertIn("now 484 of 484 rows are there; 0 slices are missing", self.text)
+        self.assertEqual(numbers_in(r"from a single call: (\S+)", self.text)[0], 0)
+        self.run_as_jobs()
+
+    def run_as_jobs(self):
+        """What a queue does: a process for each slice, with a condition that fails among them."""
+        with tempfile.TemporaryDirectory() as folder:
+            file = pathlib.Path(folder) / "conditions.csv"
+            file.write_text("220,4e6\n-5,4e6\n240,4e6\n", encoding="ascii")
+            octave = [OCTAVE, "--quiet", "--norc", "--no-history", "--path", SOURCE / "toolbox/examples", "--path", BUILD]
+            jobs = [subprocess.Popen([*octave, "--eval", f"flashSlice('{file}', {slice}, 2)"], text=True,
+                                     stdout=subprocess.PIPE, stderr=subprocess.STDOUT) for slice in (1, 2)]
+            said = [job.communicate(timeout=100)[0] for job in jobs]
+            self.assertEqual([job.returncode for job in jobs], [0, 0], said)
+            self.assertEqual(said[0], "")
+            self.assertRegex(said[1], r"^row 2: Flash failed at -5, 4e\+06: .+\n$")
+            self.assertEqual(sorted(path.name for path in file.parent.iterdir()),
+                             ["conditions.1.csv", "conditions.2.csv", "conditions.csv"])
+            done = subprocess.run([*octave, "--eval", f"disp(joinSlices('{file}', 2)(:, 1).')"], text=True, check=True,
+                                  stdout=subprocess.PIPE)
+            # The vapor fraction at 220 K is that of the quick start.
+            values = done.stdout.split()
+            self.assertEqual((round(float(values[0]), 4), values[1]), (0.7911, "NaN"))
+            self.assertGreater(float(values[2]), float(values[0]))
+
 
 if __name__ == "__main__":
     NAME, OCTAVE = sys.argv[1:3]

@@ -1,55 +1,138 @@
-"""Ctrl-C in the middle of a call:  test_interrupt.py OCTAVE TOOLBOX VERDANTH
+"""Ctrl-C in the middle of a call, and what is shown meanwhile:  test_interrupt.py TEST OCTAVE TOOLBOX VERDANTH
 
-Octave's prompt is there again when the call has come to its end, and packages and library go on as if nothing had been.
+Octave's prompt is there again at once, packages and library go on as if nothing had been, and what was done is there.
 """
 
+import os
+import pty
+import re
 import signal
 import subprocess
 import sys
+import tempfile
+import threading
 import time
 import unittest
 
 SETTING_UP = f"""
-addpath('{sys.argv[2]}', '{sys.argv[3]}');
+addpath('{sys.argv[3]}', '{sys.argv[4]}');
 h = capeOpenCreate('Verdanth Reference Packages', 'Natural gas');
 X = [0.8 0.08 0.05 0.02 0 0.01 0 0 0.02 0.02 0];
-T = linspace(200, 300, 150000).';
-expected = capeOpenMultiFlash(h, X, 'Temperature', 220, 'Pressure', 40e5, 'Unspecified', 'vaporFraction');
+T = linspace(200, 300, 400000).';
+given = {{X, 'Temperature', T, 'Pressure', 40e5, 'Unspecified', 'vaporFraction enthalpy'}};
+expected = Verdanth(25, h, X, 'Temperature', T(1:100), 'Pressure', 40e5, 'Unspecified', 2, 'vaporFraction enthalpy');
 """
+SERIAL = "capeOpenMultiFlash(h, given{:})"
+PARALLEL = "capeOpenMultiFlashParallel('Verdanth Reference Packages', 'Natural gas', given{:})"
+CONNECTING = "pkg load parallel; servers = pconnect({'127.0.0.1', '127.0.0.2'}, struct('use_tls', false));"
 LONG_CALL = """
-disp('begun'); fflush(stdout); v = capeOpenMultiFlash(h, X, 'Temperature', T, 'Pressure', 40e5, 'Unspecified', 'vaporFraction'); disp('not stopped');
+disp('begun'); fflush(stdout); [v, w] = %s; disp('not stopped');
 """
 AFTERWARDS = """
+disp('prompt again'); fflush(stdout);
 if exist('v', 'var'), disp('assigned after all'), end
-v = capeOpenMultiFlash(h, X, 'Temperature', 220, 'Pressure', 40e5, 'Unspecified', 'vaporFraction');
-printf('%d package, the same: %d\\n', numel(capeOpenHandleList()), v == expected);
+[kept, done] = capeOpenLastResults();
+printf('%d rows kept\\n', sum(done));
+printf('the same rows: %d\\n', isequal(kept(1:100, :), [expected{:}]) && isequal(any(isnan(kept), 2), !done));
+v = Verdanth(25, h, X, 'Temperature', T(1:100), 'Pressure', 40e5, 'Unspecified', 2, 'vaporFraction enthalpy');
+printf('%d package, the same: %d\\n', numel(capeOpenHandleList()), isequal(v, expected));
+v = capeOpenMultiFlash(h, X, 'Temperature', T(1:100), 'Pressure', 40e5, 'Unspecified', 'vaporFraction');
+printf('kept after a call that came to its end: %d\\n', numel(capeOpenLastResults()));
 capeOpenRelease(h)
 disp('the end')
 """
+OCTAVE = [sys.argv[2], "--interactive", "--quiet", "--norc", "--no-history", "--no-line-editing"]
+
+
+def read_until(stream, words):
+    lines = []
+    while words not in "".join(lines):
+        lines.append(stream.readline())
+        if not lines[-1]:
+            raise AssertionError("".join(lines))
+    return "".join(lines)
 
 
 class Interrupt(unittest.TestCase):
-    def test_leaves_the_library_usable(self):
-        octave = subprocess.Popen([sys.argv[1], "--interactive", "--quiet", "--norc", "--no-history", "--no-line-editing"],
-                                  text=True, bufsize=1, stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+    def stop(self, call, name, preparing=""):
+        octave = subprocess.Popen(OCTAVE, text=True, bufsize=1, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                  stderr=subprocess.STDOUT, start_new_session=True)
         self.addCleanup(octave.kill)
-        octave.stdin.write(SETTING_UP + LONG_CALL)
+        octave.stdin.write(SETTING_UP + preparing + LONG_CALL % call)
         octave.stdin.flush()
-        lines = []
-        while "begun" not in "".join(lines):
-            lines.append(octave.stdout.readline())
-            self.assertTrue(lines[-1], "".join(lines))
-        time.sleep(0.3) # into the middle of it
-        octave.send_signal(signal.SIGINT)
+        read_until(octave.stdout, "begun")
+        time.sleep(2) # into the middle of it
+        begun = time.monotonic()
+        os.killpg(octave.pid, signal.SIGINT) # as a terminal does
         octave.stdin.write(AFTERWARDS)
-        said = octave.communicate(timeout=100)[0]
+        octave.stdin.flush()
+        said = read_until(octave.stdout, "prompt again")
+        seconds = time.monotonic() - begun
+        said += octave.communicate(timeout=100)[0]
         self.assertEqual(octave.returncode, 0, said)
+        stopped = re.search(name + r" was stopped: (\d+) of 400000 rows are done, capeOpenLastResults gives them", said)
+        self.assertTrue(stopped, said)
+        self.assertIn(stopped.group(1) + " rows kept", said)
+        self.assertGreater(int(stopped.group(1)), 100, said)
+        self.assertIn("the same rows: 1", said)
         self.assertIn("1 package, the same: 1", said)
+        self.assertIn("kept after a call that came to its end: 0", said)
         self.assertIn("the end", said)
         self.assertNotIn("not stopped", said)
         self.assertNotIn("assigned after all", said)
+        print(f"{seconds:.2f} s after the interrupt the prompt was there.")
+        self.assertLess(seconds, 1.5, "half a second where nothing else runs")
 
+    def test_leaves_the_library_usable(self):
+        self.stop(SERIAL, "capeOpenMultiFlash")
+
+    def test_stops_workers(self):
+        self.stop(PARALLEL, "capeOpenMultiFlashParallel")
+
+    def test_stops_servers(self): # test_servers.py has them run
+        self.stop(PARALLEL.replace(")", ", servers)"), "capeOpenMultiFlashParallel", CONNECTING)
+
+
+class Progress(unittest.TestCase):
+    """What a terminal shows of a call of several seconds."""
+
+    def shown(self, options, code):
+        terminal, end = pty.openpty()
+        octave = subprocess.Popen([OCTAVE[0], "--quiet", "--norc", "--no-history", "--no-line-editing", *options], stdin=end,
+                                  stdout=end, stderr=end)
+        timer = threading.Timer(100, octave.kill)
+        timer.start()
+        self.addCleanup(timer.cancel)
+        os.close(end)
+        os.write(terminal, code.encode())
+        text = b""
+        try:
+            while part := os.read(terminal, 4096):
+                text += part
+        except OSError: # the other end was closed
+            pass
+        os.close(terminal)
+        self.assertEqual(octave.wait(100), 0, text)
+        return text.decode()
+
+    def test_is_shown_to_a_person_alone(self):
+        progress = re.compile(r"\d+ of 120000 rows, [\d.]+ rows/s, \d+ s left")
+        code = SETTING_UP + "given{3} = T(1:120000); v = " + SERIAL + "; disp(nnz(v) > 0), exit\n"
+        self.assertRegex(self.shown([], code), progress)
+        with tempfile.NamedTemporaryFile("w", suffix=".m") as script:
+            script.write("1;\n" + code)
+            script.flush()
+            self.assertNotRegex(self.shown([script.name], ""), progress)
+        done = subprocess.run(OCTAVE, text=True, input=code, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, check=True)
+        self.assertNotRegex(done.stdout, progress)
+
+    def test_is_not_shown_of_a_short_call(self):
+        code = SETTING_UP + "given{3} = T(1:4000); v = " + SERIAL + "; disp(nnz(v) > 0), exit\n"
+        self.assertNotIn("rows/s", self.shown([], code))
+
+
+TESTS = {test: group for group in (Interrupt, Progress) for test in dir(group) if test.startswith("test_")}
 
 if __name__ == "__main__":
-    outcome = unittest.TextTestRunner().run(Interrupt("test_leaves_the_library_usable"))
+    outcome = unittest.TextTestRunner().run(TESTS[sys.argv[1]](sys.argv[1]))
     sys.exit(not outcome.wasSuccessful())

@@ -39,6 +39,22 @@ function methods_do_what_the_functions_do(~)
     check(strcmp(words_of(@() p.constant(1)), 'Expected a string value for property name'), 'words of errors');
 end
 
+function a_batch_runs_on_several_processors_when_asked(~)
+    p = opened();
+    [~, ~, Z] = natural_gas();
+    given = {Z, 'Temperature', linspace(200, 300, 120000).', 'Pressure', 40e5};
+    [a, b] = p.multiflash(given{:}, 'vaporFraction enthalpy', 'Parallel', false);
+    children = @() system(sprintf('pgrep -P %d octave > /dev/null', getpid())) == 0;
+    check(~children(), 'workers without being asked for');
+    [c, d] = p.multiflash(given{:}, 'Normal', 'vaporFraction enthalpy', 'Parallel', true);
+    check(isequal({a, b}, {c, d}), 'results');
+    check(nproc() == 1 || children(), 'no workers');
+    c = p.multiflash(given{:}, 'vaporFraction enthalpy', 'parallel', true);
+    check(isequal(a, c), 'without solution');
+    check(strcmp(words_of(@() p.multiflash(given{:}, 'vaporFraction', 'Serial', true)), ...
+                 'Invalid number of arguments for Verdanth'), 'another word');
+end
+
 function a_flash_is_a_struct(~)
     p = opened();
     [~, ~, Z] = natural_gas();

@@ -54,41 +54,139 @@ function on_a_matlab_pool_results_are_the_same(~)
     warning('off', 'Octave:shadowed-function');
     addpath(fullfile(fileparts(mfilename('fullpath')), 'matlab_pool'));
     check_all_the_same();
-    check_bar();
+    check_many_rows();
     release_2016b = true;
-    check_all_the_same();
-    check_bar();
+    given = many_rows(2.5);
+    [expected, found] = results_of(2, given{:});
+    check(isequaln(expected, found), 'without queues');
 end
 
-function failures_are_warned_of_as_by_the_serial_function(~)
+% The processes of the package parallel.
+function pids = workers()
+    [~, text] = system(sprintf('pgrep -P %d octave', getpid()));
+    pids = str2num(text).';
+end
+
+% Some seconds of work, so that workers pay, with failures in every block, and three in a row.
+function given = many_rows(seconds)
     [manager, package, Z] = natural_gas();
-    T = (201:300).';
-    T([30 31 77]) = [-3 -4 -5];
-    given = {Z, 'Temperature', T, 'Pressure', 40e5, 'Unspecified', 'vaporFraction'};
-    lastwarn('');
     h = capeOpenCreate(manager, package);
-    serial = evalc('a = capeOpenMultiFlash(h, given{:});');
-    shown = evalc('b = capeOpenMultiFlashParallel(manager, package, given{:});');
-    check(isequaln(a, b) && isequal(find(isnan(b)).', [30 31 77]), 'rows');
-    for failed = {'-3, ', '-4, ', '-5, '}
-        words = ['CAPE-OPEN: Flash failed at ' failed{1}];
-        check(numel(strfind(serial, words)) == 1 && numel(strfind(shown, words)) == 1, '"%s" in %s', words, shown);
-    end
-    check(strncmp(lastwarn(), 'CAPE-OPEN: Flash failed at -5, ', 31), 'last warning: %s', lastwarn());
+    given = {Z, 'Temperature', linspace(200, 300, 5000).', 'Pressure', 40e5, 'Unspecified', 'vaporFraction enthalpy'};
+    begun = cputime();
+    capeOpenMultiFlash(h, given{:});
+    rows = ceil(5 * seconds / (cputime() - begun)) * 1000;
+    capeOpenRelease(h);
+    T = linspace(200, 300, rows).';
+    T(500:1000:end) = -3;
+    T(1001:1003) = -4;
+    given{3} = T;
+end
+
+function check_many_rows()
+    given = many_rows(2.5);
+    rows = numel(given{3});
+    failed = nnz(given{3} < 0);
+    [manager, package] = natural_gas();
+    h = capeOpenCreate(manager, package);
+    [a, b, texts] = capeOpenMultiFlash(h, given{:});
+    lastwarn('');
+    evalc('capeOpenMultiFlash(h, given{:});');
+    expected = lastwarn();
+    [c, d, found] = capeOpenMultiFlashParallel(manager, package, given{:});
+    check(isequaln({a, b}, {c, d}), 'results');
+    check(isequal(texts, found) && nnz(~cellfun('isempty', found)) == failed, 'texts');
+    lastwarn('');
+    evalc('capeOpenMultiFlashParallel(manager, package, given{:});');
+    check(~isempty(strfind(expected, sprintf('Flash failed in %d of %d rows', failed, rows))) ...
+          && strcmp(expected, lastwarn()), 'the warning is not "%s", but "%s"', expected, lastwarn());
+    capeOpenWarnings(0);
+    lastwarn('');
+    capeOpenMultiFlashParallel(manager, package, given{:});
+    check(isempty(lastwarn()), 'a warning without warnings: %s', lastwarn());
+    capeOpenWarnings(1);
     capeOpenRelease(h);
 end
 
-function check_bar()
-    [manager, package, Z] = natural_gas();
-    given = {Z, 'Temperature', (201:300).', 'Pressure', 40e5, 'Unspecified', 'enthalpy'};
-    shown = evalc('capeOpenMultiFlashParallel(manager, package, given{:});');
-    check(~isempty(regexp(shown, '^\|={40}\|$', 'once', 'lineanchors')), '%s', shown);
+function workers_do_what_is_long_and_rows_fail_as_without_them(~)
+    if nproc() > 1
+        check_many_rows();
+        check(numel(workers()) == nproc(), '%d workers', numel(workers()));
+    end
 end
 
-function a_bar_shows_the_progress(~)
-    if nproc() > 1
-        check_bar();
+function rows_of_a_matlab_pool_that_is_lost_are_done_by_others(~)
+    global messages_left
+    warning('off', 'Octave:shadowed-function');
+    addpath(fullfile(fileparts(mfilename('fullpath')), 'matlab_pool'));
+    given = many_rows(2.5);
+    [manager, package] = natural_gas();
+    evalc('expected = capeOpenMultiFlashParallel(manager, package, given{:});');
+    messages_left = 4;
+    shown = evalc('found = capeOpenMultiFlashParallel(manager, package, given{:});');
+    check(messages_left < 0, 'the pool was not lost');
+    check(isequaln(found, expected), 'results');
+    words = 'CAPE-OPEN: A worker was lost (The pool has shut down); others calculate what it left, ';
+    check(numel(strfind(shown, words)) == 1, '%s', shown);
+end
+
+function messages_of_a_matlab_pool_that_come_late_do_no_harm(~)
+    global late_messages
+    warning('off', 'Octave:shadowed-function');
+    addpath(fullfile(fileparts(mfilename('fullpath')), 'matlab_pool'));
+    [manager, package] = natural_gas();
+    given = many_rows(2.5);
+    evalc('expected = capeOpenMultiFlashParallel(manager, package, given{:});');
+    late_messages = {};
+    other = given;
+    other{5} = 10e5;
+    evalc('capeOpenMultiFlashParallel(manager, package, other{:});');
+    check(numel(late_messages) > 3, '%d messages', numel(late_messages));
+    evalc('found = capeOpenMultiFlashParallel(manager, package, given{:});');
+    check(isequaln(found, expected), 'results');
+end
+
+function what_is_short_is_done_without_workers(~)
+    given = many_rows(0.1);
+    [manager, package] = natural_gas();
+    evalc('capeOpenMultiFlashParallel(manager, package, given{:});');
+    check(isempty(workers()), 'there are workers');
+end
+
+function rows_of_a_worker_that_dies_are_done_by_others(~)
+    if nproc() == 1
+        return
     end
+    given = many_rows(4);
+    [manager, package] = natural_gas();
+    evalc('expected = capeOpenMultiFlashParallel(manager, package, given{:});'); % starts the workers
+    before = workers();
+    system(sprintf('(sleep 0.7; kill -9 %d) > /dev/null 2>&1 &', before(1)));
+    shown = evalc('found = capeOpenMultiFlashParallel(manager, package, given{:});');
+    check(isequaln(found, expected), 'results');
+    check(numel(strfind(shown, 'CAPE-OPEN: A worker was lost')) == 1, '%s', shown);
+    check(~any(workers() == before(1)) && numel(workers()) == nproc(), 'the workers now');
+end
+
+% test_servers.py has them run.
+function on_servers_results_are_the_same(~)
+    pkg('load', 'parallel');
+    servers = pconnect({'127.0.0.1', '127.0.0.2'}, struct('use_tls', false));
+    given = many_rows(2.5);
+    [manager, package] = natural_gas();
+    evalc('expected = cell(1, 3); [expected{:}] = capeOpenMultiFlashParallel(manager, package, given{:});');
+    evalc('parcellfun_set_nproc(0);');
+    lastwarn('');
+    found = cell(1, 3);
+    [found{:}] = capeOpenMultiFlashParallel(manager, package, given{:}, servers);
+    check(isequaln(found, expected), 'results');
+    check(isempty(workers()), 'it was calculated on this machine');
+    check(isempty(lastwarn()), 'a warning: %s', lastwarn());
+    hosts = unique(netcellfun(servers, @(x) getppid(), num2cell(1:8))); % of the workers of the servers
+    check(numel(hosts) == 2, '%d servers', numel(hosts));
+    system(sprintf('(sleep 0.5; kill -9 %d) > /dev/null 2>&1 &', hosts(1)));
+    shown = evalc('[found{:}] = capeOpenMultiFlashParallel(manager, package, given{:}, servers);');
+    check(isequaln(found, expected), 'results after the loss of a server');
+    check(numel(strfind(shown, 'CAPE-OPEN: A worker was lost')) == 1, '%s', shown);
 end
 
 function muted(action)

@@ -46,7 +46,9 @@ classdef Package < handle
 %     multiflash(Z, name1, values1, name2, values2, solution, names)
 %              as capeOpenMultiFlash; solution may be left out. 'Table', true
 %              behind the arguments gives a table as above, with a row for each
-%              flash: what was specified, and what names tell.
+%              flash: what was specified, and what names tell. With 'Parallel',
+%              true it is calculated on several processors, see
+%              capeOpenMultiFlashParallel.
 %     single(names, T, P, X, phase, failing)
 %              as capeOpenSinglePhaseProp
 %     twophase(names, T, P, X1, X2, phase1, phase2)
@@ -99,6 +101,7 @@ classdef Package < handle
         MolecularWeights
     end
     properties (Access = private, Hidden)
+        opened % the arguments of capeOpenCreate
         guard % closes the package when the object goes: not every release of Octave calls delete then
     end
 
@@ -116,6 +119,7 @@ classdef Package < handle
             before = capeOpenHandleList();
             handle = capeOpenCreate(given{:});
             self.Handle = handle;
+            self.opened = given;
             capeopen.internal.users(handle, 1, any(before == handle));
             self.guard = onCleanup(@() capeopen.internal.users(handle, -1));
         end
@@ -187,16 +191,20 @@ classdef Package < handle
                 [varargout{1:max(nargout, 1)}] = capeOpenMultiFlash(self.Handle, varargin{:});
                 return
             end
-            [asked, options] = capeopen.internal.options(varargin, struct('Table', false));
+            [asked, options] = capeopen.internal.options(varargin, struct('Table', false, 'Parallel', false));
+            calculate = @(varargin) capeOpenMultiFlash(self.Handle, varargin{:});
+            if options.Parallel
+                calculate = @(varargin) capeOpenMultiFlashParallel(self.opened{:}, varargin{:});
+            end
             given = self.takenByFlash(asked);
             if ~options.Table
-                [varargout{1:max(nargout, 1)}] = capeOpenMultiFlash(self.Handle, given{:});
+                [varargout{1:max(nargout, 1)}] = calculate(given{:});
                 varargout = self.shown(varargout, given{end});
                 return
             end
             names = capeopen.internal.namesOf(given{end});
             columns = cell(1, numel(names));
-            [columns{:}] = capeOpenMultiFlash(self.Handle, given{:});
+            [columns{:}] = calculate(given{:});
             columns = self.shown(columns, names);
             for k = [4, 2] % what was specified comes first
                 name = capeopen.internal.namesOf(asked{k});

@@ -2,27 +2,27 @@ function outcome = flashBlock(job)
 %capeopen.internal.flashBlock  One block of capeOpenMultiFlashParallel, in the process of a worker.
 %
 %   JOB has the fields manager and package, mass for the basis, outputs, given (the arguments of capeOpenMultiFlash but
-%   the first) and number. OUTCOME has the NUMBER of the block, its VALUES (rows by outputs), and CLEAN: false if
-%   anything failed or was warned of. Then VALUES count for nothing, and whoever reads this calculates the block once
-%   more to hear of it.
+%   the first), batch, and first, the number of its first row. OUTCOME has the last two, the VALUES (rows by outputs),
+%   and the TEXTS of those ROWS that have one. Without values the block was not done: the caller comes upon the same
+%   error, or does it.
 persistent held name
-if isempty(held) || ~isequal(name, {job.manager, job.package})
-    held = capeopen.Package(job.manager, job.package);
-    name = {job.manager, job.package};
-end
-outcome = struct('number', job.number, 'values', [], 'clean', false);
-values = cell(1, job.outputs);
-bases = {'mole', 'mass'};
-before = bases{1 + strcmp(capeOpenPropUnit('density'), 'kg / m3')};
-restore = onCleanup(@() capeOpenBasis(before)); %#ok<NASGU>
-capeOpenBasis(bases{1 + job.mass});
-capeOpenWarnings(1);
-lastwarn('');
+outcome = struct('batch', job.batch, 'first', job.first, 'values', [], 'rows', [], 'texts', {{}});
 try
-    evalc('[values{:}] = capeOpenMultiFlash(held.Handle, job.given{:});');
+    if isempty(held) || ~isequal(name, {job.manager, job.package}) || ~any(capeOpenHandleList() == held.Handle)
+        held = capeopen.Package(job.manager, job.package);
+        name = {job.manager, job.package};
+    end
+    bases = {'mole', 'mass'};
+    before = bases{1 + strcmp(capeOpenPropUnit('density'), 'kg / m3')};
+    restore = onCleanup(@() capeOpenBasis(before)); %#ok<NASGU>
+    capeOpenBasis(bases{1 + job.mass});
+    values = cell(1, job.outputs);
+    texts = {};
+    evalc('[values{:}, texts] = capeOpenMultiFlash(held.Handle, job.given{:});');
     outcome.values = [values{:}];
-    outcome.clean = isempty(lastwarn());
+    outcome.rows = find(~cellfun('isempty', texts));
+    outcome.texts = texts(outcome.rows); % a long cell array takes its time to travel
 catch
-    % not clean: the caller comes upon the same error
+    % not done
 end
 end

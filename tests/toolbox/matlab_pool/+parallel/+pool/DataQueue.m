@@ -1,15 +1,35 @@
 classdef DataQueue < handle
-    % Calls what is to be called at each message at once.
+    % Calls what is to be called at each message. The pool is lost before the one that `messages_left` counts to. If
+    % `late_messages` is a cell array, they are kept there, and come when the next queue is made.
     properties
         listener
     end
     methods
+        function self = DataQueue()
+            global late_messages
+            if iscell(late_messages)
+                cellfun(@(one) one.listener(one.message), late_messages);
+                late_messages = {};
+            end
+        end
+
         function afterEach(self, listener)
             self.listener = listener;
         end
 
         function send(self, message)
-            self.listener(message);
+            global messages_left late_messages
+            if ~isempty(messages_left)
+                messages_left = messages_left - 1;
+                if messages_left == 0
+                    error('The pool has shut down');
+                end
+            end
+            if iscell(late_messages)
+                late_messages{end + 1} = struct('listener', self.listener, 'message', message);
+            else
+                self.listener(message);
+            end
         end
     end
 end

@@ -1,0 +1,25 @@
+function columns = Verdanth(command, varargin)
+% Plays the library: a slow batch, whose rows can fail, or be warned of by a package that says nothing of the row.
+%
+% A row gives its first value; below 0 its flash fails, from 1000 on a warning comes with it, and 500 ends the call.
+global seconds_per_row sizes_of_calls
+if command ~= 25
+    columns = 'mol / m3';
+    return
+end
+T = varargin{4};
+sizes_of_calls(end + 1) = numel(T);
+for k = find(T < 0 | T >= 1000).'
+    if T(k) < 0
+        warning('Verdanth:warning', 'CAPE-OPEN: Flash failed at %g, %g: no phase is stable at %g K', T(k), varargin{6}, T(k));
+    else
+        warning('Verdanth:warning', 'CAPE-OPEN: Failed to calculate post-flash Vapor properties: out of range');
+    end
+end
+if any(T == 500)
+    error('Verdanth:error', 'Property not set after post-flash property calculation');
+end
+T(T < 0) = NaN;
+columns = repmat({T}, varargin{8}, 1);
+pause(seconds_per_row * numel(T));
+end

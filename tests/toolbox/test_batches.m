@@ -1,0 +1,160 @@
+% Batches of flashes, one test each:  octave-cli tests/toolbox/test_batches.m TEST TOOLBOX VERDANTH
+1;
+addpath(fullfile(fileparts(mfilename('fullpath')), 'support'));
+
+function blocks_give_the_numbers_of_one_call(~)
+    [manager, package, Z] = natural_gas();
+    h = capeOpenCreate(manager, package);
+    names = {'vaporFraction', 'enthalpy', 'Temperature'};
+    for rows = [1 2 32 33 500 30000]
+        T = linspace(170, 310, rows).';
+        whole = Verdanth(25, h, Z, 'Temperature', T, 'Pressure', 40e5, 'Unspecified', 3, names);
+        [a, b, c] = capeOpenMultiFlash(h, Z, 'Temperature', T, 'Pressure', 40e5, 'Unspecified', names);
+        check(isequal({a; b; c}, whole), '%d rows', rows);
+    end
+    H = whole{2}(1:10:end);
+    H(7:100:end) = 1e9;
+    given = {repmat(Z, numel(H), 1), 'Pressure', linspace(1e5, 40e5, numel(H)).', 'enthalpy', H, 'Normal'};
+    evalc('whole = Verdanth(25, h, given{:}, 2, names);');
+    evalc('[a, b] = capeOpenMultiFlash(h, given{:}, names);');
+    check(isequaln({a; b}, whole), 'compositions in rows, some fail');
+    check(isequal(find(isnan(a)), (7:100:numel(H)).'), 'rows that fail');
+end
+
+% In processor time, the least of several: something else may run on this machine.
+function blocks_cost_next_to_nothing(~)
+    [manager, package, Z] = natural_gas();
+    h = capeOpenCreate(manager, package);
+    given = {Z, 'Temperature', linspace(200, 300, 100000).', 'Pressure', 40e5, 'Unspecified'};
+    times = Inf(1, 2);
+    for k = 1:5
+        begun = cputime();
+        whole = Verdanth(25, h, given{:}, 1, 'vaporFraction');
+        times(1) = min(times(1), cputime() - begun);
+        begun = cputime();
+        v = capeOpenMultiFlash(h, given{:}, 'vaporFraction');
+        times(2) = min(times(2), cputime() - begun);
+        check(isequal({v}, whole), 'other numbers');
+    end
+    printf('%.1f %% more\n', 100 * (times(2) / times(1) - 1));
+    check(times(2) < 1.05 * times(1), '%g s instead of %g s', times(2), times(1));
+end
+
+function use_slow_library(seconds)
+    global seconds_per_row sizes_of_calls
+    addpath(fullfile(fileparts(mfilename('fullpath')), 'slow_library'));
+    seconds_per_row = seconds;
+    sizes_of_calls = [];
+end
+
+function shown = batch(T, outputs)
+    global seconds_per_row
+    lastwarn('');
+    results = cell(1, outputs);
+    evalc('[results{:}] = capeOpenMultiFlash(int32(1), 1, ''Temperature'', T, ''Pressure'', 2, '''', ''enthalpy'');');
+    check(isequaln(results{1}, [T(T >= 0); T(T < 0) * NaN]) || any(T < 0), 'results');
+    shown = results{end};
+end
+
+function a_block_takes_a_quarter_of_a_second(~)
+    global sizes_of_calls
+    for seconds = [1e-3 20e-3]
+        use_slow_library(seconds);
+        batch(mod((1:round(1.5 / seconds)).', 400), 1);
+        check(max(sizes_of_calls) <= 0.27 / seconds, 'blocks of %d rows at %g s a row', max(sizes_of_calls), seconds);
+        check(numel(sizes_of_calls) < 40, '%d blocks at %g s a row', numel(sizes_of_calls), seconds);
+        check(sum(sizes_of_calls) == round(1.5 / seconds), '%d rows', sum(sizes_of_calls));
+    end
+end
+
+function failures_are_told_in_one_warning(~)
+    use_slow_library(0);
+    T = (1:100).';
+    T([3 7:9 50]) = -(1:5);
+    T(60) = NaN;
+    batch(T, 1);
+    check(strcmp(lastwarn(), sprintf(['CAPE-OPEN: Flash failed in 5 of 100 rows, which specify Temperature and Pressure:\n' ...
+          '  5 rows (3, 7-9, 50), for example: no phase is stable at -1 K\nOne more output gives a text for each row.'])), ...
+          '%s', lastwarn());
+    T = repmat([5; -1], 5000, 1);
+    batch(T, 1);
+    check(strcmp(lastwarn(), sprintf(['CAPE-OPEN: Flash failed in 5000 of 10000 rows, which specify Temperature and Pressure:\n' ...
+          '  5000 rows (2, 4, 6, 8, 10, 12, 14, 16, ..., 10000): no phase is stable at -1 K\n' ...
+          'One more output gives a text for each row.'])), '%s', lastwarn());
+    batch((1:100).', 1);
+    check(isempty(lastwarn()), 'nothing failed: %s', lastwarn());
+end
+
+function a_single_row_is_warned_of_in_the_words_of_the_library(~)
+    use_slow_library(0);
+    batch(-4, 1);
+    check(strcmp(lastwarn(), 'CAPE-OPEN: Flash failed at -4, 2: no phase is stable at -4 K'), '%s', lastwarn());
+end
+
+function one_more_output_has_a_text_for_each_row(~)
+    use_slow_library(0);
+    T = (1:200).';
+    T([4 150]) = [-2 -3];
+    T([70 71 149]) = 1000;
+    texts = batch(T, 2);
+    check(isempty(lastwarn()), 'a warning besides: %s', lastwarn());
+    other = 'Failed to calculate post-flash Vapor properties: out of range';
+    expected = repmat({''}, 200, 1);
+    expected([70 71 149]) = {other};
+    expected(4) = {'Flash failed at -2, 2: no phase is stable at -2 K'};
+    expected(150) = {'Flash failed at -3, 2: no phase is stable at -3 K'};
+    check(isequal(texts, expected), 'texts');
+    batch(T, 1);
+    lines = strsplit(lastwarn(), '\n');
+    check(numel(lines) == 5 && strcmp(lines{3}, '3 other warnings for 200 rows:'), '%s', lastwarn());
+    where = regexp(lines{4}, ['^  \d+ rows \((\d+)-(\d+)\): ' other '$'], 'tokens', 'once');
+    check(~isempty(where) && str2double(where{1}) <= 70 && str2double(where{2}) >= 149, '%s', lastwarn());
+end
+
+function texts_come_from_the_library_even_without_warnings(~)
+    [manager, package, Z] = natural_gas();
+    h = capeOpenCreate(manager, package);
+    T = linspace(200, 300, 60).';
+    T([5 6]) = [-3 NaN];
+    given = {h, Z, 'Temperature', T, 'Pressure', 40e5, 'Unspecified', 'vaporFraction enthalpy'};
+    [~, ~, texts] = capeOpenMultiFlash(given{:});
+    check(isequal(find(~cellfun('isempty', texts)).', [5 6]), 'rows');
+    check(strcmp(texts{5}, 'Flash failed at -3, 4e+06: The temperature must be from 20 to 1500 K'), '%s', texts{5});
+    capeOpenWarnings(0);
+    [~, ~, silent] = capeOpenMultiFlash(given{:});
+    check(isequal(silent, texts), 'without warnings');
+    lastwarn('');
+    capeOpenMultiFlash(given{:});
+    check(isempty(lastwarn()), 'warnings are on: %s', lastwarn());
+    capeOpenWarnings(1);
+    warning('off', 'Verdanth:warning');
+    [~, ~, silent] = capeOpenMultiFlash(given{:});
+    check(isequal(silent, texts), 'with warnings that Octave does not show');
+    capeOpenMultiFlash(given{:});
+    check(isempty(lastwarn()), 'shown nevertheless: %s', lastwarn());
+    warning('on', 'Verdanth:warning');
+    evalc('capeOpenMultiFlash(given{:});');
+    check(~isempty(lastwarn()), 'warnings stay off');
+    [v, text] = capeOpenMultiFlash(h, Z, 'Temperature', -3, 'Pressure', 40e5, 'Unspecified', 'vaporFraction');
+    check(isnan(v) && isequal(text, texts(5)), 'a single row');
+    message = words_of(@() nthargout(1:3, @capeOpenMultiFlash, h, Z, 'Temperature', T, 'Pressure', 1e5, '', 'enthalpy'));
+    check(strcmp(message, 'Too many output arguments'), 'two more outputs: %s', message);
+end
+
+function rows_before_an_error_are_kept(~)
+    global sizes_of_calls
+    use_slow_library(0);
+    T = (1:200).';
+    T(150) = 500;
+    message = words_of(@() capeOpenMultiFlash(int32(1), 1, 'Temperature', T, 'Pressure', 2, '', 'enthalpy'));
+    check(strcmp(message, 'Property not set after post-flash property calculation'), '%s', message);
+    [kept, done] = capeOpenLastResults();
+    rows = sum(sizes_of_calls(1:end - 1));
+    check(rows >= 64 && rows < 150, '%d rows', rows);
+    check(isequal(done, (1:200).' <= rows) && isequaln(kept, [T(1:rows); NaN(200 - rows, 1)]), 'what is kept');
+    capeOpenMultiFlash(int32(1), 1, 'Temperature', (1:200).', 'Pressure', 2, '', 'enthalpy');
+    [kept, done] = capeOpenLastResults();
+    check(isempty(kept) && isempty(done), 'of the next, which came to its end');
+end
+
+run_test(argv());
