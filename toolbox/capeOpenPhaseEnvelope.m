@@ -73,28 +73,15 @@ function [T, P, vaporFraction, critical, threePhases, quality] = capeOpenPhaseEn
 if nargin < 2
     error('Verdanth:error', 'Invalid number of arguments for capeOpenPhaseEnvelope');
 end
-if nargin < 3 || isempty(Pmin) && isnumeric(Pmin)
-    Pmin = 1e5;
+if nargin < 3
+    Pmin = [];
 end
 if nargin < 4
     fractions = [];
 end
-count = numel(capeOpenCompoundList(handle));
-if numel(Z) ~= count
-    error('Verdanth:error', 'Invalid number of values for compositions: must match number of compounds');
-end
-if ~all(Z(:) >= 0)
-    error('Verdanth:error', 'Expected fractions that are not negative');
-end
-if ~isnumeric(Pmin) || ~isscalar(Pmin) || ~(Pmin > 0)
-    error('Verdanth:error', 'Expected a positive pressure');
-end
-[restore, mass] = moleBasis(); %#ok<ASGLU>
-Z = reshape(double(Z), 1, count);
-if mass
-    Z = Z ./ capeOpenConstant(handle, 'molecularWeight');
-end
-Z = Z / sum(Z);
+Z = checkedMixture(handle, Z);
+Pmin = checkedPressure(Pmin);
+[Z, restore] = molesOf(handle, Z); %#ok<ASGLU>
 if sum(Z > 0) < 2
     error('Verdanth:error', 'A phase envelope needs two or more compounds');
 end
@@ -112,7 +99,7 @@ critical = critical(1, :);
 if isnan(critical(1))
     reasons{end + 1} = 'it passes no critical point';
 end
-quality = qualityLines(handle, Z, linspace(min(T), max(T), 200), fractions);
+quality = qualityLines(handle, Z, linspace(min(T), max(T), 200), critical(1), fractions);
 quiet = []; %#ok<NASGU>
 if ~isempty(reasons)
     warning('Verdanth:warning', 'The phase envelope is not complete: %s', strjoin(reasons, '; '));

@@ -170,7 +170,7 @@ function an_azeotrope_is_passed(~)
     capeOpenRelease(h);
 end
 
-% Without results alone: 0 is the number of lines that are asked for.
+% Without results alone.
 function lines_are_drawn(~)
     [h, Z] = opened();
     T = capeOpenPhaseEnvelope(h, Z);
@@ -178,7 +178,7 @@ function lines_are_drawn(~)
     [~, temperatures] = capeOpenTxy(h, {'propane', 'n-pentane'}, 5e5);
     check(isempty(get(0, 'CurrentFigure')), 'a figure came with results');
     capeOpenPhaseEnvelope(h, Z, [], [0.5, 0.9]);
-    check_drawn(4, 'temperature / K', 'pressure / bar', '0.8 methane');
+    check_drawn(4, 'temperature / K', 'pressure / bar', '0.8 methane, 0.08 ethane, 0.05 propane, ... (Natural gas)');
     drawn = max(cellfun(@(x) max(x), get(findobj(gca(), 'Type', 'line'), 'XData')));
     check(drawn >= max(T) && drawn < max(T) + 1, 'drawn to %g', drawn);
     figure();
@@ -201,7 +201,7 @@ function check_drawn(lines, across, up, heading)
     check(strcmp(get(get(axes, 'XLabel'), 'String'), across), 'across: %s', get(get(axes, 'XLabel'), 'String'));
     check(strcmp(get(get(axes, 'YLabel'), 'String'), up), 'up: %s', get(get(axes, 'YLabel'), 'String'));
     text = get(get(axes, 'Title'), 'String');
-    check(strncmp(text, heading, numel(heading)) && ~isempty(strfind(text, 'Natural gas)')), 'title: %s', text);
+    check(strncmp(text, heading, numel(heading)) && ~isempty(strfind(text, '(Natural gas)')), 'title: %s', text);
 end
 
 function check_extremes(data, values)
@@ -338,6 +338,60 @@ function ethanol_and_water_have_one_azeotrope(~)
     capeOpenRelease(h);
 end
 
+% R-134a as refrigeration tables have it (Tillner-Roth and Baehr, J. Phys. Chem. Ref. Data 23 (1994) 657): heat and entropy
+% of evaporation at 1 bar are 217.2 kJ/kg and 880 J/kg/K.
+function diagrams_of_one_compound_have_its_heat_of_evaporation(~)
+    h = capeOpenCreate(natural_gas(), 'Refrigerants');
+    X = mixture(h, 'R-134a', 1);
+    capeOpenBasis('mass');
+    [enthalpy, P, vapor] = capeOpenPh(h, X, 1e5);
+    check(vapor(1) == 1 && vapor(end) == 0 && abs(P(1) / P(end) - 1) < 1e-9, 'ends at %g and %g Pa', P(1), P(end));
+    check(abs((enthalpy(1) - enthalpy(end)) / 217.2e3 - 1) < 0.03, '%g J/kg', enthalpy(1) - enthalpy(end));
+    [entropy, T] = capeOpenTs(h, X, 1e5);
+    capeOpenBasis('mole');
+    check(abs((entropy(1) - entropy(end)) / 880 - 1) < 0.03, '%g J/kg/K', entropy(1) - entropy(end));
+    check(abs(T(1) - 246.8) < 1, 'it boils at %g K', T(1));
+    top = find(vapor == 0, 1);
+    check(abs(enthalpy(top) - enthalpy(top - 1)) < 0.1 * (enthalpy(1) - enthalpy(end)), 'the dome is open');
+    capeOpenRelease(h);
+end
+
+% Each line at one of its points against a flash for the enthalpy or entropy found there.
+function diagrams_of_a_mixture_are_those_of_the_flash(~)
+    [h, Z] = opened();
+    [enthalpy, P, vapor, isotherms, quality] = capeOpenPh(h, Z, 1e5, [200 260], [0.3 0.6]);
+    [entropy, T, again, isobars, of_entropy] = capeOpenTs(h, Z, 1e5, [5e5 40e5], 0.5);
+    check(isequal(size(enthalpy), size(P), size(vapor)) && isequal(size(entropy), size(T), size(again)), 'sizes');
+    for k = [5, numel(P) - 5]
+        [found, temperature] = capeOpenMultiFlash(h, Z, 'Pressure', P(k), 'enthalpy', enthalpy(k), 'Unspecified', ...
+                                                  'vaporFraction Temperature');
+        check(abs(found - vapor(k)) < 1e-5, 'vapor fraction %g', found);
+        check(abs(temperature / T(k) - 1) < 1e-6, 'another dome of entropy');
+    end
+    for k = 1:2
+        row = isotherms{k}(100, :);
+        found = capeOpenMultiFlash(h, Z, 'Pressure', row(2), 'enthalpy', row(1), 'Unspecified', 'Temperature');
+        check(abs(found - [200 260](k)) < 1e-5, 'an isotherm of %g K', found);
+        row = quality{k}(20, :);
+        found = capeOpenMultiFlash(h, Z, 'Pressure', row(2), 'enthalpy', row(1), 'Unspecified', 'vaporFraction');
+        check(abs(found - [0.3 0.6](k)) < 1e-5, 'a vapor fraction of %g', found);
+        row = isobars{k}(150, :);
+        found = capeOpenMultiFlash(h, Z, 'Temperature', row(2), 'entropy', row(1), 'Unspecified', 'Pressure');
+        check(abs(found / [5e5 40e5](k) - 1) < 1e-5, 'an isobar of %g Pa', found);
+    end
+    row = of_entropy{1}(20, :);
+    found = capeOpenMultiFlash(h, Z, 'Temperature', row(2), 'entropy', row(1), 'Unspecified', 'vaporFraction');
+    check(abs(found - 0.5) < 1e-5, 'a vapor fraction of %g', found);
+    check(isempty(get(0, 'CurrentFigure')), 'a figure came with results');
+    capeOpenPh(h, Z);
+    check_drawn(4, 'enthalpy / (kJ / mol)', 'pressure / bar', '0.8 methane');
+    check(strcmp(get(gca(), 'YScale'), 'log'), 'the pressure is not logarithmic');
+    figure();
+    capeOpenTs(h, Z);
+    check_drawn(4, 'entropy / (kJ / mol / K)', 'temperature / K', '0.8 methane');
+    capeOpenRelease(h);
+end
+
 function wrong_arguments_are_named(toolbox)
     [h, Z] = opened();
     two = {'propane', 'n-pentane'};
@@ -352,6 +406,18 @@ function wrong_arguments_are_named(toolbox)
         'PhaseEnvelope', 'Expected a positive pressure', @() capeOpenPhaseEnvelope(h, Z, [1 2])
         'PhaseEnvelope', 'Expected a positive pressure', @() capeOpenPhaseEnvelope(h, Z, 'x')
         'PhaseEnvelope', 'No dew point found at ... Pa', @() capeOpenPhaseEnvelope(h, Z, 1e9)
+        'Ph', 'Invalid number of arguments for capeOpenPh', @() capeOpenPh(h)
+        'Ph', 'Invalid property package handle', @() capeOpenPh(7, Z)
+        'Ph', 'Invalid number of values for compositions: must match number of compounds', @() capeOpenPh(h, Z(1:4))
+        'Ph', 'Expected fractions that are not negative', @() capeOpenPh(h, 0 * Z)
+        'Ph', 'Expected a positive pressure', @() capeOpenPh(h, Z, -1)
+        'Ph', 'No dew point found at ... Pa', @() capeOpenPh(h, double(1:11 == 3), 1e9)
+        'Ts', 'Invalid number of arguments for capeOpenTs', @() capeOpenTs()
+        'Ts', 'Invalid property package handle', @() capeOpenTs(7, Z)
+        'Ts', 'Invalid number of values for compositions: must match number of compounds', @() capeOpenTs(h, Z(1:4))
+        'Ts', 'Expected fractions that are not negative', @() capeOpenTs(h, -Z)
+        'Ts', 'Expected a positive pressure', @() capeOpenTs(h, Z, 'x')
+        'Ts', 'No dew point found at ... Pa', @() capeOpenTs(h, Z, 1e9)
         'Pxy', 'Invalid property package handle', @() capeOpenPxy(7, two, 300)
         'Pxy', 'Expected a cell array with the names of two compounds', @() capeOpenPxy(h, 'propane', 300)
         'Pxy', 'The package has no compound "..."', @() capeOpenPxy(h, {'propane', 'water'}, 300)

@@ -29,5 +29,5 @@ plot(drawn{:});
 xlim([0, 1]);
 words = {'mole', 'mass'};
 nameAxes(sprintf('%s fraction of %s', words{1 + mass}, compounds{1}), axisTitle, ...
-         sprintf('%s (%s)', heading, capeOpenName(handle)), names(shown));
+         sprintf('%s (%s)', heading, packageName(handle)), names(shown));
 end

@@ -1,7 +1,7 @@
 function nameAxes(across, up, heading, names)
-%nameAxes  Titles of a diagram; the legend stands below, where it covers nothing.
+%nameAxes  Titles of a diagram; the legend stands beside it, where it covers nothing.
 xlabel(across);
 ylabel(up);
 title(heading, 'Interpreter', 'none');
-legend(names, 'Location', 'southoutside', 'Orientation', 'horizontal');
+legend(names, 'Location', 'eastoutside');
 end
