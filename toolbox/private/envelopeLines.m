@@ -23,11 +23,14 @@ if ~closed
     explain(lines, ended);
     [below, ended, more] = follow(1);
     edges = [edges; more];
-    if ~isempty(below)
+    whole = ended == n + 2 && below(end).P(end) < Pmin * (1 + 1e-6) && below(end).vaporFraction(end) == 1;
+    if whole % all of it, from the other side
+        lines = curveOf([], []);
+        reasons = {};
+    elseif ~isempty(below)
         explain(below, ended);
-        below = arrayfun(@turnedCurve, below(end:-1:1));
     end
-    below = withoutDewPoints(below, isempty(lines));
+    below = withoutDewPoints(arrayfun(@turnedCurve, below(end:-1:1)), isempty(lines));
 end
 if ~closed || ~isempty(edges)
     [bubbles, threePhases] = threePhaseLines(model, z, edges, Pmin, Pmax);
@@ -54,15 +57,14 @@ lines = [lines, liquids];
         if isempty(start)
             return
         end
-        [pieces, ended, edges] = stableCurve(system, model, z, start);
+        [pieces, ended, edges, summits] = stableCurve(system, model, z, start);
         points = [pieces{:}];
         if ~isempty(points) && any(isnan([points.stable]))
             reasons{end + 1} = sprintf('the package''s flash fails at %d of the points', sum(isnan([points.stable])));
         end
         for k = 1:numel(pieces)
             lines(k) = curveOf(pieces{k}, vertcat(pieces{k}.vaporFraction));
-            v = criticalPoint(system, pieces{k});
-            lines(k).critical = exp(v(n + 1:n + 2));
+            lines(k).critical = exp(summits(k, n + 1:n + 2));
         end
     end
 
@@ -93,10 +95,12 @@ for line = all
     ends = [0; find(diff(kind)); numel(kind)];
     for k = 1:numel(ends) - 1
         part = line;
+        first = ends(k) + (k == 1); % the point before, so that there is no gap
         for field = {'T', 'P', 'vaporFraction', 'points', 'slopes'}
-            part.(field{1}) = line.(field{1})(ends(k) + 1:ends(k + 1), :);
+            part.(field{1}) = line.(field{1})(first:ends(k + 1), :);
         end
         if k > 1
+            part.vaporFraction(1) = part.vaporFraction(2);
             part.critical(:) = NaN;
         end
         if kind(ends(k) + 1)

@@ -22,8 +22,8 @@ densities = vertcat(points.densities);
 expected = (1 - share) ./ densities(:, 1) + share ./ densities(:, 2);
 difference = abs(log(densities(:, 2) ./ densities(:, 1)));
 % Phases that are nearly the same are one for the flash, or not quite converged.
-near = (difference < 0.5) .* difference .^ 2 .* (0.05 + 0.45 * (fraction == 0 | fraction == 1));
-stable = double(abs(volume ./ expected - 1) < 1e-5 + near);
+near = (difference < 0.2) .* difference .^ 2 .* (0.05 + 0.45 * (fraction == 0 | fraction == 1));
+stable = double(abs(volume ./ expected - 1) < 1e-5 + 1e-4 * (difference < 0.5) + near);
 stable(isnan(volume)) = NaN;
 vaporFraction = double(densities(:, 1) < densities(:, 2));
 % Names that the flash gives to phases that are nearly the same mean little.

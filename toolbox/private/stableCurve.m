@@ -1,46 +1,65 @@
-function [pieces, ended, edges] = stableCurve(system, model, Z, start)
+function [pieces, ended, edges, critical] = stableCurve(system, model, Z, start)
 %stableCurve  Follows the boundary of a mixture, from branch to branch where another phase becomes the first to appear.
 %
-%   [pieces, ended, edges] = stableCurve(system, model, Z, start)
+%   [pieces, ended, edges, critical] = stableCurve(system, model, Z, start)
 %
 %   START is a point of solvePoint with a tangent that leads away. Each of PIECES, a cell array, holds the points of one
 %   branch, up to the one where the next begins; all are stable. ENDED is that of traceCurve for the last piece, -2 if
 %   the mixture is unstable at START, -3 if it becomes unstable and no other branch is found. EDGES has in each row
-%   the two points, one of each branch, at which two new phases appear at once.
+%   the two points, one of each branch, at which two new phases appear at once. CRITICAL
+%   holds the variables at the critical point of each piece, or NaN.
 pieces = {};
 ended = -3;
 edges = cell(0, 2);
+critical = zeros(0, numel(start.v));
 while numel(pieces) < 8
     [points, ended] = traceCurve(system, start, 400);
-    [~, ~, jump] = criticalPoint(system, points);
+    [summit, before, jump] = criticalPoint(system, points);
     if ~isempty(jump)
         points = points(1:jump);
         ended = 0;
     end
     [stable, vaporFraction] = splitsIntoBoth(model, Z, newFractions(points, Z), points);
     if numel(points) > 1 && stable(1) ~= 0
-        vaporFraction(1) = vaporFraction(2); % at an edge the flash may find either
+        vaporFraction(1) = vaporFraction(2);
     end
     for k = 1:numel(points)
         points(k).vaporFraction = vaporFraction(k);
         points(k).stable = stable(k);
     end
+    stable(1:min(end, numel(pieces))) = 1; % at an edge the flash may find either
     unstable = find(stable == 0, 1);
     if isempty(unstable)
         pieces{end + 1} = points; %#ok<AGROW>
+        critical(end + 1, :) = summit; %#ok<AGROW>
         return
     elseif unstable == 1
         ended = -2;
         return
     end
     [edge, start] = nextBranch(system, model, Z, points(unstable - 1), points(unstable));
-    pieces{end + 1} = [points(1:unstable - 1), edge]; %#ok<AGROW>
+    points = points(1:unstable - 1);
+    while numel(points) > 1 && ~isempty(edge) && max(abs(points(end).v - edge.v)) < 0.15 ...
+            && (points(end).v - edge.v) * edge.tangent.' > 0
+        points(end) = []; % the flash has not seen so little of the other phase
+    end
+    if ~isempty(before) && (before >= unstable || before == unstable - 1 && ~passes(points(end), edge, numel(Z)))
+        summit(:) = NaN; % not on the stable part
+    end
+    pieces{end + 1} = [points, edge]; %#ok<AGROW>
+    critical(end + 1, :) = summit; %#ok<AGROW>
     if isempty(start)
         ended = -3;
         return
     end
     edges(end + 1, :) = {edge, start}; %#ok<AGROW>
 end
+end
+
+% Whether the ratios go through 1 between two points.
+function yes = passes(from, to, n)
+[~, widest] = max(abs(from.v(1:n)));
+yes = ~isempty(to) && from.v(widest) * to.v(widest) < 0;
 end
 
 function W = newFractions(points, Z)
@@ -55,6 +74,7 @@ function [edge, start] = nextBranch(system, model, Z, good, bad)
 n = numel(Z);
 start = [];
 edge = [];
+beyond = bad;
 for k = 1:12
     middle = pointBetween(system, n, good, bad);
     if isempty(middle)
@@ -70,13 +90,13 @@ for k = 1:12
     end
 end
 edge = good;
-others = othersThan(model, Z, good, bad);
+others = [othersThan(model, Z, good, bad), othersThan(model, Z, good, beyond)];
 for k = 1:numel(others)
     if max(abs(others(k).v(1:n) - good.v(1:n))) < 0.01
         continue
     end
     [first, second] = bothAtOnce(system, n, good, others(k));
-    if ~isempty(first) && max(abs(first.v(n + 1:n + 2) - good.v(n + 1:n + 2))) < 0.05
+    if ~isempty(first) && max(abs(first.v(n + 1:n + 2) - good.v(n + 1:n + 2))) < 0.15
         first.vaporFraction = good.vaporFraction;
         first.stable = 1;
         first.tangent = first.tangent * sign(first.tangent * good.tangent.');
@@ -111,10 +131,18 @@ next = hermite(good.v, bad.v, width * good.tangent / good.tangent(fixed), ...
 if ~all(isfinite(next)) || max(abs(next - good.v)) > 2 * max(abs(bad.v - good.v))
     next = good.v + (bad.v - good.v) * (goal - good.v(fixed)) / width;
 end
-middle = solvePoint(system, next, fixed, phases, 20);
-if ~isempty(middle)
-    middle.tangent = middle.tangent * sign(middle.tangent(fixed) * width);
+others = bad.phases;
+if isequal(phases, bad.phases)
+    others = good.phases;
 end
+for labels = {phases, others}
+    middle = solvePoint(system, next, fixed, labels{1}, 20);
+    if ~isempty(middle) && max(abs(middle.v - next)) < 0.02 + max(abs(bad.v - good.v))
+        middle.tangent = middle.tangent * sign(middle.tangent(fixed) * width);
+        return
+    end
+end
+middle = [];
 end
 
 % What the flash finds next to the mixture, other than the new phase of the point.

@@ -23,21 +23,24 @@ for kind = 1:6
     end
     distances(open) = min(distances(open), off);
 end
-% Where the flash has answered with another solution: a millionth to one side there is all or no vapor, and not so to
-% the other side.
-open = find(~isnan(vapor) & ~(distances < 1e-6));
-for shift = {[1 0], [0 1]}
-    if isempty(open)
-        break
+% Where the flash has answered with another solution: a millionth to either side it finds other phases.
+for k = find(~isnan(vapor) & ~(distances < 1e-6)).'
+    for shift = {[1e-6 0], [0 1e-6]}
+        off = shift{1};
+        if ~isequal(phases_at(h, Z, T(k) * (1 - off(1)), P(k) * (1 - off(2))), ...
+                    phases_at(h, Z, T(k) * (1 + off(1)), P(k) * (1 + off(2))))
+            distances(k) = 1e-6;
+        end
     end
-    off = 1e-6 * shift{1};
-    one = capeOpenMultiFlash(h, Z, 'Temperature', T(open) * (1 - off(1)), 'Pressure', P(open) * (1 - off(2)), ...
-                             'Unspecified', 'vaporFraction');
-    other = capeOpenMultiFlash(h, Z, 'Temperature', T(open) * (1 + off(1)), 'Pressure', P(open) * (1 + off(2)), ...
-                               'Unspecified', 'vaporFraction');
-    changes = xor(one == vapor(open), other == vapor(open)) & ~isnan(one) & ~isnan(other);
-    distances(open(changes)) = 1e-6;
 end
 missed = sum(isnan(distances) & ~isnan(vapor));
 distance = max([distances; 0]);
+end
+
+function phases = phases_at(h, Z, T, P)
+try
+    phases = capeOpenFlash(h, Z, 'Temperature', T, 'Pressure', P, 'Unspecified');
+catch
+    phases = {};
+end
 end
