@@ -56,6 +56,8 @@ function [enthalpy, P, vaporFraction, isotherms, quality] = capeOpenPh(handle, Z
 %   Example:
 %     handle = capeOpenCreate('Verdanth Reference Packages', 'Refrigerants');
 %     X = double(strcmp(capeOpenCompoundList(handle), 'R-134a')).';
+%     enthalpy = capeOpenPh(handle, X, 1e5);
+%     evaporation = enthalpy(1) - enthalpy(end)
 %     capeOpenPh(handle, X)
 %     capeOpenRelease(handle)
 %

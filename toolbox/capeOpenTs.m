@@ -56,6 +56,8 @@ function [entropy, T, vaporFraction, isobars, quality] = capeOpenTs(handle, Z, P
 %   Example:
 %     handle = capeOpenCreate('Verdanth Reference Packages', 'Refrigerants');
 %     X = double(strcmp(capeOpenCompoundList(handle), 'R-134a')).';
+%     entropy = capeOpenTs(handle, X, 1e5);
+%     evaporation = entropy(1) - entropy(end)
 %     capeOpenTs(handle, X)
 %     capeOpenRelease(handle)
 %

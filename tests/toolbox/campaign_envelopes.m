@@ -8,25 +8,30 @@ function run_family(family, seeds)
     complete = 0;
     agreeing = 0;
     silent = 0;
+    unsound = 0;
     for seed = seeds
         [package, Z] = mixture_of_family(family, seed);
         h = capeOpenCreate('Verdanth Reference Packages', package);
         try
-            [whole, distance, missed, reason] = envelope_against_flashes(h, Z);
+            [whole, distance, missed, reason, sound] = envelope_against_flashes(h, Z);
         catch failure
-            [whole, distance, missed, reason] = deal(false, Inf, 0, ['error: ' failure.message]);
+            [whole, distance, missed, reason, sound] = deal(false, Inf, 0, ['error: ' failure.message], true);
         end
         capeOpenRelease(h);
         complete = complete + whole;
         agreeing = agreeing + (distance <= 1e-6);
         silent = silent + (~whole && isempty(reason));
+        unsound = unsound + ~sound;
+        if ~sound
+            printf('%s %d: the critical point is none of the flash. %s\n', family, seed, reason);
+        end
         if ~whole || distance > 1e-6 || missed > 0
             printf('%s %d: complete %d, off by %.1e, %d points without an answer. %s\n', family, seed, whole, distance, ...
                    missed, reason);
         end
     end
-    printf('== %s: %d of %d complete, %d within 1e-6 of the flash, %d incomplete without a reason\n', family, complete, ...
-           numel(seeds), agreeing, silent);
+    printf('== %s: %d of %d complete, %d within 1e-6 of the flash, %d incomplete without a reason, %d critical points in doubt\n', ...
+           family, complete, numel(seeds), agreeing, silent, unsound);
 end
 
 inputs = argv();

@@ -235,7 +235,8 @@ function check_family(family, seeds, least)
     for seed = seeds
         [package, Z] = mixture_of_family(family, seed);
         h = capeOpenCreate('Verdanth Reference Packages', package);
-        [whole, distance, ~, reason] = envelope_against_flashes(h, Z);
+        [whole, distance, ~, reason, sound] = envelope_against_flashes(h, Z);
+        check(sound, '%s %d: the critical point is none of the flash', family, seed);
         check(distance <= 1e-6, '%s %d is off by %g', family, seed, distance);
         check(whole || ~isempty(reason), '%s %d has an open end that nothing tells of', family, seed);
         complete = complete + whole;

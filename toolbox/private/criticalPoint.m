@@ -31,18 +31,17 @@ end
 function [critical, beside] = enclosed(system, before, after, widest, n)
 critical = NaN(size(before.v));
 beside = [];
-% Ratios and differences of density go to zero together.
-near = min(abs(before.v(widest)) * min(1, 0.1 / abs(diff(log(before.densities)))), abs(after.v(widest)));
-near = min(0.02, near) * sign(before.v(widest));
-sides = {before, after};
-goals = [near, -near];
-for s = 1:2
-    next = between(before, after, widest, goals(s));
-    found = solvePoint(system, next, widest, sides{s}.phases, 15);
-    if isempty(found) || max(abs(found.v(1:n))) > 1.5 * abs(near) || abs(diff(log(found.densities))) > 0.2
-        return
+% Ratios and differences of density go to zero together; too near, the equations become singular.
+most = min(abs([before.v(widest), after.v(widest)]));
+nearest = min(0.02, abs(before.v(widest)) * min(1, 0.1 / abs(diff(log(before.densities)))));
+for near = sign(before.v(widest)) * min(most, nearest * [1, 3, 10])
+    sides = bothSides(system, before, after, widest, n, near);
+    if ~isempty(sides)
+        break
     end
-    sides{s} = found;
+end
+if isempty(sides)
+    return
 end
 % The curve is smooth there: each point leads to the other.
 way = sides{2}.v - sides{1}.v;
@@ -59,6 +58,20 @@ critical = between(sides{1}, sides{2}, widest, 0);
 critical(1:n) = 0;
 beside = sides{1};
 beside.tangent = beside.tangent * sign(beside.tangent(widest) * way(widest));
+end
+
+function sides = bothSides(system, before, after, widest, n, near)
+sides = {before, after};
+goals = [near, -near];
+for s = 1:2
+    next = between(before, after, widest, goals(s));
+    found = solvePoint(system, next, widest, sides{s}.phases, 15);
+    if isempty(found) || max(abs(found.v(1:n))) > 1.5 * abs(near) || abs(diff(log(found.densities))) > 0.2
+        sides = {};
+        return
+    end
+    sides{s} = found;
+end
 end
 
 function v = between(before, after, fixed, goal)

@@ -1,7 +1,8 @@
-function [complete, distance, missed, reason] = envelope_against_flashes(h, Z)
+function [complete, distance, missed, reason, sound] = envelope_against_flashes(h, Z)
 % The envelope of a mixture from 1 bar on, and how far its dew and bubble points are from those that the package's own
 % flash finds at the same pressure or temperature: the largest of the relative distances, and the number of points that
-% the flash does not answer. It is complete if it passes a critical point and ends with bubble points at 1 bar.
+% the flash does not answer. It is SOUND if it has no critical point, or if flashes around that find one phase to one side
+% and two that are nearly the same to another. It is complete if it passes a critical point and ends with bubble points at 1 bar.
 lastwarn('');
 [T, P, vapor, critical] = capeOpenPhaseEnvelope(h, Z);
 [reason, ~] = lastwarn();
@@ -33,6 +34,7 @@ for k = find(~isnan(vapor) & ~(distances < 1e-6)).'
         end
     end
 end
+sound = isnan(critical(1)) || sound_critical_point(h, Z, critical);
 missed = sum(isnan(distances) & ~isnan(vapor));
 distance = max([distances; 0]);
 end
@@ -43,4 +45,22 @@ try
 catch
     phases = {};
 end
+end
+
+function sound = sound_critical_point(h, Z, critical)
+phases = zeros(1, 72);
+nearest = Inf;
+for k = 1:72
+    shift = 2e-3 * [cos(k * pi / 36), 6 * sin(k * pi / 36)];
+    try
+        [labels, ~, X] = capeOpenFlash(h, Z, 'Temperature', critical(1) * (1 + shift(1)), ...
+                                       'Pressure', critical(2) * (1 + shift(2)), 'Unspecified');
+        phases(k) = numel(labels);
+        if phases(k) == 2
+            nearest = min(nearest, max(abs(diff(X))));
+        end
+    catch
+    end
+end
+sound = any(phases == 1) && nearest < 0.25;
 end
