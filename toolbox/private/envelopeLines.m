@@ -86,7 +86,7 @@ end
 lines = lines(arrayfun(@(line) ~isempty(line.T), lines));
 end
 
-% Lines of dew and bubble points, those that lie higher first, and those on which a second liquid appears.
+% Lines of dew and bubble points, those that come down furthest last, and those on which a second liquid appears.
 function [lines, liquids] = partedByKind(all)
 lines = curveOf([], []);
 liquids = lines;
@@ -111,7 +111,7 @@ for line = all
     end
 end
 dew = arrayfun(@(line) any(line.vaporFraction == 1), lines);
-[~, order] = sort(arrayfun(@(line) -line.P(1), lines(~dew)));
 bubbles = lines(~dew);
+[~, order] = sort(arrayfun(@(line) -line.P(end), bubbles));
 lines = [lines(dew), bubbles(order)];
 end

@@ -20,23 +20,22 @@ elseif model.analytic
     dP = dP(there).';
     dn = dn(there, there);
 else
+    % Central ones: next to a critical point the slopes of a curve lose six digits.
     n = numel(there);
-    shift = 1e-6;
-    rows = repmat(X, n + 3, 1);
-    for k = 1:n
-        rows(k + 3, there(k)) = rows(k + 3, there(k)) + shift;
-    end
-    rows(4:end, :) = rows(4:end, :) / (1 + shift);
-    temperatures = T * ones(n + 3, 1);
-    temperatures(2) = T * (1 + shift);
-    pressures = P * ones(n + 3, 1);
-    pressures(3) = P * (1 + shift);
-    [values, density] = capeOpenSinglePhaseProp(model.handle, model.names(1:2), temperatures, pressures, rows, label);
+    shift = 1e-5;
+    back = [shift, shift, min(shift, x)]; % no fraction below 0
+    steps = [shift * eye(n + 2); -diag(back)];
+    rows = repmat(X, 2 * n + 5, 1);
+    rows(2:end, there) = rows(2:end, there) + steps(:, 3:end);
+    rows(2:end, :) = rows(2:end, :) ./ (1 + sum(steps(:, 3:end), 2));
+    [values, density] = capeOpenSinglePhaseProp(model.handle, model.names(1:2), T * [1; 1 + steps(:, 1)], ...
+                                                P * [1; 1 + steps(:, 2)], rows, label);
     values = values(:, there).';
     density = density(1);
     lnPhi = values(:, 1);
-    dT = (values(:, 2) - lnPhi) / (shift * T);
-    dP = (values(:, 3) - lnPhi) / (shift * P);
-    dn = (values(:, 4:end) - repmat(lnPhi, 1, n)) / shift;
+    slopes = (values(:, 2:n + 3) - values(:, n + 4:end)) ./ (shift + back);
+    dT = slopes(:, 1) / T;
+    dP = slopes(:, 2) / P;
+    dn = slopes(:, 3:end);
 end
 end
