@@ -29,7 +29,7 @@ while numel(vapors) < 4
         [edge, second] = thirdPhase(model, system, points(end));
         vapors(end + 1) = branchOf([points, edge]); %#ok<AGROW>
         if isempty(edge)
-            why = openEnd(points(end), isotherm, 'a third phase appears there, and its line was not found');
+            why = endingAt(points(end), isotherm, 'a third phase appears there, and its line was not found');
             return
         end
         liquids = [liquids, liquidsAt(model, system, isotherm, edge, second)]; %#ok<AGROW>
@@ -42,7 +42,7 @@ while numel(vapors) < 4
     elseif ended == 4
         place = points(end).v(4);
     else
-        why = openEnd(points(end), isotherm, 'no further point was found');
+        why = endingAt(points(end), isotherm, 'no further point was found');
     end
     vapors(end + 1) = branch; %#ok<AGROW>
     return
@@ -58,7 +58,7 @@ branch.points = [branch.points; beside.v; critical];
 branch.slopes = [branch.slopes; beside.tangent; NaN(size(critical))];
 end
 
-function text = openEnd(point, isotherm, why)
+function text = endingAt(point, isotherm, why)
 unit = 'K';
 level = exp(point.v(3));
 if isotherm

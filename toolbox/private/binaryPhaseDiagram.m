@@ -132,6 +132,7 @@ end
 end
 
 function branches = inFractions(branches, system, weights)
+smooth = cell(1, 3);
 for k = 1:numel(branches)
     V = branches(k).points;
     if V(1, 4) > V(end, 4)
@@ -140,7 +141,8 @@ for k = 1:numel(branches)
         branches(k).slopes = -flipud(branches(k).slopes);
     end
     [branches(k).x, branches(k).level, branches(k).y] = fractionsOf(system, V, weights);
-    [branches(k).smooth{1:3}] = fractionsOf(system, smoothCurve(branches(k), 8), weights);
+    [smooth{1:3}] = fractionsOf(system, smoothCurve(branches(k), 8), weights);
+    branches(k).smooth = smooth;
 end
 if ~isempty(branches)
     [~, order] = sort(arrayfun(@(branch) branch.x(1), branches));
