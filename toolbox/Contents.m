@@ -34,6 +34,8 @@
 %   capeOpenPhaseEnvelope       - Phase envelope of a mixture, calculated and drawn.
 %   capeOpenPxy                 - Phase diagram of two compounds at one temperature, calculated and drawn.
 %   capeOpenTxy                 - Phase diagram of two compounds at one pressure, calculated and drawn.
+%   capeOpenPh                  - Pressure-enthalpy diagram of a mixture or a compound, calculated and drawn.
+%   capeOpenTs                  - Temperature-entropy diagram of a mixture or a compound, calculated and drawn.
 %   capeOpenMultiFlashParallel  - Phase equilibria over arrays of conditions, on several processors.
 %   capeOpenLastResults         - The rows that were done when a batch of flashes was stopped.
 %

@@ -1,12 +1,15 @@
-function [x, T, y] = capeOpenTxy(handle, compounds, P)
+function [x, T, y, liquids] = capeOpenTxy(handle, compounds, P)
 %capeOpenTxy  Phase diagram of two compounds at one pressure, calculated and drawn.
 %
-%   [x, T, y] = capeOpenTxy(handle, compounds, P)
+%   [x, T, y, liquids] = capeOpenTxy(handle, compounds, P)
 %
 %   Follows the boiling liquid and its vapor from one pure compound to the
-%   other, or to the critical point of the mixture, as far as the package
-%   calculates, and draws both lines into the current axes. It needs no flash,
-%   but logarithms of fugacity coefficients and densities from the package.
+%   other, through azeotropes, or to the critical point of the mixture. Where
+%   there are two liquids, both have the vapor of a horizontal line, and the
+%   two that are in equilibrium without vapor are followed as well. Each point
+%   is tested by a flash of the package. Without results the lines are drawn
+%   into the current axes. The package has to give logarithms of fugacity
+%   coefficients and densities.
 %
 %   Arguments:
 %     handle  int32 scalar from capeOpenCreate
@@ -16,9 +19,13 @@ function [x, T, y] = capeOpenTxy(handle, compounds, P)
 %
 %   Results:
 %     x       mole fraction of the first compound in the boiling liquid, in
-%             mass basis mass fraction, double N-by-1, ascending along the line
+%             mass basis mass fraction, double N-by-1, ascending along the line.
+%             Where there are two liquids, two rows have the same T and y;
+%             lines that do not join are parted by a row of NaN
 %     T       temperatures in K, double N-by-1
 %     y       the same fraction in the vapor, double N-by-1
+%     liquids double M-by-3: this fraction in one liquid, temperatures in K, and the
+%             fraction in the other one that is in equilibrium with it
 %
 %   Errors:
 %     'Invalid number of arguments for capeOpenTxy'
@@ -35,7 +42,12 @@ function [x, T, y] = capeOpenTxy(handle, compounds, P)
 %     'Expected a positive pressure'
 %             P is not a positive scalar.
 %     'No equilibrium of vapor and liquid found for the two compounds'
-%             Neither compound boils at this pressure.
+%             Neither compound boils at this pressure, and no mixture was found
+%             that does.
+%
+%   Warnings:
+%     'The phase diagram is not complete: ...'
+%             A line has an open end. What follows says where, and why.
 %
 %   Example:
 %     handle = capeOpenCreate('Verdanth Reference Packages', 'Natural gas');
@@ -47,7 +59,11 @@ function [x, T, y] = capeOpenTxy(handle, compounds, P)
 if nargin < 3
     error('Verdanth:error', 'Invalid number of arguments for capeOpenTxy');
 end
-[x, T, y] = binaryPhaseDiagram(handle, compounds, 'Pressure', P);
-drawBinaryDiagram(x, T, y, compounds, 'temperature / K', ...
-                  sprintf('%s and %s at %g bar', compounds{:}, P / 1e5), 'northeast');
+[vapors, both, reasons] = binaryPhaseDiagram(handle, compounds, 'Pressure', P);
+[x, T, y, liquids] = binaryResults(vapors, both, reasons);
+if nargout == 0
+    drawBinaryDiagram(handle, compounds, vapors, both, 1, 'temperature / K', ...
+                      sprintf('%s and %s at %g bar', compounds{:}, P / 1e5));
+    clear('x');
+end
 end

@@ -170,22 +170,226 @@ function an_azeotrope_is_passed(~)
     capeOpenRelease(h);
 end
 
+% Without results alone.
 function lines_are_drawn(~)
     [h, Z] = opened();
-    [T, P] = capeOpenPhaseEnvelope(h, Z);
-    lines = findobj(gca(), 'Type', 'line');
-    check(numel(lines) == 3, '%d lines', numel(lines));
-    drawn = max(cellfun(@max, get(lines, 'XData')));
-    check(abs(drawn - max(T)) < 1e-9, 'drawn to %g', drawn);
-    check(strcmp(get(get(gca(), 'XLabel'), 'String'), 'temperature / K'), 'label');
+    T = capeOpenPhaseEnvelope(h, Z);
+    [~, P] = capeOpenPxy(h, {'propane', 'n-pentane'}, 320);
+    [~, temperatures] = capeOpenTxy(h, {'propane', 'n-pentane'}, 5e5);
+    check(isempty(get(0, 'CurrentFigure')), 'a figure came with results');
+    capeOpenPhaseEnvelope(h, Z, [], [0.5, 0.9]);
+    check_drawn(4, 'temperature / K', 'pressure / bar', '0.8 methane, 0.08 ethane, ... (Natural gas)');
+    drawn = max(cellfun(@(x) max(x), get(findobj(gca(), 'Type', 'line'), 'XData')));
+    check(drawn >= max(T) && drawn < max(T) + 1, 'drawn to %g', drawn);
     figure();
-    [x, P] = capeOpenPxy(h, {'propane', 'n-pentane'}, 320);
-    lines = findobj(gca(), 'Type', 'line');
-    check(numel(lines) == 2 && abs(max(get(lines(1), 'YData')) - max(P) / 1e5) < 1e-9, 'lines in P');
+    capeOpenPxy(h, {'propane', 'n-pentane'}, 320);
+    check_drawn(2, 'mole fraction of propane', 'pressure / bar', 'propane and n-pentane at 320 K');
+    check_extremes('YData', P / 1e5);
     figure();
-    [x, T] = capeOpenTxy(h, {'propane', 'n-pentane'}, 5e5);
-    lines = findobj(gca(), 'Type', 'line');
-    check(numel(lines) == 2 && abs(max(get(lines(1), 'YData')) - max(T)) < 1e-9, 'lines in T');
+    capeOpenBasis('mass');
+    capeOpenTxy(h, {'propane', 'n-pentane'}, 5e5);
+    capeOpenBasis('mole');
+    check_drawn(2, 'mass fraction of propane', 'temperature / K', 'propane and n-pentane at 5 bar');
+    check_extremes('YData', temperatures);
+    capeOpenRelease(h);
+end
+
+function check_drawn(lines, across, up, heading)
+    axes = gca();
+    found = numel(findobj(axes, 'Type', 'line'));
+    check(found == lines, '%d lines', found);
+    check(strcmp(get(get(axes, 'XLabel'), 'String'), across), 'across: %s', get(get(axes, 'XLabel'), 'String'));
+    check(strcmp(get(get(axes, 'YLabel'), 'String'), up), 'up: %s', get(get(axes, 'YLabel'), 'String'));
+    text = get(get(axes, 'Title'), 'String');
+    check(strncmp(text, heading, numel(heading)) && ~isempty(strfind(text, '(Natural gas)')), 'title: %s', text);
+end
+
+function check_extremes(data, values)
+    drawn = get(findobj(gca(), 'Type', 'line'), data);
+    drawn = [drawn{:}];
+    check(abs(max(drawn) / max(values) - 1) < 1e-9 && abs(min(drawn) / min(values) - 1) < 1e-9, ...
+          'drawn from %g to %g', min(drawn), max(drawn));
+end
+
+function Z = mixture(h, varargin)
+    Z = zeros(1, numel(capeOpenCompoundList(h)));
+    for k = 1:2:numel(varargin)
+        Z(strcmp(capeOpenCompoundList(h), varargin{k})) = varargin{k + 1};
+    end
+end
+
+% A few of each family; campaign_envelopes.m takes more of them.
+function envelopes_of_many_mixtures_are_those_of_the_flash(~)
+    check_family('natural_gas', 1:4, 4);
+    check_family('carbon_dioxide', 1:4, 1);
+    check_family('reservoir', 3:6, 2);
+    check_family('refrigerants', 1:4, 4);
+    check_family('sour', 1:4, 1);
+    check_family('hydrocarbon_water', [1, 3, 4, 6], 0);
+    check_family('alcohol_water', 1:2, 0);
+end
+
+function check_family(family, seeds, least)
+    complete = 0;
+    capeOpenWarnings(0);
+    for seed = seeds
+        [package, Z] = mixture_of_family(family, seed);
+        h = capeOpenCreate('Verdanth Reference Packages', package);
+        [whole, distance, ~, reason, sound] = envelope_against_flashes(h, Z);
+        check(sound, '%s %d: the critical point is none of the flash', family, seed);
+        check(distance <= 1e-6, '%s %d is off by %g', family, seed, distance);
+        check(whole || ~isempty(reason), '%s %d has an open end that nothing tells of', family, seed);
+        complete = complete + whole;
+        capeOpenRelease(h);
+    end
+    check(complete >= least, '%s: %d complete', family, complete);
+end
+
+% Of equal parts of n-butane and water the water condenses first, at the temperature where its vapor pressure is half of
+% the whole: 354.5 K by the steam tables. Both liquids boil together where both vapor pressures make the whole: 272 K.
+function the_water_condenses_first(~)
+    h = capeOpenCreate(natural_gas(), 'Wet gas and hydrocarbons');
+    [T, P, vapor, critical] = capeOpenPhaseEnvelope(h, mixture(h, 'n-butane', 0.5, 'water', 0.5));
+    check(abs(T(1) - 354.5) < 2.5 && abs(P(1) / 1e5 - 1) < 1e-9 && vapor(1) == 1, 'it condenses at %g K', T(1));
+    check(abs(T(end) - 272) < 1 && abs(P(end) / 1e5 - 1) < 1e-9 && vapor(end) == 0, 'it boils at %g K', T(end));
+    check(all(isnan(critical)), 'a critical point at %g K', critical(1));
+    check(~isempty(strfind(lastwarn(), 'the dew points end at')), 'no word of the open end: %s', lastwarn());
+    capeOpenRelease(h);
+end
+
+% Where two curves come near to each other is no critical point; carbon dioxide and n-decane in these parts have dew
+% points up to the highest pressure and a critical point of two dense phases far below 340 K.
+function a_critical_point_is_not_made_up(~)
+    h = capeOpenCreate(natural_gas(), 'All compounds (Peng-Robinson)');
+    Z = mixture(h, 'carbon dioxide', 0.9, 'n-decane', 0.1);
+    [~, ~, ~, critical] = capeOpenPhaseEnvelope(h, Z);
+    check(~(critical(1) > 335 && critical(1) < 345), 'a critical point at %g K', critical(1));
+    X = cell(1, 2);
+    for k = 1:2
+        [phases, ~, X{k}] = capeOpenFlash(h, Z, 'Temperature', critical(1) - [1 0.1](k), 'Pressure', critical(2), 'Unspecified');
+        check(numel(phases) == 2, '%d phases below the critical temperature', numel(phases));
+    end
+    check(max(abs(diff(X{2}))) < 0.6 * max(abs(diff(X{1}))), 'the phases do not become the same');
+    capeOpenRelease(h);
+end
+
+function what_is_wrong_with_an_envelope_is_said(~)
+    h = capeOpenCreate(natural_gas(), 'Water and light alcohols');
+    lastwarn('');
+    [~, ~, ~, critical] = capeOpenPhaseEnvelope(h, mixture(h, 'ethanol', 0.5, 'water', 0.5));
+    check(all(isnan(critical)), 'a critical point of a model that has none, at %g K', critical(1));
+    check(strncmp(lastwarn(), 'The phase envelope is not complete: the dew points end at', 57), 'warned: %s', lastwarn());
+    capeOpenRelease(h);
+end
+
+% One flash on each line of constant vapor fraction, and the same without derivatives from the package.
+function lines_of_vapor_fractions_are_those_of_the_flash(~)
+    [h, Z] = opened();
+    [~, ~, ~, ~, threePhases, quality] = capeOpenPhaseEnvelope(h, Z, 1e5, [0.5 0.9]);
+    check(isempty(threePhases) && numel(quality) == 2, 'other results');
+    for k = 1:2
+        row = quality{k}(round(end / 3), :);
+        found = capeOpenMultiFlash(h, Z, 'Temperature', row(1), 'Pressure', row(2), 'Unspecified', 'vaporFraction');
+        check(abs(found - [0.5 0.9](k)) < 1e-5, 'vapor fraction %g', found);
+    end
+    capeOpenRelease(h);
+end
+
+% Methane and ethane at 60 bar: neither boils alone, but mixtures do, and both lines meet at two critical points.
+function a_closed_loop_has_two_critical_points(~)
+    h = opened();
+    [x, T, y] = capeOpenTxy(h, {'methane', 'ethane'}, 60e5);
+    check(x(1) == y(1) && x(end) == y(end) && x(1) > 0.1 && x(end) < 0.95, 'from %g to %g', x(1), x(end));
+    check(all(diff(T) < 0) && all(y(2:end - 1) > x(2:end - 1)), 'the lines cross');
+    check_tie_lines(h, [1 2], x, T, 60e5 * ones(size(T)), y);
+    capeOpenRelease(h);
+end
+
+% 1-Butanol and water boil as two liquids at 365.9 K and 1 atm, the vapor has 0.247 of the alcohol (Gmehling, Azeotropic
+% Data). n-Butane and water boil where their vapor pressures make up the whole.
+function two_liquids_have_one_vapor(~)
+    h = capeOpenCreate(natural_gas(), 'Water and light alcohols');
+    [x, T, y, liquids] = capeOpenTxy(h, {'1-butanol', 'water'}, 101325);
+    k = find(diff(T) == 0 | abs(diff(T)) < 1e-6 & diff(x) > 0.1);
+    check(numel(k) == 1 && abs(T(k) - 365.9) < 0.7 && abs(y(k) - 0.247) < 0.02, 'at %g K with %g', T(k), y(k));
+    check(abs(y(k) - y(k + 1)) < 1e-8 && x(k) < 0.03 && x(k + 1) > 0.35, 'liquids with %g and %g', x(k), x(k + 1));
+    check(abs(max(liquids(:, 2)) - T(k)) < 1e-6 && size(liquids, 1) > 5, 'two liquids up to %g K', max(liquids(:, 2)));
+    middle = liquids(round(end / 2), :);
+    Z = mixture(h, '1-butanol', mean(middle([1 3])), 'water', 1 - mean(middle([1 3])));
+    [phases, ~, X] = capeOpenFlash(h, Z, 'Temperature', middle(2), 'Pressure', 101325, 'Unspecified');
+    found = sort(X(:, strcmp(capeOpenCompoundList(h), '1-butanol'))).';
+    check(isequal(sort(phases(:).'), {'Liquid', 'Liquid2'}) && max(abs(found - sort(middle([1 3])))) < 1e-6, 'other liquids');
+    capeOpenRelease(h);
+    h = capeOpenCreate(natural_gas(), 'Wet gas and hydrocarbons');
+    [x, P, y] = capeOpenPxy(h, {'n-butane', 'water'}, 350);
+    k = find(abs(diff(P)) < 1 & diff(x) > 0.1);
+    check(numel(k) == 1 && abs(P(k) / (9.45e5 + 0.41e5) - 1) < 0.02 && abs(y(k) - 0.96) < 0.01, 'at %g Pa', P(k));
+    capeOpenRelease(h);
+end
+
+% Vapor in equilibrium with ethanol and water at one atmosphere (Perry's Handbook, 13-1), and one azeotrope alone.
+function ethanol_and_water_have_one_azeotrope(~)
+    h = capeOpenCreate(natural_gas(), 'Water and light alcohols');
+    [x, T, y] = capeOpenTxy(h, {'ethanol', 'water'}, 101325);
+    check(all(diff(x) > 0) && all(diff(y) > 0) && sum(diff(sign(y(2:end - 1) - x(2:end - 1))) ~= 0) == 1, 'a loop');
+    for row = [0.1238 0.4704; 0.3273 0.5826; 0.6763 0.7385].'
+        check(abs(interp1(x, y, row(1)) - row(2)) < 0.02, 'y = %g', interp1(x, y, row(1)));
+    end
+    check(abs(min(T) - 351.3) < 0.5, 'it boils at %g K', min(T));
+    capeOpenRelease(h);
+end
+
+% R-134a as refrigeration tables have it (Tillner-Roth and Baehr, J. Phys. Chem. Ref. Data 23 (1994) 657): heat and entropy
+% of evaporation at 1 bar are 217.2 kJ/kg and 880 J/kg/K.
+function diagrams_of_one_compound_have_its_heat_of_evaporation(~)
+    h = capeOpenCreate(natural_gas(), 'Refrigerants');
+    X = mixture(h, 'R-134a', 1);
+    capeOpenBasis('mass');
+    [enthalpy, P, vapor] = capeOpenPh(h, X, 1e5);
+    check(vapor(1) == 1 && vapor(end) == 0 && abs(P(1) / P(end) - 1) < 1e-9, 'ends at %g and %g Pa', P(1), P(end));
+    check(abs((enthalpy(1) - enthalpy(end)) / 217.2e3 - 1) < 0.03, '%g J/kg', enthalpy(1) - enthalpy(end));
+    [entropy, T] = capeOpenTs(h, X, 1e5);
+    capeOpenBasis('mole');
+    check(abs((entropy(1) - entropy(end)) / 880 - 1) < 0.03, '%g J/kg/K', entropy(1) - entropy(end));
+    check(abs(T(1) - 246.8) < 1, 'it boils at %g K', T(1));
+    top = find(vapor == 0, 1);
+    check(abs(enthalpy(top) - enthalpy(top - 1)) < 0.1 * (enthalpy(1) - enthalpy(end)), 'the dome is open');
+    capeOpenRelease(h);
+end
+
+% Each line at one of its points against a flash for the enthalpy or entropy found there.
+function diagrams_of_a_mixture_are_those_of_the_flash(~)
+    [h, Z] = opened();
+    [enthalpy, P, vapor, isotherms, quality] = capeOpenPh(h, Z, 1e5, [200 260], [0.3 0.6]);
+    [entropy, T, again, isobars, of_entropy] = capeOpenTs(h, Z, 1e5, [5e5 40e5], 0.5);
+    check(isequal(size(enthalpy), size(P), size(vapor)) && isequal(size(entropy), size(T), size(again)), 'sizes');
+    for k = [5, numel(P) - 5]
+        [found, temperature] = capeOpenMultiFlash(h, Z, 'Pressure', P(k), 'enthalpy', enthalpy(k), 'Unspecified', ...
+                                                  'vaporFraction Temperature');
+        check(abs(found - vapor(k)) < 1e-5, 'vapor fraction %g', found);
+        check(abs(temperature / T(k) - 1) < 1e-6, 'another dome of entropy');
+    end
+    for k = 1:2
+        row = isotherms{k}(100, :);
+        found = capeOpenMultiFlash(h, Z, 'Pressure', row(2), 'enthalpy', row(1), 'Unspecified', 'Temperature');
+        check(abs(found - [200 260](k)) < 1e-5, 'an isotherm of %g K', found);
+        row = quality{k}(20, :);
+        found = capeOpenMultiFlash(h, Z, 'Pressure', row(2), 'enthalpy', row(1), 'Unspecified', 'vaporFraction');
+        check(abs(found - [0.3 0.6](k)) < 1e-5, 'a vapor fraction of %g', found);
+        row = isobars{k}(150, :);
+        found = capeOpenMultiFlash(h, Z, 'Temperature', row(2), 'entropy', row(1), 'Unspecified', 'Pressure');
+        check(abs(found / [5e5 40e5](k) - 1) < 1e-5, 'an isobar of %g Pa', found);
+    end
+    row = of_entropy{1}(20, :);
+    found = capeOpenMultiFlash(h, Z, 'Temperature', row(2), 'entropy', row(1), 'Unspecified', 'vaporFraction');
+    check(abs(found - 0.5) < 1e-5, 'a vapor fraction of %g', found);
+    check(isempty(get(0, 'CurrentFigure')), 'a figure came with results');
+    capeOpenPh(h, Z);
+    check_drawn(4, 'enthalpy / (kJ / mol)', 'pressure / bar', '0.8 methane');
+    check(strcmp(get(gca(), 'YScale'), 'log'), 'the pressure is not logarithmic');
+    figure();
+    capeOpenTs(h, Z);
+    check_drawn(4, 'entropy / (kJ / mol / K)', 'temperature / K', '0.8 methane');
     capeOpenRelease(h);
 end
 
@@ -198,10 +402,23 @@ function wrong_arguments_are_named(toolbox)
         'Txy', 'Invalid number of arguments for capeOpenTxy', @() capeOpenTxy()
         'PhaseEnvelope', 'Invalid property package handle', @() capeOpenPhaseEnvelope(7, Z)
         'PhaseEnvelope', 'Invalid number of values for compositions: must match number of compounds', @() capeOpenPhaseEnvelope(h, Z(1:4))
+        'PhaseEnvelope', 'Expected fractions that are not negative', @() capeOpenPhaseEnvelope(h, -Z)
         'PhaseEnvelope', 'A phase envelope needs two or more compounds', @() capeOpenPhaseEnvelope(h, double(1:11 == 3))
         'PhaseEnvelope', 'Expected a positive pressure', @() capeOpenPhaseEnvelope(h, Z, [1 2])
         'PhaseEnvelope', 'Expected a positive pressure', @() capeOpenPhaseEnvelope(h, Z, 'x')
         'PhaseEnvelope', 'No dew point found at ... Pa', @() capeOpenPhaseEnvelope(h, Z, 1e9)
+        'Ph', 'Invalid number of arguments for capeOpenPh', @() capeOpenPh(h)
+        'Ph', 'Invalid property package handle', @() capeOpenPh(7, Z)
+        'Ph', 'Invalid number of values for compositions: must match number of compounds', @() capeOpenPh(h, Z(1:4))
+        'Ph', 'Expected fractions that are not negative', @() capeOpenPh(h, 0 * Z)
+        'Ph', 'Expected a positive pressure', @() capeOpenPh(h, Z, -1)
+        'Ph', 'No dew point found at ... Pa', @() capeOpenPh(h, double(1:11 == 3), 1e9)
+        'Ts', 'Invalid number of arguments for capeOpenTs', @() capeOpenTs()
+        'Ts', 'Invalid property package handle', @() capeOpenTs(7, Z)
+        'Ts', 'Invalid number of values for compositions: must match number of compounds', @() capeOpenTs(h, Z(1:4))
+        'Ts', 'Expected fractions that are not negative', @() capeOpenTs(h, -Z)
+        'Ts', 'Expected a positive pressure', @() capeOpenTs(h, Z, 'x')
+        'Ts', 'No dew point found at ... Pa', @() capeOpenTs(h, Z, 1e9)
         'Pxy', 'Invalid property package handle', @() capeOpenPxy(7, two, 300)
         'Pxy', 'Expected a cell array with the names of two compounds', @() capeOpenPxy(h, 'propane', 300)
         'Pxy', 'The package has no compound "..."', @() capeOpenPxy(h, {'propane', 'water'}, 300)

@@ -23,7 +23,6 @@ for k = 1:numel(amounts)
     labels{k} = sprintf('%g %% hexane', 100 * amounts(k));
     fprintf('%g %% of n-hexane: liquid up to %.1f K, at %.1f bar\n', 100 * amounts(k), hottest, curves(k).P(at) / 1e5);
 end
-cla(); % each envelope was drawn whole
 hold on
 for k = 1:numel(amounts)
     plot(curves(k).T, curves(k).P / 1e5, [colors{k} '-']);

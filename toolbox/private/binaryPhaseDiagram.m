@@ -1,146 +1,151 @@
-function [x, level, y] = binaryPhaseDiagram(handle, compounds, quantity, value)
-%binaryPhaseDiagram  Boiling liquid and its vapor for two compounds, from one pure compound towards the other.
+function [vapors, liquids, reasons] = binaryPhaseDiagram(handle, compounds, quantity, value)
+%binaryPhaseDiagram  Phases of two compounds under one held condition.
 %
-%   [x, level, y] = binaryPhaseDiagram(handle, compounds, quantity, value)
+%   [vapors, liquids, reasons] = binaryPhaseDiagram(handle, compounds, quantity, value)
 %
-%   QUANTITY is the one that is held at VALUE, 'Temperature' or 'Pressure'; LEVEL holds the other. Begins at pure
-%   compound 2 or, if that does not boil under the condition, at pure compound 1. Ends at the other pure compound, or at
-%   the critical point of the mixture.
-pair = pairOf(handle, compounds);
+%   QUANTITY is the one that is held at VALUE, 'Temperature' or 'Pressure'. VAPORS are branches of boiling liquid and
+%   its vapor with rising fraction of the first compound in the liquid, LIQUIDS those of two liquids; fields are x and
+%   y, the fractions of compound 1 in first and second phase, level, the pressures or temperatures, smooth, a cell array
+%   with more values of these three, and points and slopes as in curveOf. REASONS are sentences on what is not complete.
+%   Fractions are in the basis of the moment.
+[pair, names] = pairOf(handle, compounds);
 if ~isnumeric(value) || ~isscalar(value) || ~(value > 0)
     error('Verdanth:error', 'Expected a positive %s', lower(quantity));
 end
 [restore, mass] = moleBasis(); %#ok<ASGLU>
-[vapor, liquid] = vaporAndLiquid(handle);
+quiet = withoutWarnings(); %#ok<NASGU>
+model = equilibriumModel(handle, pair);
 constants = criticalConstants(handle, pair);
-count = numel(capeOpenCompoundList(handle));
 isotherm = strcmp(quantity, 'Temperature');
+bounds = [10, 5000];
+boils = value < constants.P;
 if isotherm
+    bounds = [1e-3, 2e8];
     boils = value < constants.T;
-    limits = [0.5, 0.5, 0.25, 0.03];
-else
-    boils = value < constants.P;
-    limits = [0.5, 0.5, 0.02, 0.03];
 end
-V = zeros(0, 4);
+system = binarySystem(model, isotherm, value, [2, 1], bounds);
+vapors = struct('points', {}, 'slopes', {});
+liquids = vapors;
+ended = {};
+reached = [false, false];
 for first = [2, 1]
-    if size(V, 1) < 2 && boils(first)
-        V = traceCurve(@equations, startAt(first), 4, 2 * first - 3, limits, @review);
+    if boils(first) && ~reached(first)
+        start = solvePoint(system, pureStart(constants, isotherm, value, first), 4, [2, 1], 40);
+        if ~isempty(start)
+            start.tangent = start.tangent * sign(start.tangent(4)) * (2 * first - 3);
+            [more, both, place, why] = binaryChain(model, system, isotherm, start);
+            reached(first) = ~isempty(more);
+            reached(3 - first) = reached(3 - first) || place == first - 1;
+            vapors = [vapors, more]; %#ok<AGROW>
+            liquids = [liquids, both]; %#ok<AGROW>
+            ended{end + 1} = why; %#ok<AGROW>
+        end
     end
 end
-if size(V, 1) < 2
+if isempty(vapors)
+    start = startInside(model, system, isotherm, value, constants);
+    halves = cell(1, 2);
+    for side = find([1, 1] * ~isempty(start))
+        start.tangent = (2 * side - 3) * start.tangent * sign(start.tangent(4));
+        [halves{side}, both, ~, ended{end + 1}] = binaryChain(model, system, isotherm, start);
+        liquids = [liquids, both]; %#ok<AGROW>
+    end
+    if all(~cellfun(@isempty, halves))
+        halves{2}(1).points = [flipud(halves{1}(1).points(2:end, :)); halves{2}(1).points];
+        halves{2}(1).slopes = [-flipud(halves{1}(1).slopes(2:end, :)); halves{2}(1).slopes];
+        vapors = [halves{1}(2:end), halves{2}];
+    end
+end
+if isempty(vapors)
     error('Verdanth:error', 'No equilibrium of vapor and liquid found for the two compounds');
 end
-x = V(:, 4);
-y = x .* exp(V(:, 1));
-level = exp(V(:, 3));
-[x, level, y] = closeAtCriticalPoint(V, x, level, y, @ratioOfDensities);
-if x(1) > x(end)
-    x = flipud(x);
-    y = flipud(y);
-    level = flipud(level);
-end
+reasons = ended(~cellfun(@isempty, ended));
+weights = [1, 1];
 if mass
     weights = capeOpenConstant(handle, 'molecularWeight');
-    x = massFraction(x, weights(pair));
-    y = massFraction(y, weights(pair));
+    weights = weights(pair);
+end
+vapors = inFractions(vapors, system, weights);
+liquids = inFractions(liquids, system, weights);
+reasons = strrep(reasons, 'COMPOUND', names{1});
 end
 
-    % The variables: logarithms of the ratios of vapor to liquid fractions, that of the level, fraction 1 in the liquid.
-    function v = startAt(compound)
-        c = struct('T', constants.T(compound), 'P', constants.P(compound), ...
-                   'acentric', constants.acentric(compound));
-        if isotherm
-            T = value;
-            P = c.P * exp(5.373 * (1 + c.acentric) * (1 - c.T / T));
-            start = P;
-        else
-            P = value;
-            T = c.T / (1 - log(P / c.P) / (5.373 * (1 + c.acentric)));
-            start = T;
-        end
-        v = [wilson(constants, T, P), log(start), compound == 1];
-    end
-
-    function [Z, T, P] = conditions(points)
-        Z = zeros(size(points, 1), count);
-        Z(:, pair) = [points(:, 4), 1 - points(:, 4)];
-        T = exp(points(:, 3));
-        P = T;
-        held = value * ones(size(T));
-        if isotherm
-            T = held;
-        else
-            P = held;
-        end
-    end
-
-    function F = equations(points)
-        [Z, T, P] = conditions(points);
-        ratios = zeros(size(Z));
-        ratios(:, pair) = points(:, 1:2);
-        F = saturationEquations(handle, {liquid, vapor}, Z, ratios, T, P);
-        F = F(:, [pair, end]);
-    end
-
-    function ratio = ratioOfDensities(v)
-        [Z, T, P] = conditions(v);
-        Y = zeros(1, count);
-        Y(pair) = Z(pair) .* exp(v(1:2));
-        ratio = capeOpenSinglePhaseProp(handle, 'density', T, P, Z, liquid) ...
-                / capeOpenSinglePhaseProp(handle, 'density', T, P, Y / sum(Y), vapor);
-    end
-
-    function [next, fixed, last] = review(next, fixed, points)
-        here = points(end, :);
-        pure = min(max(next(4), 0), 1);
-        last = pure ~= next(4) || (size(points, 1) > 1 && any(pure == [0, 1]));
-        if last
-            next = here + (next - here) * (pure - here(4)) / (next(4) - here(4));
-            next(4) = pure;
-            fixed = 4;
-        elseif (max(abs(next(1:2))) < 0.1 || any(next(1:2) .* here(1:2) < 0)) && ratioOfDensities(here) < 2
-            % The critical point is near, and no azeotrope; beyond it the same points come again.
-            [distance, fixed] = max(abs(here(1:2)));
-            goal = min(0.05, distance / 2) * sign(here(fixed));
-            next = here + (next - here) * (goal - here(fixed)) / (next(fixed) - here(fixed));
-            last = true;
-        end
-    end
-end
-
-function pair = pairOf(handle, compounds)
+function [pair, found] = pairOf(handle, compounds)
 names = capeOpenCompoundList(handle);
 if ~iscellstr(compounds) || numel(compounds) ~= 2 %#ok<ISCLSTR>
     error('Verdanth:error', 'Expected a cell array with the names of two compounds');
 end
 pair = zeros(1, 2);
 for k = 1:2
-    found = find(strcmpi(names, compounds{k}), 1);
-    if isempty(found)
+    index = find(strcmpi(names, compounds{k}), 1);
+    if isempty(index)
         error('Verdanth:error', 'The package has no compound "%s"', compounds{k});
     end
-    pair(k) = found;
+    pair(k) = index;
 end
 if pair(1) == pair(2)
     error('Verdanth:error', 'The two compounds are the same');
 end
+found = names(pair);
 end
 
-% Near the critical point the mean fraction and the level go with the square of the distance.
-function [x, level, y] = closeAtCriticalPoint(V, x, level, y, ratioOfDensities)
-[distance, k] = max(abs(V(end, 1:2)));
-if size(V, 1) < 3 || distance > 0.2 || ratioOfDensities(V(end, :)) > 1.5
-    return
+% One compound boils, with a trace of the other.
+function v = pureStart(constants, isotherm, value, compound)
+c = struct('T', constants.T(compound), 'P', constants.P(compound), 'acentric', constants.acentric(compound));
+if isotherm
+    T = value;
+    P = c.P * exp(5.373 * (1 + c.acentric) * (1 - c.T / T));
+    level = P;
+else
+    P = value;
+    T = c.T / (1 - log(P / c.P) / (5.373 * (1 + c.acentric)));
+    level = T;
 end
-square = V(end - 1:end, k) .^ 2;
-values = [x + y, log(level)];
-limit = values(end, :) - square(2) * (values(end, :) - values(end - 1, :)) / (square(2) - square(1));
-x(end + 1) = limit(1) / 2;
-y(end + 1) = limit(1) / 2;
-level(end + 1) = exp(limit(2));
+v = [wilson(constants, T, P), log(level), compound == 1];
 end
 
-function w = massFraction(x, weights)
-w = x * weights(1) ./ (x * weights(1) + (1 - x) * weights(2));
+% Where the package's flash finds a vapor and a liquid; empty if it does nowhere.
+function start = startInside(model, system, isotherm, value, constants)
+start = [];
+levels = linspace(0.5 * min(constants.T), max(constants.T), 40).';
+if isotherm
+    levels = exp(linspace(log(1e4), log(5e7), 40)).';
+end
+X = zeros(numel(levels), model.count);
+for part = [0.5, 0.25, 0.75, 0.9, 0.1]
+    X(:, model.compounds) = repmat([part, 1 - part], numel(levels), 1);
+    [T, P] = system.conditions([zeros(numel(levels), 2), log(levels)]);
+    fraction = capeOpenMultiFlash(model.handle, X, 'Temperature', T, 'Pressure', P, 'Unspecified', 'vaporFraction');
+    inside = find(fraction > 0 & fraction < 1);
+    if isempty(inside)
+        continue
+    end
+    k = inside(ceil(end / 2));
+    [labels, ~, phases] = capeOpenFlash(model.handle, X(k, :), 'Temperature', T(k), 'Pressure', P(k), 'Unspecified');
+    vapor = phases(strcmpi(labels, model.labels{1}), model.compounds);
+    liquid = phases(find(~strcmpi(labels, model.labels{1}), 1), model.compounds);
+    if ~isempty(vapor) && ~isempty(liquid)
+        start = solvePoint(system, [log(vapor ./ liquid), log(levels(k)), liquid(1)], 4, [2, 1], 20);
+        return
+    end
+end
+end
+
+function branches = inFractions(branches, system, weights)
+smooth = cell(1, 3);
+for k = 1:numel(branches)
+    V = branches(k).points;
+    if V(1, 4) > V(end, 4)
+        V = flipud(V);
+        branches(k).points = V;
+        branches(k).slopes = -flipud(branches(k).slopes);
+    end
+    [branches(k).x, branches(k).level, branches(k).y] = fractionsOf(system, V, weights);
+    [smooth{1:3}] = fractionsOf(system, smoothCurve(branches(k), 8), weights);
+    branches(k).smooth = smooth;
+end
+if ~isempty(branches)
+    [~, order] = sort(arrayfun(@(branch) branch.x(1), branches));
+    branches = branches(order);
+end
 end

@@ -1,105 +1,144 @@
-function V = traceCurve(equations, start, fixed, direction, limits, review)
-%traceCurve  Points along the curve on which m equations in m + 1 variables hold.
+function [points, ended] = traceCurve(system, points, most)
+%traceCurve  Points along a curve on which the equations of two phases in equilibrium hold.
 %
-%   V = traceCurve(equations, start, fixed, direction, limits, review)
+%   [points, ended] = traceCurve(system, points, most)
 %
-%   EQUATIONS gives the m residuals of each row of variables. The first point is solved from START (1-by-(m+1)) at the
-%   given value of variable number FIXED, from where the curve is followed upwards in this variable (DIRECTION 1) or
-%   downwards (-1). A step changes no variable by more than its entry in LIMITS, and is taken in the variable that
-%   changes most, so that the curve may turn back in any of them. Before each step REVIEW is asked,
-%   [next, fixed, last] = review(next, fixed, V): it sees the next point as it is estimated, may move it, and tells
-%   whether it is the last. Rows of V are the points.
-%
-%   Keeps to what solves: where a step does not, shorter ones are tried. The first point is demanded, of the others
-%   there are as many as are found.
-most_points = 300;
-V = correct(equations, start, fixed);
-if isempty(V)
-    return
-end
-tangent = zeros(size(start));
-tangent(fixed) = direction;
-part = 0.3; % of the largest step
-last = false;
-while ~last && size(V, 1) < most_points && part > 1e-4
-    here = V(end, :);
-    ahead = tangentAt(equations, here, fixed);
-    if isempty(ahead)
-        return
+%   POINTS begins as one point of solvePoint, whose tangent leads away; what is found is added, up to MOST. Each step is
+%   taken in the variable that changes most there and estimated by the cubic through the last two points (Michelsen,
+%   Fluid Phase Equilibria 4 (1980) 1), so that the curve may turn back in any of them. SYSTEM has
+%     linearize  see solvePoint
+%     ratios     which variables are the logarithms of ratios of fractions
+%     limits     limits(v): how far each variable may go in one step
+%     bounds     2-by-m: the curve ends where a variable comes to one of these values, and on it
+%     mirrored   whether the same points come again beyond a critical point; then it ends with the first of them
+%     relabel    relabel(v, densities, phases): which labels give the phases these densities
+%   Where the two phases become the same all ratios go through 1; that is stepped across in the widest of them.
+%   ENDED is the number of the variable that came to its bound, 0 where steps became too short, -1 after MOST points.
+part = 0.2; % of the largest step
+crossable = 0.3;
+ended = -1;
+while numel(points) < most
+    here = points(end);
+    limits = system.limits(here.v);
+    [goal, fixed, crossing] = aim(system, here, part * limits, crossable);
+    next = estimate(points, fixed, goal);
+    [next, fixed, last] = keepWithin(system.bounds, points, next, fixed);
+    expected = here.densities;
+    phases = here.phases;
+    if crossing
+        expected(1:2) = expected([2, 1]);
+        phases(1:2) = phases([2, 1]);
     end
-    ahead = ahead / max(abs(ahead) ./ limits);
-    if ahead * (tangent ./ limits .^ 2).' < 0
-        ahead = -ahead;
+    found = attempt(system, next, fixed, phases, here.v, limits, expected);
+    if isempty(found)
+        other = system.relabel(next, expected, phases);
+        if ~isempty(other) && ~isequal(other, phases)
+            found = attempt(system, next, fixed, other, here.v, limits, expected);
+        end
     end
-    [~, fixed] = max(abs(ahead) ./ limits);
-    [next, moved, last] = review(here + part * ahead, fixed, V);
-    [found, effort] = correct(equations, next, moved);
-    if isempty(found) || any(abs(found - here) > 2 * limits)
+    if isempty(found)
         part = part / 2;
-        last = false;
+        if crossing
+            crossable = 0.7 * max(abs(here.v(system.ratios)));
+        end
+        if part < 1e-3
+            ended = 0;
+            return
+        end
         continue
     end
-    V(end + 1, :) = found; %#ok<AGROW>
-    fixed = moved;
-    tangent = ahead;
-    if effort <= 4
-        part = min(1, 1.5 * part);
-    end
-end
-end
-
-% Newton's method with one variable held; empty if it does not come to an end.
-function [v, effort] = correct(equations, v, fixed)
-free = [1:fixed - 1, fixed + 1:numel(v)];
-for effort = 1:25
-    [F, J] = linearized(equations, v);
-    if isempty(F)
-        break
-    end
-    if max(abs(F)) < 1e-9
+    found.tangent = found.tangent * sign(sum(found.tangent .* (found.v - here.v) ./ limits .^ 2));
+    points(end + 1) = found; %#ok<AGROW>
+    if last
+        ended = fixed;
+        return
+    elseif system.mirrored && passed(system, here, found)
         return
     end
-    change = -(J(:, free) \ F(:)).';
-    if ~all(isfinite(change))
-        break
+    if found.effort <= 3
+        part = min(1, 1.6 * part);
+    elseif found.effort > 4
+        part = 0.7 * part;
     end
-    v(free) = v(free) + change / max(1, max(abs(change)) / 0.5);
-    if max(abs(change)) < 1e-7 % the next one would be smaller by orders of magnitude
+end
+end
+
+% Whether the phases were the same on the way.
+function yes = passed(system, here, found)
+[~, k] = max(abs(here.v(system.ratios)));
+widest = system.ratios(k);
+yes = here.v(widest) * found.v(widest) < 0 && abs(log(found.densities(2) / found.densities(1))) < 0.7;
+end
+
+% The variable to go in, and how far. Near the critical point that is the widest ratio.
+function [goal, fixed, crossing] = aim(system, here, limits, crossable)
+crossing = false;
+step = here.tangent / max(abs(here.tangent) ./ limits);
+[~, fixed] = max(abs(step));
+if abs(log(here.densities(2) / here.densities(1))) < 1.5
+    [~, k] = max(abs(here.v(system.ratios)));
+    widest = system.ratios(k);
+    goal = here.v(widest) + step(widest);
+    if goal / here.v(widest) < 0.7
+        fixed = widest;
+        if goal / here.v(fixed) < 0.5
+            crossing = abs(here.v(fixed)) < crossable;
+            goal = here.v(fixed) * (0.5 - 1.5 * crossing);
+        end
         return
     end
 end
-v = [];
+goal = here.v(fixed) + step(fixed);
 end
 
-function t = tangentAt(equations, v, fixed)
-[~, J] = linearized(equations, v);
-t = [];
-if ~isempty(J)
-    row = zeros(1, numel(v));
-    row(fixed) = 1;
-    t = ([J; row] \ [zeros(numel(v) - 1, 1); 1]).';
-end
-if ~all(isfinite(t))
-    t = [];
-end
-end
-
-% Residuals and their derivatives by differences, all in one call; empty where they can not be calculated.
-function [F, J] = linearized(equations, v)
-shift = 1e-6 * (1 - 2 * (v > 0.5 & v <= 1)); % a fraction stays one
-try
-    rows = equations([v; repmat(v, numel(v), 1) + diag(shift)]);
-    F = rows(1, :);
-    J = ((rows(2:end, :) - repmat(F, numel(v), 1)) ./ repmat(shift(:), 1, numel(F))).';
-catch failure
-    if ~strcmp(failure.identifier, 'Verdanth:error')
-        rethrow(failure);
+% By the cubic through the last two points and their tangents, with one point by its tangent.
+function next = estimate(points, fixed, goal)
+here = points(end);
+slope = here.tangent / here.tangent(fixed);
+next = here.v + slope * (goal - here.v(fixed));
+if numel(points) > 1
+    before = points(end - 1);
+    width = here.v(fixed) - before.v(fixed);
+    u = (goal - here.v(fixed)) / width;
+    if before.tangent(fixed) * here.tangent(fixed) > 0 && u > 0 && u < 3
+        slopes = width * [before.tangent / before.tangent(fixed); slope];
+        difference = here.v - before.v;
+        cubic = here.v + u * slopes(2, :) + u ^ 2 * (slopes(1, :) + 2 * slopes(2, :) - 3 * difference) ...
+                + u ^ 3 * (slopes(1, :) + slopes(2, :) - 2 * difference);
+        if all(abs(cubic - next) < 0.5 * abs(next - here.v) + 0.05)
+            next = cubic;
+        end
     end
-    F = [];
-    J = [];
 end
-if ~all(isfinite(F)) || ~all(isfinite(J(:)))
-    F = [];
-    J = [];
+end
+
+function [next, fixed, last] = keepWithin(bounds, points, next, fixed)
+beyond = find(next < bounds(1, :) | next > bounds(2, :));
+last = ~isempty(beyond);
+here = points(end).v;
+nearest = Inf;
+for k = beyond
+    bound = bounds(1 + (next(k) > bounds(2, k)), k);
+    share = (bound - here(k)) / (next(k) - here(k));
+    if share < nearest
+        nearest = share;
+        fixed = k;
+        goal = bound;
+    end
+end
+if last
+    next = here + nearest * (next - here);
+    next(fixed) = goal;
+end
+end
+
+% A point near the estimate, with phases that are like those before; empty if there is none.
+function found = attempt(system, next, fixed, phases, here, limits, expected)
+found = solvePoint(system, next, fixed, phases, 9);
+if ~isempty(found) && (any(abs(found.v - next) > limits) || any(abs(found.v - here) > 2 * limits) ...
+                       || any(abs(log(found.densities ./ expected)) > 0.7) ...
+                       || all(abs(found.v(system.ratios)) < 1e-5) ...
+                       && abs(log(found.densities(2) / found.densities(1))) < 1e-4)
+    found = [];
 end
 end

@@ -1,0 +1,66 @@
+function [complete, distance, missed, reason, sound] = envelope_against_flashes(h, Z)
+% The envelope of a mixture from 1 bar on, and how far its dew and bubble points are from those that the package's own
+% flash finds at the same pressure or temperature: the largest of the relative distances, and the number of points that
+% the flash does not answer. It is SOUND if it has no critical point, or if flashes around that find one phase to one side
+% and two that are nearly the same to another. It is complete if it passes a critical point and ends with bubble points at 1 bar.
+lastwarn('');
+[T, P, vapor, critical] = capeOpenPhaseEnvelope(h, Z);
+[reason, ~] = lastwarn();
+last = find(vapor == 0, 1, 'last');
+complete = ~any(isnan(critical)) && ~isempty(last) && P(last) < 1e5 * (1 + 1e-6) && vapor(1) == 1;
+distances = NaN(size(T));
+kinds = {'Unspecified', 'Normal', 'Retrograde'};
+for kind = 1:6
+    open = find(~isnan(vapor) & ~(distances < 1e-6));
+    if isempty(open)
+        break
+    end
+    if kind <= 3
+        found = capeOpenMultiFlash(h, Z, 'Pressure', P(open), 'vaporFraction', vapor(open), kinds{kind}, 'Temperature');
+        off = abs(found ./ T(open) - 1);
+    else
+        found = capeOpenMultiFlash(h, Z, 'Temperature', T(open), 'vaporFraction', vapor(open), kinds{kind - 3}, 'Pressure');
+        off = abs(found ./ P(open) - 1);
+    end
+    distances(open) = min(distances(open), off);
+end
+% Where the flash has answered with another solution: a millionth to either side it finds other phases.
+for k = find(~isnan(vapor) & ~(distances < 1e-6)).'
+    for shift = {[1e-6 0], [0 1e-6]}
+        off = shift{1};
+        if ~isequal(phases_at(h, Z, T(k) * (1 - off(1)), P(k) * (1 - off(2))), ...
+                    phases_at(h, Z, T(k) * (1 + off(1)), P(k) * (1 + off(2))))
+            distances(k) = 1e-6;
+        end
+    end
+end
+sound = isnan(critical(1)) || sound_critical_point(h, Z, critical);
+missed = sum(isnan(distances) & ~isnan(vapor));
+distance = max([distances; 0]);
+end
+
+function phases = phases_at(h, Z, T, P)
+try
+    phases = capeOpenFlash(h, Z, 'Temperature', T, 'Pressure', P, 'Unspecified');
+catch
+    phases = {};
+end
+end
+
+function sound = sound_critical_point(h, Z, critical)
+phases = zeros(1, 72);
+nearest = Inf;
+for k = 1:72
+    shift = 2e-3 * [cos(k * pi / 36), 6 * sin(k * pi / 36)];
+    try
+        [labels, ~, X] = capeOpenFlash(h, Z, 'Temperature', critical(1) * (1 + shift(1)), ...
+                                       'Pressure', critical(2) * (1 + shift(2)), 'Unspecified');
+        phases(k) = numel(labels);
+        if phases(k) == 2
+            nearest = min(nearest, max(abs(diff(X))));
+        end
+    catch
+    end
+end
+sound = any(phases == 1) && nearest < 0.25;
+end

@@ -1,0 +1,102 @@
+function [entropy, T, vaporFraction, isobars, quality] = capeOpenTs(handle, Z, Pmin, P, fractions)
+%capeOpenTs  Temperature-entropy diagram of a mixture or a compound, calculated and drawn.
+%
+%   [entropy, T, vaporFraction, isobars, quality] = capeOpenTs(handle, Z, Pmin, P, fractions)
+%
+%   Follows dew and bubble points of a mixture as capeOpenPhaseEnvelope does, or
+%   of a single compound, and calculates entropy on them, along isobars and
+%   along lines of constant vapor fraction by flashes of the package. Without
+%   results it draws all into the current axes.
+%
+%   Arguments:
+%     handle  int32 scalar from capeOpenCreate
+%     Z       composition, double with one value for each compound: mole
+%             fractions, in mass basis mass fractions
+%     Pmin    lowest pressure in Pa; 1e5 if it is left out or empty
+%     P       pressures of the isobars in Pa; round values around the
+%             two-phase region if it is left out or empty
+%     fractions
+%             vapor fractions from 0 to 1 for which lines are calculated;
+%             0.2, 0.4, 0.6 and 0.8 if it is left out
+%
+%   Results:
+%     entropy
+%             entropies of the mixture at dew and bubble points, double N-by-1,
+%             in J/mol/K or J/kg/K; rows of NaN part lines that do not join
+%     T       temperatures in K, double N-by-1
+%     vaporFraction
+%             double N-by-1: 1 at a dew point, 0 at a bubble point, NaN where a
+%             second liquid appears
+%     isobars
+%             cell array with a double M-by-2 for each of P: entropies and
+%             temperatures
+%     quality cell array with a double K-by-2 for each of the fractions:
+%             entropies and temperatures
+%
+%   Errors:
+%     'Invalid number of arguments for capeOpenTs'
+%             There are fewer than have to be given.
+%     'Invalid property package handle'
+%             The package is not open: it was released, MATLAB cleared
+%             Verdanth, or the value is not an int32 scalar.
+%     'Invalid number of values for compositions: must match number of compounds'
+%             Z has more or fewer values than the package has compounds.
+%     'Expected fractions that are not negative'
+%             A value of Z is negative or no number, or all are 0.
+%     'Expected a positive pressure'
+%             Pmin is not a positive scalar.
+%     'No dew point found at ... Pa'
+%             No bubble point either. Try another Pmin.
+%
+%   Warnings:
+%     'The phase envelope is not complete: ...'
+%             A line of dew or bubble points has an open end. What follows says
+%             which, where it ends, and why.
+%
+%   Example:
+%     handle = capeOpenCreate('Verdanth Reference Packages', 'Refrigerants');
+%     X = double(strcmp(capeOpenCompoundList(handle), 'R-134a')).';
+%     entropy = capeOpenTs(handle, X, 1e5);
+%     evaporation = entropy(1) - entropy(end)
+%     capeOpenTs(handle, X)
+%     capeOpenRelease(handle)
+%
+%   See also capeOpenPh, capeOpenPhaseEnvelope, capeOpenMultiFlash.
+if nargin < 2
+    error('Verdanth:error', 'Invalid number of arguments for capeOpenTs');
+end
+if nargin < 3
+    Pmin = [];
+end
+if nargin < 4
+    P = [];
+end
+if nargin < 5
+    fractions = [0.2, 0.4, 0.6, 0.8];
+end
+Z = checkedMixture(handle, Z);
+Pmin = checkedPressure(Pmin);
+quiet = withoutWarnings();
+[dome, reasons, critical] = saturationDome(handle, Z, Pmin, 'entropy');
+[entropy, temperatures, pressures, vaporFraction] = domeColumns(dome);
+if isempty(P)
+    P = 10 .^ ceil(log10(Pmin)) * [1, 2, 5, 10, 20, 50, 100, 200, 500];
+    P = P(P < 2 * max(pressures));
+end
+range = linspace(min(temperatures), 1.3 * max(temperatures), 300);
+isobars = linesAcross(handle, Z, 'Pressure', P, 'Temperature', range, 'entropy');
+T = temperatures;
+temperatures = linspace(min(temperatures), max(temperatures), 100);
+rows = qualityLines(handle, Z, temperatures, critical, fractions, 'entropy');
+quality = cellfun(@(row) row(row(:, 2) > Pmin * (1 - 1e-6), [3, 1]), rows, 'UniformOutput', false);
+quiet = []; %#ok<NASGU>
+if ~isempty(reasons)
+    warning('Verdanth:warning', 'The phase envelope is not complete: %s', strjoin(reasons, '; '));
+end
+if nargout == 0
+    words = struct('property', 'entropy', 'ordinate', 'temperature / K', 'unit', 1, 'across', 'isobars', ...
+                   'draw', @plot);
+    drawWithDome(handle, Z, [entropy, T, vaporFraction], isobars, quality, words);
+    clear('entropy');
+end
+end

@@ -1,0 +1,12 @@
+function Z = checkedMixture(handle, Z)
+%checkedMixture  A composition as a row with the sum 1, after looking whether it is one.
+count = numel(capeOpenCompoundList(handle));
+if numel(Z) ~= count
+    error('Verdanth:error', 'Invalid number of values for compositions: must match number of compounds');
+end
+Z = reshape(double(Z), 1, count);
+if ~all(Z >= 0) || ~(sum(Z) > 0)
+    error('Verdanth:error', 'Expected fractions that are not negative');
+end
+Z = Z / sum(Z);
+end

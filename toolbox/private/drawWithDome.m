@@ -1,0 +1,31 @@
+function drawWithDome(handle, Z, dome, across, quality, words)
+%drawWithDome  Diagram of a property and temperature or pressure in the current axes.
+%
+%   DOME are rows of property, ordinate and vapor fraction, parted by rows of NaN, ACROSS and QUALITY cells with rows of
+%   property and ordinate. WORDS has the fields property, ordinate, unit (of the ordinate), across and draw, plot or
+%   semilogy.
+names = {'dew points', 'bubble points', 'second liquid', words.across, 'vapor fractions'};
+styles = {'r-', 'b-', 'g-', 'k-', 'k:'};
+data = cell(1, 5);
+kind = 2 - dome(:, 3);
+kind(isnan(kind)) = 3;
+for k = 1:3
+    here = kind == k;
+    rows = dome(:, 1:2);
+    rows(~(here | [false; here(1:end - 1)]), :) = NaN; % without a gap to the next kind
+    data{k} = rows;
+end
+groups = {across, quality};
+for group = 1:2
+    for k = 1:numel(groups{group})
+        data{3 + group} = [data{3 + group}; groups{group}{k}; NaN, NaN];
+    end
+end
+shown = find(cellfun(@(rows) any(~isnan(rows(:))), data));
+drawn = [cellfun(@(rows) rows(:, 1) / 1000, data(shown), 'UniformOutput', false)
+         cellfun(@(rows) rows(:, 2) / words.unit, data(shown), 'UniformOutput', false)
+         styles(shown)];
+words.draw(drawn{:});
+nameAxes(sprintf('%s / (k%s)', words.property, capeOpenPropUnit(words.property)), words.ordinate, ...
+         mixtureTitle(handle, Z), names(shown));
+end

@@ -1,0 +1,28 @@
+function reason = reasonOfEnd(model, z, line, ended)
+%reasonOfEnd  A sentence on where a curve of curveOf ends, and why; ENDED is that of stableCurve.
+last = numel(line.T);
+v = line.points(end, :);
+slope = line.slopes(end, :);
+why = 'no further point was found';
+if ended > 0 || ended == -1
+    why = 'they are followed no further';
+elseif ended < -1
+    why = 'a further phase appears there, and its line was not found';
+else
+    beyond = exp(v(end - 1:end) + 0.05 * slope(end - 1:end) / max(abs(slope(end - 1:end))));
+    try
+        for label = 1:2
+            fugacities(model, label, beyond(1), beyond(2), z);
+        end
+    catch failure
+        if ~strcmp(failure.identifier, 'Verdanth:error')
+            rethrow(failure);
+        end
+        why = ['the package calculates nothing beyond (', failure.message, ')'];
+    end
+end
+names = {'bubble points', 'dew points', 'points where a second liquid appears'};
+kind = line.vaporFraction(last);
+kind(isnan(kind)) = 2;
+reason = sprintf('the %s end at %.5g K and %.5g bar: %s', names{kind + 1}, line.T(last), line.P(last) / 1e5, why);
+end

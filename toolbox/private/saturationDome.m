@@ -1,0 +1,82 @@
+function [dome, reasons, critical] = saturationDome(handle, Z, Pmin, name)
+%saturationDome  Dew and bubble points of a mixture or a single compound with a property of the whole at each.
+%
+%   [dome, reasons, critical] = saturationDome(handle, Z, Pmin, name)
+%
+%   Z are fractions in the basis of the moment. DOME is a struct array of lines with the fields T, P, vaporFraction (see
+%   envelopeLines) and value, the property NAME. REASONS are sentences on what is not complete,
+%   CRITICAL is the temperature of the mixture's critical point or NaN.
+critical = NaN;
+if sum(Z > 0) == 1
+    dome = domeOfOne(handle, Z, Pmin, name);
+    reasons = {};
+else
+    [lines, reasons] = inMoles(handle, Z, Pmin);
+    dome = struct('T', {}, 'P', {}, 'vaporFraction', {}, 'value', {});
+    for line = lines
+        if isnan(critical)
+            critical = line.critical(1);
+        end
+        V = smoothCurve(line, 4);
+        place = round(1:1 / 4:size(line.points, 1)).';
+        T = exp(V(:, end - 1));
+        P = exp(V(:, end));
+        if numel(place) ~= numel(T)
+            [T, P, place] = deal(line.T, line.P, (1:numel(line.T)).');
+        end
+        vaporFraction = line.vaporFraction(place);
+        value = valuesAlong(handle, Z, T, P, vaporFraction, size(line.points, 2) > sum(Z > 0) + 2, name);
+        dome(end + 1) = struct('T', T, 'P', P, 'vaporFraction', vaporFraction, 'value', value); %#ok<AGROW>
+    end
+end
+if isempty(dome)
+    error('Verdanth:error', 'No dew point found at %g Pa', Pmin);
+end
+end
+
+function [lines, reasons] = inMoles(handle, Z, Pmin)
+[Z, restore] = molesOf(handle, Z); %#ok<ASGLU>
+[lines, reasons] = envelopeLines(handle, Z, Pmin);
+end
+
+% The mixture is one phase there, or two liquids next to their vapor.
+function value = valuesAlong(handle, Z, T, P, vaporFraction, twoLiquids, name)
+value = NaN(size(T));
+[vapor, liquid] = vaporAndLiquid(handle);
+if twoLiquids
+    value = capeOpenMultiFlash(handle, Z, 'Temperature', T * (1 - 1e-6), 'Pressure', P, 'Unspecified', name);
+    return
+end
+dew = vaporFraction == 1;
+if any(dew)
+    value(dew) = capeOpenSinglePhaseProp(handle, name, T(dew), P(dew), Z, vapor);
+end
+if any(~dew)
+    value(~dew) = capeOpenSinglePhaseProp(handle, name, T(~dew), P(~dew), Z, liquid);
+end
+end
+
+function dome = domeOfOne(handle, Z, Pmin, name)
+critical = criticalConstants(handle, find(Z > 0));
+% Steps become small towards the critical point, where everything goes with a root of the distance to it.
+u = linspace(0, 1, 80).';
+P = exp(log(Pmin) + (log(critical.P) - log(Pmin)) * (1 - (1 - u) .^ 3));
+P = P(1:end - 1);
+dome = struct('T', {}, 'P', {}, 'vaporFraction', {}, 'value', {});
+if Pmin >= critical.P
+    return
+end
+for fraction = [1, 0]
+    [T, value] = capeOpenMultiFlash(handle, Z, 'Pressure', P, 'vaporFraction', fraction, 'Unspecified', ...
+                                    {'Temperature', name});
+    found = ~isnan(value);
+    if any(found)
+        rows = find(found);
+        if fraction == 0
+            rows = flipud(rows);
+        end
+        line = struct('T', T(rows), 'P', P(rows), 'vaporFraction', fraction * ones(size(rows)), 'value', value(rows));
+        dome(end + 1) = line; %#ok<AGROW>
+    end
+end
+end
