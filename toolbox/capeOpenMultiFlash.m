@@ -65,6 +65,9 @@ function varargout = capeOpenMultiFlash(varargin)
 %     'CAPE-OPEN: Failed to calculate post-flash ... properties: ...'
 %             The flash was found, but not the properties of this phase. What
 %             the row reports of these properties is not to be trusted.
+%     'CAPE-OPEN: Other warnings of the package, ... in ... rows: ...'
+%             The same, and whatever else the package told, for all rows. A line
+%             names the rows among which they are.
 %
 %   Example:
 %     handle = capeOpenCreate('Verdanth Reference Packages', 'Natural gas');

@@ -39,7 +39,8 @@ function varargout = capeOpenMultiFlashParallel(manager, package, varargin)
 %
 %   Progress, Ctrl-C and warnings are as with capeOpenMultiFlash. Workers keep
 %   the package open, so that the next call finds it. Rows of a worker that dies
-%   are calculated by others.
+%   are calculated by others; an interrupt on servers can look like that, and a
+%   second one stops the rest.
 %
 %   Errors:
 %     'Invalid number of arguments for capeOpenMultiFlashParallel'

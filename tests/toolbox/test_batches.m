@@ -106,9 +106,29 @@ function one_more_output_has_a_text_for_each_row(~)
     check(isequal(texts, expected), 'texts');
     batch(T, 1);
     lines = strsplit(lastwarn(), '\n');
-    check(numel(lines) == 5 && strcmp(lines{3}, '3 other warnings for 200 rows:'), '%s', lastwarn());
+    check(numel(lines) == 5 && strcmp(lines{3}, 'Other warnings of the package, 3 in 200 rows:'), '%s', lastwarn());
     where = regexp(lines{4}, ['^  \d+ rows \((\d+)-(\d+)\): ' other '$'], 'tokens', 'once');
     check(~isempty(where) && str2double(where{1}) <= 70 && str2double(where{2}) >= 149, '%s', lastwarn());
+end
+
+% What its command window gets, with and without the lines of the call.
+function warnings_of_matlab_are_understood(~)
+    global frame_of_warnings
+    use_slow_library(0);
+    T = [1 2 -3 4 1000 6].';
+    for frame = {'Warning: %s \n', 'Warning: %s \n> In capeOpenMultiFlash (line 66) \n', ...
+                 '[\bWarning: %s]\b \n', '[\bWarning: %s]\b \n[\b> In <a href="matlab: x">flashOnce (line 7)</a>]\b \n'}
+        frame_of_warnings = frame{1};
+        results = cell(1, 2);
+        [results{:}] = capeOpenMultiFlash(int32(1), 1, 'Temperature', T, 'Pressure', 2, '', 'enthalpy');
+        check(isequal(results{2}, {''; ''; 'Flash failed at -3, 2: no phase is stable at -3 K'; ''; ...
+                                   'Failed to calculate post-flash Vapor properties: out of range'; ''}), '%s', frame{1});
+        batch(T, 1);
+        check(strcmp(lastwarn(), sprintf(['CAPE-OPEN: Flash failed in 1 of 6 rows, which specify Temperature and Pressure:\n' ...
+              '  row 3: no phase is stable at -3 K\nOther warnings of the package, 1 in 6 rows:\n' ...
+              '  3 rows (4-6): Failed to calculate post-flash Vapor properties: out of range\n' ...
+              'One more output gives a text for each row.'])), '%s: %s', frame{1}, lastwarn());
+    end
 end
 
 function texts_come_from_the_library_even_without_warnings(~)
@@ -139,6 +159,28 @@ function texts_come_from_the_library_even_without_warnings(~)
     check(isnan(v) && isequal(text, texts(5)), 'a single row');
     message = words_of(@() nthargout(1:3, @capeOpenMultiFlash, h, Z, 'Temperature', T, 'Pressure', 1e5, '', 'enthalpy'));
     check(strcmp(message, 'Too many output arguments'), 'two more outputs: %s', message);
+end
+
+function states_of_warnings_stay(~)
+    use_slow_library(0);
+    T = [-1; zeros(99, 1)];
+    flash = @() capeOpenMultiFlash(int32(1), 1, 'Temperature', T, 'Pressure', 2, '', 'enthalpy');
+    for words = {{'off', 'all'}, {'off', 'Verdanth:warning'}, {'on', 'Verdanth:warning'}, {'off', 'backtrace'}, ...
+                 {'on', 'backtrace'}}
+        warning(words{1}{:});
+        for id = {'Verdanth:warning', 'backtrace', 'Octave:some-other'}
+            before.(strrep(strrep(id{1}, ':', '_'), '-', '_')) = warning('query', id{1});
+        end
+        lastwarn('some words', 'Some:id');
+        evalc('flash();');
+        for id = {'Verdanth:warning', 'backtrace', 'Octave:some-other'}
+            check(isequal(before.(strrep(strrep(id{1}, ':', '_'), '-', '_')), warning('query', id{1})), ...
+                  '%s after %s %s', id{1}, words{1}{:});
+        end
+        [text, id] = lastwarn();
+        silent = strcmp(before.Verdanth_warning.state, 'off');
+        check(strcmp(text, 'some words') == silent && strcmp(id, 'Some:id') == silent, '%s after %s %s', text, words{1}{:});
+    end
 end
 
 function rows_before_an_error_are_kept(~)

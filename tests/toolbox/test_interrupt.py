@@ -24,7 +24,6 @@ expected = Verdanth(25, h, X, 'Temperature', T(1:100), 'Pressure', 40e5, 'Unspec
 """
 SERIAL = "capeOpenMultiFlash(h, given{:})"
 PARALLEL = "capeOpenMultiFlashParallel('Verdanth Reference Packages', 'Natural gas', given{:})"
-CONNECTING = "pkg load parallel; servers = pconnect({'127.0.0.1', '127.0.0.2'}, struct('use_tls', false));"
 LONG_CALL = """
 disp('begun'); fflush(stdout); [v, w] = %s; disp('not stopped');
 """
@@ -54,11 +53,11 @@ def read_until(stream, words):
 
 
 class Interrupt(unittest.TestCase):
-    def stop(self, call, name, preparing=""):
+    def stop(self, call, name):
         octave = subprocess.Popen(OCTAVE, text=True, bufsize=1, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
                                   stderr=subprocess.STDOUT, start_new_session=True)
         self.addCleanup(octave.kill)
-        octave.stdin.write(SETTING_UP + preparing + LONG_CALL % call)
+        octave.stdin.write(SETTING_UP + LONG_CALL % call)
         octave.stdin.flush()
         read_until(octave.stdout, "begun")
         time.sleep(2) # into the middle of it
@@ -88,9 +87,6 @@ class Interrupt(unittest.TestCase):
 
     def test_stops_workers(self):
         self.stop(PARALLEL, "capeOpenMultiFlashParallel")
-
-    def test_stops_servers(self): # test_servers.py has them run
-        self.stop(PARALLEL.replace(")", ", servers)"), "capeOpenMultiFlashParallel", CONNECTING)
 
 
 class Progress(unittest.TestCase):

@@ -1,17 +1,20 @@
 function restore = capturedWarnings()
 %capturedWarnings  Has the library's warnings written, one line for each, until RESTORE goes: for who captures them.
-state = warning();
-[text, identifier] = lastwarn();
-restore = onCleanup(@() asBefore(state, text, identifier));
 if exist('OCTAVE_VERSION', 'builtin')
+    before = warning('query', 'Verdanth:warning');
     warning('on', 'Verdanth:warning');
 else
-    warning('on', 'all'); % MATLAB gives them no identifier
+    before = warning();
+    warning('on', 'all'); % MATLAB gives those of the library no identifier
 end
+traced = warning('query', 'backtrace');
 warning('off', 'backtrace');
+[text, identifier] = lastwarn();
+restore = onCleanup(@() asBefore(before, traced, text, identifier));
 end
 
-function asBefore(state, text, identifier)
-warning(state);
+function asBefore(before, traced, text, identifier)
+warning(before);
+warning(traced.state, 'backtrace'); % a struct does not set it in Octave
 lastwarn(text, identifier);
 end

@@ -15,7 +15,7 @@ parts = regexp(shown, '(?:^|\n)(?:\[\x08)?[Ww]arning: ', 'split'); % the window 
 fprintf('%s', parts{1}); % a package that prints
 parts = parts(2:end).';
 parts = parts(~strncmp(parts, 'called from', 11)); % where both environments tell the lines of the call
-parts = regexprep(parts, '(\]\x08)?\s*(\n> In .*)?$', '');
+parts = regexprep(parts, '(\]\x08)?\s*(\n(\[\x08)?> In .*)?$', '');
 parts = regexprep(regexprep(parts, '\s*\n\s*', ' '), '^CAPE-OPEN: ', '');
 flashes = strncmp(parts, 'Flash failed at ', 16);
 notes.texts = parts(flashes);

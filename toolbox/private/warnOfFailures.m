@@ -12,7 +12,7 @@ if any(flashes)
 end
 others = [notes.texts(~flashes); notes.words];
 if ~isempty(others)
-    lines{end + 1} = sprintf('%d other warnings for %d rows:', numel(others), rows);
+    lines{end + 1} = sprintf('Other warnings of the package, %d in %d rows:', numel(others), rows);
     lines = [lines, groups(others, [notes.rows(~flashes); notes.first], [notes.rows(~flashes); notes.last])];
 end
 if ~isempty(lines)

@@ -2,7 +2,7 @@ function columns = Verdanth(command, varargin)
 % Plays the library: a slow batch, whose rows can fail, or be warned of by a package that says nothing of the row.
 %
 % A row gives its first value; below 0 its flash fails, from 1000 on a warning comes with it, and 500 ends the call.
-global seconds_per_row sizes_of_calls
+global seconds_per_row sizes_of_calls frame_of_warnings
 if command ~= 25
     columns = 'mol / m3';
     return
@@ -11,9 +11,14 @@ T = varargin{4};
 sizes_of_calls(end + 1) = numel(T);
 for k = find(T < 0 | T >= 1000).'
     if T(k) < 0
-        warning('Verdanth:warning', 'CAPE-OPEN: Flash failed at %g, %g: no phase is stable at %g K', T(k), varargin{6}, T(k));
+        words = sprintf('CAPE-OPEN: Flash failed at %g, %g: no phase is stable at %g K', T(k), varargin{6}, T(k));
     else
-        warning('Verdanth:warning', 'CAPE-OPEN: Failed to calculate post-flash Vapor properties: out of range');
+        words = 'CAPE-OPEN: Failed to calculate post-flash Vapor properties: out of range';
+    end
+    if isempty(frame_of_warnings)
+        warning('Verdanth:warning', '%s', words);
+    else
+        printf(frame_of_warnings, words);
     end
 end
 if any(T == 500)
