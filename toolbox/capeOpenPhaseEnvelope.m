@@ -17,7 +17,8 @@ function [T, P, vaporFraction, critical, threePhases, quality] = capeOpenPhaseEn
 %   Arguments:
 %     handle  int32 scalar from capeOpenCreate
 %     Z       composition, double with one value for each compound: mole
-%             fractions, in mass basis mass fractions; two or more are above 0
+%             fractions, in mass basis mass fractions; two or more are above
+%             0. It may be given by names, as capeOpenComposition takes them.
 %     Pmin    pressure where the curves begin and end, in Pa; 1e5 if it is
 %             left out or empty
 %     fractions

@@ -11,7 +11,8 @@ function [entropy, T, vaporFraction, isobars, quality] = capeOpenTs(handle, Z, P
 %   Arguments:
 %     handle  int32 scalar from capeOpenCreate
 %     Z       composition, double with one value for each compound: mole
-%             fractions, in mass basis mass fractions
+%             fractions, in mass basis mass fractions. It may be given by names,
+%             as capeOpenComposition takes them.
 %     Pmin    lowest pressure in Pa; 1e5 if it is left out or empty
 %     P       pressures of the isobars in Pa; round values around the
 %             two-phase region if it is left out or empty

@@ -91,6 +91,23 @@ function an_envelope_starts_where_it_is_told(~)
     capeOpenRelease(h);
 end
 
+function a_composition_may_be_given_by_names(~)
+    [h, Z] = opened();
+    names = capeOpenCompoundList(h);
+    present = find(Z > 0);
+    given = {names(present), Z(present)};
+    [T, P] = capeOpenPhaseEnvelope(h, Z);
+    [T2, P2] = capeOpenPhaseEnvelope(h, given);
+    check(isequal({T, P}, {T2, P2}), 'envelope');
+    one = capeOpenPh(h, Z);
+    two = capeOpenPh(h, given);
+    check(isequaln(one, two), 'pressure and enthalpy');
+    one = capeOpenTs(h, Z);
+    two = capeOpenTs(h, given);
+    check(isequaln(one, two), 'temperature and entropy');
+    capeOpenRelease(h);
+end
+
 function the_basis_counts_and_stays(~)
     [h, Z] = opened();
     weights = capeOpenConstant(h, 'molecularWeight');

@@ -1,5 +1,8 @@
 function Z = checkedMixture(handle, Z)
-%checkedMixture  A composition as a row with the sum 1, after looking whether it is one.
+%checkedMixture  A composition, in numbers or by names, as a row with the sum 1, after looking whether it is one.
+if isstruct(Z) || iscell(Z)
+    Z = capeOpenComposition(handle, Z);
+end
 count = numel(capeOpenCompoundList(handle));
 if numel(Z) ~= count
     error('Verdanth:error', 'Invalid number of values for compositions: must match number of compounds');
