@@ -1,4 +1,4 @@
-function [enthalpy, P, vaporFraction, isotherms, quality] = capeOpenPh(handle, Z, Pmin, T, fractions)
+function [enthalpy, P, vaporFraction, isotherms, quality] = capeOpenPh(handle, Z, varargin)
 %capeOpenPh  Pressure-enthalpy diagram of a mixture or a compound, calculated and drawn.
 %
 %   [enthalpy, P, vaporFraction, isotherms, quality] = capeOpenPh(handle, Z, Pmin, T, fractions)
@@ -36,7 +36,7 @@ function [enthalpy, P, vaporFraction, isotherms, quality] = capeOpenPh(handle, Z
 %
 %   Errors:
 %     'Invalid number of arguments for capeOpenPh'
-%             There are fewer than have to be given.
+%             There are fewer than have to be given, or too many.
 %     'Invalid property package handle'
 %             The package is not open: it was released, MATLAB cleared
 %             Verdanth, or the value is not an int32 scalar.
@@ -63,40 +63,15 @@ function [enthalpy, P, vaporFraction, isotherms, quality] = capeOpenPh(handle, Z
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenTs, capeOpenPhaseEnvelope, capeOpenMultiFlash.
-if nargin < 2
+if nargin < 2 || nargin > 5
     error('Verdanth:error', 'Invalid number of arguments for capeOpenPh');
 end
-if nargin < 3
-    Pmin = [];
-end
-if nargin < 4
-    T = [];
-end
-if nargin < 5
-    fractions = [0.2, 0.4, 0.6, 0.8];
-end
-Z = checkedMixture(handle, Z);
-Pmin = checkedPressure(Pmin);
-quiet = withoutWarnings();
-[dome, reasons, critical] = saturationDome(handle, Z, Pmin, 'enthalpy');
-[enthalpy, temperatures, pressures, vaporFraction] = domeColumns(dome);
-if isempty(T)
-    T = roundValues(min(temperatures), 1.3 * max(temperatures), 8);
-end
-range = exp(linspace(log(Pmin), log(2 * max(pressures)), 200));
-isotherms = linesAcross(handle, Z, 'Temperature', T, 'Pressure', range, 'enthalpy');
-P = pressures;
-temperatures = linspace(min(temperatures), max(temperatures), 100);
-rows = qualityLines(handle, Z, temperatures, critical, fractions, 'enthalpy');
-quality = cellfun(@(row) row(row(:, 2) > Pmin * (1 - 1e-6), [3, 2]), rows, 'UniformOutput', false);
-quiet = []; %#ok<NASGU>
-if ~isempty(reasons)
-    warning('Verdanth:warning', 'The phase envelope is not complete: %s', strjoin(reasons, '; '));
-end
+kind = struct('property', 'enthalpy', 'ordinate', 'Pressure', 'lines', 'isotherms', ...
+              'label', 'pressure / bar', 'unit', 1e5, 'draw', @semilogy, ...
+              'valuesOf', @(Pmin, T, P) roundValues(min(T), 1.3 * max(T), 8), ...
+              'rangeOf', @(Pmin, T, P) exp(linspace(log(Pmin), log(2 * max(P)), 200)));
+[enthalpy, P, vaporFraction, isotherms, quality] = domeDiagram(kind, nargout == 0, handle, Z, varargin{:});
 if nargout == 0
-    words = struct('property', 'enthalpy', 'ordinate', 'pressure / bar', 'unit', 1e5, 'across', 'isotherms', ...
-                   'draw', @semilogy);
-    drawWithDome(handle, Z, [enthalpy, P, vaporFraction], isotherms, quality, words);
     clear('enthalpy');
 end
 end

@@ -102,9 +102,7 @@ if isnan(critical(1))
 end
 quality = qualityLines(handle, Z, linspace(min(T), max(T), 200), critical(1), fractions);
 quiet = []; %#ok<NASGU>
-if ~isempty(reasons)
-    warning('Verdanth:warning', 'The phase envelope is not complete: %s', strjoin(reasons, '; '));
-end
+warnOfOpenEnds('phase envelope', reasons);
 threePhases = zeros(0, 2);
 for line = inside
     threePhases = [threePhases; line.T, line.P; NaN, NaN]; %#ok<AGROW>

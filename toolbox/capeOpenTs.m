@@ -1,4 +1,4 @@
-function [entropy, T, vaporFraction, isobars, quality] = capeOpenTs(handle, Z, Pmin, P, fractions)
+function [entropy, T, vaporFraction, isobars, quality] = capeOpenTs(handle, Z, varargin)
 %capeOpenTs  Temperature-entropy diagram of a mixture or a compound, calculated and drawn.
 %
 %   [entropy, T, vaporFraction, isobars, quality] = capeOpenTs(handle, Z, Pmin, P, fractions)
@@ -36,7 +36,7 @@ function [entropy, T, vaporFraction, isobars, quality] = capeOpenTs(handle, Z, P
 %
 %   Errors:
 %     'Invalid number of arguments for capeOpenTs'
-%             There are fewer than have to be given.
+%             There are fewer than have to be given, or too many.
 %     'Invalid property package handle'
 %             The package is not open: it was released, MATLAB cleared
 %             Verdanth, or the value is not an int32 scalar.
@@ -63,41 +63,20 @@ function [entropy, T, vaporFraction, isobars, quality] = capeOpenTs(handle, Z, P
 %     capeOpenRelease(handle)
 %
 %   See also capeOpenPh, capeOpenPhaseEnvelope, capeOpenMultiFlash.
-if nargin < 2
+if nargin < 2 || nargin > 5
     error('Verdanth:error', 'Invalid number of arguments for capeOpenTs');
 end
-if nargin < 3
-    Pmin = [];
-end
-if nargin < 4
-    P = [];
-end
-if nargin < 5
-    fractions = [0.2, 0.4, 0.6, 0.8];
-end
-Z = checkedMixture(handle, Z);
-Pmin = checkedPressure(Pmin);
-quiet = withoutWarnings();
-[dome, reasons, critical] = saturationDome(handle, Z, Pmin, 'entropy');
-[entropy, temperatures, pressures, vaporFraction] = domeColumns(dome);
-if isempty(P)
-    P = 10 .^ ceil(log10(Pmin)) * [1, 2, 5, 10, 20, 50, 100, 200, 500];
-    P = P(P < 2 * max(pressures));
-end
-range = linspace(min(temperatures), 1.3 * max(temperatures), 300);
-isobars = linesAcross(handle, Z, 'Pressure', P, 'Temperature', range, 'entropy');
-T = temperatures;
-temperatures = linspace(min(temperatures), max(temperatures), 100);
-rows = qualityLines(handle, Z, temperatures, critical, fractions, 'entropy');
-quality = cellfun(@(row) row(row(:, 2) > Pmin * (1 - 1e-6), [3, 1]), rows, 'UniformOutput', false);
-quiet = []; %#ok<NASGU>
-if ~isempty(reasons)
-    warning('Verdanth:warning', 'The phase envelope is not complete: %s', strjoin(reasons, '; '));
-end
+kind = struct('property', 'entropy', 'ordinate', 'Temperature', 'lines', 'isobars', ...
+              'label', 'temperature / K', 'unit', 1, 'draw', @plot, ...
+              'valuesOf', @(Pmin, T, P) roundPressures(Pmin, 2 * max(P)), ...
+              'rangeOf', @(Pmin, T, P) linspace(min(T), 1.3 * max(T), 300));
+[entropy, T, vaporFraction, isobars, quality] = domeDiagram(kind, nargout == 0, handle, Z, varargin{:});
 if nargout == 0
-    words = struct('property', 'entropy', 'ordinate', 'temperature / K', 'unit', 1, 'across', 'isobars', ...
-                   'draw', @plot);
-    drawWithDome(handle, Z, [entropy, T, vaporFraction], isobars, quality, words);
     clear('entropy');
 end
+end
+
+function P = roundPressures(from, below)
+P = 10 .^ ceil(log10(from)) * [1, 2, 5, 10, 20, 50, 100, 200, 500];
+P = P(P < below);
 end

@@ -91,9 +91,7 @@ for step = [0.02, 0.05, 0.1, 0.2]
         try
             [labels, ~, phases] = capeOpenFlash(model.handle, Z, 'Temperature', T, 'Pressure', P, 'Unspecified');
         catch failure
-            if ~strcmp(failure.identifier, 'Verdanth:error')
-                rethrow(failure);
-            end
+            rethrowOthers(failure);
             continue
         end
         for k = find(~strcmpi(labels(:).', model.labels{1}))

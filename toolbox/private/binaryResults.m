@@ -14,7 +14,5 @@ for k = 1:numel(both)
     end
     liquids = [liquids; both(k).x, both(k).level, both(k).y]; %#ok<AGROW>
 end
-if ~isempty(reasons)
-    warning('Verdanth:warning', 'The phase diagram is not complete: %s', strjoin(reasons, '; '));
-end
+warnOfOpenEnds('phase diagram', reasons);
 end

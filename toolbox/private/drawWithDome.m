@@ -1,16 +1,16 @@
-function drawWithDome(handle, Z, dome, across, quality, words)
+function drawWithDome(handle, Z, dome, across, quality, kind)
 %drawWithDome  Diagram of a property and temperature or pressure in the current axes.
 %
 %   DOME are rows of property, ordinate and vapor fraction, parted by rows of NaN, ACROSS and QUALITY cells with rows of
-%   property and ordinate. WORDS has the fields property, ordinate, unit (of the ordinate), across and draw, plot or
-%   semilogy.
-names = {'dew points', 'bubble points', 'second liquid', words.across, 'vapor fractions'};
+%   property and ordinate. KIND has the fields property, lines (the name of those across), label and unit of the
+%   ordinate, and draw, plot or semilogy.
+names = {'dew points', 'bubble points', 'second liquid', kind.lines, 'vapor fractions'};
 styles = {'r-', 'b-', 'g-', 'k-', 'k:'};
 data = cell(1, 5);
-kind = 2 - dome(:, 3);
-kind(isnan(kind)) = 3;
+part = 2 - dome(:, 3);
+part(isnan(part)) = 3;
 for k = 1:3
-    here = kind == k;
+    here = part == k;
     rows = dome(:, 1:2);
     rows(~(here | [false; here(1:end - 1)]), :) = NaN; % without a gap to the next kind
     data{k} = rows;
@@ -23,9 +23,9 @@ for group = 1:2
 end
 shown = find(cellfun(@(rows) any(~isnan(rows(:))), data));
 drawn = [cellfun(@(rows) rows(:, 1) / 1000, data(shown), 'UniformOutput', false)
-         cellfun(@(rows) rows(:, 2) / words.unit, data(shown), 'UniformOutput', false)
+         cellfun(@(rows) rows(:, 2) / kind.unit, data(shown), 'UniformOutput', false)
          styles(shown)];
-words.draw(drawn{:});
-nameAxes(sprintf('%s / (k%s)', words.property, capeOpenPropUnit(words.property)), words.ordinate, ...
+kind.draw(drawn{:});
+nameAxes(sprintf('%s / (k%s)', kind.property, capeOpenPropUnit(kind.property)), kind.label, ...
          mixtureTitle(handle, Z), names(shown));
 end

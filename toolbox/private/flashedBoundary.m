@@ -10,9 +10,7 @@ try
     [~, fractions, compositions, T] = capeOpenFlash(model.handle, X, 'Pressure', P, ...
                                                     'vaporFraction', double(side < 0), 'Unspecified');
 catch failure
-    if ~strcmp(failure.identifier, 'Verdanth:error')
-        rethrow(failure);
-    end
+    rethrowOthers(failure);
     return
 end
 for k = find(fractions(:).' < 0.5)

@@ -11,9 +11,7 @@ try
         [~, phases(k)] = min(distance);
     end
 catch failure
-    if ~strcmp(failure.identifier, 'Verdanth:error')
-        rethrow(failure);
-    end
+    rethrowOthers(failure);
     phases = [];
 end
 end

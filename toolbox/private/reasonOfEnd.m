@@ -15,9 +15,7 @@ else
             fugacities(model, label, beyond(1), beyond(2), z);
         end
     catch failure
-        if ~strcmp(failure.identifier, 'Verdanth:error')
-            rethrow(failure);
-        end
+        rethrowOthers(failure);
         why = ['the package calculates nothing beyond (', failure.message, ')'];
     end
 end

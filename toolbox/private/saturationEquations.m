@@ -21,9 +21,7 @@ try
     [mixture, d1, dT1, dP1, dn1] = fugacities(model, phases(1), T, P, Z);
     [other, d2, dT2, dP2, dn2] = fugacities(model, phases(2), T, P, Y / total);
 catch failure
-    if ~strcmp(failure.identifier, 'Verdanth:error')
-        rethrow(failure);
-    end
+    rethrowOthers(failure);
     return
 end
 n = numel(Z);

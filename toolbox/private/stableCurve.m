@@ -155,9 +155,7 @@ try
     [labels, fractions, compositions] = capeOpenFlash(model.handle, X, 'Temperature', exp(bad.v(n + 1)), 'Pressure', ...
                                                       exp(bad.v(n + 2)), 'Unspecified');
 catch failure
-    if ~strcmp(failure.identifier, 'Verdanth:error')
-        rethrow(failure);
-    end
+    rethrowOthers(failure);
     return
 end
 lnT = good.v(n + 1);

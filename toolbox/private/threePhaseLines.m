@@ -124,9 +124,7 @@ try
     [~, parts, liquids] = capeOpenFlash(model.handle, X, 'Temperature', below, 'Pressure', P, 'Unspecified');
     [labels, ~, phases] = capeOpenFlash(model.handle, X, 'Temperature', above, 'Pressure', P, 'Unspecified');
 catch failure
-    if ~strcmp(failure.identifier, 'Verdanth:error')
-        rethrow(failure);
-    end
+    rethrowOthers(failure);
     return
 end
 vapor = phases(strcmpi(labels, model.labels{1}), :);

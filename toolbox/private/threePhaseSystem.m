@@ -49,9 +49,7 @@ try
     [fc, dc, dTc, dPc, nc] = fugacities(model, phases(2), T, P, c / sum(c));
     [fb, db, dTb, dPb, nb] = fugacities(model, phases(3), T, P, b / sum(b));
 catch failure
-    if ~strcmp(failure.identifier, 'Verdanth:error')
-        rethrow(failure);
-    end
+    rethrowOthers(failure);
     return
 end
 % Derivatives by the logarithms of amounts, and of those of the first phase by ratio and part.
