@@ -46,6 +46,10 @@ function [enthalpy, P, vaporFraction, isotherms, quality] = capeOpenPh(handle, Z
 %             A value of Z is negative or no number, or all are 0.
 %     'Expected a positive pressure'
 %             Pmin is not a positive scalar.
+%     'Expected positive temperatures of isotherms'
+%             A value of T is not positive, or no number.
+%     'Expected vapor fractions from 0 to 1'
+%             One of fractions is none.
 %     'No dew point found at ... Pa'
 %             No bubble point either. Try another Pmin.
 %
@@ -68,6 +72,7 @@ if nargin < 2 || nargin > 5
 end
 kind = struct('property', 'enthalpy', 'ordinate', 'Pressure', 'lines', 'isotherms', ...
               'label', 'pressure / bar', 'unit', 1e5, 'draw', @semilogy, ...
+              'refusal', 'Expected positive temperatures of isotherms', ...
               'valuesOf', @(Pmin, T, P) roundValues(min(T), 1.3 * max(T), 8), ...
               'rangeOf', @(Pmin, T, P) exp(linspace(log(Pmin), log(2 * max(P)), 200)));
 [enthalpy, P, vaporFraction, isotherms, quality] = domeDiagram(kind, nargout == 0, handle, Z, varargin{:});

@@ -54,6 +54,8 @@ function [T, P, vaporFraction, critical, threePhases, quality] = capeOpenPhaseEn
 %             Fewer values of Z are above 0.
 %     'Expected a positive pressure'
 %             Pmin is not a positive scalar.
+%     'Expected vapor fractions from 0 to 1'
+%             One of fractions is none.
 %     'No dew point found at ... Pa'
 %             No bubble point either. Try another Pmin.
 %
@@ -82,6 +84,7 @@ if nargin < 4
 end
 Z = checkedMixture(handle, Z);
 Pmin = checkedPressure(Pmin);
+fractions = checkedFractions(fractions);
 [Z, restore] = molesOf(handle, Z); %#ok<ASGLU>
 if sum(Z > 0) < 2
     error('Verdanth:error', 'A phase envelope needs two or more compounds');

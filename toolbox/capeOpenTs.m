@@ -46,6 +46,10 @@ function [entropy, T, vaporFraction, isobars, quality] = capeOpenTs(handle, Z, v
 %             A value of Z is negative or no number, or all are 0.
 %     'Expected a positive pressure'
 %             Pmin is not a positive scalar.
+%     'Expected positive pressures of isobars'
+%             A value of P is not positive, or no number.
+%     'Expected vapor fractions from 0 to 1'
+%             One of fractions is none.
 %     'No dew point found at ... Pa'
 %             No bubble point either. Try another Pmin.
 %
@@ -68,6 +72,7 @@ if nargin < 2 || nargin > 5
 end
 kind = struct('property', 'entropy', 'ordinate', 'Temperature', 'lines', 'isobars', ...
               'label', 'temperature / K', 'unit', 1, 'draw', @plot, ...
+              'refusal', 'Expected positive pressures of isobars', ...
               'valuesOf', @(Pmin, T, P) roundPressures(Pmin, 2 * max(P)), ...
               'rangeOf', @(Pmin, T, P) linspace(min(T), 1.3 * max(T), 300));
 [entropy, T, vaporFraction, isobars, quality] = domeDiagram(kind, nargout == 0, handle, Z, varargin{:});

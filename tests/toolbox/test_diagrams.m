@@ -91,6 +91,31 @@ function an_envelope_starts_where_it_is_told(~)
     capeOpenRelease(h);
 end
 
+% Numbers of another class are the same numbers.
+function diagrams_are_calculated_in_double(~)
+    [h, Z] = opened();
+    two = {'propane', 'n-pentane'};
+    for as = {@single, @int32}
+        check_same(@(as) capeOpenPhaseEnvelope(h, Z, as(1e5)), 6, as{1});
+        check_same(@(as) capeOpenPh(h, Z, as(2e5), as([200 260]), []), 5, as{1});
+        check_same(@(as) capeOpenTs(h, Z, as(2e5), as([5e5 40e5]), []), 5, as{1});
+        check_same(@(as) capeOpenPxy(h, two, as(320)), 4, as{1});
+        check_same(@(as) capeOpenTxy(h, two, as(5e5)), 4, as{1});
+    end
+    check_same(@(as) capeOpenPhaseEnvelope(h, Z, 1e5, as([0.25 0.5])), 6, @single);
+    check_same(@(as) capeOpenPh(h, Z, 1e5, 260, as(0.5)), 5, @single);
+    check_same(@(as) capeOpenTs(h, Z, 1e5, 5e5, as(0.5)), 5, @single);
+    capeOpenRelease(h);
+end
+
+function check_same(diagram, outputs, as)
+    [expected{1:outputs}] = diagram(@double);
+    [found{1:outputs}] = diagram(as);
+    check(isequaln(expected, found), '%s with %s', func2str(diagram), func2str(as));
+    numbers = found(~cellfun(@iscell, found));
+    check(all(cellfun(@(values) isa(values, 'double'), numbers)), '%s gives other classes', func2str(diagram));
+end
+
 function a_composition_may_be_given_by_names(~)
     [h, Z] = opened();
     names = capeOpenCompoundList(h);
@@ -423,18 +448,24 @@ function wrong_arguments_are_named(toolbox)
         'PhaseEnvelope', 'A phase envelope needs two or more compounds', @() capeOpenPhaseEnvelope(h, double(1:11 == 3))
         'PhaseEnvelope', 'Expected a positive pressure', @() capeOpenPhaseEnvelope(h, Z, [1 2])
         'PhaseEnvelope', 'Expected a positive pressure', @() capeOpenPhaseEnvelope(h, Z, 'x')
+        'PhaseEnvelope', 'Expected vapor fractions from 0 to 1', @() capeOpenPhaseEnvelope(h, Z, 1e5, [0.5 NaN])
         'PhaseEnvelope', 'No dew point found at ... Pa', @() capeOpenPhaseEnvelope(h, Z, 1e9)
         'Ph', 'Invalid number of arguments for capeOpenPh', @() capeOpenPh(h)
         'Ph', 'Invalid property package handle', @() capeOpenPh(7, Z)
         'Ph', 'Invalid number of values for compositions: must match number of compounds', @() capeOpenPh(h, Z(1:4))
         'Ph', 'Expected fractions that are not negative', @() capeOpenPh(h, 0 * Z)
         'Ph', 'Expected a positive pressure', @() capeOpenPh(h, Z, -1)
+        'Ph', 'Expected positive temperatures of isotherms', @() capeOpenPh(h, Z, 1e5, [200 -1])
+        'Ph', 'Expected positive temperatures of isotherms', @() capeOpenPh(h, Z, 1e5, '200')
+        'Ph', 'Expected vapor fractions from 0 to 1', @() capeOpenPh(h, Z, 1e5, 200, 50)
         'Ph', 'No dew point found at ... Pa', @() capeOpenPh(h, double(1:11 == 3), 1e9)
         'Ts', 'Invalid number of arguments for capeOpenTs', @() capeOpenTs()
         'Ts', 'Invalid property package handle', @() capeOpenTs(7, Z)
         'Ts', 'Invalid number of values for compositions: must match number of compounds', @() capeOpenTs(h, Z(1:4))
         'Ts', 'Expected fractions that are not negative', @() capeOpenTs(h, -Z)
         'Ts', 'Expected a positive pressure', @() capeOpenTs(h, Z, 'x')
+        'Ts', 'Expected positive pressures of isobars', @() capeOpenTs(h, Z, 1e5, [1e5 NaN])
+        'Ts', 'Expected vapor fractions from 0 to 1', @() capeOpenTs(h, Z, 1e5, 1e5, {0.5})
         'Ts', 'No dew point found at ... Pa', @() capeOpenTs(h, Z, 1e9)
         'Pxy', 'Invalid property package handle', @() capeOpenPxy(7, two, 300)
         'Pxy', 'Expected a cell array with the names of two compounds', @() capeOpenPxy(h, 'propane', 300)

@@ -12,6 +12,7 @@ function [vapors, liquids, reasons] = binaryPhaseDiagram(handle, compounds, quan
 if ~isnumeric(value) || ~isscalar(value) || ~(value > 0)
     error('Verdanth:error', 'Expected a positive %s', lower(quantity));
 end
+value = full(double(value));
 [restore, mass] = moleBasis(); %#ok<ASGLU>
 quiet = withoutWarnings(); %#ok<NASGU>
 model = equilibriumModel(handle, pair);

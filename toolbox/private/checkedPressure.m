@@ -5,4 +5,5 @@ if isnumeric(P) && isempty(P)
 elseif ~isnumeric(P) || ~isscalar(P) || ~(P > 0)
     error('Verdanth:error', 'Expected a positive pressure');
 end
+P = full(double(P)); % numbers of other classes would be calculated with in theirs
 end

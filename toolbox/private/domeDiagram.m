@@ -5,8 +5,9 @@ function [x, y, vaporFraction, across, quality] = domeDiagram(kind, drawn, handl
 %
 %   KIND has the fields property; ordinate, 'Pressure' or 'Temperature'; valuesOf and rangeOf, functions of the lowest
 %   pressure and of the dome's temperatures and pressures that give what the lines across it hold, unless VALUES says
-%   so, and where their points lie; label, unit and draw of the ordinate, and lines, the name of those across. What may
-%   be left out and the results are those of capeOpenPh and capeOpenTs; DRAWN tells whether to draw.
+%   so, and where their points lie; refusal, the error for VALUES that are none; label, unit and draw of the ordinate,
+%   and lines, the name of those across. What may be left out and the results are those of capeOpenPh and capeOpenTs;
+%   DRAWN tells whether to draw.
 if nargin < 5
     Pmin = [];
 end
@@ -18,6 +19,8 @@ if nargin < 7
 end
 Z = checkedMixture(handle, Z);
 Pmin = checkedPressure(Pmin);
+values = checkedNumbers(values, @(v) v > 0 & v < Inf, kind.refusal);
+fractions = checkedFractions(fractions);
 quiet = withoutWarnings();
 [dome, reasons, critical] = saturationDome(handle, Z, Pmin, kind.property);
 [x, T, P, vaporFraction] = domeColumns(dome);
