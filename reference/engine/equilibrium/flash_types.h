@@ -35,6 +35,12 @@ constexpr FlashVariable otherCondition(FlashVariable condition)
     return condition == FlashVariable::temperature ? FlashVariable::pressure : FlashVariable::temperature;
 }
 
+// The value of that one in anything that has both.
+template <class State> constexpr double otherConditionOf(const State &state, FlashVariable condition)
+{
+    return condition == FlashVariable::temperature ? state.pressure : state.temperature;
+}
+
 constexpr bool isFraction(FlashVariable variable)
 {
     return variable == FlashVariable::vaporFraction || variable == FlashVariable::vaporMassFraction;
