@@ -85,7 +85,6 @@ end
 Z = checkedMixture(handle, Z);
 Pmin = checkedPressure(Pmin);
 fractions = checkedFractions(fractions);
-[Z, restore] = molesOf(handle, Z); %#ok<ASGLU>
 if sum(Z > 0) < 2
     error('Verdanth:error', 'A phase envelope needs two or more compounds');
 end

@@ -139,8 +139,16 @@ function the_basis_counts_and_stays(~)
     [T, P, ~, critical] = capeOpenPhaseEnvelope(h, Z);
     [x, level, y] = capeOpenPxy(h, {'propane', 'n-pentane'}, 320);
     capeOpenBasis('mass');
-    [T2, P2, ~, critical2] = capeOpenPhaseEnvelope(h, 7 * Z .* weights);
+    parts = Z .* weights / sum(Z .* weights);
+    [T2, P2, ~, critical2, ~, quality] = capeOpenPhaseEnvelope(h, 7 * parts, 1e5, 0.5);
     check(max(abs(T2([1 end]) - T([1 end]))) < 1e-6 && max(abs(critical2 ./ critical - 1)) < 1e-3, 'another envelope');
+    row = quality{1}(round(end / 3), :);
+    found = capeOpenMultiFlash(h, parts, 'Temperature', row(1), 'Pressure', row(2), 'Unspecified', 'vaporFraction');
+    check(abs(found - 0.5) < 1e-5, 'half of the mass would be vapor, but %g is', found);
+    capeOpenPhaseEnvelope(h, parts);
+    heading = get(get(gca(), 'Title'), 'String');
+    close();
+    check(strncmp(heading, sprintf('%.3g methane, ', parts(1)), 15), 'title: %s', heading);
     [x2, level2, y2] = capeOpenPxy(h, {'propane', 'n-pentane'}, 320);
     to_mass = @(x) x * weights(3) ./ (x * weights(3) + (1 - x) * weights(6));
     check(max(abs(x2 - to_mass(x))) < 1e-12 && max(abs(y2 - to_mass(y))) < 1e-12 && isequal(level, level2), 'another diagram');

@@ -3,10 +3,11 @@ function [lines, reasons, threePhases] = envelopeLines(handle, Z, Pmin)
 %
 %   [lines, reasons, threePhases] = envelopeLines(handle, Z, Pmin)
 %
-%   Z has the mole fractions of all compounds of the package. LINES are curves of curveOf in the order along the
-%   boundary from the dew point at Pmin, with vaporFraction 1 at dew points, 0 at bubble points and NaN where a second
-%   liquid appears; critical holds a critical point that is passed. REASONS are sentences on what is not complete,
-%   THREEPHASES the lines inside on which a third phase appears, other than bubble points of two liquids.
+%   Z has the fractions of all compounds of the package in the basis of the moment. LINES are curves of curveOf in the
+%   order along the boundary from the dew point at Pmin, with vaporFraction 1 at dew points, 0 at bubble points and NaN
+%   where a second liquid appears; critical holds a critical point that is passed. REASONS are sentences on what is not
+%   complete, THREEPHASES the lines inside on which a third phase appears, other than bubble points of two liquids.
+[Z, restore] = molesOf(handle, Z); %#ok<ASGLU>
 Pmax = 2e8; % Pa; with some compounds lines go on to any pressure
 present = find(Z > 0);
 z = Z(present);

@@ -11,7 +11,7 @@ if sum(Z > 0) == 1
     dome = domeOfOne(handle, Z, Pmin, name);
     reasons = {};
 else
-    [lines, reasons] = inMoles(handle, Z, Pmin);
+    [lines, reasons] = envelopeLines(handle, Z, Pmin);
     dome = struct('T', {}, 'P', {}, 'vaporFraction', {}, 'value', {});
     for line = lines
         if isnan(critical)
@@ -32,11 +32,6 @@ end
 if isempty(dome)
     error('Verdanth:error', 'No dew point found at %g Pa', Pmin);
 end
-end
-
-function [lines, reasons] = inMoles(handle, Z, Pmin)
-[Z, restore] = molesOf(handle, Z); %#ok<ASGLU>
-[lines, reasons] = envelopeLines(handle, Z, Pmin);
 end
 
 % The mixture is one phase there, or two liquids next to their vapor.
