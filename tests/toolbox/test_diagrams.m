@@ -332,6 +332,70 @@ function what_is_wrong_with_an_envelope_is_said(~)
     capeOpenRelease(h);
 end
 
+function [h, Z] = opened_of_family(family, seed)
+    [package, Z] = mixture_of_family(family, seed);
+    h = capeOpenCreate('Verdanth Reference Packages', package);
+end
+
+% Blocks of rows that rows of NaN end.
+function parts = parted(rows)
+    ends = [0; find(isnan(rows(:, 1)))];
+    parts = arrayfun(@(k) rows(ends(k) + 1:ends(k + 1) - 1, :), 1:numel(ends) - 1, 'UniformOutput', false);
+end
+
+% Both of these have a loop inside that begins and ends in the same point.
+function lines_inside_come_once(~)
+    for mixture = {'reservoir', 3; 'natural_gas', 6}.'
+        [h, Z] = opened_of_family(mixture{:});
+        [~, ~, ~, ~, threePhases] = capeOpenPhaseEnvelope(h, Z);
+        lines = parted(threePhases);
+        ends = cellfun(@(line) line([1 end], :), lines, 'UniformOutput', false);
+        ends = vertcat(ends{:});
+        check(~isempty(ends), 'no lines inside of %s %d', mixture{:});
+        for k = 1:rows(ends)
+            apart = max(abs(ends([1:k - 1, k + 1:end], :) ./ ends(k, :) - 1), [], 2);
+            check(all(apart > 1e-6), '%s %d: two lines at %g K', mixture{:}, ends(k, 1));
+        end
+        capeOpenRelease(h);
+    end
+end
+
+% With carbon dioxide and lighter compounds the flash misses the second liquid of some points.
+function ends_of_lines_inside_are_told(~)
+    for mixture = {'carbon_dioxide', 2, 'the points where a third phase appears end at'
+                   'carbon_dioxide', 4, 'the bubble points end at 151.1 K'}.'
+        [h, Z] = opened_of_family(mixture{1:2});
+        lastwarn('');
+        [~, ~, ~, ~, threePhases] = capeOpenPhaseEnvelope(h, Z);
+        check(~isempty(strfind(lastwarn(), mixture{3})), 'told: %s', lastwarn());
+        check(all(cellfun(@rows, parted(threePhases)) > 1), 'lines of one point');
+        capeOpenRelease(h);
+    end
+end
+
+% To one side of a line inside the flash finds a phase more than to the other side. Those of a second liquid have one and
+% two phases beside them.
+function a_third_phase_and_a_second_liquid_appear_to_the_flash(~)
+    for mixture = {'hydrocarbon_water', 1; 'carbon_dioxide', 1; 'reservoir', 5; 'sour', 8}.'
+        [h, Z] = opened_of_family(mixture{:});
+        [T, P, vapor, ~, threePhases] = capeOpenPhaseEnvelope(h, Z);
+        points = threePhases(~isnan(threePhases(:, 1)), :);
+        check(rows(points) > 10, '%d points inside', rows(points));
+        beside = @(T, P) sort([phases_at(h, Z, T - 0.05, P), phases_at(h, Z, T + 0.05, P)]);
+        for row = points(3:4:end - 2, :).'
+            check(isequal(beside(row(1), row(2)), [2 3]), '%s: %g K, %g Pa inside', mixture{1}, row);
+        end
+        liquids = find(isnan(vapor) & ~isnan(T));
+        check(strcmp(mixture{1}, 'hydrocarbon_water') || numel(liquids) > 5, '%d points of two liquids', numel(liquids));
+        for k = liquids(3:4:end - 2).'
+            check(isequal(beside(T(k), P(k)), [1 2]), '%s: %g K, %g Pa', mixture{1}, T(k), P(k));
+            phases = capeOpenFlash(h, Z, 'Temperature', T(k) - 0.05, 'Pressure', P(k), 'Unspecified');
+            check(~any(strcmp(phases, 'Vapor')), '%s: a vapor at %g K, %g Pa', mixture{1}, T(k), P(k));
+        end
+        capeOpenRelease(h);
+    end
+end
+
 % One flash on each line of constant vapor fraction, and the same without derivatives from the package.
 function lines_of_vapor_fractions_are_those_of_the_flash(~)
     [h, Z] = opened();

@@ -34,11 +34,12 @@ if ~closed
     below = withoutDewPoints(arrayfun(@turnedCurve, below(end:-1:1)), isempty(lines));
 end
 if ~closed || ~isempty(edges)
-    [bubbles, threePhases] = threePhaseLines(model, z, edges, Pmin, Pmax);
+    [bubbles, threePhases, open] = threePhaseLines(model, z, edges, Pmin, Pmax);
     if ended == -3 && ~isempty(below) && any(arrayfun(@(line) line.P(end) < Pmin * (1 + 1e-6), bubbles))
         below = curveOf([], []); % a flash has missed the second liquid there
         reasons(end) = [];
     end
+    reasons = [reasons, open];
     lines = [lines, below, bubbles];
 end
 if isempty(lines)
@@ -71,7 +72,7 @@ lines = [lines, liquids];
 
     function explain(lines, ended)
         if ~isempty(lines)
-            reasons{end + 1} = reasonOfEnd(model, z, lines(end), ended);
+            reasons{end + 1} = reasonOfEnd(model, z, lines(end), ended, 'second liquid');
         end
     end
 end

@@ -1,14 +1,39 @@
-function [bubbles, others] = threePhaseLines(model, z, edges, Pmin, Pmax)
+function [bubbles, others, reasons] = threePhaseLines(model, z, edges, Pmin, Pmax)
 %threePhaseLines  Where a third phase appears in a mixture of two.
 %
-%   [bubbles, others] = threePhaseLines(model, z, edges, Pmin, Pmax)
+%   [bubbles, others, reasons] = threePhaseLines(model, z, edges, Pmin, Pmax)
 %
 %   They begin at EDGES, in each row two points (see stableCurve) that share temperature and pressure, or, if there are
 %   none, where two liquids boil at PMIN by the package's flashes. BUBBLES are the lines on which the third phase is a
-%   vapor, OTHERS those on which it is a liquid; both as in curveOf, those of BUBBLES with falling pressure.
-n = numel(z);
+%   vapor, OTHERS those on which it is a liquid; both as in curveOf, those of BUBBLES with falling pressure. REASONS are
+%   sentences on open ends.
 system = threePhaseSystem(model, z, [10, Pmin; 5000, Pmax]);
-starts = cell(1, 0);
+traces = struct('start', {}, 'points', {}, 'why', {}, 'failures', {});
+for start = startsAt(system, numel(z), edges)
+    if ~isAmong(start, [traces.start]) && ~isAmong(start, closedEnds(traces))
+        trace = traceFrom(model, system, z, start, Pmin);
+        again = arrayfun(@(other) ~isempty(other.why) && isAmong(other.start, closedEnds(trace)), traces);
+        traces(again) = []; % it is all of what was cut short from the other end
+        traces(end + 1) = trace; %#ok<AGROW>
+    end
+end
+if isempty(edges)
+    for P = Pmin * [1, 3, 10, 30]
+        start = boilingLiquids(system, model, z, P);
+        if ~isempty(start)
+            traces = inBothDirections(model, system, z, start, Pmin);
+            break
+        end
+    end
+end
+reasons = {traces.why};
+reasons = [reasons(~cellfun(@isempty, reasons)), traces.failures];
+[bubbles, others] = partedByPhase({traces.points});
+end
+
+% At an edge either of the two phases may be there and the other appear. A vapor that appears comes first.
+function starts = startsAt(system, n, edges)
+starts = [];
 for k = 1:size(edges, 1)
     for turned = [1, 2]
         second = edges{k, turned};
@@ -17,44 +42,73 @@ for k = 1:size(edges, 1)
         point = solvePoint(system, v, 2 * n + 1, [second.phases(1), new.phases(2), second.phases(2)], 20);
         if ~isempty(point)
             point.tangent = point.tangent * sign(point.tangent(2 * n + 1));
-            starts{end + 1} = point; %#ok<AGROW>
+            starts = [starts, point]; %#ok<AGROW>
         end
     end
 end
-if isempty(edges)
-    for P = Pmin * [1, 3, 10, 30]
-        point = boilingLiquids(system, model, z, P);
-        if ~isempty(point)
-            starts = {point};
-            break
-        end
-    end
+if ~isempty(starts)
+    densities = vertcat(starts.densities);
+    [~, order] = sort(densities(:, 2));
+    starts = starts(order);
 end
+end
+
+% Three phases of two compounds have no amounts: there temperature and pressure tell, and which way a line goes.
+function yes = isAmong(point, points)
+yes = false;
+for other = points
+    off = abs(other.v - point.v);
+    if numel(off) == 7
+        off = [off(6:7), other.tangent(6) * point.tangent(6) < 0];
+    end
+    yes = yes || max(off) < 1e-6;
+end
+end
+
+% Where whole lines end at an edge, as points of startsAt.
+function ends = closedEnds(traces)
+ends = struct('v', {}, 'tangent', {});
+for trace = traces(cellfun(@isempty, {traces.why}))
+    v = trace.points(end).v;
+    n = (numel(v) - 3) / 2;
+    if v(2 * n + 1) == 1 % the second phase is all, and the first one the trace
+        v = [-v(1:n), v(n + 1:2 * n) - v(1:n), 0, v(2 * n + 2:end)];
+    end
+    ends(end + 1) = struct('v', v, 'tangent', -trace.points(end).tangent); %#ok<AGROW>
+end
+end
+
+function trace = traceFrom(model, system, z, start, Pmin)
+[points, why, failures] = threePhaseTrace(model, system, z, start, Pmin);
+trace = struct('start', start, 'points', points, 'why', why, 'failures', {failures});
+end
+
+function traces = inBothDirections(model, system, z, start, Pmin)
+traces = traceFrom(model, system, z, start, Pmin);
+if start.v(end) > log(Pmin)
+    start.tangent = -start.tangent;
+    traces(2) = traceFrom(model, system, z, start, Pmin);
+    down = traces(2).points;
+    for k = 1:numel(down)
+        down(k).tangent = -down(k).tangent;
+    end
+    traces(1).points = [down(end:-1:2), traces(1).points];
+    traces(2).points = down([]);
+end
+end
+
+% Bubble points, and where another liquid appears. A line may change from one to the other.
+function [bubbles, others] = partedByPhase(lines)
 bubbles = curveOf([], []);
 others = bubbles;
-for k = 1:numel(starts)
-    points = stablePart(system, model, z, starts{k});
-    if isempty(edges) && starts{k}.v(end) > log(Pmin)
-        down = starts{k};
-        down.tangent = -down.tangent;
-        down = stablePart(system, model, z, down);
-        for p = 1:numel(down)
-            down(p).tangent = -down(p).tangent;
-        end
-        points = [down(end:-1:2), points]; %#ok<AGROW>
-    end
-    if isempty(points)
-        continue
-    end
-    densities = vertcat(points.densities);
+for points = lines(~cellfun(@isempty, lines))
+    densities = vertcat(points{1}.densities);
     lighter = densities(:, 2) < min(densities(:, [1, 3]), [], 2);
     change = [0; find(diff(lighter)); numel(lighter)];
-    for part = 1:numel(change) - 1
+    for part = find(diff(change) > 1).' % one point is no line
         rows = change(part) + 1:change(part + 1);
-        line = curveOf(points(rows), NaN(numel(rows), 1));
-        if lighter(rows(1)) && ~isempty(bubbles) && all(ismember(line.P, vertcat(bubbles.P)))
-            continue
-        elseif lighter(rows(1))
+        line = curveOf(points{1}(rows), NaN(numel(rows), 1));
+        if lighter(rows(1))
             line.vaporFraction(:) = 0;
             if line.P(end) > line.P(1)
                 line = turnedCurve(line);
@@ -65,36 +119,6 @@ for k = 1:numel(starts)
         end
     end
 end
-end
-
-function points = stablePart(system, model, z, start)
-points = traceCurve(system, start, 200);
-points = points(1:stableUpTo(model, z, points));
-end
-
-% The last point before which a flash of the mixture with some of the new phase finds all three again. With two
-% compounds three phases have no amounts; there it has to find two of them, next to the point.
-function last = stableUpTo(model, z, points)
-share = 0.3;
-n = numel(z);
-V = vertcat(points.v);
-K = exp(V(:, 1:n));
-part = V(:, 2 * n + 1);
-A = z ./ (1 + part .* (K - 1));
-C = A .* exp(V(:, n + 1:2 * n));
-C = C ./ sum(C, 2);
-T = exp(V(:, end - 1));
-if n == 2
-    share = 0;
-    T = T * (1 - 1e-6);
-end
-X = zeros(numel(points), model.count);
-X(:, model.compounds) = (1 - share) * z + share * C;
-volume = capeOpenMultiFlash(model.handle, X, 'Temperature', T, 'Pressure', exp(V(:, end)), 'Unspecified', 'volume');
-densities = vertcat(points.densities);
-expected = (1 - share) * ((1 - part) ./ densities(:, 1) + part ./ densities(:, 3)) + share ./ densities(:, 2);
-near = abs(log(densities(:, 1) ./ densities(:, 2))) < 0.3 | abs(log(densities(:, 3) ./ densities(:, 2))) < 0.3;
-last = find([abs(volume ./ expected - 1) > 1e-3 + 0.02 * near; true], 1) - 1;
 end
 
 % The state in which two liquids begin to boil, from flashes just below and above; empty if there is none.
