@@ -20,7 +20,7 @@ while numel(vapors) < 4
         ended = 0;
     end
     stable = stableTies(model, system, points);
-    stable(1:min(end, numel(vapors))) = 1; % at three phases the flash may find any two
+    stable(1:min(end, ~isempty(vapors))) = 1; % at three phases the flash may find any two
     bad = find(stable == 0, 1);
     if isequal(bad, 1)
         return

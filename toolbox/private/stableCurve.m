@@ -27,7 +27,7 @@ while numel(pieces) < 8
         points(k).vaporFraction = vaporFraction(k);
         points(k).stable = stable(k);
     end
-    stable(1:min(end, numel(pieces))) = 1; % at an edge the flash may find either
+    stable(1:min(end, ~isempty(pieces))) = 1; % at an edge the flash may find either
     unstable = find(stable == 0, 1);
     if isempty(unstable)
         pieces{end + 1} = points; %#ok<AGROW>
