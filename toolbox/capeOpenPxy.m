@@ -14,7 +14,8 @@ function [x, P, y, liquids] = capeOpenPxy(handle, compounds, T)
 %   Arguments:
 %     handle  int32 scalar from capeOpenCreate
 %     compounds
-%             cell array with the names of two compounds
+%             cell array with the names of two compounds, or their formulas
+%             or CAS numbers, as capeOpenComposition takes them
 %     T       temperature in K, double scalar
 %
 %   Results:
@@ -36,7 +37,10 @@ function [x, P, y, liquids] = capeOpenPxy(handle, compounds, T)
 %     'Expected a cell array with the names of two compounds'
 %             The second argument is something else.
 %     'The package has no compound "..."'
-%             Names are those that capeOpenCompoundList gives.
+%             Neither a name nor a formula nor a CAS number is this. Names that
+%             are near it follow.
+%     '"..." may be ...'
+%             Several compounds of the package have this formula.
 %     'The two compounds are the same'
 %             Two different ones are needed.
 %     'Expected a positive temperature'
@@ -59,11 +63,11 @@ function [x, P, y, liquids] = capeOpenPxy(handle, compounds, T)
 if nargin < 3
     error('Verdanth:error', 'Invalid number of arguments for capeOpenPxy');
 end
-[vapors, both, reasons] = binaryPhaseDiagram(handle, compounds, 'Temperature', T);
+[vapors, both, reasons, names] = binaryPhaseDiagram(handle, compounds, 'Temperature', T);
 [x, P, y, liquids] = binaryResults(vapors, both, reasons);
 if nargout == 0
-    drawBinaryDiagram(handle, compounds, vapors, both, 1e5, 'pressure / bar', ...
-                      sprintf('%s and %s at %g K', compounds{:}, T));
+    drawBinaryDiagram(handle, names{1}, vapors, both, 1e5, 'pressure / bar', ...
+                      sprintf('%s and %s at %g K', names{:}, T));
     clear('x');
 end
 end

@@ -14,7 +14,8 @@ function [x, T, y, liquids] = capeOpenTxy(handle, compounds, P)
 %   Arguments:
 %     handle  int32 scalar from capeOpenCreate
 %     compounds
-%             cell array with the names of two compounds
+%             cell array with the names of two compounds, or their formulas
+%             or CAS numbers, as capeOpenComposition takes them
 %     P       pressure in Pa, double scalar
 %
 %   Results:
@@ -36,7 +37,10 @@ function [x, T, y, liquids] = capeOpenTxy(handle, compounds, P)
 %     'Expected a cell array with the names of two compounds'
 %             The second argument is something else.
 %     'The package has no compound "..."'
-%             Names are those that capeOpenCompoundList gives.
+%             Neither a name nor a formula nor a CAS number is this. Names that
+%             are near it follow.
+%     '"..." may be ...'
+%             Several compounds of the package have this formula.
 %     'The two compounds are the same'
 %             Two different ones are needed.
 %     'Expected a positive pressure'
@@ -59,11 +63,11 @@ function [x, T, y, liquids] = capeOpenTxy(handle, compounds, P)
 if nargin < 3
     error('Verdanth:error', 'Invalid number of arguments for capeOpenTxy');
 end
-[vapors, both, reasons] = binaryPhaseDiagram(handle, compounds, 'Pressure', P);
+[vapors, both, reasons, names] = binaryPhaseDiagram(handle, compounds, 'Pressure', P);
 [x, T, y, liquids] = binaryResults(vapors, both, reasons);
 if nargout == 0
-    drawBinaryDiagram(handle, compounds, vapors, both, 1, 'temperature / K', ...
-                      sprintf('%s and %s at %g bar', compounds{:}, P / 1e5));
+    drawBinaryDiagram(handle, names{1}, vapors, both, 1, 'temperature / K', ...
+                      sprintf('%s and %s at %g bar', names{:}, P / 1e5));
     clear('x');
 end
 end

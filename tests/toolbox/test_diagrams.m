@@ -244,6 +244,21 @@ function lines_are_drawn(~)
     capeOpenRelease(h);
 end
 
+% They are called as the package calls them.
+function two_compounds_are_found_as_in_a_composition(~)
+    h = opened();
+    [x, P, y] = capeOpenPxy(h, {'propane', 'n-pentane'}, 320);
+    for names = {{'PROPANE', 'n_pentane'}, {'C3H8', '109-66-0'}}
+        [x2, P2, y2] = capeOpenPxy(h, names{1}, 320);
+        check(isequal({x, P, y}, {x2, P2, y2}), '%s is another compound', names{1}{2});
+        capeOpenPxy(h, names{1}, 320);
+        check_drawn(2, 'mole fraction of propane', 'pressure / bar', 'propane and n-pentane at 320 K');
+    end
+    capeOpenTxy(h, {'C3H8', 'n_pentane'}, 5e5);
+    check_drawn(2, 'mole fraction of propane', 'temperature / K', 'propane and n-pentane at 5 bar');
+    capeOpenRelease(h);
+end
+
 function check_drawn(lines, across, up, heading)
     axes = gca();
     found = numel(findobj(axes, 'Type', 'line'));
@@ -542,12 +557,14 @@ function wrong_arguments_are_named(toolbox)
         'Pxy', 'Invalid property package handle', @() capeOpenPxy(7, two, 300)
         'Pxy', 'Expected a cell array with the names of two compounds', @() capeOpenPxy(h, 'propane', 300)
         'Pxy', 'The package has no compound "..."', @() capeOpenPxy(h, {'propane', 'water'}, 300)
+        'Pxy', '"..." may be ...', @() capeOpenPxy(h, {'methane', 'C4H10'}, 300)
         'Pxy', 'The two compounds are the same', @() capeOpenPxy(h, {'propane', 'Propane'}, 300)
         'Pxy', 'Expected a positive temperature', @() capeOpenPxy(h, two, -1)
         'Pxy', 'No equilibrium of vapor and liquid found for the two compounds', @() capeOpenPxy(h, two, 600)
         'Txy', 'Invalid property package handle', @() capeOpenTxy(7, two, 1e5)
         'Txy', 'Expected a cell array with the names of two compounds', @() capeOpenTxy(h, {'propane', 3}, 1e5)
         'Txy', 'The package has no compound "..."', @() capeOpenTxy(h, {'propane', 'water'}, 1e5)
+        'Txy', '"..." may be ...', @() capeOpenTxy(h, {'methane', 'C4H10'}, 300)
         'Txy', 'The two compounds are the same', @() capeOpenTxy(h, {'propane', 'propane'}, 1e5)
         'Txy', 'Expected a positive pressure', @() capeOpenTxy(h, two, '')
         'Txy', 'No equilibrium of vapor and liquid found for the two compounds', @() capeOpenTxy(h, two, 1e8)

@@ -1,13 +1,13 @@
-function [vapors, liquids, reasons] = binaryPhaseDiagram(handle, compounds, quantity, value)
+function [vapors, liquids, reasons, names] = binaryPhaseDiagram(handle, compounds, quantity, value)
 %binaryPhaseDiagram  Phases of two compounds under one held condition.
 %
-%   [vapors, liquids, reasons] = binaryPhaseDiagram(handle, compounds, quantity, value)
+%   [vapors, liquids, reasons, names] = binaryPhaseDiagram(handle, compounds, quantity, value)
 %
 %   QUANTITY is the one that is held at VALUE, 'Temperature' or 'Pressure'. VAPORS are branches of boiling liquid and
 %   its vapor with rising fraction of the first compound in the liquid, LIQUIDS those of two liquids; fields are x and
 %   y, the fractions of compound 1 in first and second phase, level, the pressures or temperatures, smooth, a cell array
-%   with more values of these three, and points and slopes as in curveOf. REASONS are sentences on what is not complete.
-%   Fractions are in the basis of the moment.
+%   with more values of these three, and points and slopes as in curveOf. REASONS are sentences on what is not complete,
+%   NAMES what the package calls the two. Fractions are in the basis of the moment.
 [pair, names] = pairOf(handle, compounds);
 if ~isnumeric(value) || ~isscalar(value) || ~(value > 0)
     error('Verdanth:error', 'Expected a positive %s', lower(quantity));
@@ -71,23 +71,16 @@ liquids = inFractions(liquids, system, weights);
 reasons = strrep(reasons, 'COMPOUND', names{1});
 end
 
-function [pair, found] = pairOf(handle, compounds)
+function [pair, names] = pairOf(handle, compounds)
 names = capeOpenCompoundList(handle);
 if ~iscellstr(compounds) || numel(compounds) ~= 2 %#ok<ISCLSTR>
     error('Verdanth:error', 'Expected a cell array with the names of two compounds');
 end
-pair = zeros(1, 2);
-for k = 1:2
-    index = find(strcmpi(names, compounds{k}), 1);
-    if isempty(index)
-        error('Verdanth:error', 'The package has no compound "%s"', compounds{k});
-    end
-    pair(k) = index;
-end
+pair = compoundIndex(handle, compounds);
 if pair(1) == pair(2)
     error('Verdanth:error', 'The two compounds are the same');
 end
-found = names(pair);
+names = names(pair);
 end
 
 % One compound boils, with a trace of the other.

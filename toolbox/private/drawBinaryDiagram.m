@@ -1,7 +1,8 @@
-function drawBinaryDiagram(handle, compounds, vapors, liquids, unit, axisTitle, heading)
+function drawBinaryDiagram(handle, compound, vapors, liquids, unit, axisTitle, heading)
 %drawBinaryDiagram  Lines of two compounds in the current axes, from branches of binaryPhaseDiagram.
 %
-%   Levels are drawn in UNIT. Where two liquids and a vapor are together, a horizontal line joins all three.
+%   COMPOUND is the name of the one whose fractions they are. Levels are drawn in UNIT. Where two liquids and a vapor
+%   are together, a horizontal line joins all three.
 names = {'boiling liquid', 'saturated vapor', 'two liquids', 'three phases'};
 styles = {'b-', 'r-', 'g-', 'k--'};
 data = cell(1, 4);
@@ -28,6 +29,6 @@ drawn = [cellfun(@(rows) rows(:, 1), data(shown), 'UniformOutput', false)
 plot(drawn{:});
 xlim([0, 1]);
 words = {'mole', 'mass'};
-nameAxes(sprintf('%s fraction of %s', words{1 + mass}, compounds{1}), axisTitle, ...
+nameAxes(sprintf('%s fraction of %s', words{1 + mass}, compound), axisTitle, ...
          sprintf('%s (%s)', heading, packageName(handle)), names(shown));
 end
