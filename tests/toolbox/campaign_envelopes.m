@@ -5,33 +5,30 @@
 addpath(fullfile(fileparts(mfilename('fullpath')), 'support'));
 
 function run_family(family, seeds)
-    complete = 0;
-    agreeing = 0;
-    silent = 0;
-    unsound = 0;
+    all = struct('reason', {}, 'arrives', {}, 'complete', {}, 'sound', {}, 'missed', {}, 'distance', {});
     for seed = seeds
         [package, Z] = mixture_of_family(family, seed);
         h = capeOpenCreate('Verdanth Reference Packages', package);
         try
-            [whole, distance, missed, reason, sound] = envelope_against_flashes(h, Z);
+            found = envelope_against_flashes(h, Z);
         catch failure
-            [whole, distance, missed, reason, sound] = deal(false, Inf, 0, ['error: ' failure.message], true);
+            found = struct('reason', ['error: ' failure.message], 'arrives', false, 'complete', false, 'sound', true, ...
+                           'missed', 0, 'distance', Inf);
         end
         capeOpenRelease(h);
-        complete = complete + whole;
-        agreeing = agreeing + (distance <= 1e-6);
-        silent = silent + (~whole && isempty(reason));
-        unsound = unsound + ~sound;
-        if ~sound
-            printf('%s %d: the critical point is none of the flash. %s\n', family, seed, reason);
+        all(end + 1) = found;
+        if ~found.sound
+            printf('%s %d: the critical point is none of the flash. %s\n', family, seed, found.reason);
         end
-        if ~whole || distance > 1e-6 || missed > 0
-            printf('%s %d: complete %d, off by %.1e, %d points without an answer. %s\n', family, seed, whole, distance, ...
-                   missed, reason);
+        if ~found.complete || found.distance > 1e-6 || found.missed > 0
+            printf('%s %d: arrives %d, off by %.1e, %d points without an answer. %s\n', family, seed, found.arrives, ...
+                   found.distance, found.missed, found.reason);
         end
     end
-    printf('== %s: %d of %d complete, %d within 1e-6 of the flash, %d incomplete without a reason, %d critical points in doubt\n', ...
-           family, complete, numel(seeds), agreeing, silent, unsound);
+    silent = ~[all.complete] & cellfun(@isempty, {all.reason});
+    printf(['== %s: %d of %d complete, %d arrive, %d within 1e-6 of the flash, %d points without an answer, ' ...
+            '%d incomplete without a reason, %d critical points in doubt\n'], family, sum([all.complete]), numel(all), ...
+           sum([all.arrives]), sum([all.distance] <= 1e-6), sum([all.missed]), sum(silent), sum(~[all.sound]));
 end
 
 inputs = argv();

@@ -1,13 +1,19 @@
-function [complete, distance, missed, reason, sound] = envelope_against_flashes(h, Z)
-% The envelope of a mixture from 1 bar on, and how far its dew and bubble points are from those that the package's own
-% flash finds at the same pressure or temperature: the largest of the relative distances, and the number of points that
-% the flash does not answer. It is SOUND if it has no critical point, or if flashes around that find one phase to one side
-% and two that are nearly the same to another. It is complete if it passes a critical point and ends with bubble points at 1 bar.
+function found = envelope_against_flashes(h, Z)
+% The envelope of a mixture from 1 bar on against the package's own flash. FOUND has the fields
+%   arrives   whether it begins with dew points, passes a critical point and ends with bubble points at 1 bar
+%   complete  whether it does without a word on what is not complete
+%   reason    that word, or empty
+%   distance  how far dew and bubble points are from those that the flash finds at the same pressure or temperature: the
+%             largest of the relative distances
+%   missed    the number of points that the flash does not answer
+%   sound     whether there is no critical point, or flashes around it find one phase to one side and two that are nearly
+%             the same to another
 lastwarn('');
 [T, P, vapor, critical] = capeOpenPhaseEnvelope(h, Z);
-[reason, ~] = lastwarn();
+found = struct('reason', lastwarn());
 last = find(vapor == 0, 1, 'last');
-complete = ~any(isnan(critical)) && ~isempty(last) && P(last) < 1e5 * (1 + 1e-6) && vapor(1) == 1;
+found.arrives = ~any(isnan(critical)) && ~isempty(last) && P(last) < 1e5 * (1 + 1e-6) && vapor(1) == 1;
+found.complete = found.arrives && isempty(found.reason);
 distances = NaN(size(T));
 kinds = {'Unspecified', 'Normal', 'Retrograde'};
 for kind = 1:6
@@ -16,11 +22,11 @@ for kind = 1:6
         break
     end
     if kind <= 3
-        found = capeOpenMultiFlash(h, Z, 'Pressure', P(open), 'vaporFraction', vapor(open), kinds{kind}, 'Temperature');
-        off = abs(found ./ T(open) - 1);
+        flashed = capeOpenMultiFlash(h, Z, 'Pressure', P(open), 'vaporFraction', vapor(open), kinds{kind}, 'Temperature');
+        off = abs(flashed ./ T(open) - 1);
     else
-        found = capeOpenMultiFlash(h, Z, 'Temperature', T(open), 'vaporFraction', vapor(open), kinds{kind - 3}, 'Pressure');
-        off = abs(found ./ P(open) - 1);
+        flashed = capeOpenMultiFlash(h, Z, 'Temperature', T(open), 'vaporFraction', vapor(open), kinds{kind - 3}, 'Pressure');
+        off = abs(flashed ./ P(open) - 1);
     end
     distances(open) = min(distances(open), off);
 end
@@ -28,15 +34,16 @@ end
 for k = find(~isnan(vapor) & ~(distances < 1e-6)).'
     for shift = {[1e-6 0], [0 1e-6]}
         off = shift{1};
-        if ~isequal(phases_at(h, Z, T(k) * (1 - off(1)), P(k) * (1 - off(2))), ...
-                    phases_at(h, Z, T(k) * (1 + off(1)), P(k) * (1 + off(2))))
+        before = phases_at(h, Z, T(k) * (1 - off(1)), P(k) * (1 - off(2)));
+        behind = phases_at(h, Z, T(k) * (1 + off(1)), P(k) * (1 + off(2)));
+        if ~isempty(before) && ~isempty(behind) && ~isequal(before, behind)
             distances(k) = 1e-6;
         end
     end
 end
-sound = isnan(critical(1)) || sound_critical_point(h, Z, critical);
-missed = sum(isnan(distances) & ~isnan(vapor));
-distance = max([distances; 0]);
+found.sound = isnan(critical(1)) || sound_critical_point(h, Z, critical);
+found.missed = sum(isnan(distances) & ~isnan(vapor));
+found.distance = max([distances; 0]);
 end
 
 function phases = phases_at(h, Z, T, P)
