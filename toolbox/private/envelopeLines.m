@@ -35,7 +35,7 @@ if ~closed
 end
 if ~closed || ~isempty(edges)
     [bubbles, threePhases, open] = threePhaseLines(model, z, edges, Pmin, Pmax);
-    if ended == -3 && ~isempty(below) && any(arrayfun(@(line) line.P(end) < Pmin * (1 + 1e-6), bubbles))
+    if ended == -3 && ~isempty(below) && any(arrayfun(@(line) line.P(end) < max(vertcat(below.P)), bubbles))
         below = curveOf([], []); % a flash has missed the second liquid there
         reasons(end) = [];
     end
