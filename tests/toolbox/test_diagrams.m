@@ -317,11 +317,12 @@ end
 % the whole: 354.5 K by the steam tables. Both liquids boil together where both vapor pressures make the whole: 272 K.
 function the_water_condenses_first(~)
     h = capeOpenCreate(natural_gas(), 'Wet gas and hydrocarbons');
+    lastwarn('');
     [T, P, vapor, critical] = capeOpenPhaseEnvelope(h, mixture(h, 'n-butane', 0.5, 'water', 0.5));
     check(abs(T(1) - 354.5) < 2.5 && abs(P(1) / 1e5 - 1) < 1e-9 && vapor(1) == 1, 'it condenses at %g K', T(1));
     check(abs(T(end) - 272) < 1 && abs(P(end) / 1e5 - 1) < 1e-9 && vapor(end) == 0, 'it boils at %g K', T(end));
     check(all(isnan(critical)), 'a critical point at %g K', critical(1));
-    check(~isempty(strfind(lastwarn(), 'the dew points end at')), 'no word of the open end: %s', lastwarn());
+    check(strncmp(lastwarn(), 'The phase envelope is not complete: the dew points end at', 57), 'warned: %s', lastwarn());
     capeOpenRelease(h);
 end
 
