@@ -55,8 +55,8 @@ function [enthalpy, P, vaporFraction, isotherms, quality] = capeOpenPh(handle, Z
 %
 %   Warnings:
 %     'The phase envelope is not complete: ...'
-%             A line of dew or bubble points has an open end. What follows says
-%             which, where it ends, and why.
+%             A line of dew or bubble points has an open end, or flashes fail on
+%             it. What follows says which, where, and why.
 %
 %   Example:
 %     handle = capeOpenCreate('Verdanth Reference Packages', 'Refrigerants');

@@ -55,8 +55,8 @@ function [entropy, T, vaporFraction, isobars, quality] = capeOpenTs(handle, Z, v
 %
 %   Warnings:
 %     'The phase envelope is not complete: ...'
-%             A line of dew or bubble points has an open end. What follows says
-%             which, where it ends, and why.
+%             A line of dew or bubble points has an open end, or flashes fail on
+%             it. What follows says which, where, and why.
 %
 %   Example:
 %     handle = capeOpenCreate('Verdanth Reference Packages', 'Refrigerants');

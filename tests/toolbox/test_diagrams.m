@@ -392,6 +392,32 @@ function ends_of_lines_inside_are_told(~)
     end
 end
 
+% Where flashes fail from 20 to 30 bar.
+function where_the_flash_fails_is_told(~)
+    global failing
+    failing = [20e5 30e5];
+    [h, Z] = opened();
+    [T, P, vapor] = capeOpenPhaseEnvelope(h, Z);
+    whole = capeOpenPh(h, double(1:11 == 3), 1e5, 300, []);
+    among = find(P > failing(1) & P < failing(2));
+    addpath(fullfile(fileparts(mfilename('fullpath')), 'failing_flash'));
+    lastwarn('');
+    capeOpenPhaseEnvelope(h, Z);
+    expected = sprintf('the package''s flash fails at %d of the points, first at %.5g K and %.5g bar', numel(among), ...
+                       T(among(1)), P(among(1)) / 1e5);
+    check(~isempty(strfind(lastwarn(), expected)), 'not "%s", but "%s"', expected, lastwarn());
+    lastwarn('');
+    [enthalpy, P, vapor] = capeOpenPh(h, double(1:11 == 3), 1e5, 300, []);
+    told = regexp(lastwarn(), ['^The phase envelope is not complete: the package''s flash fails at (\d+) of the dew points, ' ...
+                               'first at (\S+) bar; the package''s flash fails at (\d+) of the bubble points, first at '], 'tokens');
+    check(~isempty(told), 'told: %s', lastwarn());
+    told = str2double(told{1});
+    check(told(1) > 2 && told(1) == told(3) && told(2) > 20 && told(2) < 30, 'told: %s', lastwarn());
+    check(numel(enthalpy) == numel(whole) && sum(isnan(enthalpy)) == told(1) + told(3), '%d rows of NaN', sum(isnan(enthalpy)));
+    check(isequal(isnan(enthalpy), isnan(P), isnan(vapor)) && isequal(enthalpy(~isnan(P)), whole(~isnan(P))), 'other rows');
+    capeOpenRelease(h);
+end
+
 % To one side of a line inside the flash finds a phase more than to the other side. Those of a second liquid have one and
 % two phases beside them.
 function a_third_phase_and_a_second_liquid_appear_to_the_flash(~)

@@ -61,8 +61,9 @@ lines = [lines, liquids];
         end
         [pieces, ended, edges, summits] = stableCurve(system, model, z, start);
         points = [pieces{:}];
-        if ~isempty(points) && any(isnan([points.stable]))
-            reasons{end + 1} = sprintf('the package''s flash fails at %d of the points', sum(isnan([points.stable])));
+        if ~isempty(points)
+            failing = find(isnan([points.stable]));
+            reasons = [reasons, failuresAt('the package''s flash fails', 'points', curveOf(points, NaN), failing)];
         end
         for k = 1:numel(pieces)
             lines(k) = curveOf(pieces{k}, vertcat(pieces{k}.vaporFraction));

@@ -8,8 +8,7 @@ function [dome, reasons, critical] = saturationDome(handle, Z, Pmin, name)
 %   CRITICAL is the temperature of the mixture's critical point or NaN.
 critical = NaN;
 if sum(Z > 0) == 1
-    dome = domeOfOne(handle, Z, Pmin, name);
-    reasons = {};
+    [dome, reasons] = domeOfOne(handle, Z, Pmin, name);
 else
     [lines, reasons] = envelopeLines(handle, Z, Pmin);
     dome = struct('T', {}, 'P', {}, 'vaporFraction', {}, 'value', {});
@@ -27,6 +26,8 @@ else
         vaporFraction = line.vaporFraction(place);
         value = valuesAlong(handle, Z, T, P, vaporFraction, size(line.points, 2) > sum(Z > 0) + 2, name);
         dome(end + 1) = struct('T', T, 'P', P, 'vaporFraction', vaporFraction, 'value', value); %#ok<AGROW>
+        failing = failuresAt(['no ', name, ' is found'], 'points', dome(end), find(isnan(value)));
+        reasons = [reasons, failing]; %#ok<AGROW>
     end
 end
 if isempty(dome)
@@ -51,27 +52,36 @@ if any(~dew)
 end
 end
 
-function dome = domeOfOne(handle, Z, Pmin, name)
+function [dome, reasons] = domeOfOne(handle, Z, Pmin, name)
 critical = criticalConstants(handle, find(Z > 0));
 % Steps become small towards the critical point, where everything goes with a root of the distance to it.
 u = linspace(0, 1, 80).';
 P = exp(log(Pmin) + (log(critical.P) - log(Pmin)) * (1 - (1 - u) .^ 3));
 P = P(1:end - 1);
 dome = struct('T', {}, 'P', {}, 'vaporFraction', {}, 'value', {});
+reasons = {};
 if Pmin >= critical.P
     return
 end
+names = {'bubble points', 'dew points'};
 for fraction = [1, 0]
     [T, value] = capeOpenMultiFlash(handle, Z, 'Pressure', P, 'vaporFraction', fraction, 'Unspecified', ...
                                     {'Temperature', name});
-    found = ~isnan(value);
-    if any(found)
-        rows = find(found);
-        if fraction == 0
-            rows = flipud(rows);
-        end
-        line = struct('T', T(rows), 'P', P(rows), 'vaporFraction', fraction * ones(size(rows)), 'value', value(rows));
-        dome(end + 1) = line; %#ok<AGROW>
+    failing = find(isnan(value));
+    line = struct('T', T, 'P', P, 'vaporFraction', fraction * ones(size(P)), 'value', value);
+    line.T(failing) = NaN;
+    reasons = [reasons, failuresAt('the package''s flash fails', names{fraction + 1}, line, failing)]; %#ok<AGROW>
+    if numel(failing) == numel(P)
+        continue
     end
+    rows = (find(~isnan(value), 1):find(~isnan(value), 1, 'last')).';
+    if fraction == 0
+        rows = flipud(rows);
+    end
+    for field = {'T', 'P', 'vaporFraction', 'value'}
+        line.(field{1})(failing) = NaN; % a gap, where they are not at an end
+        line.(field{1}) = line.(field{1})(rows);
+    end
+    dome(end + 1) = line; %#ok<AGROW>
 end
 end

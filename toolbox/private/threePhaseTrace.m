@@ -19,7 +19,7 @@ if last < numel(points)
     points = points(1:last);
     ended = -4;
 end
-failures = failuresAt('the package''s flash fails', curveOf(points, NaN(size(points))), failing);
+failures = failuresAt('the package''s flash fails', 'points', curveOf(points, NaN), failing);
 if ended ~= 2 * n + 1 && ~(ended == 2 * n + 3 && points(end).v(end) < log(Pmin) + 1e-6)
     final = [start, points];
     final = final(end);
