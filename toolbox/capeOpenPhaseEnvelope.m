@@ -26,14 +26,15 @@ function [T, P, vaporFraction, critical, threePhases, quality] = capeOpenPhaseEn
 %             by flashes of the package; none if it is left out
 %
 %   Results:
-%     T       temperatures along the curve in K, double N-by-1
+%     T       temperatures along the curve in K, double N-by-1; rows of NaN part
+%             lines that do not join
 %     P       pressures in Pa, double N-by-1
 %     vaporFraction
 %             double N-by-1: 1 at a dew point, 0 at a bubble point, NaN where a
 %             second liquid appears in the first; those points come last
 %     critical
-%             temperature and pressure of the critical point, double 1-by-2;
-%             NaN if the curve does not pass one
+%             temperature and pressure of the first critical point along the
+%             curve, double 1-by-2; NaN if it passes none
 %     threePhases
 %             double M-by-2, temperatures and pressures of the lines inside on
 %             which a liquid appears as a third phase, parted by rows of NaN
@@ -93,9 +94,7 @@ quiet = withoutWarnings();
 if isempty(lines)
     error('Verdanth:error', 'No dew point found at %g Pa', Pmin);
 end
-T = vertcat(lines.T);
-P = vertcat(lines.P);
-vaporFraction = vertcat(lines.vaporFraction);
+[T, P, vaporFraction] = lineColumns(lines, 'T', 'P', 'vaporFraction');
 critical = vertcat(lines.critical);
 critical = [critical(~isnan(critical(:, 1)), :); NaN, NaN];
 critical = critical(1, :);

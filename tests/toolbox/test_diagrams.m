@@ -392,6 +392,21 @@ function ends_of_lines_inside_are_told(~)
     end
 end
 
+% A step along a line is short, between lines that do not join stands a row of NaN.
+function lines_that_do_not_join_are_parted(~)
+    for mixture = {'carbon_dioxide', 3; 'reservoir', 3; 'hydrocarbon_water', 2}.'
+        [h, Z] = opened_of_family(mixture{:});
+        [T, P, vapor] = capeOpenPhaseEnvelope(h, Z);
+        steps = abs(diff(log([T, P])));
+        [most, at] = max(steps);
+        check(all(most < [0.11, 1.01]), '%s: from %g K, %g Pa to %g K, %g Pa', mixture{1}, T(at(1)), P(at(1)), ...
+              T(at(1) + 1), P(at(1) + 1));
+        check(any(isnan(T)) && isequal(isnan(T), isnan(P)) && all(isnan(vapor(isnan(T)))), 'rows of NaN');
+        check(~any(isnan(T([1 end]))) && ~any(isnan(T(1:end - 1)) & isnan(T(2:end))), 'more rows of NaN than needed');
+        capeOpenRelease(h);
+    end
+end
+
 % Where flashes fail from 20 to 30 bar.
 function where_the_flash_fails_is_told(~)
     global failing

@@ -23,7 +23,7 @@ values = checkedNumbers(values, @(v) v > 0 & v < Inf, kind.refusal);
 fractions = checkedFractions(fractions);
 quiet = withoutWarnings();
 [dome, reasons, critical] = saturationDome(handle, Z, Pmin, kind.property);
-[x, T, P, vaporFraction] = domeColumns(dome);
+[x, T, P, vaporFraction] = lineColumns(dome, 'value', 'T', 'P', 'vaporFraction');
 if isempty(values)
     values = kind.valuesOf(Pmin, T, P);
 end
