@@ -469,6 +469,27 @@ function lines_of_vapor_fractions_are_those_of_the_flash(~)
     capeOpenRelease(h);
 end
 
+% Of n-pentane with next to nothing else no property is known, so that the lines begin and end at propane.
+function a_compound_without_a_boiling_point_is_told(~)
+    global failing
+    h = opened();
+    failing = find(strcmp(capeOpenCompoundList(h), 'n-pentane'));
+    addpath(fullfile(fileparts(mfilename('fullpath')), 'failing_compound'));
+    for names = {{'propane', 'n-pentane'}, {'n-pentane', 'propane'}}
+        lastwarn('');
+        x = capeOpenPxy(h, names{1}, 320);
+        parts = [x(1), 1 - x(end)];
+        if strcmp(names{1}{1}, 'n-pentane')
+            parts = fliplr(parts);
+        end
+        check(parts(2) == 0 && parts(1) > 0 && parts(1) < 0.05, 'from %g to %g', x(1), x(end));
+        told = regexp(lastwarn(), ['^The phase diagram is not complete: the lines end at \S+ bar and a fraction of \S+ of ' ...
+                                   '\S+: no further point was found; no line was found that begins with n-pentane$']);
+        check(~isempty(told), 'told: %s', lastwarn());
+    end
+    capeOpenRelease(h);
+end
+
 % Methane and ethane at 60 bar: neither boils alone, but mixtures do, and both lines meet at two critical points.
 function a_closed_loop_has_two_critical_points(~)
     h = opened();

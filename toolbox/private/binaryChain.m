@@ -23,6 +23,7 @@ while numel(vapors) < 4
     stable(1:min(end, ~isempty(vapors))) = 1; % at three phases the flash may find any two
     bad = find(stable == 0, 1);
     if isequal(bad, 1)
+        why = endingAt(points(1), isotherm, 'the package''s flash finds other phases there');
         return
     elseif ~isempty(bad)
         points = points(1:bad - 1);
@@ -47,6 +48,7 @@ while numel(vapors) < 4
     vapors(end + 1) = branch; %#ok<AGROW>
     return
 end
+why = endingAt(start, isotherm, 'they are followed no further');
 end
 
 function branch = branchOf(points)

@@ -43,6 +43,9 @@ for first = [2, 1]
         end
     end
 end
+for first = find(boils & ~reached)
+    ended{end + 1} = ['no line was found that begins with ', names{first}]; %#ok<AGROW>
+end
 if isempty(vapors)
     start = startInside(model, system, isotherm, value, constants);
     halves = cell(1, 2);
