@@ -80,8 +80,3 @@ if nargout == 0
     clear('entropy');
 end
 end
-
-function P = roundPressures(from, below)
-P = 10 .^ ceil(log10(from)) * [1, 2, 5, 10, 20, 50, 100, 200, 500];
-P = P(P < below);
-end

@@ -588,6 +588,21 @@ function diagrams_of_a_mixture_are_those_of_the_flash(~)
     capeOpenRelease(h);
 end
 
+% From the lowest pressure on, or the next round one.
+function isobars_have_round_pressures(~)
+    [h, Z] = opened();
+    for row = [2e5, 2e5, 5e5, 10e5; 0.3e5, 0.5e5, 1e5, 2e5].'
+        [~, T, ~, isobars] = capeOpenTs(h, Z, row(1));
+        for k = 1:3
+            point = isobars{k}(round(end / 2), :);
+            found = capeOpenMultiFlash(h, Z, 'Temperature', point(2), 'entropy', point(1), 'Unspecified', 'Pressure');
+            check(abs(found / row(1 + k) - 1) < 1e-5, 'from %g Pa on number %d is at %g Pa', row(1), k, found);
+        end
+        check(numel(isobars) > 5, '%d isobars', numel(isobars));
+    end
+    capeOpenRelease(h);
+end
+
 function wrong_arguments_are_named(toolbox)
     [h, Z] = opened();
     two = {'propane', 'n-pentane'};
