@@ -456,7 +456,29 @@ function a_third_phase_and_a_second_liquid_appear_to_the_flash(~)
     end
 end
 
-% One flash on each line of constant vapor fraction, and the same without derivatives from the package.
+% Where the package has no derivatives, differences do in their place.
+function lines_are_the_same_without_derivatives(~)
+    [h, Z] = opened();
+    cases = {@() capeOpenPhaseEnvelope(h, Z); @() capeOpenPhaseEnvelope(h, [0.5 0 0 0 0 0.5 0 0 0 0 0])
+             @() capeOpenPxy(h, {'methane', 'n-butane'}, 300); @() capeOpenTxy(h, {'carbon dioxide', 'ethane'}, 20e5)};
+    expected = cell(numel(cases), 3);
+    for k = 1:numel(cases)
+        [expected{k, :}] = cases{k}();
+    end
+    addpath(fullfile(fileparts(mfilename('fullpath')), 'no_derivatives'));
+    check(~any(strcmp(capeOpenSinglePhasePropList(h), 'logFugacityCoefficient.Dmoles')), 'it has derivatives');
+    found = cell(1, 3);
+    for k = 1:numel(cases)
+        [found{:}] = cases{k}();
+        check(isequal(cellfun(@size, found, 'UniformOutput', false), cellfun(@size, expected(k, :), 'UniformOutput', false)), ...
+              '%s: other points', func2str(cases{k}));
+        off = cellfun(@(one, other) max(abs(one - other) ./ max(1, abs(other))), found, expected(k, :));
+        check(all(off < 1e-6), '%s: off by %g, %g and %g', func2str(cases{k}), off);
+    end
+    capeOpenRelease(h);
+end
+
+% One flash on each line of constant vapor fraction.
 function lines_of_vapor_fractions_are_those_of_the_flash(~)
     [h, Z] = opened();
     [~, ~, ~, ~, threePhases, quality] = capeOpenPhaseEnvelope(h, Z, 1e5, [0.5 0.9]);
