@@ -5,8 +5,9 @@ function [enthalpy, P, vaporFraction, isotherms, quality] = capeOpenPh(handle, Z
 %
 %   Follows dew and bubble points of a mixture as capeOpenPhaseEnvelope does, or
 %   of a single compound, and calculates enthalpy on them, along isotherms and
-%   along lines of constant vapor fraction by flashes of the package. Without
-%   results it draws all into the current axes.
+%   along lines of constant vapor fraction by flashes of the package. Between two
+%   points that capeOpenPhaseEnvelope gives there are three more, interpolated
+%   along the curve. Without results it draws all into the current axes.
 %
 %   Arguments:
 %     handle  int32 scalar from capeOpenCreate
