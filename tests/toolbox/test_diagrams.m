@@ -364,7 +364,7 @@ end
 
 % Both of these have a loop inside that begins and ends in the same point.
 function lines_inside_come_once(~)
-    for mixture = {'reservoir', 3; 'natural_gas', 6}.'
+    for mixture = {'reservoir', 3; 'natural_gas', 5}.'
         [h, Z] = opened_of_family(mixture{:});
         [~, ~, ~, ~, threePhases] = capeOpenPhaseEnvelope(h, Z);
         lines = parted(threePhases);

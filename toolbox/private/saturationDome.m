@@ -16,14 +16,10 @@ else
         if isnan(critical)
             critical = line.critical(1);
         end
-        V = smoothCurve(line, 4);
-        place = round(1:1 / 4:size(line.points, 1)).';
+        [V, place] = smoothCurve(line, 4);
         T = exp(V(:, end - 1));
         P = exp(V(:, end));
-        if numel(place) ~= numel(T)
-            [T, P, place] = deal(line.T, line.P, (1:numel(line.T)).');
-        end
-        vaporFraction = line.vaporFraction(place);
+        vaporFraction = line.vaporFraction(round(place));
         value = valuesAlong(handle, Z, T, P, vaporFraction, size(line.points, 2) > sum(Z > 0) + 2, name);
         dome(end + 1) = struct('T', T, 'P', P, 'vaporFraction', vaporFraction, 'value', value); %#ok<AGROW>
         failing = failuresAt(['no ', name, ' is found'], 'points', dome(end), find(isnan(value)));

@@ -101,10 +101,7 @@ if numel(points) > 1
     width = here.v(fixed) - before.v(fixed);
     u = (goal - here.v(fixed)) / width;
     if before.tangent(fixed) * here.tangent(fixed) > 0 && u > 0 && u < 3
-        slopes = width * [before.tangent / before.tangent(fixed); slope];
-        difference = here.v - before.v;
-        cubic = here.v + u * slopes(2, :) + u ^ 2 * (slopes(1, :) + 2 * slopes(2, :) - 3 * difference) ...
-                + u ^ 3 * (slopes(1, :) + slopes(2, :) - 2 * difference);
+        cubic = hermite(here.v, before.v, -width * slope, -width * before.tangent / before.tangent(fixed), -u);
         if all(abs(cubic - next) < 0.5 * abs(next - here.v) + 0.05)
             next = cubic;
         end
