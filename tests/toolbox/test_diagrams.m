@@ -259,6 +259,17 @@ function two_compounds_are_found_as_in_a_composition(~)
     capeOpenRelease(h);
 end
 
+% The dew points of water are apart from the bubble points; the row of NaN between them is no second liquid.
+function gaps_are_no_kind_of_points(~)
+    [h, Z] = opened_of_family('hydrocarbon_water', 1);
+    [~, P, vapor] = capeOpenPh(h, Z, 1e5, 400, 0.5);
+    check(any(isnan(P)) && ~any(isnan(vapor) & ~isnan(P)), 'another mixture is needed');
+    capeOpenPh(h, Z, 1e5, 400, 0.5);
+    names = get(findobj(gcf(), 'Type', 'axes', 'Tag', 'legend'), 'String');
+    check(isequal(names(:).', {'dew points', 'bubble points', 'isotherms', 'vapor fractions'}), '%s', strjoin(names, ', '));
+    capeOpenRelease(h);
+end
+
 function check_drawn(lines, across, up, heading)
     axes = gca();
     found = numel(findobj(axes, 'Type', 'line'));

@@ -24,7 +24,7 @@ if isotherm
     bounds = [1e-3, 2e8];
     boils = value < constants.T;
 end
-system = binarySystem(model, isotherm, value, [2, 1], bounds);
+system = binarySystem(model, isotherm, value, bounds);
 vapors = struct('points', {}, 'slopes', {});
 liquids = vapors;
 ended = {};

@@ -1,14 +1,13 @@
-function system = binarySystem(model, isotherm, value, phases, bounds)
+function system = binarySystem(model, isotherm, value, bounds)
 %binarySystem  The equations of two phases of two compounds under one held condition, for traceCurve.
 %
-%   system = binarySystem(model, isotherm, value, phases, bounds)
+%   system = binarySystem(model, isotherm, value, bounds)
 %
 %   Variables are the logarithms of the ratios of fractions in the second phase to those in the first, that of the
 %   level, the pressure of an isotherm or the temperature of an isobar, and the fraction of compound 1 in the first.
 %   VALUE is the one that is held, BOUNDS are the lowest and the highest level. Further fields tell what a row of
 %   variables means: conditions(V) gives T and P, fractions(V) those of both compounds in both phases.
 system = struct();
-system.phases = phases;
 system.ratios = [1, 2];
 system.mirrored = true;
 system.bounds = [-Inf, -Inf, log(bounds(1)), 0; Inf, Inf, log(bounds(2)), 1];
@@ -16,7 +15,7 @@ system.conditions = @(V) conditions(isotherm, value, V);
 system.fractions = @fractions;
 system.linearize = @(v, phases) linearize(model, isotherm, value, v, phases);
 system.limits = @(v) [0.8 + 0.2 * abs(v(1:2)), 0.02 + 0.28 * isotherm, 0.04];
-system.relabel = @(v, densities, phases) relabel(model, isotherm, value, v, densities);
+system.relabel = @(v, densities, ~) relabel(model, isotherm, value, v, densities);
 end
 
 function [T, P] = conditions(isotherm, value, V)

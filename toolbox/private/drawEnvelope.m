@@ -5,13 +5,9 @@ styles = {'r-', 'b-', 'g-', 'k--', 'k:', 'ko'};
 data = cell(1, 6);
 for line = lines
     [V, place] = smoothCurve(line, 8);
-    kind = 2 - line.vaporFraction(round(place));
-    kind(isnan(kind)) = 3;
+    parts = partsByKind([exp(V(:, end - 1)), exp(V(:, end)) / 1e5], line.vaporFraction(round(place)));
     for k = 1:3
-        here = kind == k;
-        piece = [exp(V(:, end - 1)), exp(V(:, end)) / 1e5];
-        piece(~(here | [false; here(1:end - 1)]), :) = NaN; % without a gap to the next kind
-        data{k} = [data{k}; piece; NaN, NaN];
+        data{k} = [data{k}; parts{k}; NaN, NaN];
     end
 end
 for line = threePhases

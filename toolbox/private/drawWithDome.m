@@ -6,15 +6,7 @@ function drawWithDome(handle, Z, dome, across, quality, kind)
 %   ordinate, and draw, plot or semilogy.
 names = {'dew points', 'bubble points', 'second liquid', kind.lines, 'vapor fractions'};
 styles = {'r-', 'b-', 'g-', 'k-', 'k:'};
-data = cell(1, 5);
-part = 2 - dome(:, 3);
-part(isnan(part)) = 3;
-for k = 1:3
-    here = part == k;
-    rows = dome(:, 1:2);
-    rows(~(here | [false; here(1:end - 1)]), :) = NaN; % without a gap to the next kind
-    data{k} = rows;
-end
+data = [partsByKind(dome(:, 1:2), dome(:, 3)), cell(1, 2)];
 groups = {across, quality};
 for group = 1:2
     for k = 1:numel(groups{group})

@@ -10,8 +10,8 @@ system.mirrored = false;
 system.bounds = [[-Inf; Inf] * ones(1, n), log(bounds)];
 system.linearize = @(v, phases) saturationEquations(model, phases, Z, v(1:n), exp(v(n + 1)), exp(v(n + 2)));
 system.limits = @(v) [0.8 + 0.2 * abs(v(1:n)), 0.05, 0.5];
-system.relabel = @(v, densities, phases) labelsOfDensities(model, {Z, newFractions(Z, v(1:n))}, ...
-                                                           exp(v(n + 1)), exp(v(n + 2)), densities);
+system.relabel = @(v, densities, ~) labelsOfDensities(model, {Z, newFractions(Z, v(1:n))}, exp(v(n + 1)), ...
+                                                      exp(v(n + 2)), densities);
 end
 
 function W = newFractions(Z, lnK)
