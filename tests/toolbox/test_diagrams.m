@@ -585,6 +585,27 @@ function diagrams_of_one_compound_have_its_heat_of_evaporation(~)
     capeOpenRelease(h);
 end
 
+% Across the dome of one compound isotherms and isobars are level, from vapor to liquid and from liquid to vapor.
+function lines_across_the_dome_of_one_compound_are_level(~)
+    h = capeOpenCreate(natural_gas(), 'Refrigerants');
+    X = mixture(h, 'R-134a', 1);
+    [~, ~, ~, isotherms] = capeOpenPh(h, X, 1e5, [280 400], []);
+    [~, ~, ~, isobars] = capeOpenTs(h, X, 1e5, [5e5 60e5], []);
+    for kind = {isotherms, 'Temperature', 280, 'Pressure', 'enthalpy', [1 0]
+                isobars, 'Pressure', 5e5, 'Temperature', 'entropy', [0 1]}.'
+        [lines, held, value, other, property, order] = kind{:};
+        k = find(diff(lines{1}(:, 2)) == 0);
+        check(numel(k) == 1 && all(diff(lines{1}([1:k, k + 2:end], 2)) > 0), '%s: %d level parts', property, numel(k));
+        for side = [1 2]
+            [level, x] = capeOpenMultiFlash(h, X, held, value, 'vaporFraction', order(side), 'Unspecified', {other, property});
+            row = lines{1}(k + side - 1, :);
+            check(max(abs(row ./ [x, level] - 1)) < 1e-9, '%s: %g at %g', property, row);
+        end
+        check(all(diff(lines{2}(:, 2)) > 0), '%s: a level part above the critical point', property);
+    end
+    capeOpenRelease(h);
+end
+
 % Each line at one of its points against a flash for the enthalpy or entropy found there.
 function diagrams_of_a_mixture_are_those_of_the_flash(~)
     [h, Z] = opened();

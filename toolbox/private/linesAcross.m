@@ -4,12 +4,26 @@ function lines = linesAcross(handle, Z, held, values, other, range, name)
 %   lines = linesAcross(handle, Z, held, values, other, range, name)
 %
 %   HELD and OTHER are 'Temperature' and 'Pressure' or the other way round; for each of VALUES the other one takes the
-%   values RANGE. LINES has for each a double M-by-2, property and other one.
+%   values RANGE. LINES has for each a double M-by-2, property and other one. Where a single compound boils, the line
+%   has both saturated states, between which it is level.
 lines = cell(1, numel(values));
 range = range(:);
+order = [0; 1]; % with rising temperature the liquid comes first
+if strcmp(held, 'Temperature')
+    order = [1; 0];
+end
 for k = 1:numel(values)
     found = capeOpenMultiFlash(handle, Z, held, values(k), other, range, 'Unspecified', name);
     there = ~isnan(found);
-    lines{k} = [found(there), range(there)];
+    rows = [found(there), range(there)];
+    if sum(Z > 0) == 1
+        [level, ends] = capeOpenMultiFlash(handle, Z, held, values(k), 'vaporFraction', order, 'Unspecified', ...
+                                           {other, name});
+        level = level(1); % the other is the same but for rounding
+        if level > range(1) && level < range(end) && ~any(isnan(ends))
+            rows = [rows(rows(:, 2) < level, :); ends, [level; level]; rows(rows(:, 2) > level, :)];
+        end
+    end
+    lines{k} = rows;
 end
 end
