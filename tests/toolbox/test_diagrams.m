@@ -446,6 +446,25 @@ end
 
 % To one side of a line inside the flash finds a phase more than to the other side. Those of a second liquid have one and
 % two phases beside them.
+% Where the flash of mixture and new phase together fails, that of the mixture may still see that it is no boundary.
+function no_point_lies_where_vapor_and_liquid_are(~)
+    [h, Z] = opened_of_family('sour', 19);
+    [T, P, vapor] = capeOpenPhaseEnvelope(h, Z);
+    check(sum(~isnan(vapor)) > 30, '%d points', sum(~isnan(vapor)));
+    for k = find(~isnan(vapor)).'
+        try
+            [labels, fractions] = capeOpenFlash(h, Z, 'Temperature', T(k), 'Pressure', P(k), 'Unspecified');
+        catch
+            continue % is told
+        end
+        share = sum(fractions(strcmp(labels, 'Vapor')));
+        check(share < 1e-3 || share > 1 - 1e-3, '%g is vapor at %g K and %g Pa', share, T(k), P(k));
+    end
+    again = all(diff([T P vapor]) == 0, 2);
+    check(~any(again), '%d points come twice', sum(again));
+    capeOpenRelease(h);
+end
+
 function a_third_phase_and_a_second_liquid_appear_to_the_flash(~)
     for mixture = {'hydrocarbon_water', 1; 'carbon_dioxide', 1; 'reservoir', 5; 'sour', 8}.'
         [h, Z] = opened_of_family(mixture{:});

@@ -20,6 +20,11 @@ while numel(pieces) < 8
         ended = 0;
     end
     [stable, vaporFraction] = splitsIntoBoth(model, Z, newFractions(points, Z), points);
+    for k = find(isnan(stable)).'
+        if isSeveral(model, Z, points(k))
+            stable(k) = 0;
+        end
+    end
     if numel(points) > 1 && stable(1) ~= 0
         vaporFraction(1) = vaporFraction(2);
     end
@@ -46,6 +51,7 @@ while numel(pieces) < 8
     if ~isempty(before) && (before >= unstable || before == unstable - 1 && ~passes(points(end), edge, numel(Z)))
         summit(:) = NaN; % not on the stable part
     end
+    points(arrayfun(@(point) isequal(point.v, edge.v), points)) = []; % where nothing nearer was found
     pieces{end + 1} = [points, edge]; %#ok<AGROW>
     critical(end + 1, :) = summit; %#ok<AGROW>
     if isempty(start)
@@ -53,6 +59,21 @@ while numel(pieces) < 8
         return
     end
     edges(end + 1, :) = {edge, start}; %#ok<AGROW>
+end
+end
+
+% Whether the flash of the mixture itself finds more than traces of several phases at a point; at a boundary it finds
+% one.
+function several = isSeveral(model, Z, point)
+X = zeros(1, model.count);
+X(model.compounds) = Z;
+try
+    [~, fractions] = capeOpenFlash(model.handle, X, 'Temperature', exp(point.v(end - 1)), 'Pressure', ...
+                                   exp(point.v(end)), 'Unspecified');
+    several = sum(fractions > 1e-3) > 1;
+catch failure
+    rethrowOthers(failure);
+    several = false;
 end
 end
 
