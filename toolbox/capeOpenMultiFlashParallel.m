@@ -91,7 +91,7 @@ end
 
 function [values, notes] = flash(handle, given, job, servers, outputs, exact)
 job.outputs = outputs;
-names = nameList(given{7});
+names = capeopen.internal.namesOf(given{7});
 job.names = names(1:min(outputs, end)); % the next one is a text
 helpers = @(batch, seconds) onWorkers(job, batch, given, seconds, servers);
 [values, notes] = flashRows(handle, given, outputs, exact, helpers);

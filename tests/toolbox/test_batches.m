@@ -157,6 +157,11 @@ function texts_come_from_the_library_even_without_warnings(~)
     check(~isempty(lastwarn()), 'warnings stay off');
     [v, text] = capeOpenMultiFlash(h, Z, 'Temperature', -3, 'Pressure', 40e5, 'Unspecified', 'vaporFraction');
     check(isnan(v) && isequal(text, texts(5)), 'a single row');
+    given{8} = {'vaporFraction enthalpy', 'entropy'};
+    [~, ~, s] = capeOpenMultiFlash(given{:});
+    check(isa(s, 'double'), 'a third name in a cell with two names');
+    [~, ~, ~, found] = capeOpenMultiFlash(given{:});
+    check(isequal(found, texts), 'behind three names');
     message = words_of(@() nthargout(1:3, @capeOpenMultiFlash, h, Z, 'Temperature', T, 'Pressure', 1e5, '', 'enthalpy'));
     check(strcmp(message, 'Too many output arguments'), 'two more outputs: %s', message);
 end

@@ -238,10 +238,6 @@ lists = {'capeOpenSinglePhaseProp', 'capeOpenSinglePhasePropList'
 list = [lists{strcmp(lists(:, 1), call.name), 2}];
 wanted = {};
 for k = find(strncmp(call.labels, 'name', 4))
-    if ischar(call.given{k}) || iscellstr(call.given{k}) %#ok<ISCLSTR>
-        names = cellstr(call.given{k});
-        wanted = [wanted, strsplit(strjoin(names(:).', ' '), ' ')]; %#ok<AGROW>
-    end
+    wanted = [wanted, capeopen.internal.namesOf(call.given{k})]; %#ok<AGROW>
 end
-wanted = wanted(~cellfun('isempty', wanted));
 end
