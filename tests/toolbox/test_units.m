@@ -117,6 +117,9 @@ function an_object_has_its_units(~)
     check(isequal(q.constant('chemicalFormula'), p.constant('chemicalFormula')), 'text');
     [T, H] = q.multiflash(Z, 'Temperature', [-60; -53.15], 'Pressure', 40, 'Temperature enthalpy');
     check(near(T, [-60; -53.15]) && near(H(2), h), 'multiflash');
+    [T, H, texts] = q.multiflash(Z, 'Temperature', [-60; -300], 'Pressure', 40, 'Temperature enthalpy');
+    check(near(T(1), -60) && isnan(H(2)) && isempty(texts{1}), 'multiflash with texts');
+    check(strncmp(texts{2}, 'Flash failed at -26.85, 4e+06: ', 31), '%s', texts{2});
     q.Units = 'atm';
     s = q.flash(Z, 'Temperature', 220, 'Pressure', 4e6 / 101325);
     check(near([s.T s.P], [220 4e6 / 101325]) && near(s.fractions, r.fractions), 'Units set later');
