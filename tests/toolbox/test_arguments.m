@@ -88,6 +88,17 @@ function strings_are_text(~)
     check(strcmp(capeOpenPropUnit('density'), 'kg / m3'), 'basis');
     r = p.flash({s('methane'), 0.5, s('ethane'), 0.5}, 'Temperature', 300, 'Pressure', 1e5);
     check(max(abs(r.compositions - [0.5 0.5 zeros(1, 9)])) < 1e-12, 'names of compounds');
+    expected = r.compositions;
+    r = p.flash({s({'methane', 'ethane'}), [0.5 0.5]}, 'Temperature', 300, 'Pressure', 1e5);
+    check(isequal(r.compositions, expected), 'an array of names of compounds');
+    r = p.flash({{s('methane'), 'ethane'}, [0.5 0.5]}, 'Temperature', 300, 'Pressure', 1e5);
+    check(isequal(r.compositions, expected), 'a cell array of names of compounds with both');
+    t = p.multiflash(Z, 'Temperature', 220, 'Pressure', 4e6, {s('vaporFraction'), 'enthalpy'}, 'Table', true);
+    check(isequal(t.Properties.VariableNames, {'Temperature', 'Pressure', 'vaporFraction', 'enthalpy'}), 'names of a table');
+    p.Units = {s('bar'), 'degC'};
+    check(iscellstr(p.Units) && isequal(p.Units, {'bar', 'degC'}), 'units');
+    p.Units = s({'bar', 'degC'});
+    check(isequal(p.Units, {'bar', 'degC'}), 'an array of units');
     capeOpenWarnings(s('off'));
 end
 

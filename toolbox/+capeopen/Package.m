@@ -150,6 +150,7 @@ classdef Package < handle
         end
 
         function set.Units(self, units)
+            units = capeopen.internal.charsOf(units);
             if ~iscell(units)
                 units = cellstr(units);
             end
