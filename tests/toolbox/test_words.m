@@ -159,9 +159,27 @@ function lists_of_names_are_explained(~)
         @() numel(capeOpenSinglePhaseProp(h, {}, 300, 1e5, Z, 'Vapor')), {'Too many output arguments', 'The list of names is empty'}
         @() numel(capeOpenSinglePhaseProp(h, ' ', 300, 1e5, Z, 'Vapor')), {'Too many output arguments', 'The list of names is empty'}
         @() deal_two(h, Z), {'Too many output arguments', 'One result for each name: there is 1 name'}
+        @() four_results(h, Z), ...
+            {'Too many output arguments', 'One result for each name: there are 2 names'}
         @() three_results(h, names, T, Z), {['Property calculations cannot be performed at multiple conditions if any ' ...
             'property has matrix dimensions'], 'A value for each pair of compounds: diffusionCoefficient, fugacity.DmolFraction'}
+        @() three_of_two_phases(h, T, Z), {['Property calculations cannot be performed at multiple conditions if any ' ...
+            'property has matrix dimensions'], 'A value for each pair of compounds: kvalue.DmolFraction'}
     });
+    profile('on');
+    message_of(@() three_results(h, names, T, Z));
+    profile('off');
+    info = profile('info');
+    calls = [info.FunctionTable(strcmp({info.FunctionTable.FunctionName}, 'explanation')).NumCalls];
+    check(calls == 1, 'explained %d times', calls);
+end
+
+function four_results(h, Z)
+    [a, b, c, d] = capeOpenMultiFlash(h, Z, 'Temperature', 300, 'Pressure', 1e5, 'enthalpy entropy');
+end
+
+function three_of_two_phases(h, T, Z)
+    [a, b] = capeOpenTwoPhaseProp(h, 'kvalue kvalue.DmolFraction', T, 1e5, Z, Z, 'Vapor', 'Liquid');
 end
 
 function deal_two(h, Z)
