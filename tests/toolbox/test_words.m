@@ -233,14 +233,16 @@ function errors_without_identifier_get_the_librarys(toolbox)
     check_lines({@() capeOpenConstantPropList(int32(3)), {failure.message}});
 end
 
-% The functions alone, in a folder in which the guide lies or not, and a browser that is none.
+% The functions alone, with the guide in each place where it may lie, and a browser that is none.
 function the_guide_is_opened_or_told(toolbox)
-    global opened_in_browser
-    folder = tempname();
-    clean_up = onCleanup(@() remove(folder));
+    above = tempname();
+    clean_up = onCleanup(@() remove(above));
+    folder = fullfile(above, 'toolbox');
+    mkdir(above);
     mkdir(folder);
     copyfile(fullfile(toolbox, '*.m'), folder);
     copyfile(fullfile(toolbox, 'private'), folder);
+    copyfile(fullfile(toolbox, '+capeopen'), folder);
     rmpath(toolbox);
     warning('off', 'Octave:shadowed-function');
     addpath(folder, fullfile(fileparts(mfilename('fullpath')), 'browser'));
@@ -248,8 +250,16 @@ function the_guide_is_opened_or_told(toolbox)
         @() capeOpenHelp(), {'Failed to load help file'}
         @() capeOpenHelp(1), {'Invalid number of arguments for Verdanth', 'capeOpenHelp takes 0 arguments, and 1 came:', 'capeOpenHelp()'}
     });
-    mkdir(folder, 'doc');
-    page = fullfile(folder, 'doc', 'index.html');
+    for place = {fullfile(folder, 'html'), fullfile(folder, 'doc'), fullfile(above, 'doc'), ...
+                 fullfile(above, 'build', 'linux', 'guide', 'html')}
+        check_guide_in(place{1});
+    end
+end
+
+function check_guide_in(folder)
+    global opened_in_browser
+    system(sprintf('mkdir -p "%s"', folder));
+    page = fullfile(folder, 'index.html');
     fclose(fopen(page, 'w'));
     for screen = {'', ':7'}
         setenv('WAYLAND_DISPLAY', '');
@@ -260,6 +270,7 @@ function the_guide_is_opened_or_told(toolbox)
         expected = {'', ['file://' page]}{1 + ~isempty(screen{1})};
         check(strcmp(opened_in_browser, expected), 'browser: %s', opened_in_browser);
     end
+    remove(folder);
 end
 
 function remove(folder)
