@@ -145,6 +145,22 @@ function messages_of_a_matlab_pool_that_come_late_do_no_harm(~)
     check(isequaln(found, expected), 'results');
 end
 
+% Others cut what is left into blocks of another size, and then messages of the first ones come.
+function late_messages_of_a_matlab_pool_that_is_lost_do_no_harm(~)
+    global messages_left late_messages size_of_pool
+    size_of_pool = 12; % their number cuts the blocks then, not the time
+    warning('off', 'Octave:shadowed-function');
+    addpath(fullfile(fileparts(mfilename('fullpath')), 'matlab_pool'));
+    given = many_rows(2.5);
+    [manager, package] = natural_gas();
+    evalc('expected = capeOpenMultiFlashParallel(manager, package, given{:});');
+    messages_left = 6;
+    late_messages = {};
+    evalc('found = capeOpenMultiFlashParallel(manager, package, given{:});');
+    check(messages_left < 0, 'the pool was not lost');
+    check(isequaln(found, expected), '%d rows instead of %d', size(found, 1), size(expected, 1));
+end
+
 function what_is_short_is_done_without_workers(~)
     given = many_rows(0.1);
     [manager, package] = natural_gas();

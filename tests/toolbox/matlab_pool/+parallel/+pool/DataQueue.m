@@ -1,6 +1,7 @@
 classdef DataQueue < handle
     % Calls what is to be called at each message. The pool is lost before the one that `messages_left` counts to. If
-    % `late_messages` is a cell array, they are kept there, and come when the next queue is made.
+    % `late_messages` is a cell array, they are kept there, and come when the next queue is made; every second one, if
+    % the pool is lost.
     properties
         listener
     end
@@ -25,7 +26,7 @@ classdef DataQueue < handle
                     error('The pool has shut down');
                 end
             end
-            if iscell(late_messages)
+            if iscell(late_messages) && (isempty(messages_left) || mod(messages_left, 2))
                 late_messages{end + 1} = struct('listener', self.listener, 'message', message);
             else
                 self.listener(message);
