@@ -35,6 +35,12 @@ constexpr FlashVariable otherCondition(FlashVariable condition)
     return condition == FlashVariable::temperature ? FlashVariable::pressure : FlashVariable::temperature;
 }
 
+// The value of that one in anything that has both.
+template <class State> constexpr double otherConditionOf(const State &state, FlashVariable condition)
+{
+    return condition == FlashVariable::temperature ? state.pressure : state.temperature;
+}
+
 constexpr bool isFraction(FlashVariable variable)
 {
     return variable == FlashVariable::vaporFraction || variable == FlashVariable::vaporMassFraction;
@@ -106,7 +112,7 @@ enum class FlashStatus {
     undetermined, // the two together leave the state open
     noSolution,   // no state within the limits below was found to have these values
     notConverged, // the phases at some conditions on the way were not found
-    otherPhases,  // the stable state has other phases than one vapor and two liquids
+    otherPhases,  // the stable state has other phases than those that may be formed, or more
 };
 
 // Solutions are looked for within these limits only, ends included.

@@ -12,8 +12,8 @@ public:
 
     // Looks for another phase with less Gibbs energy, one that is allowed, from the next ones of many starts: compounds
     // nearly pure where they would stay so, vapor and liquid by Wilson's ratios where there is none yet, the mean of
-    // each two phases (Li, Firoozabadi, Fluid Phase Equilibria 330 (2012) 1 have such a list). False when no start is
-    // left that leads to one.
+    // each two phases and, next to a critical point, what is nearer to either (Li, Firoozabadi, Fluid Phase Equilibria
+    // 330 (2012) 1 have such a list). False when no start is left that leads to one.
     bool findNext(TrialPhase &trial);
 
 private:

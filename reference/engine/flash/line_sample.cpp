@@ -69,7 +69,7 @@ bool LineSampler::solveBetween(const LineSample &first, const LineSample &second
         point.setAmounts(n, nearest.vaporFraction, nearest.liquidFraction);
     if (!solvePoint(feed, point, Closing::of(fraction), Closing::of(at)) || !areVaporAndLiquid(feed, point))
         return false;
-    const double free = point.totals.value(otherCondition(at.variable));
+    const double free = otherConditionOf(point.totals, at.variable);
     return free > std::min(first.free, second.free) * (1.0 - 1e-9) &&
            free < std::max(first.free, second.free) * (1.0 + 1e-9) && isStable(feed, point);
 }

@@ -192,8 +192,7 @@ private:
         if (findFractionNear(feed, fraction, other, guess, state, found) && offerState(state, found))
             return true;
         QualitySearch quality(feed, fraction);
-        const bool atTemperature = other.variable == FlashVariable::temperature;
-        return quality.beside(other, atTemperature ? guess.pressure : guess.temperature, type) &&
+        return quality.beside(other, otherConditionOf(guess, other.variable), type) &&
                offerState(quality.found(), quality.foundType());
     }
 

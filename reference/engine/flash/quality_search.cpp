@@ -159,7 +159,7 @@ bool QualitySearch::continueToEnd(const FlashSpecification &at, const Sample &in
     if (!solvePoint(feed, point, Closing::of(fraction), Closing::of(at)) || !areVaporAndLiquid(feed, point))
         return false;
     constexpr double nearby = 1e-3;
-    const double free = std::log(point.totals.value(otherCondition(at.variable)));
+    const double free = std::log(otherConditionOf(point.totals, at.variable));
     if (!(std::fabs(free - inside.free) < nearby) || !isStable(feed, point))
         return false;
     giveResult(feed, point, result);
@@ -261,9 +261,8 @@ bool QualitySearch::closeInside(const FlashSpecification &at, Sample &low, Sampl
 
 bool QualitySearch::between(const FlashSpecification &at, const FlashResult &first, const FlashResult &second)
 {
-    const bool atTemperature = at.variable == FlashVariable::temperature;
     const auto sampleOf = [&](const FlashResult &state) {
-        return Sample{true, std::log(atTemperature ? state.pressure : state.temperature), 0.0, state};
+        return Sample{true, std::log(otherConditionOf(state, at.variable)), 0.0, state};
     };
     Sample low = sampleOf(first);
     Sample high = sampleOf(second);

@@ -29,7 +29,7 @@ public:
         probed.at = at;
         if (!findOther({along, std::exp(along == FlashVariable::temperature ? -at : at)}))
             return probed;
-        other = along == FlashVariable::temperature ? result.pressure : result.temperature;
+        other = otherConditionOf(result, along);
         Equilibrium now;
         now.phases = result;
         now.findTotals(feed);

@@ -162,7 +162,7 @@ private:
         const int n = feed.size();
         if (!solvePoint(feed, point, Closing::of(fixed), Closing::of(wanted)) || !areVaporAndLiquid(feed, point))
             return false;
-        const double free = point.totals.value(otherCondition(fixed.variable));
+        const double free = otherConditionOf(point.totals, fixed.variable);
         constexpr double least = 1e-10; // of an amount: at the ends one phase may be the answer
         if (!(point.vaporAmount(n) > least && point.liquidAmount(n) > least) || !limits.contain(free) ||
             !(std::fabs(residualOf(point.totals, wanted)) < aimedResidual))

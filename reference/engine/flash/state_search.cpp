@@ -182,7 +182,7 @@ public:
             return result;
         const Totals &totals = state.equilibrium.totals;
         const bool alongTemperature = condition == FlashVariable::temperature;
-        start = totals.value(otherCondition(condition));
+        start = otherConditionOf(totals, condition);
         result.residual = residualOf(totals, wanted);
         result.known = std::isfinite(result.residual);
         result.met = std::fabs(result.residual) < 10.0 * aimedResidual;
