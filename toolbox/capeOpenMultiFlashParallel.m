@@ -93,41 +93,9 @@ function [values, notes] = flash(handle, given, job, servers, outputs, exact)
 job.outputs = outputs;
 names = capeopen.internal.namesOf(given{7});
 job.names = names(1:min(outputs, end)); % the next one is a text
-helpers = @(batch, seconds) onWorkers(job, batch, given, seconds, servers);
+helpers = @(batch, seconds) flashOnWorkers(job, batch, given, seconds, servers);
 [values, notes] = flashRows(handle, given, outputs, exact, helpers);
 if ~exact && ~isempty(notes) && ~warningsAreOn(handle, given) % those of the workers are
     notes = [];
-end
-end
-
-% Looks for workers no sooner than there is work for them.
-function onWorkers(job, batch, given, seconds, servers)
-workers = numberOfWorkers(servers);
-if workers > 1
-    job.batch = batch;
-    flashOnWorkers(job, given, seconds, workers, servers);
-end
-end
-
-% 1 where nothing runs beside this process.
-function workers = numberOfWorkers(servers)
-workers = 1;
-if exist('OCTAVE_VERSION', 'builtin')
-    if ~exist('parcellfun', 'file')
-        try
-            pkg('load', 'parallel');
-        catch
-            return % it is not installed
-        end
-    end
-    workers = nproc();
-    if ~isempty(servers)
-        workers = max(2, workers * (numel(servers) - 1)); % the first is this machine
-    end
-elseif exist('gcp', 'file')
-    pool = gcp();
-    if ~isempty(pool)
-        workers = pool.NumWorkers;
-    end
 end
 end

@@ -129,6 +129,19 @@ function rows_of_a_matlab_pool_that_is_lost_are_done_by_others(~)
     check(numel(strfind(shown, words)) == 1, '%s', shown);
 end
 
+% The first pool has forty workers, the second three: they take larger blocks.
+function blocks_after_a_loss_are_for_the_workers_there_are(~)
+    global messages_left size_of_pool
+    warning('off', 'Octave:shadowed-function');
+    addpath(fullfile(fileparts(mfilename('fullpath')), 'matlab_pool'));
+    given = many_rows(2.5);
+    [manager, package] = natural_gas();
+    messages_left = 4;
+    size_of_pool = [40 3];
+    evalc('capeOpenMultiFlashParallel(manager, package, given{:});');
+    check(messages_left < 0 && messages_left > -60, '%d blocks for three workers, 160 for forty', -messages_left);
+end
+
 function messages_of_a_matlab_pool_that_come_late_do_no_harm(~)
     global late_messages
     warning('off', 'Octave:shadowed-function');
@@ -148,7 +161,7 @@ end
 % Others cut what is left into blocks of another size, and then messages of the first ones come.
 function late_messages_of_a_matlab_pool_that_is_lost_do_no_harm(~)
     global messages_left late_messages size_of_pool
-    size_of_pool = 12; % their number cuts the blocks then, not the time
+    size_of_pool = [12 12]; % their number cuts the blocks then, not the time
     warning('off', 'Octave:shadowed-function');
     addpath(fullfile(fileparts(mfilename('fullpath')), 'matlab_pool'));
     given = many_rows(2.5);

@@ -1,11 +1,16 @@
-function flashOnWorkers(job, given, secondsPerRow, workers, servers)
+function flashOnWorkers(job, batch, given, secondsPerRow, servers)
 %flashOnWorkers  Has workers calculate the rows that keptRows has left, and adds to it what they did.
 %
-%   JOB has what is the same for all blocks, see capeopen.internal.flashBlock. WORKERS is their number, SERVERS their
-%   connections; [] for the workers of this machine or of the pool.
+%   JOB has what is the same for all blocks, see capeopen.internal.flashBlock, but for their BATCH. SERVERS are the
+%   connections to them; [] for the workers of this machine or of the pool. Where there are none, nothing is done.
+job.batch = batch;
 for attempt = 1:2 % the second with workers in the place of those that were lost
     left = keptRows('left');
     if isempty(left)
+        return
+    end
+    workers = numberOfWorkers(servers); % looked for no sooner than there is work for them
+    if workers < 2
         return
     end
     try

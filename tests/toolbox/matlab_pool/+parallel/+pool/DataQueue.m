@@ -19,10 +19,11 @@ classdef DataQueue < handle
         end
 
         function send(self, message)
-            global messages_left late_messages
+            global messages_left late_messages size_of_pool
             if ~isempty(messages_left)
                 messages_left = messages_left - 1;
                 if messages_left == 0
+                    size_of_pool = size_of_pool(2:end);
                     error('The pool has shut down');
                 end
             end
