@@ -218,6 +218,24 @@ function on_servers_results_are_the_same(~)
     check(numel(strfind(shown, 'CAPE-OPEN: A worker was lost')) == 1, '%s', shown);
 end
 
+function arguments_are_those_of_the_serial_function(~)
+    [manager, package] = natural_gas();
+    flash = @(varargin) capeOpenMultiFlashParallel(manager, package, varargin{:});
+    Z = struct('methane', 0.9, 'ethane', 0.1);
+    T = (180:10:300).';
+    h = capeOpenCreate(manager, package);
+    expected = capeOpenMultiFlash(h, Z, 'Temperature', T, 'Pressure', 40e5, 'Unspecified', 'enthalpy');
+    capeOpenRelease(h);
+    for servers = {{}, {[]}}
+        given = {Z, 'Temperature', T, 'Pressure', 40e5};
+        check(isequal(flash(given{:}, 'enthalpy', servers{1}{:}), expected), 'without solution');
+        check(isequal(flash(given{:}, {'enthalpy'}, servers{1}{:}), expected), 'without solution, a cell');
+        check(isequal(flash(given{:}, 'Normal', 'enthalpy', servers{1}{:}), expected), 'with solution');
+    end
+    given{3} = T(end);
+    check(isequal(flash(given{:}, 'enthalpy', []), expected(end)), 'one row');
+end
+
 function muted(action)
     evalc('action();');
 end
