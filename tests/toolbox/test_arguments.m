@@ -167,6 +167,8 @@ function what_is_no_composition_is_told(toolbox)
         'Composition', '"..." may be ...', @() capeOpenComposition(h, {'C4H10', 1, 'methane', 1})
         'Composition', 'The compound "..." is there twice', @() capeOpenComposition(h, struct('CH4', 1, 'methane', 1))
         'Composition', '... names of compounds, but ... amounts', @() capeOpenComposition(h, {{'methane', 'ethane'}, [1 2 3]})
+        'Composition', 'The compound "..." has ... amounts in a composition of ...', @() capeOpenComposition(h, struct('methane', [1; 2; 3], 'ethane', [1; 2]))
+        'Composition', 'The compound "..." has ... amounts in a composition of ...', @() capeOpenComposition(h, {'methane', [], 'ethane', 1})
         'Composition', 'A composition by names has a name and an amount for each compound', @() capeOpenComposition(h, {'methane', 1, 'ethane'})
         'Composition', 'Amounts of a composition that is normalized have to add up to more than zero', @() capeOpenComposition(h, struct('methane', 0), 'normalized')
         'Composition', 'Expected ''normalized'' or nothing behind the amounts', @() capeOpenComposition(h, struct('methane', 1), 'normal')
@@ -176,6 +178,8 @@ function what_is_no_composition_is_told(toolbox)
     check_messages(toolbox, cases);
     message = message_of(@() capeOpenComposition(h, struct('metane', 1)));
     check(strcmp(message, sprintf('The package has no compound "metane"\n  Near it there are methane, ethane')), '%s', message);
+    message = message_of(@() capeOpenComposition(h, struct('methane', [1; 2; 3], 'ethane', [1; 2])));
+    check(strcmp(message, 'The compound "ethane" has 2 amounts in a composition of 3 rows'), '%s', message);
     message = message_of(@() capeOpenComposition(h, struct('C4H10', 1)));
     check(strcmp(message, '"C4H10" may be n-butane or isobutane'), '%s', message);
 end
