@@ -83,7 +83,7 @@ if numel(given) ~= 8 || isequal(batchRows(given(2:8)), 1)
     return
 end
 given = given(2:8);
-job = struct('manager', manager, 'package', package, 'mass', strcmp(capeOpenPropUnit('density'), 'kg / m3'));
+job = struct('manager', manager, 'package', package, 'mass', capeopen.internal.isMassBasis());
 varargout = batchResults(given, nargout, @(outputs, exact) flash(p.Handle, given, job, servers, outputs, exact));
 end
 

@@ -5,7 +5,7 @@ function drawBinaryDiagram(handle, compounds, vapors, liquids, unit, axisTitle, 
 names = {'boiling liquid', 'saturated vapor', 'two liquids', 'three phases'};
 styles = {'b-', 'r-', 'g-', 'k--'};
 data = cell(1, 4);
-mass = strcmp(capeOpenPropUnit('density'), 'kg / m3');
+mass = capeopen.internal.isMassBasis();
 for branch = vapors
     [x, level, y] = branch.smooth{:};
     data{1} = [data{1}; x, level; NaN, NaN];

@@ -13,7 +13,7 @@ try
         name = {job.manager, job.package};
     end
     bases = {'mole', 'mass'};
-    before = bases{1 + strcmp(capeOpenPropUnit('density'), 'kg / m3')};
+    before = bases{1 + capeopen.internal.isMassBasis()};
     restore = onCleanup(@() capeOpenBasis(before)); %#ok<NASGU>
     capeOpenBasis(bases{1 + job.mass});
     values = cell(1, job.outputs);
