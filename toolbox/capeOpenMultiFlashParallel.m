@@ -94,6 +94,7 @@ end
 
 function [values, notes] = flash(handle, given, job, servers, outputs, exact)
 job.outputs = outputs;
+job.exact = exact;
 names = capeopen.internal.namesOf(given{7});
 job.names = names(1:min(outputs, end)); % the next one is a text
 helpers = @(batch, seconds) flashOnWorkers(job, batch, given, seconds, servers);
