@@ -39,6 +39,8 @@ function Z = capeOpenComposition(handle, amounts, option)
 %             Two names mean the same compound.
 %     '... names of compounds, but ... amounts'
 %             There is to be one amount for each name.
+%     'The compound "..." has ... amounts in a composition of ...'
+%             Amounts are single numbers or columns of the same length.
 %     'A composition by names has a name and an amount for each compound'
 %             The amounts are in none of the forms.
 %     'Amounts of a composition that is normalized have to add up to more than zero'

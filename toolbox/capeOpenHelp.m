@@ -41,7 +41,7 @@ function page = firstPage()
 here = fileparts(mfilename('fullpath'));
 above = fileparts(here);
 folders = {fullfile(here, 'html'), fullfile(here, 'doc'), fullfile(above, 'doc'), ...
-           fullfile(above, 'build', 'linux', 'guide')};
+           fullfile(above, 'build', 'linux', 'guide', 'html')};
 page = '';
 for k = 1:numel(folders)
     if exist(fullfile(folders{k}, 'index.html'), 'file')

@@ -37,7 +37,8 @@ function varargout = capeOpenMultiFlash(varargin)
 %
 %   Ctrl-C stops it within about a quarter of a second; capeOpenLastResults
 %   gives the rows that were done until then. What takes longer than two
-%   seconds shows how far it is, but not in scripts.
+%   seconds shows how far it is, but not where nobody sits before it, as in a
+%   job of a queue.
 %
 %   Errors:
 %     'Invalid property package handle'
@@ -80,12 +81,8 @@ function varargout = capeOpenMultiFlash(varargin)
 %
 %   See also capeOpenFlash, capeOpenLastResults, capeOpenFlashPropList, capeOpenWarnings, capeOpenBasis.
 persistent inOctave
-if inOctave % the library refuses there what it can not read
-else
-    [varargin, inOctave] = libraryArguments(varargin);
-end
-if nargin == 7
-    varargin = [varargin(1:6), {'Unspecified'}, varargin(7)];
+if nargin == 7 || ~any(inOctave) % else the library refuses what it can not read
+    [varargin, inOctave] = batchArguments(varargin);
 end
 if max(cellfun('size', varargin, 1)) < 2 % one flash, where each further call would be felt
     try
@@ -96,15 +93,18 @@ if max(cellfun('size', varargin, 1)) < 2 % one flash, where each further call wo
         % as a batch it may be one, and if not, it is said below why
     end
 end
-given = libraryArguments(varargin);
+if inOctave
+    varargin = batchArguments(varargin);
+end
 try
-    if numel(given) ~= 8
-        values = Verdanth(25, given{1:min(end, 7)}, nargout, given{8:end}); % raises an error
+    if numel(varargin) ~= 8
+        values = Verdanth(25, varargin{1:min(end, 7)}, nargout, varargin{8:end}); % raises an error
         varargout = values.';
         return
     end
-    varargout = batchResults(given(2:8), nargout, @(outputs, exact) flashRows(given{1}, given(2:8), outputs, exact));
+    given = varargin(2:8);
+    varargout = batchResults(given, nargout, @(outputs, exact) flashRows(varargin{1}, given, outputs, exact));
 catch problem
-    callAgain(problem, mfilename(), given, []);
+    callAgain(problem, mfilename(), varargin, []);
 end
 end

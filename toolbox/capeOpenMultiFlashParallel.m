@@ -15,7 +15,8 @@ function varargout = capeOpenMultiFlashParallel(manager, package, varargin)
 %     package  text, a name that capeOpenPackageList gives for the manager;
 %             '' for a stand-alone package
 %     Z       overall compositions, double N-by-n or 1-by-n, a column for each
-%             compound: mole fractions, in mass basis mass fractions
+%             compound: mole fractions, in mass basis mass fractions. They may
+%             be given by names, as capeOpenComposition takes them.
 %     name1   first specification: a name that capeOpenFlashPropList gives
 %     values1
 %             its values, double N-by-1 or scalar
@@ -24,7 +25,8 @@ function varargout = capeOpenMultiFlashParallel(manager, package, varargin)
 %             its values, double N-by-1 or scalar
 %     solution
 %             which of several solutions is wanted: 'Unspecified', 'Normal',
-%             'Retrograde' or another word that the package knows
+%             'Retrograde' or another word that the package knows. It may be
+%             left out.
 %     names   what to report: names that capeOpenFlashPropList gives, as a
 %             text with blanks between the names, or a cell array of texts
 %     servers
@@ -71,63 +73,33 @@ if nargin < 2
 end
 p = capeopen.Package(manager, package); % its errors come before any worker starts
 servers = [];
-if nargin == 10
-    servers = varargin{8};
-    varargin(8) = [];
+if nargin == 10 || (nargin == 9 && areServers(varargin{7}))
+    servers = varargin{end};
+    varargin(end) = [];
 end
-given = libraryArguments([{p.Handle}, varargin]);
-varargin = given(2:end);
-if numel(varargin) == 6
-    varargin = [varargin(1:5), {'Unspecified'}, varargin(6)];
-end
-if numel(varargin) ~= 7 || isequal(batchRows(varargin), 1)
-    [varargout{1:max(nargout, 1)}] = capeOpenMultiFlash(p.Handle, varargin{:});
+given = batchArguments([{p.Handle}, varargin]);
+if numel(given) ~= 8 || isequal(batchRows(given(2:8)), 1)
+    [varargout{1:max(nargout, 1)}] = capeOpenMultiFlash(given{:});
     return
 end
-given = varargin;
-job = struct('manager', manager, 'package', package, 'mass', strcmp(capeOpenPropUnit('density'), 'kg / m3'));
+given = given(2:8);
+job = struct('manager', manager, 'package', package, 'mass', capeopen.internal.isMassBasis());
 varargout = batchResults(given, nargout, @(outputs, exact) flash(p.Handle, given, job, servers, outputs, exact));
+end
+
+% Whether this is not a list of names; without the type of solution, servers stand in its place.
+function answer = areServers(x)
+answer = ~ischar(x) && ~iscell(x) && ~isa(x, 'string');
 end
 
 function [values, notes] = flash(handle, given, job, servers, outputs, exact)
 job.outputs = outputs;
-names = nameList(given{7});
+job.exact = exact;
+names = capeopen.internal.namesOf(given{7});
 job.names = names(1:min(outputs, end)); % the next one is a text
-helpers = @(batch, seconds) onWorkers(job, batch, given, seconds, servers);
+helpers = @(batch, seconds) flashOnWorkers(job, batch, given, seconds, servers);
 [values, notes] = flashRows(handle, given, outputs, exact, helpers);
 if ~exact && ~isempty(notes) && ~warningsAreOn(handle, given) % those of the workers are
     notes = [];
-end
-end
-
-% Looks for workers no sooner than there is work for them.
-function onWorkers(job, batch, given, seconds, servers)
-workers = numberOfWorkers(servers);
-if workers > 1
-    job.batch = batch;
-    flashOnWorkers(job, given, seconds, workers, servers);
-end
-end
-
-% 1 where nothing runs beside this process.
-function workers = numberOfWorkers(servers)
-workers = 1;
-if exist('OCTAVE_VERSION', 'builtin')
-    if ~exist('parcellfun', 'file')
-        try
-            pkg('load', 'parallel');
-        catch
-            return % it is not installed
-        end
-    end
-    workers = nproc();
-    if ~isempty(servers)
-        workers = max(2, workers * (numel(servers) - 1)); % the first is this machine
-    end
-elseif exist('gcp', 'file')
-    pool = gcp();
-    if ~isempty(pool)
-        workers = pool.NumWorkers;
-    end
 end
 end

@@ -62,7 +62,7 @@ end
 end
 
 function values = converted(values, from, to)
-if strcmp(from, to)
+if strcmp(from, to) && isOdd(from)
     return
 end
 [factor, dimension, offset] = unitOf(from);
@@ -71,4 +71,9 @@ if ~isequal(dimension, other)
     error('Verdanth:error', '"%s" and "%s" do not measure the same', from, to);
 end
 values = (values * factor + (offset - less)) / divisor;
+end
+
+% What the library names beside units of SI: fractions, and those of the radius of gyration and of the parachor.
+function answer = isOdd(unit)
+answer = any(strcmp(unit, {'mole fraction', 'mass fraction', 'M', 'm3 kg0.25 / (s 0.5 mol)'}));
 end

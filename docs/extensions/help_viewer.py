@@ -5,26 +5,25 @@ import pathlib
 
 from sphinxcontrib.htmlhelp import HTMLHelpBuilder
 
+from contents import pages_in_order
+
 
 class HelpViewerBuilder(HTMLHelpBuilder):
     """The contents that Sphinx writes leave out what a page does not show, as our first page does with its parts."""
 
     def build_toc_file(self):
-        lines = ['<!DOCTYPE HTML PUBLIC "-//IETF//DTD HTML//EN">', "<HTML><HEAD></HEAD><BODY>", "<UL>"]
-        lines += self._item(self.config.root_doc) + self._pages_below(self.config.root_doc) + ["</UL>", "</BODY></HTML>", ""]
-        self._write(".hhc", "\n".join(lines))
+        lines = ['<!DOCTYPE HTML PUBLIC "-//IETF//DTD HTML//EN">', "<HTML><HEAD></HEAD><BODY>"]
+        reached = 0
+        for depth, page in pages_in_order(self.env, self.config.root_doc):
+            level = max(depth, 1)  # the first page stands beside those below it
+            lines += ["<UL>"] * (level - reached) + ["</UL>"] * (reached - level) + self._item(page)
+            reached = level
+        self._write(".hhc", "\n".join([*lines, *["</UL>"] * reached, "</BODY></HTML>", ""]))
 
     def build_project_file(self):
         super().build_project_file()
         project = pathlib.Path(self.outdir) / (self.config.htmlhelp_basename + ".hhp")
         self._write(".hhp", project.read_text(encoding="ascii").replace("\\", "/"))
-
-    def _pages_below(self, page):
-        lines = []
-        for below in self.env.toctree_includes.get(page, ()):
-            nested = self._pages_below(below)
-            lines += self._item(below) + (["<UL>", *nested, "</UL>"] if nested else [])
-        return lines
 
     def _item(self, page):
         title = html.escape(self.env.titles[page].astext())

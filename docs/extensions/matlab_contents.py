@@ -3,27 +3,20 @@
 import pathlib
 import xml.etree.ElementTree
 
-
-def item(env, parent, page):
-    element = xml.etree.ElementTree.SubElement(parent, "tocitem", target=page + ".html")
-    element.text = env.titles[page].astext()
-    return element
-
-
-def add_pages_below(env, parent, page):
-    for below in env.toctree_includes.get(page, ()):
-        add_pages_below(env, item(env, parent, below), below)
+from contents import pages_in_order
 
 
 def write(app, problem):
     if problem or app.builder.name != "html":
         return
-    contents = xml.etree.ElementTree.Element("toc", version="2.0")
-    first = app.config.root_doc
-    add_pages_below(app.env, item(app.env, contents, first), first)
-    xml.etree.ElementTree.indent(contents)
+    above = [xml.etree.ElementTree.Element("toc", version="2.0")]
+    for depth, page in pages_in_order(app.env, app.config.root_doc):
+        item = xml.etree.ElementTree.SubElement(above[depth], "tocitem", target=page + ".html")
+        item.text = app.env.titles[page].astext()
+        above[depth + 1:] = [item]
+    xml.etree.ElementTree.indent(above[0])
     path = pathlib.Path(app.outdir) / "helptoc.xml"
-    xml.etree.ElementTree.ElementTree(contents).write(path, encoding="utf-8", xml_declaration=True)
+    xml.etree.ElementTree.ElementTree(above[0]).write(path, encoding="utf-8", xml_declaration=True)
 
 
 def setup(app):

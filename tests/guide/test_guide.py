@@ -174,7 +174,7 @@ class Guide(unittest.TestCase):
 
 
 def texts_in_the_sources():
-    """What the library and the functions say: the texts in their sources, those joined that stand behind each other."""
+    """What the library says: the texts in its sources, those joined that stand behind each other."""
     folders = ("gateway", "commands", "packages", "properties", "material", "cape", "relay", "platform")
     code = "".join(path.read_text(encoding="utf-8") for folder in folders for path in sorted((SOURCE / folder).rglob("*.cpp")))
     return "\n".join(re.findall(r'"((?:[^"\\\n]|\\.)*)"', re.sub(r'"\s+"', "", code))).replace('\\"', '"')

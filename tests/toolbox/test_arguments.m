@@ -88,6 +88,17 @@ function strings_are_text(~)
     check(strcmp(capeOpenPropUnit('density'), 'kg / m3'), 'basis');
     r = p.flash({s('methane'), 0.5, s('ethane'), 0.5}, 'Temperature', 300, 'Pressure', 1e5);
     check(max(abs(r.compositions - [0.5 0.5 zeros(1, 9)])) < 1e-12, 'names of compounds');
+    expected = r.compositions;
+    r = p.flash({s({'methane', 'ethane'}), [0.5 0.5]}, 'Temperature', 300, 'Pressure', 1e5);
+    check(isequal(r.compositions, expected), 'an array of names of compounds');
+    r = p.flash({{s('methane'), 'ethane'}, [0.5 0.5]}, 'Temperature', 300, 'Pressure', 1e5);
+    check(isequal(r.compositions, expected), 'a cell array of names of compounds with both');
+    t = p.multiflash(Z, 'Temperature', 220, 'Pressure', 4e6, {s('vaporFraction'), 'enthalpy'}, 'Table', true);
+    check(isequal(t.Properties.VariableNames, {'Temperature', 'Pressure', 'vaporFraction', 'enthalpy'}), 'names of a table');
+    p.Units = {s('bar'), 'degC'};
+    check(iscellstr(p.Units) && isequal(p.Units, {'bar', 'degC'}), 'units');
+    p.Units = s({'bar', 'degC'});
+    check(isequal(p.Units, {'bar', 'degC'}), 'an array of units');
     capeOpenWarnings(s('off'));
 end
 
@@ -156,6 +167,8 @@ function what_is_no_composition_is_told(toolbox)
         'Composition', '"..." may be ...', @() capeOpenComposition(h, {'C4H10', 1, 'methane', 1})
         'Composition', 'The compound "..." is there twice', @() capeOpenComposition(h, struct('CH4', 1, 'methane', 1))
         'Composition', '... names of compounds, but ... amounts', @() capeOpenComposition(h, {{'methane', 'ethane'}, [1 2 3]})
+        'Composition', 'The compound "..." has ... amounts in a composition of ...', @() capeOpenComposition(h, struct('methane', [1; 2; 3], 'ethane', [1; 2]))
+        'Composition', 'The compound "..." has ... amounts in a composition of ...', @() capeOpenComposition(h, {'methane', [], 'ethane', 1})
         'Composition', 'A composition by names has a name and an amount for each compound', @() capeOpenComposition(h, {'methane', 1, 'ethane'})
         'Composition', 'Amounts of a composition that is normalized have to add up to more than zero', @() capeOpenComposition(h, struct('methane', 0), 'normalized')
         'Composition', 'Expected ''normalized'' or nothing behind the amounts', @() capeOpenComposition(h, struct('methane', 1), 'normal')
@@ -165,6 +178,8 @@ function what_is_no_composition_is_told(toolbox)
     check_messages(toolbox, cases);
     message = message_of(@() capeOpenComposition(h, struct('metane', 1)));
     check(strcmp(message, sprintf('The package has no compound "metane"\n  Near it there are methane, ethane')), '%s', message);
+    message = message_of(@() capeOpenComposition(h, struct('methane', [1; 2; 3], 'ethane', [1; 2])));
+    check(strcmp(message, 'The compound "ethane" has 2 amounts in a composition of 3 rows'), '%s', message);
     message = message_of(@() capeOpenComposition(h, struct('C4H10', 1)));
     check(strcmp(message, '"C4H10" may be n-butane or isobutane'), '%s', message);
 end

@@ -157,6 +157,11 @@ function texts_come_from_the_library_even_without_warnings(~)
     check(~isempty(lastwarn()), 'warnings stay off');
     [v, text] = capeOpenMultiFlash(h, Z, 'Temperature', -3, 'Pressure', 40e5, 'Unspecified', 'vaporFraction');
     check(isnan(v) && isequal(text, texts(5)), 'a single row');
+    given{8} = {'vaporFraction enthalpy', 'entropy'};
+    [~, ~, s] = capeOpenMultiFlash(given{:});
+    check(isa(s, 'double'), 'a third name in a cell with two names');
+    [~, ~, ~, found] = capeOpenMultiFlash(given{:});
+    check(isequal(found, texts), 'behind three names');
     message = words_of(@() nthargout(1:3, @capeOpenMultiFlash, h, Z, 'Temperature', T, 'Pressure', 1e5, '', 'enthalpy'));
     check(strcmp(message, 'Too many output arguments'), 'two more outputs: %s', message);
 end
@@ -181,6 +186,37 @@ function states_of_warnings_stay(~)
         silent = strcmp(before.Verdanth_warning.state, 'off');
         check(strcmp(text, 'some words') == silent && strcmp(id, 'Some:id') == silent, '%s after %s %s', text, words{1}{:});
     end
+end
+
+% They look for the row of a warning only where there is to be a text for each.
+function workers_calculate_rows_once_unless_texts_are_asked_for(~)
+    global sizes_of_calls
+    warning('off', 'Octave:shadowed-function');
+    use_slow_library(1e-4);
+    batch((1:100).', 1); % reads what Octave would warn of where it looks like MATLAB
+    sizes_of_calls = [];
+    addpath(fullfile(fileparts(mfilename('fullpath')), 'matlab_pool'));
+    T = mod((1:20000).', 400);
+    T(500:1000:end) = -3;
+    T(100:1000:end) = 1000;
+    given = {'manager', 'package', 1, 'Temperature', T, 'Pressure', 2, '', 'enthalpy'};
+    expected = T;
+    expected(T < 0) = NaN;
+    lastwarn('');
+    evalc('found = capeOpenMultiFlashParallel(given{:});');
+    check(isequaln(found, expected), 'results');
+    check(sum(sizes_of_calls) == numel(T) + 1, '%d rows for %d, and one to see whether warnings are on', sum(sizes_of_calls), numel(T));
+    lines = strsplit(lastwarn(), '\n');
+    check(numel(lines) == 5 && strcmp(lines{1}, 'CAPE-OPEN: Flash failed in 20 of 20000 rows, which specify Temperature and Pressure:') ...
+          && strcmp(lines{3}, 'Other warnings of the package, 20 in 20000 rows:'), '%s', lastwarn());
+    places = regexp(lines{2}, '\d+', 'match');
+    check(isequal(str2double(places(2:4)), [500 1500 2500]), '%s', lines{2});
+    lastwarn('');
+    evalc('[found, texts] = capeOpenMultiFlashParallel(given{:});');
+    check(isequaln(found, expected) && isempty(lastwarn()), 'results with texts');
+    failed = strncmp(texts, 'Flash failed at -3, 2: ', 23);
+    warned = strcmp(texts, 'Failed to calculate post-flash Vapor properties: out of range');
+    check(isequal(failed, T < 0) && isequal(warned, T == 1000) && nnz(~cellfun('isempty', texts)) == 40, 'texts');
 end
 
 function rows_before_an_error_are_kept(~)

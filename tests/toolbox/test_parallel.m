@@ -109,6 +109,9 @@ end
 
 function workers_do_what_is_long_and_rows_fail_as_without_them(~)
     if nproc() > 1
+        pkg('load', 'parallel');
+        quiet = @(x) warning('off', 'Verdanth:warning'); % something else has left it so in the workers
+        parcellfun(nproc(), quiet, num2cell(1:8 * nproc()), 'UniformOutput', false);
         check_many_rows();
         check(numel(workers()) == nproc(), '%d workers', numel(workers()));
     end
@@ -129,6 +132,19 @@ function rows_of_a_matlab_pool_that_is_lost_are_done_by_others(~)
     check(numel(strfind(shown, words)) == 1, '%s', shown);
 end
 
+% The first pool has forty workers, the second three: they take larger blocks.
+function blocks_after_a_loss_are_for_the_workers_there_are(~)
+    global messages_left size_of_pool
+    warning('off', 'Octave:shadowed-function');
+    addpath(fullfile(fileparts(mfilename('fullpath')), 'matlab_pool'));
+    given = many_rows(2.5);
+    [manager, package] = natural_gas();
+    messages_left = 4;
+    size_of_pool = [40 3];
+    evalc('capeOpenMultiFlashParallel(manager, package, given{:});');
+    check(messages_left < 0 && messages_left > -60, '%d blocks for three workers, 160 for forty', -messages_left);
+end
+
 function messages_of_a_matlab_pool_that_come_late_do_no_harm(~)
     global late_messages
     warning('off', 'Octave:shadowed-function');
@@ -143,6 +159,22 @@ function messages_of_a_matlab_pool_that_come_late_do_no_harm(~)
     check(numel(late_messages) > 3, '%d messages', numel(late_messages));
     evalc('found = capeOpenMultiFlashParallel(manager, package, given{:});');
     check(isequaln(found, expected), 'results');
+end
+
+% Others cut what is left into blocks of another size, and then messages of the first ones come.
+function late_messages_of_a_matlab_pool_that_is_lost_do_no_harm(~)
+    global messages_left late_messages size_of_pool
+    size_of_pool = [12 12]; % their number cuts the blocks then, not the time
+    warning('off', 'Octave:shadowed-function');
+    addpath(fullfile(fileparts(mfilename('fullpath')), 'matlab_pool'));
+    given = many_rows(2.5);
+    [manager, package] = natural_gas();
+    evalc('expected = capeOpenMultiFlashParallel(manager, package, given{:});');
+    messages_left = 6;
+    late_messages = {};
+    evalc('found = capeOpenMultiFlashParallel(manager, package, given{:});');
+    check(messages_left < 0, 'the pool was not lost');
+    check(isequaln(found, expected), '%d rows instead of %d', size(found, 1), size(expected, 1));
 end
 
 function what_is_short_is_done_without_workers(~)
@@ -187,6 +219,24 @@ function on_servers_results_are_the_same(~)
     shown = evalc('[found{:}] = capeOpenMultiFlashParallel(manager, package, given{:}, servers);');
     check(isequaln(found, expected), 'results after the loss of a server');
     check(numel(strfind(shown, 'CAPE-OPEN: A worker was lost')) == 1, '%s', shown);
+end
+
+function arguments_are_those_of_the_serial_function(~)
+    [manager, package] = natural_gas();
+    flash = @(varargin) capeOpenMultiFlashParallel(manager, package, varargin{:});
+    Z = struct('methane', 0.9, 'ethane', 0.1);
+    T = (180:10:300).';
+    h = capeOpenCreate(manager, package);
+    expected = capeOpenMultiFlash(h, Z, 'Temperature', T, 'Pressure', 40e5, 'Unspecified', 'enthalpy');
+    capeOpenRelease(h);
+    for servers = {{}, {[]}}
+        given = {Z, 'Temperature', T, 'Pressure', 40e5};
+        check(isequal(flash(given{:}, 'enthalpy', servers{1}{:}), expected), 'without solution');
+        check(isequal(flash(given{:}, {'enthalpy'}, servers{1}{:}), expected), 'without solution, a cell');
+        check(isequal(flash(given{:}, 'Normal', 'enthalpy', servers{1}{:}), expected), 'with solution');
+    end
+    given{3} = T(end);
+    check(isequal(flash(given{:}, 'enthalpy', []), expected(end)), 'one row');
 end
 
 function muted(action)

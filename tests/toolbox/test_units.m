@@ -49,9 +49,100 @@ function units_are_converted(~)
     check(isa(capeOpenUnits(single(1), 'bar', 'Pa'), 'double'), 'class');
     units = capeOpenUnits();
     check(iscellstr(units) && all(ismember({'bar', 'degC', 'kJ'}, units)) && numel(unique(units)) == numel(units), 'list');
-    for unit = units.'
-        check(near(capeOpenUnits(capeOpenUnits(7, unit{1}, unit{1}), unit{1}, unit{1}), 7), '%s', unit{1});
+end
+
+% What each is in SI, as the brochure of the BIPM, NIST's Special Publication 811 and, for mmHg, ISO 80000-4 tell.
+function every_unit_is_what_is_published(~)
+    published = {
+        'kg', 1, 'kg'
+        'g', 1e-3, 'kg'
+        'gr', 1e-3, 'kg'
+        'mg', 1e-6, 'kg'
+        't', 1000, 'kg'
+        'lb', 0.45359237, 'kg'
+        'm', 1, 'm'
+        'km', 1000, 'm'
+        'cm', 0.01, 'm'
+        'mm', 0.001, 'm'
+        'ft', 0.3048, 'm'
+        'in', 0.0254, 'm'
+        'l', 0.001, 'm3'
+        'ml', 1e-6, 'm3'
+        's', 1, 's'
+        'min', 60, 's'
+        'h', 3600, 's'
+        'd', 86400, 's'
+        'K', 1, 'K'
+        'degC', 1, 'K'
+        'degF', 0.555555555555556, 'K'
+        'degR', 0.555555555555556, 'K'
+        'mol', 1, 'mol'
+        'mmol', 0.001, 'mol'
+        'kmol', 1000, 'mol'
+        'lbmol', 453.59237, 'mol'
+        'N', 1, 'kg m / s2'
+        'mN', 0.001, 'kg m / s2'
+        'kN', 1000, 'kg m / s2'
+        'dyn', 1e-5, 'kg m / s2'
+        'Pa', 1, 'kg / m s2'
+        'hPa', 100, 'kg / m s2'
+        'kPa', 1000, 'kg / m s2'
+        'MPa', 1e6, 'kg / m s2'
+        'mbar', 100, 'kg / m s2'
+        'bar', 1e5, 'kg / m s2'
+        'atm', 101325, 'kg / m s2'
+        'Torr', 133.322368421053, 'kg / m s2'
+        'mmHg', 133.322387415, 'kg / m s2'
+        'psi', 6894.757293168, 'kg / m s2'
+        'J', 1, 'kg m2 / s2'
+        'kJ', 1000, 'kg m2 / s2'
+        'MJ', 1e6, 'kg m2 / s2'
+        'GJ', 1e9, 'kg m2 / s2'
+        'cal', 4.184, 'kg m2 / s2'
+        'kcal', 4184, 'kg m2 / s2'
+        'Btu', 1055.05585262, 'kg m2 / s2'
+        'Wh', 3600, 'kg m2 / s2'
+        'kWh', 3.6e6, 'kg m2 / s2'
+        'W', 1, 'kg m2 / s3'
+        'mW', 0.001, 'kg m2 / s3'
+        'kW', 1000, 'kg m2 / s3'
+        'MW', 1e6, 'kg m2 / s3'
+        'P', 0.1, 'kg / m s'
+        'cP', 0.001, 'kg / m s'
+    };
+    for k = 1:size(published, 1)
+        [unit, value, SI] = published{k, :};
+        found = capeOpenUnits(1, [unit ' mol'], ['mol ' SI]); % next to another a temperature is a difference
+        check(abs(found / value - 1) < 1e-13, '%s is %.15g %s', unit, found, SI);
     end
+    alone = {'C'}; % no other measures the same
+    check(isequal(sort(capeOpenUnits()), sort([published(:, 1); alone])), 'units without a row, or rows without a unit');
+    for unit = published(:, 3).'
+        message = message_of(@() capeOpenUnits(1, 'C', unit{1}));
+        check(strcmp(message, sprintf('"C" and "%s" do not measure the same', unit{1})), '%s', message);
+    end
+    zeros_of_scales = {'degC', 273.15; 'degF', 255.372222222222; 'degR', 0};
+    for k = 1:3
+        found = capeOpenUnits(0, zeros_of_scales{k, 1}, 'K');
+        check(abs(found - zeros_of_scales{k, 2}) < 1e-10, '0 %s is %.15g K', zeros_of_scales{k, 1}, found);
+    end
+end
+
+% Also those that can not be converted, so that scripts may ask for the unit that they have.
+function every_unit_of_the_library_is_itself(~)
+    p = opened();
+    h = p.Handle;
+    lists = {@capeOpenConstantPropList, @capeOpenTDependentPropList, @capeOpenPDependentPropList, ...
+             @capeOpenSinglePhasePropList, @capeOpenTwoPhasePropList, @capeOpenFlashPropList};
+    names = cellfun(@(list) reshape(list(h), [], 1), lists, 'UniformOutput', false);
+    names = [vertcat(names{:}); {'parachor'; 'gyrationRadius'; 'fraction'; 'phaseFraction'; 'fugacity.Dpressure'}];
+    units = cellfun(@capeOpenPropUnit, names, 'UniformOutput', false);
+    capeOpenBasis('mass'); % in which derivatives by amounts have none
+    units = [units; cellfun(@capeOpenPropUnit, {'fraction'; 'enthalpy'; 'density'}, 'UniformOutput', false)];
+    for unit = unique(units).'
+        check(isequal(capeOpenUnits([3 5], unit{1}, unit{1}), [3 5]), '%s', unit{1});
+    end
+    check(all(ismember({'', 'M', 'mole fraction', 'mass fraction', 'Pa / Pa', 'kg / m3'}, units)), 'units: %s', strjoin(unique(units).', ', '));
 end
 
 function units_are_chosen(~)
@@ -77,6 +168,10 @@ end
 function what_is_no_unit_is_told(toolbox)
     cases = {
         'Units', 'Not a known unit: "..."', @() capeOpenUnits(1, 'Bar', 'Pa')
+        'Units', 'Not a known unit: "..."', @() capeOpenUnits(1, 'nonsense', 'nonsense')
+        'Units', 'Not a known unit: "..."', @() capeOpenUnits(1, 'm-', 'm')
+        'Units', 'Not a known unit: "..."', @() capeOpenUnits(1, 'm^', 'm')
+        'Units', 'Not a known unit: "..."', @() capeOpenUnits(1, 'molefraction', 'molefraction')
         'Units', 'Not a known unit: "..."', @() capeOpenUnits('J / mol', {'kJ / mol'})
         'Units', 'Not a known unit: "..."', @() capeOpenUnits(1, 'm3 kg0.25 / (s 0.5 mol)', 'Pa')
         'Units', '"..." and "..." do not measure the same', @() capeOpenUnits(1, 'bar', 'K')
@@ -117,6 +212,9 @@ function an_object_has_its_units(~)
     check(isequal(q.constant('chemicalFormula'), p.constant('chemicalFormula')), 'text');
     [T, H] = q.multiflash(Z, 'Temperature', [-60; -53.15], 'Pressure', 40, 'Temperature enthalpy');
     check(near(T, [-60; -53.15]) && near(H(2), h), 'multiflash');
+    [T, H, texts] = q.multiflash(Z, 'Temperature', [-60; -300], 'Pressure', 40, 'Temperature enthalpy');
+    check(near(T(1), -60) && isnan(H(2)) && isempty(texts{1}), 'multiflash with texts');
+    check(strncmp(texts{2}, 'Flash failed at -26.85, 4e+06: ', 31), '%s', texts{2});
     q.Units = 'atm';
     s = q.flash(Z, 'Temperature', 220, 'Pressure', 4e6 / 101325);
     check(near([s.T s.P], [220 4e6 / 101325]) && near(s.fractions, r.fractions), 'Units set later');

@@ -149,6 +149,26 @@ function near_names_are_told(~)
     check(strcmp(said, '''vaporPresure'': near it there is vaporPressure'), '%s', said);
 end
 
+% In Octave each comparison of two names takes milliseconds.
+function names_of_other_lengths_are_not_compared(~)
+    h = opened();
+    [~, ~, Z] = natural_gas();
+    lengths = cellfun(@numel, capeOpenSinglePhasePropList(h));
+    expected = nnz(abs(lengths - numel('densitty')) <= 2);
+    check(expected > 0 && expected < numel(lengths) / 4, '%d of %d names', expected, numel(lengths));
+    calls = calls_of('nearNames>editDistance', @() capeOpenSinglePhaseProp(h, 'densitty', 300, 1e5, Z, 'Vapor'));
+    check(calls == expected, '%d names were compared, not %d', calls, expected);
+end
+
+% How often an action that fails calls a function.
+function calls = calls_of(name, action)
+    profile('on');
+    message_of(action);
+    profile('off');
+    info = profile('info');
+    calls = sum([info.FunctionTable(strcmp({info.FunctionTable.FunctionName}, name)).NumCalls]);
+end
+
 function lists_of_names_are_explained(~)
     h = opened();
     [~, ~, Z] = natural_gas();
@@ -159,9 +179,23 @@ function lists_of_names_are_explained(~)
         @() numel(capeOpenSinglePhaseProp(h, {}, 300, 1e5, Z, 'Vapor')), {'Too many output arguments', 'The list of names is empty'}
         @() numel(capeOpenSinglePhaseProp(h, ' ', 300, 1e5, Z, 'Vapor')), {'Too many output arguments', 'The list of names is empty'}
         @() deal_two(h, Z), {'Too many output arguments', 'One result for each name: there is 1 name'}
+        @() four_results(h, Z), ...
+            {'Too many output arguments', 'One result for each name: there are 2 names'}
         @() three_results(h, names, T, Z), {['Property calculations cannot be performed at multiple conditions if any ' ...
             'property has matrix dimensions'], 'A value for each pair of compounds: diffusionCoefficient, fugacity.DmolFraction'}
+        @() three_of_two_phases(h, T, Z), {['Property calculations cannot be performed at multiple conditions if any ' ...
+            'property has matrix dimensions'], 'A value for each pair of compounds: kvalue.DmolFraction'}
     });
+    calls = calls_of('explanation', @() three_results(h, names, T, Z));
+    check(calls == 1, 'explained %d times', calls);
+end
+
+function four_results(h, Z)
+    [a, b, c, d] = capeOpenMultiFlash(h, Z, 'Temperature', 300, 'Pressure', 1e5, 'enthalpy entropy');
+end
+
+function three_of_two_phases(h, T, Z)
+    [a, b] = capeOpenTwoPhaseProp(h, 'kvalue kvalue.DmolFraction', T, 1e5, Z, Z, 'Vapor', 'Liquid');
 end
 
 function deal_two(h, Z)
@@ -215,14 +249,16 @@ function errors_without_identifier_get_the_librarys(toolbox)
     check_lines({@() capeOpenConstantPropList(int32(3)), {failure.message}});
 end
 
-% The functions alone, in a folder in which the guide lies or not, and a browser that is none.
+% The functions alone, with the guide in each place where it may lie, and a browser that is none.
 function the_guide_is_opened_or_told(toolbox)
-    global opened_in_browser
-    folder = tempname();
-    clean_up = onCleanup(@() remove(folder));
+    above = tempname();
+    clean_up = onCleanup(@() remove(above));
+    folder = fullfile(above, 'toolbox');
+    mkdir(above);
     mkdir(folder);
     copyfile(fullfile(toolbox, '*.m'), folder);
     copyfile(fullfile(toolbox, 'private'), folder);
+    copyfile(fullfile(toolbox, '+capeopen'), folder);
     rmpath(toolbox);
     warning('off', 'Octave:shadowed-function');
     addpath(folder, fullfile(fileparts(mfilename('fullpath')), 'browser'));
@@ -230,8 +266,16 @@ function the_guide_is_opened_or_told(toolbox)
         @() capeOpenHelp(), {'Failed to load help file'}
         @() capeOpenHelp(1), {'Invalid number of arguments for Verdanth', 'capeOpenHelp takes 0 arguments, and 1 came:', 'capeOpenHelp()'}
     });
-    mkdir(folder, 'doc');
-    page = fullfile(folder, 'doc', 'index.html');
+    for place = {fullfile(folder, 'html'), fullfile(folder, 'doc'), fullfile(above, 'doc'), ...
+                 fullfile(above, 'build', 'linux', 'guide', 'html')}
+        check_guide_in(place{1});
+    end
+end
+
+function check_guide_in(folder)
+    global opened_in_browser
+    system(sprintf('mkdir -p "%s"', folder));
+    page = fullfile(folder, 'index.html');
     fclose(fopen(page, 'w'));
     for screen = {'', ':7'}
         setenv('WAYLAND_DISPLAY', '');
@@ -242,6 +286,7 @@ function the_guide_is_opened_or_told(toolbox)
         expected = {'', ['file://' page]}{1 + ~isempty(screen{1})};
         check(strcmp(opened_in_browser, expected), 'browser: %s', opened_in_browser);
     end
+    remove(folder);
 end
 
 function remove(folder)

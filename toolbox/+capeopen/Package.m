@@ -150,6 +150,7 @@ classdef Package < handle
         end
 
         function set.Units(self, units)
+            units = capeopen.internal.charsOf(units);
             if ~iscell(units)
                 units = cellstr(units);
             end
@@ -310,7 +311,7 @@ classdef Package < handle
                 return
             end
             names = capeopen.internal.namesOf(names);
-            for k = 1:numel(values)
+            for k = 1:min(numel(values), numel(names)) % behind the values of a batch there may be texts
                 values{k} = self.converted(values{k}, names{k}, false);
             end
         end

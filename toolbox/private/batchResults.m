@@ -3,7 +3,7 @@ function results = batchResults(given, outputs, flash)
 %
 %   GIVEN are the arguments of capeOpenMultiFlash behind the handle. [values, notes] = flash(count, exact) calculates.
 %   One output more than there are names is a text for each row; otherwise a warning tells what there is to tell.
-withTexts = outputs > 1 && outputs == numel(nameList(given{7})) + 1;
+withTexts = outputs > 1 && outputs == numel(capeopen.internal.namesOf(given{7})) + 1;
 [values, notes] = flash(max(outputs, 1) - withTexts, withTexts);
 results = num2cell(values, 1);
 if withTexts

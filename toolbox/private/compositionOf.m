@@ -4,8 +4,8 @@ function Z = compositionOf(handle, amounts)
 %   Z = compositionOf(handle, amounts)
 %
 %   AMOUNTS is a struct with a field for each compound, a cell array {name, amount, name, amount, ...}, or one
-%   {names, amounts}. Compounds that are not named get 0. An amount may be a column, for as many rows. Nothing is
-%   normalized.
+%   {names, amounts}. Compounds that are not named get 0. An amount may be a column, for as many rows, the same number
+%   in all columns. Nothing is normalized.
 if isstruct(amounts)
     names = fieldnames(amounts);
     values = struct2cell(amounts);
@@ -31,7 +31,14 @@ if numel(unique(index)) < numel(index)
     twice = find(accumarray(index(:), 1) > 1, 1);
     error('Verdanth:error', 'The compound "%s" is there twice', names{find(index == twice, 1, 'last')});
 end
-Z = zeros(max([1; cellfun(@numel, values(:))]), numel(capeOpenCompoundList(handle)));
+counts = cellfun(@numel, values(:));
+rows = max([1; counts]);
+odd = find(counts ~= 1 & counts ~= rows, 1);
+if ~isempty(odd)
+    error('Verdanth:error', 'The compound "%s" has %d amounts in a composition of %d %s', names{odd}, counts(odd), ...
+          rows, plural(rows, 'row'));
+end
+Z = zeros(rows, numel(capeOpenCompoundList(handle)));
 for k = 1:numel(index)
     Z(:, index(k)) = double(values{k}(:));
 end

@@ -6,7 +6,7 @@ function drawBinaryDiagram(handle, compound, vapors, liquids, unit, axisTitle, h
 names = {'boiling liquid', 'saturated vapor', 'two liquids', 'three phases'};
 styles = {'b-', 'r-', 'g-', 'k--'};
 data = cell(1, 4);
-mass = strcmp(capeOpenPropUnit('density'), 'kg / m3');
+mass = capeopen.internal.isMassBasis();
 for branch = vapors
     [x, level, y] = branch.smooth{:};
     data{1} = [data{1}; x, level; NaN, NaN];

@@ -141,7 +141,7 @@ end
 end
 
 function text = moreResultsThanNames(call)
-count = numel(namesIn(call));
+count = numel(namesIn(call, 'names'));
 if count == 0
     text = 'The list of names is empty';
 else
@@ -150,7 +150,8 @@ end
 end
 
 function lines = unknownNames(call)
-[wanted, list] = namesIn(call);
+wanted = namesIn(call, 'name\w*');
+list = listFor(call.name);
 known = {};
 if ~isempty(list)
     known = feval(list, call.given{1});
@@ -175,11 +176,12 @@ end
 
 function text = namesOfMatrices(call)
 matrices = {};
-for name = namesIn(call)
+command = 22 + strcmp(call.name, 'capeOpenTwoPhaseProp');
+for name = namesIn(call, 'names')
     one = call.given;
     one{2} = name{1};
     try
-        feval(call.name, one{:}); % this is refused before anything is calculated
+        Verdanth(command, 1, one{:}); % this is refused before anything is calculated
     catch problem
         if strncmp(problem.message, 'Property calculations cannot', 28)
             matrices(end + 1) = name; %#ok<AGROW>
@@ -226,8 +228,17 @@ which = find(~cellfun('isempty', regexp(call.labels, '^([TPZX]|X\d|values?\d)$',
 which = which(which <= numel(call.given));
 end
 
-% The names that are asked for or specified, and the function that lists those there are; '' if none does.
-function [wanted, list] = namesIn(call)
+% The names in the arguments that the usage calls so.
+function names = namesIn(call, label)
+which = find(~cellfun('isempty', regexp(call.labels, ['^' label '$'], 'once')));
+names = cell(1, 0);
+for k = which(which <= numel(call.given))
+    names = [names, capeopen.internal.namesOf(call.given{k})]; %#ok<AGROW>
+end
+end
+
+% The function that lists the names there are for another; '' if none does.
+function list = listFor(name)
 lists = {'capeOpenSinglePhaseProp', 'capeOpenSinglePhasePropList'
          'capeOpenTwoPhaseProp', 'capeOpenTwoPhasePropList'
          'capeOpenTDependentProp', 'capeOpenTDependentPropList'
@@ -235,13 +246,5 @@ lists = {'capeOpenSinglePhaseProp', 'capeOpenSinglePhasePropList'
          'capeOpenConstant', 'capeOpenConstantPropList'
          'capeOpenFlash', 'capeOpenFlashPropList'
          'capeOpenMultiFlash', 'capeOpenFlashPropList'};
-list = [lists{strcmp(lists(:, 1), call.name), 2}];
-wanted = {};
-for k = find(strncmp(call.labels, 'name', 4))
-    if ischar(call.given{k}) || iscellstr(call.given{k}) %#ok<ISCLSTR>
-        names = cellstr(call.given{k});
-        wanted = [wanted, strsplit(strjoin(names(:).', ' '), ' ')]; %#ok<AGROW>
-    end
-end
-wanted = wanted(~cellfun('isempty', wanted));
+list = [lists{strcmp(lists(:, 1), name), 2}];
 end

@@ -1,19 +1,25 @@
-function flashOnWorkers(job, given, secondsPerRow, workers, servers)
+function flashOnWorkers(job, batch, given, secondsPerRow, servers)
 %flashOnWorkers  Has workers calculate the rows that keptRows has left, and adds to it what they did.
 %
-%   JOB has what is the same for all blocks, see capeopen.internal.flashBlock. WORKERS is their number, SERVERS their
-%   connections; [] for the workers of this machine or of the pool.
+%   JOB has what is the same for all blocks, see capeopen.internal.flashBlock, but for their BATCH. SERVERS are the
+%   connections to them; [] for the workers of this machine or of the pool. Where there are none, nothing is done.
+job.batch = batch;
+take = @(outcome) kept(outcome, given);
 for attempt = 1:2 % the second with workers in the place of those that were lost
     left = keptRows('left');
     if isempty(left)
         return
     end
+    workers = numberOfWorkers(servers); % looked for no sooner than there is work for them
+    if workers < 2
+        return
+    end
     try
         jobs = jobsFor(job, given, left, secondsPerRow, workers);
         if exist('OCTAVE_VERSION', 'builtin')
-            onOctave(jobs, workers, servers);
+            onOctave(jobs, workers, servers, take);
         else
-            onPool(jobs);
+            onPool(jobs, take);
         end
         return
     catch problem
@@ -39,17 +45,18 @@ for k = 1:size(left, 1)
 end
 end
 
-function onOctave(jobs, workers, servers)
+function onOctave(jobs, workers, servers, take)
 if exist('OCTAVE_VERSION', 'builtin')
     try
         if isempty(servers)
-            taken(parcellfun(workers, @capeopen.internal.flashBlock, jobs, 'CumFunc', @taken), []);
+            together = @(one, other) taken(one, other, take);
+            together(parcellfun(workers, @capeopen.internal.flashBlock, jobs, 'CumFunc', together), []);
         else
             reval(pathForServers(), servers);
             for k = 1:4 * workers:numel(jobs) % what servers have done comes back with the last of a call
                 some = jobs(k:min(k + 4 * workers - 1, end));
                 outcomes = netcellfun(servers, @(job) capeopen.internal.flashBlock(job), some, 'UniformOutput', false);
-                cellfun(@take, outcomes);
+                cellfun(take, outcomes);
             end
         end
     catch problem
@@ -90,15 +97,16 @@ end
 end
 
 % Of two outcomes, or of none in the place of those that were taken.
-function none = taken(one, other)
+function none = taken(one, other, take)
 take(one);
 take(other);
 none = [];
 end
 
-function take(outcome)
+function kept(outcome, given)
 if ~isempty(outcome) && ~isempty(outcome.values)
-    notes = [];
+    last = outcome.first + size(outcome.values, 1) - 1;
+    notes = notesOfWarnings(outcome.shown, outcome.values, sliceOfRows(given, outcome.first, last));
     if ~isempty(outcome.texts)
         texts = cell(size(outcome.values, 1), 1);
         texts(outcome.rows) = outcome.texts;
@@ -108,12 +116,12 @@ if ~isempty(outcome) && ~isempty(outcome.values)
 end
 end
 
-function onPool(jobs)
+function onPool(jobs, take)
 outcomes = cell(1, numel(jobs));
 queue = [];
 if exist('parallel.pool.DataQueue', 'class')
     queue = parallel.pool.DataQueue();
-    afterEach(queue, @take); % what is done outlives an interrupt and the loss of a worker
+    afterEach(queue, take); % what is done outlives an interrupt and the loss of a worker
 end
 parfor k = 1:numel(jobs)
     outcomes{k} = capeopen.internal.flashBlock(jobs{k});
@@ -121,5 +129,5 @@ parfor k = 1:numel(jobs)
         send(queue, outcomes{k});
     end
 end
-cellfun(@take, outcomes);
+cellfun(take, outcomes);
 end

@@ -1,54 +1,8 @@
 function [values, notes] = flashOnce(handle, given, outputs)
-%flashOnce  One call of the library's batch: VALUES, rows by outputs, and what it warned of.
-%
-%   NOTES is [] where it did not. It has the fields rows and texts, with the rows that failed. Other warnings do not
-%   tell their row: it lies among those from first to last, fields with an element for each of the words.
+%flashOnce  One call of the library's batch: VALUES, rows by outputs, and what it warned of, see notesOfWarnings.
 values = {};
 shown = evalc('values = Verdanth(25, handle, given{1:6}, outputs, given{7});'); % else each row shows a warning
 values = [values{:}];
-notes = [];
-if isempty(shown)
-    return
-end
-notes = notesOf({});
-parts = regexp(shown, '(?:^|\n)(?:\[\x08)?[Ww]arning: ', 'split'); % the window of MATLAB has marks around a warning
-fprintf('%s', parts{1}); % a package that prints
-parts = parts(2:end).';
-parts = parts(~strncmp(parts, 'called from', 11)); % where both environments tell the lines of the call
-parts = regexprep(parts, '(\]\x08)?\s*(\n(\[\x08)?> In .*)?$', '');
-parts = regexprep(regexprep(parts, '\s*\n\s*', ' '), '^CAPE-OPEN: ', '');
-flashes = strncmp(parts, 'Flash failed at ', 16);
-notes.texts = parts(flashes);
-notes.rows = failedRows(values, notes.texts, given);
-if ~all(flashes)
-    bounds = [0; notes.rows; size(values, 1) + 1];
-    before = cumsum(flashes);
-    before = before(~flashes);
-    notes.first = bounds(before + 1) + 1;
-    notes.last = min(bounds(before + 2), size(values, 1)); % what failed may have been warned of before
-    notes.words = parts(~flashes);
-end
-end
-
-% Texts come in the order of their rows, and a row that failed is NaN; so may be others, which these values tell apart.
-function rows = failedRows(values, texts, given)
-candidates = find(all(isnan(values), 2));
-rows = candidates;
-if numel(candidates) == numel(texts)
-    return
-end
-rows = zeros(numel(texts), 1);
-at = 0;
-for k = 1:numel(texts)
-    at = at + 1;
-    while at < numel(candidates) && ~isOf(texts{k}, sliceOfRows(given, candidates(at), candidates(at)))
-        at = at + 1;
-    end
-    rows(k) = candidates(min(at, end));
-end
-end
-
-function answer = isOf(text, one)
-start = lower(sprintf('Flash failed at %g, %g: ', one{3}, one{5}));
-answer = strncmpi(text, start, numel(start));
+[notes, others] = notesOfWarnings(shown, values, given);
+fprintf('%s', others); % a package that prints
 end

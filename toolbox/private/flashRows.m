@@ -14,7 +14,7 @@ if ~exact && (isempty(rows) || rows <= 32) % too few to wait for; the rest would
     [values, notes] = flashOnce(handle, given, outputs);
     return
 end
-restore = capturedWarnings(); %#ok<NASGU>
+restore = capeopen.internal.capturedWarnings(); %#ok<NASGU>
 if isempty(rows)
     [values, notes] = flashOnce(handle, given, outputs); % raises an error
     return

@@ -3,8 +3,8 @@ function [values, more] = keptRows(action, varargin)
 %
 %   batch = keptRows('begin', rows, outputs)
 %   keptRows('add', batch, first, values, notes)
-%                                         what flashOnce gave for a block that begins with this row; a second time it
-%                                         counts for nothing, nor does what comes late, when its batch has ended
+%                                         what flashOnce gave for a block that begins with this row; it counts for
+%                                         nothing where any of its rows is done, or when its batch has ended
 %   stretches = keptRows('left')          first and last rows, m-by-2, of what is not done
 %   [values, notes] = keptRows('end')     all of it; the batch is no longer to be called stopped
 %   keptRows('stopped', batch, name)      says that this function was stopped, if the batch has had no end
@@ -28,7 +28,7 @@ elseif strcmp(action, 'last')
     end
 elseif strcmp(action, 'add')
     if ~isempty(batches) && batches{end}.running && batches{end}.number == varargin{1} ...
-            && ~any(batches{end}.firsts == varargin{2})
+            && isLeft(batches{end}, varargin{2:3})
         batches{end} = added(batches{end}, varargin{2:4});
     end
 elseif strcmp(action, 'left')
@@ -59,10 +59,17 @@ end
 batchProgress(sum(cellfun('size', batch.blocks, 1)), batch.rows);
 end
 
+% Whether all rows of a block are still to be done. Blocks are cut anew when a worker is lost, and messages of the old
+% ones may still come.
+function answer = isLeft(batch, first, values)
+stretches = left(batch);
+answer = any(stretches(:, 1) <= first & stretches(:, 2) >= first + size(values, 1) - 1);
+end
+
 function stretches = left(batch)
 [from, order] = sort(batch.firsts);
-lengths = cellfun('size', batch.blocks, 1);
-stretches = [[1; from(:) + lengths(order).'], [from(:) - 1; batch.rows]];
+lengths = cellfun('size', batch.blocks(order), 1);
+stretches = [[1; from(:) + lengths(:)], [from(:) - 1; batch.rows]];
 stretches = stretches(stretches(:, 1) <= stretches(:, 2), :);
 end
 

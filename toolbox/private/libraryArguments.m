@@ -28,14 +28,11 @@ end
 end
 
 function [x, changed] = converted(x, handle)
-changed = true;
-if isa(x, 'string')
-    if numel(x) == 1
-        x = char(x);
-    else
-        x = cellstr(x);
-    end
-elseif ischar(x)
+[x, changed] = capeopen.internal.charsOf(x);
+if changed && ~iscell(x)
+    return
+end
+if ischar(x)
     x = cellstr(x); % a name in each row
 elseif isnumeric(x)
     x = full(double(x));
@@ -43,20 +40,10 @@ elseif isa(x, 'capeopen.Package')
     x = x.Handle;
 elseif isstruct(x) && isa(handle, 'int32')
     x = compositionOf(handle, x);
-elseif iscell(x) && any(cellfun(@(part) isa(part, 'string'), x(:)))
-    x = cellfun(@charOf, x, 'UniformOutput', false);
-    if ~iscellstr(x) %#ok<ISCLSTR>
-        x = converted(x, handle);
-    end
-elseif iscell(x) && numel(x) > 1 && ~iscellstr(x) && any(cellfun(@isnumeric, x(:))) %#ok<ISCLSTR>
+elseif iscell(x) && numel(x) > 1 && any(cellfun(@isnumeric, x(:)))
     x = compositionOf(handle, x);
 else
-    changed = false;
+    return
 end
-end
-
-function x = charOf(x)
-if isa(x, 'string')
-    x = char(x);
-end
+changed = true;
 end

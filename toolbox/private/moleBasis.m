@@ -1,8 +1,6 @@
 function [restore, mass] = moleBasis()
 %moleBasis  Changes to mole basis until RESTORE goes; MASS tells whether it was mass basis.
-%
-%   The library does not tell its basis, but the unit of a density does.
-mass = strcmp(capeOpenPropUnit('density'), 'kg / m3');
+mass = capeopen.internal.isMassBasis();
 restore = [];
 if mass
     capeOpenBasis('mole');

@@ -5,10 +5,13 @@ function near = nearNames(word, names)
 word = lower(word);
 count = numel(names);
 distance = Inf(1, count);
+allowed = max(1, min(3, floor(numel(word) / 3)));
 for k = 1:count
     name = lower(names{k});
-    distance(k) = editDistance(word, name);
-    if distance(k) > max(1, min(3, floor(numel(word) / 3)))
+    if abs(numel(name) - numel(word)) <= allowed % else it is farther in any case
+        distance(k) = editDistance(word, name);
+    end
+    if distance(k) > allowed
         distance(k) = Inf;
         if numel(word) > 3 && ~isempty(strfind(name, word)) %#ok<STREMP>
             distance(k) = 3 + numel(name) - numel(word);

@@ -13,7 +13,7 @@ for side = 1:numel(sides)
     sign = 1 - 2 * (side > 1);
     words = regexp(sides{side}, '[^\s*]+', 'match');
     for word = words(~strcmp(words, '1'))
-        found = regexp(word{1}, '^([A-Za-z]+)\^?(-?\d*)$', 'tokens', 'once');
+        found = regexp(word{1}, '^([A-Za-z]+)((?:\^?-?\d+)?)$', 'tokens', 'once');
         row = [];
         if ~isempty(found)
             row = find(strcmp(symbols, found{1}));
@@ -23,7 +23,7 @@ for side = 1:numel(sides)
         end
         exponent = 1;
         if ~isempty(found{2})
-            exponent = str2double(found{2});
+            exponent = str2double(strrep(found{2}, '^', ''));
         end
         parts(end + 1, :) = {found{1}, exponent, row, sign}; %#ok<AGROW>
         factor = factor * factors(row) ^ (sign * exponent);

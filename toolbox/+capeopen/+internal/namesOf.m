@@ -1,6 +1,7 @@
 function names = namesOf(given)
 %capeopen.internal.namesOf  The names in a text with blanks between them, or in a cell array of such texts, as a row.
-if isa(given, 'string') || ischar(given)
+given = capeopen.internal.charsOf(given);
+if ischar(given)
     given = cellstr(given);
 end
 names = {};

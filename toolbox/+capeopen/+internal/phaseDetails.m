@@ -12,7 +12,7 @@ for k = 1:numel(names)
     result.(names{k}) = values;
 end
 weights = capeOpenConstant(handle, 'molecularWeight').';
-if strcmp(capeOpenPropUnit('density'), 'kg / m3')
+if capeopen.internal.isMassBasis()
     result.molarMass = (sum(result.compositions, 2) ./ (result.compositions * (1 ./ weights))).';
 else
     result.molarMass = (result.compositions * weights ./ sum(result.compositions, 2)).';

@@ -1,5 +1,7 @@
 function restore = capturedWarnings()
-%capturedWarnings  Has the library's warnings written, one line for each, until RESTORE goes: for who captures them.
+%capeopen.internal.capturedWarnings  Has the library's warnings written until RESTORE goes.
+%
+%   One line for each, for who captures them.
 if exist('OCTAVE_VERSION', 'builtin')
     before = warning('query', 'Verdanth:warning');
     warning('on', 'Verdanth:warning');
