@@ -391,6 +391,16 @@ function lines_inside_come_once(~)
 end
 
 % With carbon dioxide and lighter compounds the flash misses the second liquid of some points.
+% Where vapor and liquid become the same beside water, one line goes over into the other.
+function lines_of_three_phases_leave_no_gap(~)
+    h = capeOpenCreate(natural_gas(), 'Wet gas and hydrocarbons');
+    Z = mixture(h, 'methane', 0.7, 'propane', 0.15, 'n-hexane', 0.1, 'water', 0.05);
+    [T, P, vapor, ~, inside] = capeOpenPhaseEnvelope(h, Z);
+    bubbles = sortrows([T(vapor == 0), P(vapor == 0)]);
+    check(any(all(abs(inside ./ bubbles(end, :) - 1) < 1e-9, 2)), 'the bubble points end at %g K and %g Pa', bubbles(end, :));
+    capeOpenRelease(h);
+end
+
 function ends_of_lines_inside_are_told(~)
     for mixture = {'carbon_dioxide', 2, 'the points where a third phase appears end at'
                    'carbon_dioxide', 4, 'the bubble points end at 151.1 K'}.'

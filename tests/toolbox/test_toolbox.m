@@ -128,7 +128,7 @@ end
 % The scripts in the pages of the guide, one after the other.
 function the_scripts_of_the_guide_run(toolbox)
     addpath(fullfile(fileparts(mfilename('fullpath')), 'no_plots'));
-    for page = {'index', 'arrays', 'basis', 'examples', 'package', 'results', 'places', 'parallel'}
+    for page = {'index', 'arrays', 'basis', 'examples', 'diagrams', 'package', 'results', 'places', 'parallel'}
         run_script(page{1}, script_of(toolbox, page{1}));
     end
 end

@@ -10,15 +10,14 @@ critical = NaN(1, numel(points(1).v));
 before = [];
 jump = [];
 beside = [];
-n = numel(system.ratios);
 for k = 1:numel(points) - 1
-    here = points(k).v(1:n);
-    next = points(k + 1).v(1:n);
+    here = points(k).v(system.ratios);
+    next = points(k + 1).v(system.ratios);
     [~, widest] = max(abs(here));
     if here(widest) * next(widest) >= 0 || max(abs([here, next])) > 2
         continue
     end
-    [critical, beside] = enclosed(system, points(k), points(k + 1), widest, n);
+    [critical, beside] = enclosed(system, points(k), points(k + 1), system.ratios(widest));
     if ~isnan(critical(1))
         before = k;
         return
@@ -28,14 +27,14 @@ for k = 1:numel(points) - 1
 end
 end
 
-function [critical, beside] = enclosed(system, before, after, widest, n)
+function [critical, beside] = enclosed(system, before, after, widest)
 critical = NaN(size(before.v));
 beside = [];
 % Ratios and differences of density go to zero together; too near, the equations become singular.
 most = min(abs([before.v(widest), after.v(widest)]));
-nearest = min(0.02, abs(before.v(widest)) * min(1, 0.1 / abs(diff(log(before.densities)))));
+nearest = min(0.02, abs(before.v(widest)) * min(1, 0.1 / apart(before)));
 for near = sign(before.v(widest)) * min(most, nearest * [1, 3, 10])
-    sides = bothSides(system, before, after, widest, n, near);
+    sides = bothSides(system, before, after, widest, near);
     if ~isempty(sides)
         break
     end
@@ -54,19 +53,19 @@ for s = 1:2
         return
     end
 end
-critical = between(sides{1}, sides{2}, widest, 0);
-critical(1:n) = 0;
+critical = pointBetween(sides{1}, sides{2}, widest, 0);
+critical(system.ratios) = 0;
 beside = sides{1};
 beside.tangent = beside.tangent * sign(beside.tangent(widest) * way(widest));
 end
 
-function sides = bothSides(system, before, after, widest, n, near)
+function sides = bothSides(system, before, after, widest, near)
 sides = {before, after};
 goals = [near, -near];
 for s = 1:2
-    next = between(before, after, widest, goals(s));
+    next = pointBetween(before, after, widest, goals(s));
     found = solvePoint(system, next, widest, sides{s}.phases, 15);
-    if isempty(found) || max(abs(found.v(1:n))) > 1.5 * abs(near) || abs(diff(log(found.densities))) > 0.2
+    if isempty(found) || max(abs(found.v(system.ratios))) > 1.5 * abs(near) || apart(found) > 0.2
         sides = {};
         return
     end
@@ -74,9 +73,6 @@ for s = 1:2
 end
 end
 
-function v = between(before, after, fixed, goal)
-width = after.v(fixed) - before.v(fixed);
-u = (goal - before.v(fixed)) / width;
-v = hermite(before.v, after.v, width * before.tangent / before.tangent(fixed), ...
-            width * after.tangent / after.tangent(fixed), u);
+function difference = apart(point)
+difference = abs(log(point.densities(2) / point.densities(1)));
 end

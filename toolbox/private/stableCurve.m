@@ -97,7 +97,7 @@ start = [];
 edge = [];
 beyond = bad;
 for k = 1:12
-    middle = pointBetween(system, n, good, bad);
+    middle = solvedBetween(system, n, good, bad);
     if isempty(middle)
         break
     end
@@ -133,7 +133,7 @@ end
 end
 
 % In the middle or, with the critical point between, nearer to it on one side.
-function middle = pointBetween(system, n, good, bad)
+function middle = solvedBetween(system, n, good, bad)
 [~, fixed] = max(abs(bad.v - good.v));
 goal = (good.v(fixed) + bad.v(fixed)) / 2;
 phases = good.phases;
@@ -147,8 +147,7 @@ if good.v(widest) * bad.v(widest) < 0 && abs(diff(log(good.densities))) < 1
     end
 end
 width = bad.v(fixed) - good.v(fixed);
-next = hermite(good.v, bad.v, width * good.tangent / good.tangent(fixed), ...
-               width * bad.tangent / bad.tangent(fixed), (goal - good.v(fixed)) / width);
+next = pointBetween(good, bad, fixed, goal);
 if ~all(isfinite(next)) || max(abs(next - good.v)) > 2 * max(abs(bad.v - good.v))
     next = good.v + (bad.v - good.v) * (goal - good.v(fixed)) / width;
 end

@@ -105,10 +105,17 @@ for points = lines(~cellfun(@isempty, lines))
     densities = vertcat(points{1}.densities);
     lighter = densities(:, 2) < min(densities(:, [1, 3]), [], 2);
     change = [0; find(diff(lighter)); numel(lighter)];
-    for part = find(diff(change) > 1).' % one point is no line
+    for part = 1:numel(change) - 1
         rows = change(part) + 1:change(part + 1);
+        boils = lighter(rows(1));
+        if ~boils % across the critical point to the nearest bubble points, so that there is no gap
+            rows = max(rows(1) - 1, 1):min(rows(end) + 1, numel(lighter));
+        end
+        if numel(rows) == 1
+            continue % one point is no line
+        end
         line = curveOf(points{1}(rows), NaN(numel(rows), 1));
-        if lighter(rows(1))
+        if boils
             line.vaporFraction(:) = 0;
             if line.P(end) > line.P(1)
                 line = turnedCurve(line);
