@@ -456,6 +456,22 @@ end
 
 % To one side of a line inside the flash finds a phase more than to the other side. Those of a second liquid have one and
 % two phases beside them.
+% Two liquids that are nearly the same are none the less liquids.
+function a_second_liquid_is_no_dew_point(~)
+    [h, Z] = opened_of_family('reservoir', 109);
+    [T, P, vapor] = capeOpenPhaseEnvelope(h, Z);
+    told = 0;
+    for k = find(vapor == 1).'
+        for side = [-1e-4, 1e-4]
+            labels = capeOpenFlash(h, Z, 'Temperature', T(k) * (1 + side), 'Pressure', P(k), 'Unspecified');
+            told = told + (numel(labels) > 1);
+            check(numel(labels) == 1 || any(strcmp(labels, 'Vapor')), 'two liquids at %g K, %g Pa', T(k), P(k));
+        end
+    end
+    check(told > 10, '%d points with two phases beside them', told);
+    capeOpenRelease(h);
+end
+
 % Where the flash of mixture and new phase together fails, that of the mixture may still see that it is no boundary.
 function no_point_lies_where_vapor_and_liquid_are(~)
     [h, Z] = opened_of_family('sour', 19);

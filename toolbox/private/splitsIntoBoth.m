@@ -21,13 +21,15 @@ X(:, model.compounds) = (1 - share) * Z + share * W;
 densities = vertcat(points.densities);
 expected = (1 - share) ./ densities(:, 1) + share ./ densities(:, 2);
 difference = abs(log(densities(:, 2) ./ densities(:, 1)));
+off = abs(volume ./ expected - 1);
 % Phases that are nearly the same are one for the flash, or not quite converged.
 near = (difference < 0.2) .* difference .^ 2 .* (0.05 + 0.45 * (fraction == 0 | fraction == 1));
-stable = double(abs(volume ./ expected - 1) < 1e-5 + 1e-4 * (difference < 0.5) + near);
+stable = double(off < 1e-5 + 1e-4 * (difference < 0.5) + near);
 stable(isnan(volume)) = NaN;
 vaporFraction = double(densities(:, 1) < densities(:, 2));
 % Names that the flash gives to phases that are nearly the same mean little.
-sure = find(abs(volume ./ expected - 1) < 1e-5 & difference > 0.05);
+% Were they one to it, the volume would be off by the square of what they differ.
+sure = find(off < 1e-5 & (difference > 0.05 | off < 0.01 * max(abs(W - Z), [], 2) .^ 2));
 vaporFraction(sure) = double(fraction(sure) > 0.5);
 vaporFraction(sure(fraction(sure) == 0 | fraction(sure) == 1)) = NaN;
 sides = vertcat(points.phases);

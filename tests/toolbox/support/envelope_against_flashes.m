@@ -54,20 +54,41 @@ catch
 end
 end
 
+% A narrow envelope may lie between two of the directions, in one of which the flash finds a vapor and in the next a liquid.
 function sound = sound_critical_point(h, Z, critical)
-phases = zeros(1, 72);
+turns = linspace(0, 2 * pi, 73);
+names = cell(1, 73);
 nearest = Inf;
-for k = 1:72
-    shift = 2e-3 * [cos(k * pi / 36), 6 * sin(k * pi / 36)];
-    try
-        [labels, ~, X] = capeOpenFlash(h, Z, 'Temperature', critical(1) * (1 + shift(1)), ...
-                                       'Pressure', critical(2) * (1 + shift(2)), 'Unspecified');
-        phases(k) = numel(labels);
-        if phases(k) == 2
-            nearest = min(nearest, max(abs(diff(X))));
+for k = 1:73
+    [names{k}, apart] = phases_beside(h, Z, critical, turns(k));
+    nearest = min(nearest, apart);
+end
+for k = find(cellfun(@numel, names(1:72)) == 1 & cellfun(@numel, names(2:73)) == 1)
+    low = turns(k);
+    high = turns(k + 1);
+    while ~isequal(names{k}, names{k + 1}) && high - low > 1e-9 && isinf(nearest)
+        middle = (low + high) / 2;
+        [found, nearest] = phases_beside(h, Z, critical, middle);
+        if isequal(found, names{k})
+            low = middle;
+        else
+            high = middle;
         end
-    catch
     end
 end
-sound = any(phases == 1) && nearest < 0.25;
+sound = any(cellfun(@numel, names) == 1) && nearest < 0.25;
+end
+
+function [names, apart] = phases_beside(h, Z, critical, turn)
+apart = Inf;
+names = {};
+shift = 2e-3 * [cos(turn), 6 * sin(turn)];
+try
+    [names, ~, X] = capeOpenFlash(h, Z, 'Temperature', critical(1) * (1 + shift(1)), ...
+                                  'Pressure', critical(2) * (1 + shift(2)), 'Unspecified');
+    if numel(names) == 2
+        apart = max(abs(diff(X)));
+    end
+catch
+end
 end
