@@ -651,6 +651,25 @@ function lines_across_the_dome_of_one_compound_are_level(~)
     capeOpenRelease(h);
 end
 
+% The dome's lower end has its line, too: there the range begins at the level itself, give or take the last digit.
+function lines_along_the_lower_end_of_the_dome_are_level(~)
+    h = opened();
+    for compound = capeOpenCompoundList(h).'
+        X = mixture(h, compound{1}, 1);
+        [entropy, T, ~, isobars] = capeOpenTs(h, X, 1e5, 1e5, []);
+        check_begins(isobars{1}, [entropy([end 1]), T([end 1])], compound{1});
+        [enthalpy, P, ~, isotherms] = capeOpenPh(h, X, 1e5, T(1), []);
+        check_begins(isotherms{1}, [enthalpy([1 end]), P([1 end])], compound{1});
+    end
+    capeOpenRelease(h);
+end
+
+function check_begins(line, expected, what)
+    off = max(max(abs(line([1 2], :) - expected) ./ max(1, abs(expected))));
+    check(off < 1e-9, '%s begins with %s', what, mat2str(line([1 2], :)));
+    check(all(diff(line(2:end, 2)) > 0), '%s does not go on', what);
+end
+
 % Each line at one of its points against a flash for the enthalpy or entropy found there.
 function diagrams_of_a_mixture_are_those_of_the_flash(~)
     [h, Z] = opened();

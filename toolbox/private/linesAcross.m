@@ -20,8 +20,9 @@ for k = 1:numel(values)
         [level, ends] = capeOpenMultiFlash(handle, Z, held, values(k), 'vaporFraction', order, 'Unspecified', ...
                                            {other, name});
         level = level(1); % the other is the same but for rounding
-        if level > range(1) && level < range(end) && ~any(isnan(ends))
-            rows = [rows(rows(:, 2) < level, :); ends, [level; level]; rows(rows(:, 2) > level, :)];
+        near = 1e-6 * level; % as is the end of the range, where it is that of the dome
+        if level > range(1) - near && level < range(end) + near && ~any(isnan(ends))
+            rows = [rows(rows(:, 2) < level - near, :); ends, [level; level]; rows(rows(:, 2) > level + near, :)];
         end
     end
     lines{k} = rows;
