@@ -42,7 +42,7 @@ if ~isempty(again)
     off(again) = deviation(model, z, points(again), 0, 1, 1e-5);
 end
 last = find([off > 0; true], 1) - 1;
-failing = isnan(off(1:last));
+failing = isnan(off(1:last, 1));
 last = find([true; ~failing], 1, 'last') - 1; % where it fails, a point beyond has to tell
 failing = find(failing(1:last));
 end
