@@ -9,10 +9,7 @@ function [vapors, liquids, reasons, names] = binaryPhaseDiagram(handle, compound
 %   with more values of these three, and points and slopes as in curveOf. REASONS are sentences on what is not complete,
 %   NAMES what the package calls the two. Fractions are in the basis of the moment.
 [pair, names] = pairOf(handle, compounds);
-if ~isnumeric(value) || ~isscalar(value) || ~(value > 0)
-    error('Verdanth:error', 'Expected a positive %s', lower(quantity));
-end
-value = full(double(value));
+value = checkedPositive(value, lower(quantity));
 [restore, mass] = moleBasis(); %#ok<ASGLU>
 quiet = withoutWarnings(); %#ok<NASGU>
 model = equilibriumModel(handle, pair);
