@@ -568,6 +568,25 @@ function a_compound_without_a_boiling_point_is_told(~)
     capeOpenRelease(h);
 end
 
+% Water takes up so little of another compound that its fraction is a rounded 1, and still the vapor is not water alone.
+function next_to_nothing_of_a_compound_is_some(~)
+    h = capeOpenCreate(natural_gas(), 'Wet gas and hydrocarbons');
+    for other = {'n-hexane', 'methane'}
+        [x, T, y] = capeOpenTxy(h, {'water', other{1}}, 1e5);
+        check(all(T(x == 1 & y == 1) > 373), '%s: water alone boils at %g K', other{1}, min(T(x == 1 & y == 1)));
+        rows = find(x == 1 & y < 1).';
+        check(~isempty(rows), '%s: another mixture is needed', other{1});
+        for k = rows
+            part = (1 + y(k)) / 2;
+            [labels, ~, X] = capeOpenFlash(h, mixture(h, 'water', part, other{1}, 1 - part), 'Temperature', T(k) + 1e-3, ...
+                                           'Pressure', 1e5, 'Unspecified');
+            vapor = X(strcmp(labels, 'Vapor'), strcmp(capeOpenCompoundList(h), 'water'));
+            check(abs(vapor - y(k)) < 1e-4, '%s: at %g K %g, not %g', other{1}, T(k), y(k), vapor);
+        end
+    end
+    capeOpenRelease(h);
+end
+
 % Methane and ethane at 60 bar: neither boils alone, but mixtures do, and both lines meet at two critical points.
 function a_closed_loop_has_two_critical_points(~)
     h = opened();

@@ -75,7 +75,7 @@ V = vertcat(points.v);
 [T, P] = system.conditions(V);
 [X, Y] = system.fractions(V);
 stable = splitsIntoBoth(model, X, Y, points, T, P);
-stable(V(:, 4) <= 0 | V(:, 4) >= 1) = 1; % one compound alone
+stable(any(X == 0 & Y == 0, 2)) = 1; % one compound alone
 end
 
 % The liquid that is in equilibrium with both phases, a bit beyond the last point at which they are stable.

@@ -29,6 +29,10 @@ end
 function [X, Y] = fractions(V)
 X = [V(:, 4), 1 - V(:, 4)];
 Y = X .* exp(V(:, 1:2));
+for k = 1:2 % of so little in the first phase that it is rounded to 0, the second has what is missing there
+    missing = 1 - Y(:, 3 - k);
+    Y(X(:, k) == 0 & missing > 1e-6, k) = missing(X(:, k) == 0 & missing > 1e-6);
+end
 Y = Y ./ sum(Y, 2);
 end
 
