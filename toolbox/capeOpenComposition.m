@@ -17,7 +17,8 @@ function Z = capeOpenComposition(handle, amounts, option)
 %             A name is the compound's name in the package, its chemical
 %             formula or its CAS number. Capital and small letters are alike in
 %             a name, and blanks and signs do not count. In a struct or in the
-%             second form an amount may be a column, for as many rows.
+%             second form an amount may be a column, for as many rows. An array
+%             with a column for each compound is there to be normalized.
 %     option  'normalized' divides each row by its sum; left out, amounts stay
 %             as they are
 %

@@ -153,6 +153,8 @@ function compositions_go_by_names(~)
     check(isequal(rows, [0.1 0.9 zeros(1, 9); 0.2 0.8 zeros(1, 9)]), 'two rows');
     check(isequal(capeOpenComposition(h, struct('methane', 3, 'ethane', 1)), [3 1 zeros(1, 9)]), 'it is normalized');
     check(isequal(capeOpenComposition(h, struct('methane', 3, 'ethane', 1), 'normalized'), [0.75 0.25 zeros(1, 9)]), 'one row normalized');
+    found = capeOpenComposition(h, [3 1 zeros(1, 9); 2 2 zeros(1, 9)], 'normalized');
+    check(isequal(found, [0.75 0.25 zeros(1, 9); 0.5 0.5 zeros(1, 9)]), 'an array normalized');
     check(isequal(capeOpenComposition(h, struct('methane', [3; 1], 'ethane', 1), 'normalized'), ...
                   [0.75 0.25 zeros(1, 9); 0.5 0.5 zeros(1, 9)]), 'rows normalized');
     r = p.flash(struct('methane', 0.5, 'n_butane', 0.5), 'Temperature', 300, 'Pressure', 2e6);
