@@ -37,7 +37,7 @@ function varargout = capeOpenMultiFlash(varargin)
 %
 %   Ctrl-C stops it within about a quarter of a second; capeOpenLastResults
 %   gives the rows that were done until then. What takes longer than two
-%   seconds shows how far it is, but not where nobody sits before it, as in a
+%   seconds shows how far it is, but not where nobody watches, as in a
 %   job of a queue.
 %
 %   Errors:

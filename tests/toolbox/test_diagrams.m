@@ -454,8 +454,6 @@ function where_the_flash_fails_is_told(~)
     capeOpenRelease(h);
 end
 
-% To one side of a line inside the flash finds a phase more than to the other side. Those of a second liquid have one and
-% two phases beside them.
 % Two liquids that are nearly the same are none the less liquids.
 function a_second_liquid_is_no_dew_point(~)
     [h, Z] = opened_of_family('reservoir', 109);
@@ -491,6 +489,8 @@ function no_point_lies_where_vapor_and_liquid_are(~)
     capeOpenRelease(h);
 end
 
+% To one side of a line inside the flash finds a phase more than to the other side. Those of a second liquid have one and
+% two phases beside them.
 function a_third_phase_and_a_second_liquid_appear_to_the_flash(~)
     for mixture = {'hydrocarbon_water', 1; 'carbon_dioxide', 1; 'reservoir', 5; 'sour', 8}.'
         [h, Z] = opened_of_family(mixture{:});

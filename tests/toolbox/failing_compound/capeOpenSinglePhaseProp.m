@@ -1,5 +1,5 @@
 function varargout = capeOpenSinglePhaseProp(varargin)
-% The function of the toolbox, but it fails with less than one part in thousand of what is not compound `failing`.
+% The function of the toolbox, but it fails with less than one part in a thousand of what is not compound `failing`.
 global failing
 if any(varargin{5}(:, failing) > 0.999)
     error('Verdanth:error', 'Nothing is known of pure compounds');
