@@ -99,6 +99,10 @@ function strings_are_text(~)
     check(iscellstr(p.Units) && isequal(p.Units, {'bar', 'degC'}), 'units');
     p.Units = s({'bar', 'degC'});
     check(isequal(p.Units, {'bar', 'degC'}), 'an array of units');
+    [x, P] = capeOpenPxy(h, s({'propane', 'n-pentane'}), 320);
+    [x2, P2] = capeOpenPxy(h, {s('propane'), 'n-pentane'}, 320);
+    [x3, P3] = capeOpenPxy(h, {'propane', 'n-pentane'}, 320);
+    check(isequal({x, P}, {x2, P2}, {x3, P3}), 'names of two compounds');
     capeOpenWarnings(s('off'));
 end
 

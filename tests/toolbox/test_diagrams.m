@@ -102,6 +102,9 @@ function diagrams_are_calculated_in_double(~)
         check_same(@(as) capeOpenPxy(h, two, as(320)), 4, as{1});
         check_same(@(as) capeOpenTxy(h, two, as(5e5)), 4, as{1});
     end
+    for as = {@int32, @sparse}
+        check_same(@(as) capeOpenPhaseEnvelope(h, as(round(100 * Z)), 1e5), 6, as{1});
+    end
     check_same(@(as) capeOpenPhaseEnvelope(h, Z, 1e5, as([0.25 0.5])), 6, @single);
     check_same(@(as) capeOpenPh(h, Z, 1e5, 260, as(0.5)), 5, @single);
     check_same(@(as) capeOpenTs(h, Z, 1e5, 5e5, as(0.5)), 5, @single);
@@ -752,6 +755,8 @@ function wrong_arguments_are_named(toolbox)
         'PhaseEnvelope', 'Expected fractions that are not negative', @() capeOpenPhaseEnvelope(h, -Z)
         'PhaseEnvelope', 'A phase envelope needs two or more compounds', @() capeOpenPhaseEnvelope(h, double(1:11 == 3))
         'PhaseEnvelope', 'Expected a positive pressure', @() capeOpenPhaseEnvelope(h, Z, [1 2])
+        'PhaseEnvelope', 'Expected fractions that are not negative', @() capeOpenPhaseEnvelope(h, Z + 1i)
+        'PhaseEnvelope', 'Expected fractions that are not negative', @() capeOpenPhaseEnvelope(h, '12345678901')
         'PhaseEnvelope', 'Expected a positive pressure', @() capeOpenPhaseEnvelope(h, Z, 'x')
         'PhaseEnvelope', 'Expected a positive pressure', @() capeOpenPhaseEnvelope(h, Z, 1e5 + 1i)
         'PhaseEnvelope', 'Expected vapor fractions from 0 to 1', @() capeOpenPhaseEnvelope(h, Z, 1e5, [0.5 NaN])

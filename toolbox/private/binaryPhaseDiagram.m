@@ -73,6 +73,7 @@ end
 
 function [pair, names] = pairOf(handle, compounds)
 names = capeOpenCompoundList(handle);
+compounds = capeopen.internal.charsOf(compounds);
 if ~iscellstr(compounds) || numel(compounds) ~= 2 %#ok<ISCLSTR>
     error('Verdanth:error', 'Expected a cell array with the names of two compounds');
 end

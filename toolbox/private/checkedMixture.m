@@ -7,9 +7,6 @@ count = numel(capeOpenCompoundList(handle));
 if numel(Z) ~= count
     error('Verdanth:error', 'Invalid number of values for compositions: must match number of compounds');
 end
-Z = reshape(double(Z), 1, count);
-if ~all(Z >= 0) || ~(sum(Z) > 0)
-    error('Verdanth:error', 'Expected fractions that are not negative');
-end
-Z = Z / sum(Z);
+Z = checkedNumbers(Z, @(z) z >= 0 & sum(z) > 0, 'Expected fractions that are not negative');
+Z = reshape(Z, 1, count) / sum(Z(:));
 end

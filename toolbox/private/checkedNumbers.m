@@ -1,5 +1,5 @@
 function values = checkedNumbers(values, allowed, words)
-%checkedNumbers  What a diagram is to hold, as doubles; ALLOWED tells which values are, WORDS is the error for others.
+%checkedNumbers  Numbers for a diagram as full doubles; ALLOWED tells which they may be, WORDS is the error for others.
 if isempty(values)
     values = [];
 elseif ~isnumeric(values) || ~isreal(values) || ~all(allowed(values(:)))
