@@ -44,7 +44,7 @@ while numel(pieces) < 8
     end
     [edge, start] = nextBranch(system, model, Z, points(unstable - 1), points(unstable));
     points = points(1:unstable - 1);
-    while numel(points) > 1 && ~isempty(edge) && max(abs(points(end).v - edge.v)) < 0.15 ...
+    while numel(points) > 1 && max(abs(points(end).v - edge.v)) < 0.15 ...
             && (points(end).v - edge.v) * edge.tangent.' > 0
         points(end) = []; % the flash has not seen so little of the other phase
     end
@@ -80,7 +80,7 @@ end
 % Whether the ratios go through 1 between two points.
 function yes = passes(from, to, n)
 [~, widest] = max(abs(from.v(1:n)));
-yes = ~isempty(to) && from.v(widest) * to.v(widest) < 0;
+yes = from.v(widest) * to.v(widest) < 0;
 end
 
 function W = newFractions(points, Z)
