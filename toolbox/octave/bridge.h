@@ -3,48 +3,17 @@
 // Octave, library_side.cpp with the library, and between them go plain descriptions of values.
 #pragma once
 
-#include <cstddef>
+#include "wire/value.h"
+
 #include <string>
 #include <vector>
-
-struct BridgeValue {
-    // Only `Opaque` loses anything on its way: of a struct, a function handle, a sparse matrix and the like the
-    // library learns no more than that it is nothing it can use.
-    enum Kind {
-        Missing, // the empty element of a cell
-        Opaque,
-        Cell,
-        Text,
-        Logical,
-        Double,
-        Single,
-        Int8,
-        UInt8,
-        Int16,
-        UInt16,
-        Int32,
-        UInt32,
-        Int64,
-        UInt64,
-    };
-
-    Kind kind = Missing;
-    // What belongs to an array stays where it is: its dimensions, and its elements column after column. A text has only
-    // `text`.
-    std::size_t dimensionCount = 0;
-    const std::size_t *dimensions = nullptr;
-    const void *real = nullptr;
-    const void *imaginary = nullptr;   // null for a real array
-    std::string text;                  // of `Text`: UTF-8, column after column
-    std::vector<BridgeValue> elements; // of `Cell`
-};
 
 class LibrarySide {
 public:
     // Calls the library. False when it raised; then error() is its text and there are no results. At least one result
     // comes back otherwise; its data live until release().
-    virtual bool call(int outputs, const std::vector<BridgeValue> &arguments) = 0;
-    virtual const std::vector<BridgeValue> &results() const = 0;
+    virtual bool call(int outputs, const std::vector<wire::Value> &arguments) = 0;
+    virtual const std::vector<wire::Value> &results() const = 0;
     virtual const std::string &error() const = 0;
     virtual const std::vector<std::string> &warnings() const = 0; // of the last call, in order
     virtual void release() = 0;

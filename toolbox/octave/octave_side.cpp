@@ -1,5 +1,6 @@
 // Octave's side: the MEX function that Octave calls. Errors and warnings become Octave's here, and arrays are turned
 // into its own.
+#include "platform/native/encoding.h"
 #include "toolbox/octave/bridge.h"
 #include "toolbox/octave/load_beside.h"
 #include "toolbox/octave/octave_errors.h"
@@ -10,8 +11,12 @@
 
 #include <algorithm>
 #include <cstring>
+#include <forward_list>
+#include <functional>
 #include <iterator>
+#include <numeric>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -45,75 +50,107 @@ void unload()
     library = nullptr;
 }
 
-struct KindOfClass {
+using wire::Class;
+using wire::Value;
+
+struct TypeOfClass {
     mxClassID classId;
-    BridgeValue::Kind kind;
+    Class type;
 };
 
-constexpr KindOfClass kinds[] = {
-    {mxCELL_CLASS, BridgeValue::Cell},       {mxCHAR_CLASS, BridgeValue::Text},
-    {mxLOGICAL_CLASS, BridgeValue::Logical}, {mxDOUBLE_CLASS, BridgeValue::Double},
-    {mxSINGLE_CLASS, BridgeValue::Single},   {mxINT8_CLASS, BridgeValue::Int8},
-    {mxUINT8_CLASS, BridgeValue::UInt8},     {mxINT16_CLASS, BridgeValue::Int16},
-    {mxUINT16_CLASS, BridgeValue::UInt16},   {mxINT32_CLASS, BridgeValue::Int32},
-    {mxUINT32_CLASS, BridgeValue::UInt32},   {mxINT64_CLASS, BridgeValue::Int64},
-    {mxUINT64_CLASS, BridgeValue::UInt64},
+constexpr TypeOfClass types[] = {
+    {mxCELL_CLASS, Class::Cell},     {mxLOGICAL_CLASS, Class::Logical}, {mxDOUBLE_CLASS, Class::Double},
+    {mxSINGLE_CLASS, Class::Single}, {mxINT8_CLASS, Class::Int8},       {mxUINT8_CLASS, Class::UInt8},
+    {mxINT16_CLASS, Class::Int16},   {mxUINT16_CLASS, Class::UInt16},   {mxINT32_CLASS, Class::Int32},
+    {mxUINT32_CLASS, Class::UInt32}, {mxINT64_CLASS, Class::Int64},     {mxUINT64_CLASS, Class::UInt64},
 };
 
 static_assert(sizeof(mwSize) == sizeof(std::size_t)); // the one has a sign, the other not
 constexpr std::size_t scalarDimensions[] = {1, 1};
 
-BridgeValue valueOf(const mxArray *array)
+// In Octave an element of a text is a byte of UTF-8. It goes over as one row, whatever its shape was: the library reads
+// it column after column, too.
+struct TextRow {
+    std::u16string units;
+    std::size_t dimensions[2];
+};
+using TextRows = std::forward_list<TextRow>; // where what is in it stays where it is
+
+Value rowOf(std::string_view text, TextRows &rows)
 {
-    BridgeValue value;
+    TextRow &row = rows.emplace_front();
+    row.units = native::toUtf16(text);
+    row.dimensions[0] = 1;
+    row.dimensions[1] = row.units.size();
+    Value value;
+    value.type = Class::Char;
+    value.dimensionCount = std::size(row.dimensions);
+    value.dimensions = row.dimensions;
+    value.real = row.units.data();
+    return value;
+}
+
+Value valueOf(const mxArray *array, TextRows &rows)
+{
+    Value value;
     if (!array)
         return value;
     const mxClassID classId = mxGetClassID(array); // Octave looks it up by name each time
-    const auto *found =
-        std::find_if(std::begin(kinds), std::end(kinds), [&](const KindOfClass &k) { return k.classId == classId; });
-    value.kind = found == std::end(kinds) || mxIsSparse(array) ? BridgeValue::Opaque : found->kind;
     const std::size_t count = mxGetNumberOfElements(array);
+    if (classId == mxCHAR_CLASS)
+        return rowOf({static_cast<const char *>(mxGetData(array)), count}, rows);
+    const auto *found =
+        std::find_if(std::begin(types), std::end(types), [&](const TypeOfClass &t) { return t.classId == classId; });
+    value.type = found == std::end(types) || mxIsSparse(array) ? Class::Opaque : found->type;
     if (count == 1) { // most arguments; for others Octave has to make a list of dimensions
         value.dimensionCount = std::size(scalarDimensions);
         value.dimensions = scalarDimensions;
-    } else if (value.kind != BridgeValue::Text) {
+    } else {
         value.dimensionCount = static_cast<std::size_t>(mxGetNumberOfDimensions(array));
         value.dimensions = reinterpret_cast<const std::size_t *>(mxGetDimensions(array));
     }
-    if (value.kind == BridgeValue::Text) {
-        // An element is a byte of UTF-8.
-        value.text.assign(static_cast<const char *>(mxGetData(array)), count);
-    } else if (value.kind == BridgeValue::Cell) {
+    if (value.type == Class::Cell) {
         for (std::size_t i = 0; i < count; ++i)
-            value.elements.push_back(valueOf(mxGetCell(array, static_cast<mwIndex>(i))));
-    } else if (value.kind != BridgeValue::Opaque) {
+            value.elements.push_back(valueOf(mxGetCell(array, static_cast<mwIndex>(i)), rows));
+    } else if (value.type != Class::Opaque) {
         value.real = mxGetData(array);
         value.imaginary = mxIsComplex(array) ? mxGetImagData(array) : nullptr;
     }
     return value;
 }
 
-mxArray *arrayOf(const BridgeValue &value)
+std::size_t countOf(const Value &value)
+{
+    return std::accumulate(value.dimensions, value.dimensions + value.dimensionCount, std::size_t{1},
+                           std::multiplies<>());
+}
+
+mxArray *textOf(const Value &value)
+{
+    const std::string text = native::toUtf8({static_cast<const char16_t *>(value.real), countOf(value)});
+    const mwSize row[] = {1, static_cast<mwSize>(text.size())};
+    mxArray *array = mxCreateCharArray(2, row);
+    std::memcpy(mxGetData(array), text.data(), text.size());
+    return array;
+}
+
+mxArray *arrayOf(const Value &value)
 {
     const auto *dimensions = reinterpret_cast<const mwSize *>(value.dimensions);
     const auto dimensionCount = static_cast<mwSize>(value.dimensionCount);
-    switch (value.kind) {
-    case BridgeValue::Text: {
-        const mwSize row[] = {1, static_cast<mwSize>(value.text.size())};
-        mxArray *array = mxCreateCharArray(2, row);
-        std::memcpy(mxGetData(array), value.text.data(), value.text.size());
-        return array;
-    }
-    case BridgeValue::Cell: {
+    switch (value.type) {
+    case Class::Char:
+        return textOf(value);
+    case Class::Cell: {
         mxArray *array = mxCreateCellArray(dimensionCount, dimensions);
         for (std::size_t i = 0; i < value.elements.size(); ++i)
-            if (value.elements[i].kind != BridgeValue::Missing)
+            if (value.elements[i].type != Class::Missing)
                 mxSetCell(array, static_cast<mwIndex>(i), arrayOf(value.elements[i]));
         return array;
     }
-    case BridgeValue::Double:
-    case BridgeValue::Int32: {
-        const mxClassID classId = value.kind == BridgeValue::Double ? mxDOUBLE_CLASS : mxINT32_CLASS;
+    case Class::Double:
+    case Class::Int32: {
+        const mxClassID classId = value.type == Class::Double ? mxDOUBLE_CLASS : mxINT32_CLASS;
         mxArray *array = mxCreateNumericArray(dimensionCount, dimensions, classId, mxREAL);
         const std::size_t bytes = mxGetNumberOfElements(array) * mxGetElementSize(array);
         if (bytes > 0)
@@ -130,14 +167,15 @@ bool call(int nlhs, mxArray *plhs[], int nrhs, const mxArray *prhs[])
 {
     if (!loadLibrarySide())
         return false;
-    std::vector<BridgeValue> arguments;
+    std::vector<Value> arguments;
+    TextRows rows;
     arguments.reserve(static_cast<std::size_t>(nrhs));
     for (int i = 0; i < nrhs; ++i)
-        arguments.push_back(valueOf(prhs[i]));
+        arguments.push_back(valueOf(prhs[i], rows));
     const bool worked = library->call(nlhs, arguments);
     if (worked)
         for (std::size_t i = 0; i < library->results().size(); ++i)
-            if (library->results()[i].kind != BridgeValue::Missing)
+            if (library->results()[i].type != Class::Missing)
                 plhs[i] = arrayOf(library->results()[i]);
     errorText = library->error();
     library->release();
