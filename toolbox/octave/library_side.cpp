@@ -1,16 +1,20 @@
-// The library's side: plays MATLAB for Verdanth.so with the stand-in's arrays.
+// The library's side: plays MATLAB for Verdanth.so with the stand-in's arrays, or has that done under Wine.
 #include "host/array_values.h"
 #include "toolbox/octave/bridge.h"
 #include "toolbox/octave/load_beside.h"
+#include "toolbox/octave/windows/windows_side.h"
 
 #include <dlfcn.h>
 
 #include <algorithm>
+#include <string_view>
 
 namespace {
 
 class Library final : public LibrarySide {
 public:
+    bool start() override { return load(); }
+
     bool call(int outputs, const std::vector<wire::Value> &arguments) override
     {
         release();
@@ -36,6 +40,7 @@ public:
 
     const std::vector<wire::Value> &results() const override { return values; }
     const std::string &error() const override { return words; }
+    bool stopped() const override { return false; }
     const std::vector<std::string> &warnings() const override { return warned; }
 
     void release() override
@@ -58,6 +63,8 @@ public:
         module = nullptr;
         function = nullptr;
     }
+
+    std::string description() override { return "native"; }
 
 private:
     bool load()
@@ -82,8 +89,10 @@ private:
 
 } // namespace
 
-LibrarySide *VerdanthLibrarySide()
+LibrarySide *VerdanthLibrarySide(const char *name, const Caller *caller)
 {
     static Library library;
-    return &library;
+    if (name == std::string_view("windows"))
+        return WindowsSide(FolderOf(reinterpret_cast<void *>(&VerdanthLibrarySide)), *caller);
+    return name == std::string_view("native") ? &library : nullptr;
 }

@@ -10,6 +10,8 @@
 #include <dlfcn.h>
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <forward_list>
 #include <functional>
@@ -24,21 +26,52 @@ namespace {
 constexpr char errorIdentifier[] = "Verdanth:error";
 constexpr char warningIdentifier[] = "Verdanth:warning";
 
-void *module = nullptr;
-LibrarySide *library = nullptr;
-std::string errorText; // of the process: raising an error leaves this file without a destructor run
+constexpr char backEndVariable[] = "VERDANTH_BACKEND";
+constexpr char questionOfBackEnd[] = "back end"; // in the place of a command's code
 
-bool loadLibrarySide()
+LibrarySide *library = nullptr;
+std::string presentName; // of the back end that `library` is
+std::string errorText;   // of the process: raising an error leaves this file without a destructor run
+bool stopped = false;    // by the user
+
+const Caller octave = {OctaveIsInterrupted, [](const char *message) {
+                           std::fprintf(stderr, "%s\n", message);
+                           std::fflush(stderr);
+                       }};
+
+LibrarySide *sideCalled(const std::string &name)
 {
-    if (library)
-        return true;
-    module = LoadBeside(reinterpret_cast<void *>(&loadLibrarySide), "libverdanth_octave.so");
+    void *const module = LoadBeside(reinterpret_cast<void *>(&sideCalled), "libverdanth_octave.so");
     const auto getter = module ? reinterpret_cast<LibrarySideGetter>(dlsym(module, "VerdanthLibrarySide")) : nullptr;
     if (!getter) {
         errorText = std::string("Verdanth could not be loaded: ") + dlerror();
+        return nullptr;
+    }
+    LibrarySide *side = getter(name.c_str(), &octave);
+    if (!side)
+        errorText = std::string(backEndVariable) + " is 'native' or 'windows', not '" + name + "'";
+    return side;
+}
+
+// The back end that the environment names. The one before it is closed when the new one is ready.
+bool chooseLibrarySide()
+{
+    const char *wanted = std::getenv(backEndVariable);
+    const std::string name = wanted && *wanted ? wanted : "native";
+    if (library && name == presentName)
+        return true;
+    LibrarySide *other = sideCalled(name);
+    if (!other)
+        return false;
+    if (!other->start()) {
+        errorText = other->error();
+        stopped = other->stopped();
         return false;
     }
-    library = getter();
+    if (library)
+        library->unload();
+    library = other;
+    presentName = name;
     return true;
 }
 
@@ -162,22 +195,36 @@ mxArray *arrayOf(const Value &value)
     }
 }
 
+bool asksForBackEnd(int nrhs, const mxArray *prhs[])
+{
+    return nrhs == 1 && mxIsChar(prhs[0]) &&
+           std::string_view(static_cast<const char *>(mxGetData(prhs[0])), mxGetNumberOfElements(prhs[0])) ==
+               questionOfBackEnd;
+}
+
 // Everything but raising, so that nothing of ours is alive when an error or a warning leaves this file.
 bool call(int nlhs, mxArray *plhs[], int nrhs, const mxArray *prhs[])
 {
-    if (!loadLibrarySide())
+    stopped = false;
+    if (!chooseLibrarySide())
         return false;
+    if (asksForBackEnd(nrhs, prhs)) {
+        plhs[0] = mxCreateString(library->description().c_str());
+        return true;
+    }
     std::vector<Value> arguments;
     TextRows rows;
     arguments.reserve(static_cast<std::size_t>(nrhs));
     for (int i = 0; i < nrhs; ++i)
         arguments.push_back(valueOf(prhs[i], rows));
     const bool worked = library->call(nlhs, arguments);
+    const std::vector<Value> &results = library->results();
     if (worked)
-        for (std::size_t i = 0; i < library->results().size(); ++i)
-            if (library->results()[i].type != Class::Missing)
-                plhs[i] = arrayOf(library->results()[i]);
+        for (std::size_t i = 0; i < results.size() && i < static_cast<std::size_t>(std::max(nlhs, 1)); ++i)
+            if (results[i].type != Class::Missing)
+                plhs[i] = arrayOf(results[i]);
     errorText = library->error();
+    stopped = library->stopped();
     library->release();
     return worked;
 }
@@ -192,6 +239,8 @@ extern "C" void mexFunction(int nlhs, mxArray *plhs[], int nrhs, const mxArray *
     if (library)
         for (const std::string &warning : library->warnings())
             GiveOctaveWarning(warningIdentifier, warning.c_str());
+    if (stopped)
+        StopInOctave();
     if (!worked)
         RaiseOctaveError(errorIdentifier, errorText.c_str());
 }

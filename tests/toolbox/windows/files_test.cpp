@@ -75,12 +75,15 @@ TEST_F(FilesOfWindows, LieBesideTheLibraryOrWhereTheyAreBuilt)
     EXPECT_EQ(files.host, file("build/windows-x64/VerdanthHost64.exe"));
     EXPECT_EQ(files.reference, file("build/windows-x64/VerdanthReference.dll"));
     EXPECT_EQ(files.relay, file("build/windows-x86/Verdanth6432Relay.exe"));
+    EXPECT_FALSE(files.hasStandard);
     put("installed/windows");
     write("installed/windows/Verdanth6432Relay.exe", "");
+    write("installed/windows/CapeOpen11.tlb", "");
     ASSERT_TRUE(FindWindowsFiles("", file("installed"), files, error)) << error;
     EXPECT_EQ(files.folder, file("installed/windows"));
     EXPECT_EQ(files.reference, "");
     EXPECT_EQ(files.relay, file("installed/windows/Verdanth6432Relay.exe"));
+    EXPECT_TRUE(files.hasStandard);
 }
 
 TEST_F(FilesOfWindows, AreAllNeeded)

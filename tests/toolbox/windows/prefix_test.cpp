@@ -17,7 +17,7 @@ protected:
     {
         settings.prefix = file("data/verdanth/wine");
         files = {file("lib"), file("lib/VerdanthHost64.exe"), file("lib/VerdanthReference.dll"),
-                 file("lib/Verdanth6432Relay.exe")};
+                 file("lib/Verdanth6432Relay.exe"), true};
         wine.loader = script("wine", R"(printf "%s: %s\n" "$WINEPREFIX" "$*" >>)" + quoted(file("asked")) + R"(
 case $1 in wineboot)
     mkdir -p "$WINEPREFIX/drive_c/windows/system32" "$WINEPREFIX/drive_c/windows/syswow64"
@@ -86,7 +86,7 @@ TEST_F(PrefixOfTheUser, LearnsThatTheFilesLieElsewhere)
     ASSERT_TRUE(prepare()) << error;
     asked();
     files = {file("other"), file("other/VerdanthHost64.exe"), file("other/VerdanthReference.dll"),
-             file("other/Verdanth6432Relay.exe")};
+             file("other/Verdanth6432Relay.exe"), true};
     ASSERT_TRUE(prepare()) << error;
     EXPECT_EQ(asked(), registering());
 }
@@ -97,6 +97,13 @@ TEST_F(PrefixOfTheUser, RegistersWhatThereIs)
     files.relay.clear();
     ASSERT_TRUE(prepare()) << error;
     EXPECT_EQ(asked().find("/s "), std::string::npos);
+}
+
+TEST_F(PrefixOfTheUser, RegistersTheTypeLibraryWhereItIs)
+{
+    files.hasStandard = false;
+    ASSERT_TRUE(prepare()) << error;
+    EXPECT_EQ(asked().find("/RegTypeLib"), std::string::npos);
 }
 
 TEST_F(PrefixOfTheUser, WithoutA32BitHalfServes64BitPackages)

@@ -193,7 +193,8 @@ private:
         if (files.relay.empty() || !has32Bits())
             return true;
         return runHere({files.relay, "/RegServer"}, "registering " + files.relay, error) &&
-               runHere({files.relay, "/RegTypeLib"}, "registering the type library of CAPE-OPEN", error);
+               (!files.hasStandard ||
+                runHere({files.relay, "/RegTypeLib"}, "registering the type library of CAPE-OPEN", error));
     }
 
     std::string folder;

@@ -43,5 +43,7 @@ bool FindWindowsFiles(const std::string &named, const std::string &own, WindowsF
         files.relay = ifExists(files.folder + "/../windows-x86/Verdanth6432Relay.exe");
     if (!files.relay.empty())
         files.relay = std::filesystem::path(files.relay).lexically_normal().string();
+    const std::size_t folderOfRelay = files.relay.rfind('/') + 1;
+    files.hasStandard = !files.relay.empty() && exists(files.relay.substr(0, folderOfRelay) + "CapeOpen11.tlb");
     return true;
 }

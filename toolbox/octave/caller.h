@@ -1,4 +1,4 @@
-// Whoever waits while something is started or calculated, as this folder sees them.
+// Whoever waits while something is started or calculated, as the library's side sees them.
 #pragma once
 
 struct Caller {
