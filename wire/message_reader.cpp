@@ -74,6 +74,15 @@ void MessageReader::forget()
     capacity = 0;
 }
 
+bool MessageReader::waitForMore()
+{
+    if (aheadBegin == aheadEnd) {
+        aheadBegin = 0;
+        aheadEnd = source.read(ahead, sizeof ahead);
+    }
+    return aheadBegin < aheadEnd;
+}
+
 std::size_t MessageReader::take(void *bytes, std::size_t count)
 {
     auto *target = static_cast<std::byte *>(bytes);
@@ -89,11 +98,8 @@ std::size_t MessageReader::take(void *bytes, std::size_t count)
             if (got == 0)
                 break;
             taken += got;
-        } else {
-            aheadBegin = 0;
-            aheadEnd = source.read(ahead, sizeof ahead);
-            if (aheadEnd == 0)
-                break;
+        } else if (!waitForMore()) {
+            break;
         }
     }
     return taken;

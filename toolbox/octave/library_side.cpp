@@ -1,12 +1,11 @@
 // The library's side: plays MATLAB for Verdanth.so with the stand-in's arrays, or has that done under Wine.
-#include "host/array_values.h"
+#include "host/value_call.h"
 #include "toolbox/octave/bridge.h"
 #include "toolbox/octave/load_beside.h"
 #include "toolbox/octave/windows/windows_side.h"
 
 #include <dlfcn.h>
 
-#include <algorithm>
 #include <string_view>
 
 namespace {
@@ -18,40 +17,14 @@ public:
     bool call(int outputs, const std::vector<wire::Value> &arguments) override
     {
         release();
-        warned.clear();
-        if (!load())
-            return false;
-        given.reserve(arguments.size());
-        for (const wire::Value &argument : arguments)
-            given.push_back(host::ArrayOf(argument));
-        returned.assign(static_cast<std::size_t>(std::max(outputs, 1)), nullptr);
-        const bool worked = !std::count(given.begin(), given.end(), nullptr)
-                                ? mexStandInCall(function, outputs, returned.data(), static_cast<int>(given.size()),
-                                                 const_cast<const mxArray **>(given.data()), mexLEAVE_UNWIND)
-                                : false;
-        words = worked ? "" : std::count(given.begin(), given.end(), nullptr) ? "Out of memory." : mexStandInError();
-        for (std::size_t i = 0; i < mexStandInWarningCount(); ++i)
-            warned.emplace_back(mexStandInWarning(i));
-        mexStandInClearWarnings();
-        for (const mxArray *array : returned)
-            values.push_back(host::ValueOf(array));
-        return worked;
+        return load() && running.run(function, outputs, arguments);
     }
 
-    const std::vector<wire::Value> &results() const override { return values; }
-    const std::string &error() const override { return words; }
+    const std::vector<wire::Value> &results() const override { return running.results(); }
+    const std::string &error() const override { return function ? running.error() : words; }
     bool stopped() const override { return false; }
-    const std::vector<std::string> &warnings() const override { return warned; }
-
-    void release() override
-    {
-        values.clear();
-        for (std::vector<mxArray *> *arrays : {&given, &returned}) {
-            for (mxArray *array : *arrays)
-                mxDestroyArray(array);
-            arrays->clear();
-        }
-    }
+    const std::vector<std::string> &warnings() const override { return running.warnings(); }
+    void release() override { running.release(); }
 
     void unload() override
     {
@@ -81,10 +54,8 @@ private:
 
     void *module = nullptr;
     MexFunction function = nullptr;
-    std::vector<mxArray *> given, returned;
-    std::vector<wire::Value> values;
-    std::vector<std::string> warned;
-    std::string words;
+    host::ValueCall running;
+    std::string words; // why it could not be loaded
 };
 
 } // namespace

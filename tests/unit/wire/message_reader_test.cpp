@@ -33,14 +33,18 @@ TEST(MessageReader, ReadsMessagesInPiecesOfAnySize)
     }
 }
 
-TEST(MessageReader, TellsWhetherMoreHasCome)
+TEST(MessageReader, WaitsForMoreWithoutLosingAnything)
 {
-    Stream stream(Bytes().frame(2).add(Bytes().frame(2)).all());
-    wire::MessageReader reader(stream);
-    ASSERT_EQ(reader.next(), Arrival::Message);
-    EXPECT_TRUE(reader.hasMore());
-    ASSERT_EQ(reader.next(), Arrival::Message);
-    EXPECT_FALSE(reader.hasMore());
+    for (const std::size_t piece : {SIZE_MAX, std::size_t{1}}) {
+        Stream stream(Bytes().text("12345678").frame(7).add(Bytes().frame(2)).all(), piece);
+        wire::MessageReader reader(stream);
+        ASSERT_EQ(reader.next(), Arrival::Message);
+        EXPECT_TRUE(reader.waitForMore());
+        EXPECT_EQ(contentOf(reader), "12345678");
+        ASSERT_EQ(reader.next(), Arrival::Message);
+        EXPECT_EQ(reader.kind(), wire::Kind::Unload);
+        EXPECT_FALSE(reader.waitForMore());
+    }
 }
 
 TEST(MessageReader, BelievesALengthAsBytesArrive)
