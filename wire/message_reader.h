@@ -33,6 +33,7 @@ public:
     Payload payload() const { return {block.get(), header.length}; } // until next() or forget()
     void forget();                                                   // gives large memory back
 
+    bool hasMore() const { return aheadBegin < aheadEnd; } // bytes that came behind the message
     bool waitForMore(); // for a byte behind the message, which stays as it is; false at the end of the stream
     const std::string &reason() const { return why; }
 
