@@ -119,18 +119,11 @@ void aborted(int)
     TerminateProcess(GetCurrentProcess(), 3);
 }
 
-// The loader calls this when somebody has ended the process in an orderly way. Ours ends without.
-void NTAPI processEnds(void *, DWORD reason, void *)
-{
-    if (reason == DLL_PROCESS_DETACH && out)
-        say("exit was called", "");
-}
+// Called when the thread that has a value in the slot ends the process in an orderly way, or is ended with it. Our own
+// way is without.
+void NTAPI processEnds(void *) { say("exit was called", ""); }
 
 } // namespace
-
-extern "C" {
-[[gnu::section(".CRT$XLF"), gnu::used]] PIMAGE_TLS_CALLBACK verdanthProcessEnds = processEnds;
-}
 
 void ArrangeLastWords(HANDLE client)
 {
@@ -138,6 +131,7 @@ void ArrangeLastWords(HANDLE client)
     ULONG size = filterStack;
     SetThreadStackGuarantee(&size);
     std::signal(SIGABRT, aborted);
+    FlsSetValue(FlsAlloc(processEnds), out);
     RenewLastWords();
 }
 
