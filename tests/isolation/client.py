@@ -2,10 +2,13 @@
 
     with Host(["wine64", "VerdanthHost64.exe"]) as host:
         version, = host.call(1, 26)
+
+client.py COMMAND...   starts a host and prints what it answers to that
 """
 import array
 import struct
 import subprocess
+import sys
 
 CLASSES = {  # number: (code of struct and array, bytes of an element)
     3: ("?", 1), 4: ("H", 2), 6: ("d", 8), 7: ("f", 4), 8: ("b", 1), 9: ("B", 1), 10: ("h", 2), 11: ("H", 2),
@@ -150,3 +153,8 @@ class Host:
     def __exit__(self, *_):
         self.close()
         self.process.stdout.close()
+
+
+if __name__ == "__main__":
+    with Host(sys.argv[1:]) as started:
+        print(started.call(1, 26)[0])
