@@ -86,9 +86,23 @@ TEST_F(FilesOfWindows, LieBesideTheLibraryOrWhereTheyAreBuilt)
     EXPECT_TRUE(files.hasStandard);
 }
 
+TEST_F(FilesOfWindows, MayLieAsTheyAreShipped)
+{
+    for (const char *name : {"host/VerdanthHost64.exe", "host/libmx.dll", "host/libmex.dll", "toolbox/Verdanth.mexw64",
+                             "reference/x64/VerdanthReference.dll", "Verdanth6432Relay.exe", "CapeOpen11.tlb"})
+        write(std::string("unpacked/") + name, "");
+    ASSERT_TRUE(FindWindowsFiles(file("unpacked"), file("lib"), files, error)) << error;
+    EXPECT_EQ(files.folder, file("unpacked"));
+    EXPECT_EQ(files.host, file("unpacked/host/VerdanthHost64.exe"));
+    EXPECT_EQ(files.reference, file("unpacked/reference/x64/VerdanthReference.dll"));
+    EXPECT_EQ(files.relay, file("unpacked/Verdanth6432Relay.exe"));
+    EXPECT_TRUE(files.hasStandard);
+}
+
 TEST_F(FilesOfWindows, AreAllNeeded)
 {
-    constexpr char remedy[] = ". Put them there, or name their folder by VERDANTH_WINDOWS_FILES, in the environment";
+    constexpr char remedy[] = ". Unpack Verdanth's zip file for Windows there, or name its folder by "
+                              "VERDANTH_WINDOWS_FILES, in the environment";
     EXPECT_FALSE(FindWindowsFiles("", file("lib"), files, error));
     EXPECT_EQ(error, "The Windows files of Verdanth were not found: there is no VerdanthHost64.exe in " +
                          file("lib/windows") + remedy);

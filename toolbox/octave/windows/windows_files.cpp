@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr const char *needed[] = {"VerdanthHost64.exe", "Verdanth.mexw64", "libmx.dll", "libmex.dll"};
+constexpr char hostName[] = "VerdanthHost64.exe";
 
 bool exists(const std::string &file)
 {
@@ -13,37 +13,51 @@ bool exists(const std::string &file)
     return std::filesystem::exists(file, failure);
 }
 
-std::string ifExists(const std::string &file) { return exists(file) ? file : ""; }
+// The first that there is of `names` in the folder, without steps up in it; empty if there is none.
+std::string oneOf(const std::string &folder, const std::vector<const char *> &names)
+{
+    for (const char *name : names)
+        if (exists(folder + "/" + name))
+            return std::filesystem::path(folder + "/" + name).lexically_normal().string();
+    return {};
+}
 
 } // namespace
 
+// All in one folder, as they are built, or in several, as they are shipped.
 bool FindWindowsFiles(const std::string &named, const std::string &own, WindowsFiles &files, std::string &error)
 {
     // Beside this library where it is installed; in the sources, where they are built.
     const std::vector<std::string> folders =
         named.empty() ? std::vector<std::string>{own + "/windows", own + "/../windows-x64"} : std::vector{named};
+    files = {};
     for (const std::string &folder : folders)
-        if (exists(folder + "/" + needed[0])) {
+        if (files.host.empty()) {
             std::error_code failure;
-            files.folder = std::filesystem::canonical(folder, failure).string();
+            files.folder = std::filesystem::weakly_canonical(folder, failure).string();
+            files.host = oneOf(files.folder, {hostName, "host/VerdanthHost64.exe"});
         }
-    if (files.folder.empty())
+    if (files.host.empty())
         files.folder = folders.front();
-    for (const char *name : needed)
-        if (!exists(files.folder + "/" + name)) {
-            error = std::string("The Windows files of Verdanth were not found: there is no ") + name + " in " +
-                    files.folder +
-                    ". Put them there, or name their folder by VERDANTH_WINDOWS_FILES, in the environment";
-            return false;
-        }
-    files.host = files.folder + "/" + needed[0];
-    files.reference = ifExists(files.folder + "/VerdanthReference.dll");
-    files.relay = ifExists(files.folder + "/Verdanth6432Relay.exe");
-    if (files.relay.empty())
-        files.relay = ifExists(files.folder + "/../windows-x86/Verdanth6432Relay.exe");
-    if (!files.relay.empty())
-        files.relay = std::filesystem::path(files.relay).lexically_normal().string();
-    const std::size_t folderOfRelay = files.relay.rfind('/') + 1;
-    files.hasStandard = !files.relay.empty() && exists(files.relay.substr(0, folderOfRelay) + "CapeOpen11.tlb");
+    const std::string beside = files.host.substr(0, files.host.rfind('/') + 1);
+    std::string missing;
+    if (files.host.empty())
+        missing = hostName;
+    else if (oneOf(beside, {"Verdanth.mexw64", "../toolbox/Verdanth.mexw64"}).empty())
+        missing = "Verdanth.mexw64";
+    else
+        for (const char *name : {"libmx.dll", "libmex.dll"})
+            if (!exists(beside + name))
+                missing = name;
+    if (!missing.empty()) {
+        error = "The Windows files of Verdanth were not found: there is no " + missing + " in " + files.folder +
+                ". Unpack Verdanth's zip file for Windows there, or name its folder by VERDANTH_WINDOWS_FILES, in the "
+                "environment";
+        return false;
+    }
+    files.reference = oneOf(files.folder, {"VerdanthReference.dll", "reference/x64/VerdanthReference.dll"});
+    files.relay = oneOf(files.folder, {"Verdanth6432Relay.exe", "../windows-x86/Verdanth6432Relay.exe"});
+    files.hasStandard =
+        !files.relay.empty() && exists(files.relay.substr(0, files.relay.rfind('/')) + "/CapeOpen11.tlb");
     return true;
 }
