@@ -7,8 +7,7 @@ function varargout = capeOpenVersion(varargin)
 %     version  text with four numbers, such as
 %              'Verdanth.DLL version: 2.0.0.4'
 %     backEnd  text: where the library runs, as capeOpenBackend tells it, such
-%              as 'native' or
-%              'windows: wine-8.0, /home/me/.local/share/verdanth/wine'
+%              as 'native' or 'windows: wine-8.0, /home/me/wine'
 %
 %   Example:
 %     [version, backEnd] = capeOpenVersion()

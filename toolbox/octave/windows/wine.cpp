@@ -50,8 +50,12 @@ bool run(const std::string &prefix, const Wine &wine, const std::vector<std::str
     const int nothing = open("/dev/null", O_RDWR | O_CLOEXEC);
     const int written = open(log.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
     const int output = written < 0 ? nothing : written;
+    std::vector<std::string> environment = EnvironmentIn(prefix, wine);
+    // No questions about substitutes for .NET and a browser, no entries in the user's menus.
+    if (!std::getenv("WINEDLLOVERRIDES"))
+        environment.emplace_back("WINEDLLOVERRIDES=mscoree,mshtml=;winemenubuilder.exe=d");
     ChildProcess process;
-    const bool started = process.start(command, EnvironmentIn(prefix, wine), {nothing, output, output}, error);
+    const bool started = process.start(command, environment, {nothing, output, output}, error);
     close(nothing);
     if (written >= 0)
         close(written);
@@ -84,7 +88,7 @@ bool FindWine(const Settings &settings, Wine &wine, std::string &error)
     if (wine.loader.empty()) {
         error = "Wine was not found";
         error += settings.loader.empty()
-                     ? ". On Debian and Ubuntu \"sudo apt install wine64\" installs it; one that lies "
+                     ? ". On Debian and Ubuntu \"sudo apt install wine wine64\" installs it; one that lies "
                        "elsewhere is named by VERDANTH_WINE_LOADER, in the environment"
                      : ": VERDANTH_WINE_LOADER names " + settings.loader + ", which is no program";
         return false;
