@@ -15,6 +15,7 @@ namespace {
 std::vector<char *> pointersTo(const std::vector<std::string> &texts)
 {
     std::vector<char *> pointers;
+    pointers.reserve(texts.size() + 1);
     for (const std::string &text : texts)
         pointers.push_back(const_cast<char *>(text.c_str()));
     pointers.push_back(nullptr);

@@ -18,7 +18,7 @@ std::string variable(const char *name)
 
 std::string homeFolder()
 {
-    if (const std::string home = variable("HOME"); !home.empty())
+    if (std::string home = variable("HOME"); !home.empty())
         return home;
     const passwd *user = getpwuid(getuid());
     return user ? user->pw_dir : "/";

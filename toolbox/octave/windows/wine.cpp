@@ -29,10 +29,11 @@ std::string onPath(const std::string &program)
     const char *variable = std::getenv("PATH");
     std::string path = variable ? variable : "";
     while (!path.empty()) {
-        const std::string folder = path.substr(0, path.find(':'));
-        path.erase(0, folder.size() + 1);
-        const std::string file = folder + "/" + program;
-        if (!folder.empty() && isProgram(file))
+        std::string file = path.substr(0, path.find(':'));
+        path.erase(0, file.size() + 1);
+        const bool isFolder = !file.empty();
+        file.append("/").append(program);
+        if (isFolder && isProgram(file))
             return file;
     }
     return {};
