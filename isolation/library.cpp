@@ -1,8 +1,8 @@
 #include "isolation/library.h"
 
-#include "isolation/import_slot.h"
 #include "isolation/text.h"
 #include "platform/procedure.h"
+#include "platform/windows/import_slot.h"
 
 #include <cstdio>
 #include <exception>

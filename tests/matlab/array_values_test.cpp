@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
-
 using wire::Class;
 using wire::Value;
 
@@ -53,14 +51,17 @@ TEST_F(ArrayValues, CopyComplexNumbers)
     const double imaginary[] = {3, 4};
     mxArray *array = host::ArrayOf(pairOf(Class::Double, real, imaginary));
     const Value value = host::ValueOf(array);
-    EXPECT_EQ(std::memcmp(value.real, real, sizeof real), 0);
-    EXPECT_EQ(std::memcmp(value.imaginary, imaginary, sizeof imaginary), 0);
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(static_cast<const double *>(value.real)[i], real[i]);
+        EXPECT_EQ(static_cast<const double *>(value.imaginary)[i], imaginary[i]);
+    }
     mxDestroyArray(array);
 
     const float singles[] = {1, 2};
     array = host::ArrayOf(pairOf(Class::Single, singles, singles));
     EXPECT_TRUE(mxIsComplex(array));
-    EXPECT_EQ(std::memcmp(mxGetData(array), singles, sizeof singles), 0);
+    EXPECT_EQ(static_cast<const float *>(mxGetData(array))[0], singles[0]);
+    EXPECT_EQ(static_cast<const float *>(mxGetData(array))[1], singles[1]);
     mxDestroyArray(array);
 }
 

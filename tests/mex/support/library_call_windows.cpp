@@ -1,5 +1,5 @@
 // The library's import table says from where it calls the system.
-#include "isolation/import_slot.h"
+#include "platform/windows/import_slot.h"
 #include "tests/mex/support/library_call.h"
 
 #include <cstdlib>

@@ -1,8 +1,14 @@
-#include "isolation/import_slot.h"
+// The place from which a loaded module calls a function of another: what its import table says.
+#pragma once
+
+#include "platform/platform.h"
 
 #include <cstring>
 
-AnyFunction *FindImportSlot(HMODULE module, const char *function)
+using AnyFunction = void (*)();
+
+// The slot with the address of a function that the module imports by name; null if it does not.
+inline AnyFunction *FindImportSlot(HMODULE module, const char *function)
 {
     auto *const base = reinterpret_cast<BYTE *>(module);
     const auto *dos = reinterpret_cast<const IMAGE_DOS_HEADER *>(base);
@@ -23,7 +29,7 @@ AnyFunction *FindImportSlot(HMODULE module, const char *function)
     return nullptr;
 }
 
-void WriteImportSlot(AnyFunction *slot, AnyFunction function)
+inline void WriteImportSlot(AnyFunction *slot, AnyFunction function)
 {
     DWORD protection = 0;
     VirtualProtect(slot, sizeof *slot, PAGE_READWRITE, &protection);
