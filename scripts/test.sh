@@ -46,12 +46,15 @@ EOF
     skipped=$((skipped + left_out))
 }
 
-build() { cmake --preset "$1" && cmake --build --preset "$1"; }
+build() {
+    cmake --preset "$1" && cmake --build --preset "$@"
+}
 
 run_preset() {
     echo "== $1 =="
-    # The 64-bit tests use what is built for 32 bits, too: the relay and the 32-bit package.
-    if { [ "$1" = windows-x64 ] && ! build windows-x86; } || ! build "$1"; then
+    # The 64-bit tests use what is built for 32 bits, too: the relay and the 32-bit package; and of the native build what
+    # Octave loads.
+    if { [ "$1" = windows-x64 ] && ! { build windows-x86 && build linux --target verdanth_mex; }; } || ! build "$1"; then
         echo "$1: the build failed."
         failed=$((failed + 1))
         return

@@ -44,5 +44,6 @@
 %   capeOpenWarnings            - Switch warnings on or off.
 %   capeOpenPropUnit            - Unit of a property.
 %   capeOpenUnits               - Values in other units.
+%   capeOpenBackend             - Choose where the library runs: in this process, or under Wine with Windows packages.
 %   capeOpenVersion             - Version of the library.
 %   capeOpenHelp                - Open the help file.

@@ -4,14 +4,15 @@
 
 #include <dlfcn.h>
 
-#include <string>
-
-void *LoadBeside(void *self, const char *)
+std::string FolderOf(void *self)
 {
     Dl_info file{};
     dladdr(self, &file);
-    std::string path = file.dli_fname;
-    path.resize(path.rfind('/') + 1);
-    path += "libfuzz_octave_library.so";
-    return dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    const std::string path = file.dli_fname;
+    return path.substr(0, path.rfind('/'));
+}
+
+void *LoadBeside(void *self, const char *)
+{
+    return dlopen((FolderOf(self) + "/libfuzz_octave_library.so").c_str(), RTLD_NOW | RTLD_LOCAL);
 }

@@ -31,7 +31,7 @@ class Guide(unittest.TestCase):
         toolbox = SOURCE / "toolbox"
         self.functions = {path.stem: path for path in toolbox.glob("capeOpen*.m")}
         self.functions["capeopen.Package"] = toolbox / "+capeopen/Package.m"
-        self.assertEqual(len(self.functions), 32 + 5)
+        self.assertEqual(len(self.functions), 33 + 5)
 
     @functools.cached_property
     def pages(self):
@@ -174,8 +174,8 @@ class Guide(unittest.TestCase):
 
 
 def texts_in_the_sources():
-    """What the library says: the texts in its sources, those joined that stand behind each other."""
-    folders = ("gateway", "commands", "packages", "properties", "material", "cape", "relay", "platform")
+    """What the library says, and what connects Octave with it: the texts in the sources, joined where one follows another."""
+    folders = ("gateway", "commands", "packages", "properties", "material", "cape", "relay", "platform", "toolbox/octave")
     code = "".join(path.read_text(encoding="utf-8") for folder in folders for path in sorted((SOURCE / folder).rglob("*.cpp")))
     return "\n".join(re.findall(r'"((?:[^"\\\n]|\\.)*)"', re.sub(r'"\s+"', "", code))).replace('\\"', '"')
 

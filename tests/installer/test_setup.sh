@@ -123,6 +123,11 @@ cp "$build/help_viewer.dll" "$work/host/hhctrl.ocx"
 WINEDLLOVERRIDES=hhctrl.ocx=n "$wine" "$work/host/installed_help.exe" >"$work/help.txt" || fail "the help file is not found: $?"
 holds "$work/help.txt" 'C:\Program Files\Verdanth\Verdanth.chm'
 
+echo "== a program of another system =="
+WINEPATH='' python3 -B tests/isolation/client.py "$wine" 'C:\Program Files\Verdanth\host\VerdanthHost64.exe' >"$work/version.txt" ||
+    fail "the host process gave $?"
+holds "$work/version.txt" "Verdanth.DLL version: $(scripts/version.sh)"
+
 echo "== a package that 32-bit programs alone can load =="
 "$wine" regsvr32 /s /u 'C:\Program Files\Verdanth\reference\x64\VerdanthReference.dll'
 "$wine" "$work/host/natural_gas_demo.exe" >"$work/relayed.txt" || fail "through the relay, the demo gave $?"

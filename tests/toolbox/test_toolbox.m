@@ -26,7 +26,7 @@ function every_function_has_a_command(toolbox)
     table = command_table();
     names = [table.plain(:, 2); table.silent(:, 2); table.counted(:, 2); {'Flash'; 'MultiFlash'}];
     files = dir(fullfile(toolbox, '*.m'));
-    on_top = {'Composition'; 'LastResults'; 'MultiFlashParallel'; 'Ph'; 'PhaseEnvelope'; 'Pxy'; 'Ts'; 'Txy'; 'Units'};
+    on_top = {'Backend'; 'Composition'; 'LastResults'; 'MultiFlashParallel'; 'Ph'; 'PhaseEnvelope'; 'Pxy'; 'Ts'; 'Txy'; 'Units'};
     expected = sort([strcat('capeOpen', [names; on_top], '.m'); {'Contents.m'}]);
     check(isequal(sort({files.name}.'), expected), 'the functions are not those of the commands');
 end
@@ -52,8 +52,13 @@ function too_many_outputs_reach_the_library(toolbox)
     table = command_table();
     for k = 1:size(table.plain, 1)
         name = ['capeOpen' table.plain{k, 2}];
-        [a, b] = feval(name, 'x');
-        check_call(name, table.plain{k, 1}, {'x'}, 2);
+        if strcmp(name, 'capeOpenVersion') % has a second one of its own
+            [a, b, c] = feval(name, 'x');
+            check_call(name, table.plain{k, 1}, {'x'}, 3);
+        else
+            [a, b] = feval(name, 'x');
+            check_call(name, table.plain{k, 1}, {'x'}, 2);
+        end
     end
     for k = 1:size(table.silent, 1)
         name = ['capeOpen' table.silent{k, 2}];

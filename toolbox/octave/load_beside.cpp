@@ -2,14 +2,16 @@
 
 #include <dlfcn.h>
 
-#include <string>
-
-void *LoadBeside(void *self, const char *name)
+std::string FolderOf(void *self)
 {
     Dl_info file{};
     dladdr(self, &file);
-    std::string path = file.dli_fname;
-    path.resize(path.rfind('/') + 1);
-    path += name;
-    return dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_DEEPBIND);
+    const std::string path = file.dli_fname;
+    const std::size_t stroke = path.rfind('/');
+    return stroke == std::string::npos ? "." : path.substr(0, stroke);
+}
+
+void *LoadBeside(void *self, const char *name)
+{
+    return dlopen((FolderOf(self) + "/" + name).c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_DEEPBIND);
 }

@@ -1,6 +1,7 @@
 #include "toolbox/octave/octave_errors.h"
 
 #include <octave/error.h>
+#include <octave/quit.h>
 
 #include <cstdlib>
 
@@ -11,3 +12,11 @@ void RaiseOctaveError(const char *identifier, const char *text)
 }
 
 void GiveOctaveWarning(const char *identifier, const char *text) { warning_with_id(identifier, "%s", text); }
+
+bool OctaveIsInterrupted() { return octave_interrupt_state > 0; }
+
+void StopInOctave()
+{
+    octave_quit();
+    throw octave::interrupt_exception(); // someone else had taken note of it
+}

@@ -6,3 +6,9 @@
 
 // An error, too, where the user wants warnings to be.
 void GiveOctaveWarning(const char *identifier, const char *text);
+
+// Whether the user has pressed Ctrl-C.
+bool OctaveIsInterrupted();
+
+// What Octave does then: the prompt is back.
+[[noreturn]] void StopInOctave();

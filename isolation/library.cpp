@@ -1,0 +1,85 @@
+#include "isolation/library.h"
+
+#include "isolation/text.h"
+#include "platform/procedure.h"
+#include "platform/windows/import_slot.h"
+
+#include <cstdio>
+#include <exception>
+#include <type_traits>
+
+namespace {
+
+constexpr WCHAR fileName[] = L"Verdanth.mexw64";
+
+// Where the program lies, and where it lies when it was installed beside the functions for scripts.
+constexpr LPCWSTR folders[] = {L"", L"..\\toolbox\\"};
+
+DWORD mainThread = 0;
+
+// In the place of the library's call of MessageBoxW: nobody may be there to press a button.
+int WINAPI warn(HWND, LPCWSTR text, LPCWSTR, UINT)
+{
+    try {
+        if (GetCurrentThreadId() == mainThread)
+            mexWarnMsgTxt(CodePageText(text).c_str());
+        else
+            std::fprintf(stderr, "%s\n", Utf8(text).c_str());
+    } catch (const std::exception &) { // without memory nothing is said
+    }
+    return IDOK;
+}
+
+WideString ownFolder()
+{
+    WideString path(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+        if (length < path.size()) {
+            path.resize(length);
+            break;
+        }
+        path.resize(2 * path.size());
+    }
+    path.resize(path.rfind(L'\\') + 1);
+    return path;
+}
+
+} // namespace
+
+MexFunction IsolatedLibrary::load(std::string &error)
+{
+    if (function)
+        return function;
+    mainThread = GetCurrentThreadId();
+    const WideString own = ownFolder();
+    DWORD code = 0;
+    for (const LPCWSTR folder : folders) {
+        const WideString path = own + folder + fileName;
+        if (GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES)
+            continue;
+        module = LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+        code = GetLastError();
+        break;
+    }
+    if (!module) {
+        error = "Verdanth could not be loaded: ";
+        error += code == 0 ? "Verdanth.mexw64 is not in " + Utf8(own.c_str())
+                           : "Verdanth.mexw64, error " + std::to_string(code);
+        return nullptr;
+    }
+    if (AnyFunction *slot = FindImportSlot(module, "MessageBoxW"))
+        WriteImportSlot(slot, reinterpret_cast<AnyFunction>(warn));
+    function = findProcedure<std::remove_pointer_t<MexFunction>>(module, "mexFunction");
+    return function;
+}
+
+void IsolatedLibrary::unload()
+{
+    if (!module)
+        return;
+    mexStandInRunExit();
+    FreeLibrary(module);
+    module = nullptr;
+    function = nullptr;
+}
