@@ -48,10 +48,12 @@ EOF
 
 build() { cmake --preset "$1" && cmake --build --preset "$1"; }
 
+# What the 64-bit tests use, too: the relay and the 32-bit package, and the native library to compare answers with.
+build_beside() { build windows-x86 && cmake --preset linux && cmake --build --preset linux --target native_host; }
+
 run_preset() {
     echo "== $1 =="
-    # The 64-bit tests use what is built for 32 bits, too: the relay and the 32-bit package.
-    if { [ "$1" = windows-x64 ] && ! build windows-x86; } || ! build "$1"; then
+    if { [ "$1" = windows-x64 ] && ! build_beside; } || ! build "$1"; then
         echo "$1: the build failed."
         failed=$((failed + 1))
         return
