@@ -50,11 +50,13 @@ build() {
     cmake --preset "$1" && cmake --build --preset "$@"
 }
 
+# What the 64-bit tests use, too: the relay and the 32-bit package; and of the native build the library to compare answers
+# with, and what Octave loads.
+build_beside() { build windows-x86 && build linux --target native_host verdanth_mex; }
+
 run_preset() {
     echo "== $1 =="
-    # The 64-bit tests use what is built for 32 bits, too: the relay and the 32-bit package; and of the native build what
-    # Octave loads.
-    if { [ "$1" = windows-x64 ] && ! { build windows-x86 && build linux --target verdanth_mex; }; } || ! build "$1"; then
+    if { [ "$1" = windows-x64 ] && ! build_beside; } || ! build "$1"; then
         echo "$1: the build failed."
         failed=$((failed + 1))
         return
