@@ -1,5 +1,5 @@
 % The same commands, made up at random, to the library in this process and to the one under Wine. Every word has to be
-% the same, and every number, bit for bit, but for the last digits of what exponentials and logarithms have a part in:
+% the same, and every number, bit for bit, but for the last digits of what exponentials, logarithms and cube roots have a part in:
 % those of the C library and those of Windows are rounded differently now and then, and derivatives by differences and
 % searches for a solution make more of that.
 %
