@@ -37,7 +37,8 @@ function [T, P, vaporFraction, critical, threePhases, quality] = capeOpenPhaseEn
 %             curve, double 1-by-2; NaN if it passes none
 %     threePhases
 %             double M-by-2, temperatures and pressures of the lines inside on
-%             which a liquid appears as a third phase, parted by rows of NaN
+%             which a liquid appears as a third phase, as far as the bubble
+%             point in which one goes on; parted by rows of NaN
 %     quality cell array with a double K-by-2 for each of the fractions:
 %             temperatures and pressures
 %
