@@ -88,8 +88,7 @@ for step = [0.02, 0.05, 0.1, 0.2]
     [T, P] = system.conditions(V);
     [X, Y] = system.fractions(V);
     for share = [0.3, 0.7, 0.02, 0.98]
-        Z = zeros(1, model.count);
-        Z(model.compounds) = (1 - share) * X + share * Y;
+        Z = ofAllCompounds(model, (1 - share) * X + share * Y);
         try
             [labels, ~, phases] = capeOpenFlash(model.handle, Z, 'Temperature', T, 'Pressure', P, 'Unspecified');
         catch failure

@@ -106,9 +106,8 @@ levels = linspace(0.5 * min(constants.T), max(constants.T), 40).';
 if isotherm
     levels = exp(linspace(log(1e4), log(5e7), 40)).';
 end
-X = zeros(numel(levels), model.count);
 for part = [0.5, 0.25, 0.75, 0.9, 0.1]
-    X(:, model.compounds) = repmat([part, 1 - part], numel(levels), 1);
+    X = ofAllCompounds(model, repmat([part, 1 - part], numel(levels), 1));
     [T, P] = system.conditions([zeros(numel(levels), 2), log(levels)]);
     fraction = capeOpenMultiFlash(model.handle, X, 'Temperature', T, 'Pressure', P, 'Unspecified', 'vaporFraction');
     inside = find(fraction > 0 & fraction < 1);

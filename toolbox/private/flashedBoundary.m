@@ -3,8 +3,7 @@ function trials = flashedBoundary(model, Z, P, side)
 %
 %   Rows of TRIALS are estimates for the variables of envelopeSystem, one for each phase that is new; there are none
 %   where the flash fails.
-X = zeros(1, model.count);
-X(model.compounds) = Z;
+X = ofAllCompounds(model, Z);
 trials = zeros(0, numel(Z) + 2);
 try
     [~, fractions, compositions, T] = capeOpenFlash(model.handle, X, 'Pressure', P, ...

@@ -14,8 +14,7 @@ if nargin < 5
     T = exp(V(:, end - 1));
     P = exp(V(:, end));
 end
-X = zeros(numel(points), model.count);
-X(:, model.compounds) = (1 - share) * Z + share * W;
+X = ofAllCompounds(model, (1 - share) * Z + share * W);
 [volume, fraction] = capeOpenMultiFlash(model.handle, X, 'Temperature', T, 'Pressure', P, 'Unspecified', ...
                                         {'volume', 'vaporFraction'});
 densities = vertcat(points.densities);

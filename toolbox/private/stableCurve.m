@@ -65,8 +65,7 @@ end
 % Whether the flash of the mixture itself finds more than traces of several phases at a point; at a boundary it finds
 % one.
 function several = isSeveral(model, Z, point)
-X = zeros(1, model.count);
-X(model.compounds) = Z;
+X = ofAllCompounds(model, Z);
 try
     [~, fractions] = capeOpenFlash(model.handle, X, 'Temperature', exp(point.v(end - 1)), 'Pressure', ...
                                    exp(point.v(end)), 'Unspecified');
@@ -168,8 +167,7 @@ end
 % What the flash finds next to the mixture, other than the new phase of the point.
 function others = othersThan(model, Z, good, bad)
 n = numel(Z);
-X = zeros(1, model.count);
-X(model.compounds) = Z;
+X = ofAllCompounds(model, Z);
 others = struct('v', {}, 'phases', {});
 try
     [labels, fractions, compositions] = capeOpenFlash(model.handle, X, 'Temperature', exp(bad.v(n + 1)), 'Pressure', ...

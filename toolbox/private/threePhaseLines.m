@@ -132,8 +132,7 @@ end
 function point = boilingLiquids(system, model, z, P)
 point = [];
 n = numel(z);
-X = zeros(1, model.count);
-X(model.compounds) = z;
+X = ofAllCompounds(model, z);
 T = linspace(20, 700, 137).';
 fraction = capeOpenMultiFlash(model.handle, X, 'Temperature', T, 'Pressure', P, 'Unspecified', 'vaporFraction');
 first = find(fraction(2:end) > 0 & fraction(1:end - 1) == 0, 1, 'last');

@@ -56,8 +56,7 @@ part = V(:, 2 * n + 1);
 A = z ./ (1 + part .* (K - 1));
 C = A .* exp(V(:, n + 1:2 * n));
 C = C ./ sum(C, 2);
-X = zeros(numel(points), model.count);
-X(:, model.compounds) = (1 - share) * z + share * C;
+X = ofAllCompounds(model, (1 - share) * z + share * C);
 volume = capeOpenMultiFlash(model.handle, X, 'Temperature', exp(V(:, end - 1)) * beside, 'Pressure', exp(V(:, end)), ...
                             'Unspecified', 'volume');
 densities = vertcat(points.densities);
