@@ -14,14 +14,14 @@ import time
 import unittest
 
 import client
-from client import CALL, Ended, Error, Host
+from client import CALL, RESULT, Ended, Error, Host
 
 REFERENCE = "Verdanth Reference Packages"
 FILES = ["VerdanthHost64.exe", "Verdanth.mexw64", "libmx.dll", "libmex.dll"]
 
 
-def start(*arguments, program=None):
-    return Host([*WINE, program or BUILD / "VerdanthHost64.exe", *arguments])
+def start(*arguments, program=None, **options):
+    return Host([*WINE, program or BUILD / "VerdanthHost64.exe", *arguments], **options)
 
 
 def register(library, *options):
@@ -150,9 +150,29 @@ class Calls(HostTest):
             self.assertEqual(host.warnings, [])
 
     def test_what_a_package_prints_and_reads_is_not_the_streams(self):
+        with tempfile.TemporaryFile() as printed:
+            with start(stderr=printed) as host:
+                self.assertIsInstance(host.call(1, 3, "prints", "")[0], int)
+                self.assertEqual(host.call(1, 26), ["Verdanth.DLL version: " + VERSION])
+                self.assertEqual(host.close(), 0)
+            printed.seek(0)
+            self.assertEqual(printed.read().split(b"\n"), [
+                b"printed by a package\r", b"written by a package", b"closed by the library\r", b""])
+
+    def test_the_next_call_may_be_sent_when_the_answer_has_begun_to_arrive(self):
+        rows = 20_000 # more than pipes hold: the host is still writing
         with start() as host:
-            self.assertIsInstance(host.call(1, 3, "prints", "")[0], int)
-            self.assertEqual(host.call(1, 26), ["Verdanth.DLL version: " + VERSION])
+            handle, = host.call(1, 3, REFERENCE, "Air")
+            count = len(host.call(1, 7, handle)[0])
+            feed = client.matrix([1 / count] * count, 1, count)
+            host.send(client.call(1, 22, 1.0, handle, "molecularWeight", [300.0] * rows, [1e5] * rows, feed, "Vapor"))
+            kind, _, length = struct.unpack("<IIQ", host.read(16))
+            self.assertEqual(kind, RESULT)
+            self.assertGreater(length, 8 * rows)
+            host.send(client.call(1, 26))
+            time.sleep(0.2)
+            host.read(length)
+            self.assertEqual(host.answer(), ["Verdanth.DLL version: " + VERSION])
 
     def test_unloading_closes_packages_and_the_next_call_loads_again(self):
         with start() as host:
@@ -240,6 +260,9 @@ class Crashes(HostTest):
             ("writes to null", "access violation in ill_packages.dll", 5),
             ("calls null", "access violation in ill_packages.dll", 5),
             ("executes a trap", "illegal instruction in ill_packages.dll", 0x1D),
+            ("divides by zero", "integer division by zero in ill_packages.dll", 0x94),
+            ("raises another exception", "exception 0xE0001234 in kernelbase.dll", 0x34),
+            ("throws on another thread", "uncaught C++ exception", 0x43),
             ("overflows the stack", "stack overflow in ill_packages.dll", 0xFD),
             ("crashes on another thread", "access violation in ill_packages.dll", 5),
             ("calls exit", "exit was called", 3),
@@ -253,6 +276,21 @@ class Crashes(HostTest):
                 self.assertEqual(ended.exception.args[0], words)
                 self.assertEqual(host.process.stdout.read(1), b"")
                 self.assertEqual(host.process.wait(20), code)
+
+    def test_last_words_are_not_put_into_another_message(self):
+        rows = 20_000
+        with start() as host:
+            handle, = host.call(1, 3, REFERENCE, "Air")
+            count = len(host.call(1, 7, handle)[0])
+            feed = client.matrix([1 / count] * count, 1, count)
+            host.call(1, 3, "crashes after the call", "")
+            host.send(client.call(1, 22, 1.0, handle, "molecularWeight", [300.0] * rows, [1e5] * rows, feed, "Vapor"))
+            kind, _, length = struct.unpack("<IIQ", host.read(16))
+            self.assertEqual(kind, RESULT)
+            self.assertEqual(host.process.wait(20), 5)
+            rest = host.process.stdout.read()
+            self.assertLess(len(rest), length)
+            self.assertNotIn(b"access violation", rest)
 
     def test_an_exception_that_can_be_caught_is_an_error(self):
         with start() as host:
