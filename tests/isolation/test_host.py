@@ -202,6 +202,32 @@ class Folders(HostTest):
             with start(program=pathlib.Path(folder) / "host/VerdanthHost64.exe") as host:
                 self.assertEqual(host.call(1, 26), ["Verdanth.DLL version: " + VERSION])
 
+    def test_what_is_no_library_is_an_error_of_the_call(self):
+        with tempfile.TemporaryDirectory(dir=BUILD) as folder:
+            for file in set(FILES) - {"Verdanth.mexw64"}:
+                shutil.copy(BUILD / file, folder)
+            library = pathlib.Path(folder) / "Verdanth.mexw64"
+            with start(program=pathlib.Path(folder) / "VerdanthHost64.exe") as host:
+                library.write_bytes(b"no library" * 1000)
+                with self.assertRaisesRegex(Error, "^Verdanth could not be loaded: Verdanth.mexw64, error 193$"):
+                    host.call(1, 26)
+                shutil.copy(BUILD / "libmx.dll", library)
+                with self.assertRaisesRegex(Error, "^Verdanth could not be loaded: Verdanth.mexw64 is another library$"):
+                    host.call(1, 26)
+
+    def test_an_error_of_loading_comes_without_the_warnings_of_an_earlier_call(self):
+        with tempfile.TemporaryDirectory(dir=BUILD) as folder:
+            for file in FILES:
+                shutil.copy(BUILD / file, folder)
+            with start(program=pathlib.Path(folder) / "VerdanthHost64.exe") as host:
+                host.call(1, 3, "talks", "")
+                self.assertEqual(len(host.warnings), 3)
+                host.unload()
+                (pathlib.Path(folder) / "Verdanth.mexw64").unlink()
+                with self.assertRaisesRegex(Error, "^Verdanth could not be loaded: Verdanth.mexw64 is not in "):
+                    host.call(1, 26)
+                self.assertEqual(host.warnings, [])
+
     def test_a_missing_library_is_an_error_of_the_call(self):
         with tempfile.TemporaryDirectory(prefix="\u00E4 ", dir=BUILD) as folder:
             for file in set(FILES) - {"Verdanth.mexw64"}:
@@ -246,6 +272,19 @@ class Malformed(HostTest):
                 self.assertEqual(self.ended(host), (reason, 0))
 
     def test_a_message_before_the_answer_ends_it(self):
+        early = "malformed message: a message came before the last one was answered"
+        with start() as host:
+            host.send(client.call(1, 26) + client.call(1, 26)) # the first has to load the library
+            host.process.stdin.close()
+            self.assertEqual(self.ended(host), (early, 0))
+        with start() as host:
+            host.send(client.message(3) + client.call(1, 26))
+            host.process.stdin.close()
+            words, code = self.ended(host) # of one reason, whichever is seen first
+            self.assertIn(words, (early, "malformed message: byte 0 of a message: a kind that a host does not know"))
+            self.assertEqual(code, 0)
+
+    def test_a_message_before_the_answer_ends_it_whatever_a_package_does(self):
         with start() as host:
             host.message(CALL, struct.pack("<iI", 1, 3) + client.encode(3.0) + client.encode("loops") +
                          client.encode(""))
