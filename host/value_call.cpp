@@ -6,8 +6,7 @@ namespace host {
 
 bool ValueCall::run(MexFunction function, int outputs, const std::vector<wire::Value> &arguments)
 {
-    release();
-    warned.clear();
+    clear();
     given.reserve(arguments.size());
     for (const wire::Value &argument : arguments)
         given.push_back(ArrayOf(argument));
@@ -18,12 +17,14 @@ bool ValueCall::run(MexFunction function, int outputs, const std::vector<wire::V
     returned.assign(static_cast<std::size_t>(std::max(outputs, 1)), nullptr);
     const bool worked = mexStandInCall(function, outputs, returned.data(), static_cast<int>(given.size()),
                                        const_cast<const mxArray **>(given.data()), mexLEAVE_UNWIND);
-    words = worked ? "" : mexStandInError();
+    if (!worked)
+        words = mexStandInError();
     for (std::size_t i = 0; i < mexStandInWarningCount(); ++i)
         warned.emplace_back(mexStandInWarning(i));
     mexStandInClearWarnings();
-    for (const mxArray *array : returned)
-        values.push_back(ValueOf(array));
+    if (worked)
+        for (const mxArray *array : returned)
+            values.push_back(ValueOf(array));
     return worked;
 }
 
@@ -35,6 +36,13 @@ void ValueCall::release()
             mxDestroyArray(array);
         arrays->clear();
     }
+}
+
+void ValueCall::clear()
+{
+    release();
+    warned.clear();
+    words.clear();
 }
 
 } // namespace host

@@ -10,7 +10,10 @@ namespace host {
 
 class ValueCall {
 public:
+    ValueCall() = default;
     ~ValueCall() { release(); }
+    ValueCall(const ValueCall &) = delete;
+    ValueCall &operator=(const ValueCall &) = delete;
 
     // False when it raised; then error() is its text and there are no results. At least one result comes back
     // otherwise; its data live until release().
@@ -19,6 +22,7 @@ public:
     const std::string &error() const { return words; }
     const std::vector<std::string> &warnings() const { return warned; } // in order
     void release();
+    void clear(); // forgets warnings and the error, too, as run() does first
 
 private:
     std::vector<mxArray *> given, returned;

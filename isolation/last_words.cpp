@@ -15,6 +15,7 @@ constexpr DWORD cppOfMicrosoft = 0xE06D7363;
 constexpr DWORD cppOfGnu = 0x20474343;
 constexpr ULONG filterStack = 65536; // for what runs after the stack has overflowed
 constexpr DWORD patienceMilliseconds = 1000;
+constexpr std::size_t longestName = 768; // of a file, in UTF-8: three bytes for each of 255 units
 
 struct CodeWords {
     DWORD code;
@@ -41,18 +42,36 @@ constexpr CodeWords codes[] = {
 
 HANDLE out = nullptr;
 std::atomic<int> messagesBeingWritten = 0;
-std::atomic_flag said;
+std::atomic_flag begun;
+std::atomic<bool> said = false;
 
 struct Message {
     wire::FrameHeader header;
     std::uint64_t length;
-    char words[512];
+    char words[longestName + 64];
 } message;
+
+template <class Condition> bool waitUntil(Condition holds)
+{
+    for (DWORD waited = 0; !holds(); ++waited) {
+        if (waited == patienceMilliseconds)
+            return false;
+        Sleep(1);
+    }
+    return true;
+}
+
+// Once. A second thread that crashes meanwhile must not end the process before the first has spoken.
+bool mayBegin()
+{
+    if (!begun.test_and_set())
+        return true;
+    waitUntil([] { return said.load(); });
+    return false;
+}
 
 void say(const char *words, const char *place)
 {
-    if (said.test_and_set())
-        return;
     if (*place)
         std::snprintf(message.words, sizeof message.words, "%s in %s", words, place);
     else
@@ -61,14 +80,15 @@ void say(const char *words, const char *place)
     const std::uint64_t padded = wire::Padded(message.length);
     std::memset(message.words + message.length, 0, padded - message.length);
     message.header = {wire::Kind::LastWords, 0, sizeof message.length + padded};
-    for (DWORD waited = 0; messagesBeingWritten > 0 && waited < patienceMilliseconds; ++waited)
-        Sleep(1);
+    // In the middle of another message they would be taken for a part of it.
     DWORD written = 0;
-    WriteFile(out, &message, static_cast<DWORD>(sizeof message.header + message.header.length), &written, nullptr);
+    if (waitUntil([] { return messagesBeingWritten == 0; }))
+        WriteFile(out, &message, static_cast<DWORD>(sizeof message.header + message.header.length), &written, nullptr);
+    said = true;
 }
 
 // The file name of the module in which the address lies; empty when it is in none.
-bool nameModule(const void *address, char (&name)[256])
+bool nameModule(const void *address, char (&name)[longestName])
 {
     name[0] = '\0';
     HMODULE module = nullptr;
@@ -95,10 +115,10 @@ const char *wordsFor(DWORD code)
     return other;
 }
 
-LONG WINAPI crashed(EXCEPTION_POINTERS *exception)
+void tellOf(const EXCEPTION_POINTERS &exception)
 {
-    const EXCEPTION_RECORD &record = *exception->ExceptionRecord;
-    static char name[256];
+    const EXCEPTION_RECORD &record = *exception.ExceptionRecord;
+    static char name[longestName];
     const bool isCpp = record.ExceptionCode == cppOfMicrosoft || record.ExceptionCode == cppOfGnu;
     // Exceptions of C++ are raised by a function of the system. Microsoft's name the module that threw.
     const void *address = record.ExceptionAddress;
@@ -106,22 +126,33 @@ LONG WINAPI crashed(EXCEPTION_POINTERS *exception)
         address =
             record.NumberParameters > 3 ? reinterpret_cast<const void *>(record.ExceptionInformation[3]) : nullptr;
     // Who calls what is not there has left where it came from on the stack.
-    if (!nameModule(address, name) && !isCpp && exception->ContextRecord->Rip == 0)
-        nameModule(*reinterpret_cast<const void *const *>(exception->ContextRecord->Rsp), name);
+    if (!nameModule(address, name) && !isCpp && exception.ContextRecord->Rip == 0)
+        nameModule(*reinterpret_cast<const void *const *>(exception.ContextRecord->Rsp), name);
     say(wordsFor(record.ExceptionCode), name);
-    TerminateProcess(GetCurrentProcess(), record.ExceptionCode);
+}
+
+LONG WINAPI crashed(EXCEPTION_POINTERS *exception)
+{
+    if (mayBegin())
+        tellOf(*exception);
+    TerminateProcess(GetCurrentProcess(), exception->ExceptionRecord->ExceptionCode);
     return EXCEPTION_EXECUTE_HANDLER;
 }
 
 void aborted(int)
 {
-    say("abort was called", "");
+    if (mayBegin())
+        say("abort was called", "");
     TerminateProcess(GetCurrentProcess(), 3);
 }
 
 // Called when the thread that has a value in the slot ends the process in an orderly way, or is ended with it. Our own
 // way is without.
-void NTAPI processEnds(void *) { say("exit was called", ""); }
+void NTAPI processEnds(void *)
+{
+    if (mayBegin())
+        say("exit was called", "");
+}
 
 } // namespace
 

@@ -53,24 +53,26 @@ MexFunction IsolatedLibrary::load(std::string &error)
         return function;
     mainThread = GetCurrentThreadId();
     const WideString own = ownFolder();
-    DWORD code = 0;
+    std::string why = "Verdanth.mexw64 is not in " + Utf8(own.c_str());
     for (const LPCWSTR folder : folders) {
         const WideString path = own + folder + fileName;
         if (GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES)
             continue;
         module = LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
-        code = GetLastError();
+        why = "Verdanth.mexw64, error " + std::to_string(GetLastError());
         break;
     }
-    if (!module) {
-        error = "Verdanth could not be loaded: ";
-        error += code == 0 ? "Verdanth.mexw64 is not in " + Utf8(own.c_str())
-                           : "Verdanth.mexw64, error " + std::to_string(code);
+    if (module)
+        function = findProcedure<std::remove_pointer_t<MexFunction>>(module, "mexFunction");
+    if (!function) {
+        if (module)
+            why = "Verdanth.mexw64 is another library";
+        unload();
+        error = "Verdanth could not be loaded: " + why;
         return nullptr;
     }
     if (AnyFunction *slot = FindImportSlot(module, "MessageBoxW"))
         WriteImportSlot(slot, reinterpret_cast<AnyFunction>(warn));
-    function = findProcedure<std::remove_pointer_t<MexFunction>>(module, "mexFunction");
     return function;
 }
 

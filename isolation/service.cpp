@@ -18,10 +18,10 @@ void Service::run(wire::ByteSource &client)
     Listener listener(client);
     if (!listener.start())
         return;
-    while (listener.next())
-        if (!answer(listener))
-            break;
-    if (!listener.complaint().empty())
+    bool goesOn = true;
+    while (goesOn && listener.next())
+        goesOn = answer(listener);
+    if (goesOn && !listener.complaint().empty()) // otherwise the listener may still be writing it
         complain(listener.complaint());
     library.unload();
 }
@@ -43,6 +43,7 @@ bool Service::answerCall(Listener &listener)
 {
     bool worked = false;
     std::string error;
+    running.clear();
     try {
         if (!wire::Decode(listener.payload(), call, error))
             return complain(error);

@@ -15,9 +15,8 @@ public:
 
     template <class Field> bool field(Field &result)
     {
-        if (left < sizeof result)
-            return wrong("the message ends too early");
-        std::memcpy(&result, bytes, sizeof result);
+        if (!peek(result))
+            return false;
         pass(sizeof result);
         return true;
     }
@@ -57,6 +56,14 @@ public:
     std::string reason;
 
 private:
+    template <class Field> bool peek(Field &result)
+    {
+        if (left < sizeof result)
+            return wrong("the message ends too early");
+        std::memcpy(&result, bytes, sizeof result);
+        return true;
+    }
+
     void pass(std::size_t count)
     {
         bytes += count;
@@ -67,9 +74,8 @@ private:
     bool value(Value &result, int depth)
     {
         ValueHeader header;
-        if (left < sizeof header)
-            return wrong("the message ends too early");
-        std::memcpy(&header, bytes, sizeof header);
+        if (!peek(header))
+            return false;
         result.type = static_cast<Class>(header.type);
         const bool isKnown = ElementSize(result.type) > 0 || result.type == Class::Cell ||
                              result.type == Class::Opaque || result.type == Class::Missing;

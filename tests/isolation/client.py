@@ -86,6 +86,15 @@ def decode(content, at=0):
     return (dimensions, array.array("B" if code == "?" else code, content[at:end])), behind
 
 
+def message(kind, content=b""):
+    return struct.pack("<IIQ", kind, 0, len(content)) + content
+
+
+def call(outputs, code, *arguments):
+    values = [encode(float(code))] + [encode(each) for each in arguments]
+    return message(CALL, struct.pack("<iI", outputs, len(values)) + b"".join(values))
+
+
 class Host:
     def __init__(self, command, **options):
         self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, bufsize=0, **options)
@@ -108,7 +117,7 @@ class Host:
             view = view[self.process.stdin.write(view):]
 
     def message(self, kind, content=b""):
-        self.send(struct.pack("<IIQ", kind, 0, len(content)) + content)
+        self.send(message(kind, content))
 
     def answer(self):
         """The results. Warnings before them are in `warnings`."""
@@ -131,8 +140,7 @@ class Host:
         return results
 
     def call(self, outputs, code, *arguments):
-        values = [encode(float(code))] + [encode(each) for each in arguments]
-        self.message(CALL, struct.pack("<iI", outputs, len(values)) + b"".join(values))
+        self.send(call(outputs, code, *arguments))
         return self.answer()
 
     def unload(self):

@@ -17,6 +17,7 @@ namespace {
 int *volatile nowhere = nullptr;
 void (*volatile noFunction)() = nullptr;
 volatile int depth = 0;
+volatile int zero = 0;
 
 void overflowStack()
 {
@@ -29,6 +30,8 @@ void overflowStack()
 
 void writeToNull() { *nowhere = 1; }
 void callNull() { noFunction(); }
+void divideByZero() { depth = depth / zero; }
+void raiseAnother() { RaiseException(0xE0001234, 0, 0, nullptr); }
 void executeTrap() { __builtin_trap(); }
 void callExit() { std::exit(3); }
 void callAbort() { std::abort(); }
@@ -47,11 +50,19 @@ DWORD WINAPI crashLater(void *)
     return 0;
 }
 
-void crashOnAnotherThread()
+DWORD WINAPI throwLater(void *) { throw std::runtime_error("caught by nobody"); }
+
+// The call that opens it is long over then.
+DWORD WINAPI crashInAWhile(void *)
 {
-    HANDLE thread = CreateThread(nullptr, 0, crashLater, nullptr, 0, nullptr);
-    WaitForSingleObject(thread, INFINITE);
+    Sleep(2000);
+    return crashLater(nullptr);
 }
+
+HANDLE startThread(LPTHREAD_START_ROUTINE routine) { return CreateThread(nullptr, 0, routine, nullptr, 0, nullptr); }
+void crashOnAnotherThread() { WaitForSingleObject(startThread(crashLater), INFINITE); }
+void throwOnAnotherThread() { WaitForSingleObject(startThread(throwLater), INFINITE); }
+void crashAfterTheCall() { startThread(crashInAWhile); }
 
 void print()
 {
@@ -73,6 +84,8 @@ constexpr Deed deeds[] = {
     {"writes to null", writeToNull},
     {"calls null", callNull},
     {"executes a trap", executeTrap},
+    {"divides by zero", divideByZero},
+    {"raises another exception", raiseAnother},
     {"calls exit", callExit},
     {"aborts", callAbort},
     {"ends the process", endProcess},
@@ -80,6 +93,8 @@ constexpr Deed deeds[] = {
     {"overflows the stack", overflowStack},
     {"loops", loop},
     {"crashes on another thread", crashOnAnotherThread},
+    {"throws on another thread", throwOnAnotherThread},
+    {"crashes after the call", crashAfterTheCall},
     {"prints", print},
     {"talks", nullptr},
 };
@@ -101,6 +116,15 @@ public:
     {
         if (deed.act)
             deed.act();
+        return S_OK;
+    }
+
+    HRESULT STDMETHODCALLTYPE Terminate() override
+    {
+        if (deed.act == print) {
+            std::puts("closed by the library");
+            std::fflush(stdout);
+        }
         return S_OK;
     }
 

@@ -10,15 +10,9 @@ import tempfile
 import time
 
 import client
-from client import CALL, RESULT, Host
+from client import RESULT, Host
 
 REFERENCE = "Verdanth Reference Packages"
-
-
-def message(outputs, code, *arguments):
-    values = [client.encode(float(code))] + [client.encode(each) for each in arguments]
-    content = struct.pack("<iI", outputs, len(values)) + b"".join(values)
-    return struct.pack("<IIQ", CALL, 0, len(content)) + content
 
 
 def least(times, action):
@@ -44,7 +38,7 @@ def through_host(host, block):
 
 def in_process(folder, block, times):
     file = pathlib.Path(folder) / "messages"
-    file.write_bytes(message(1, 3, REFERENCE, "Natural gas") + block)
+    file.write_bytes(client.call(1, 3, REFERENCE, "Natural gas") + block)
     output = subprocess.run([WINE, BUILD / "in_process.exe", file, str(times)], stdin=subprocess.DEVNULL,
                             stdout=subprocess.PIPE, check=True)
     return float(output.stdout)
@@ -59,13 +53,13 @@ def measure(folder):
     with started() as host:
         handle, = host.call(1, 3, REFERENCE, "Natural gas")
         calls = [
-            ("version", 3000, message(1, 26)),
-            ("opening what is open", 3000, message(1, 3, REFERENCE, "Natural gas")),
-            ("density", 3000, message(1, 22, 1.0, handle, "density", 300.0, 1e5, feed, "Vapor")),
+            ("version", 3000, client.call(1, 26)),
+            ("opening what is open", 3000, client.call(1, 3, REFERENCE, "Natural gas")),
+            ("density", 3000, client.call(1, 22, 1.0, handle, "density", 300.0, 1e5, feed, "Vapor")),
             (f"density, {rows} rows", 5,
-             message(1, 22, 1.0, handle, "density", temperatures, pressures, feed, "Vapor")),
+             client.call(1, 22, 1.0, handle, "density", temperatures, pressures, feed, "Vapor")),
             (f"density, {rows} rows with a feed each", 5,
-             message(1, 22, 1.0, handle, "density", temperatures, pressures, own_feeds, "Vapor")),
+             client.call(1, 22, 1.0, handle, "density", temperatures, pressures, own_feeds, "Vapor")),
         ]
         print(f"{'':45}{'in process':>12}{'host':>12}{'beyond':>12}")
         for name, times, block in calls:

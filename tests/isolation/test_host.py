@@ -14,14 +14,14 @@ import time
 import unittest
 
 import client
-from client import CALL, Ended, Error, Host
+from client import CALL, RESULT, Ended, Error, Host
 
 REFERENCE = "Verdanth Reference Packages"
 FILES = ["VerdanthHost64.exe", "Verdanth.mexw64", "libmx.dll", "libmex.dll"]
 
 
-def start(*arguments, program=None):
-    return Host([*WINE, program or BUILD / "VerdanthHost64.exe", *arguments])
+def start(*arguments, program=None, **options):
+    return Host([*WINE, program or BUILD / "VerdanthHost64.exe", *arguments], **options)
 
 
 def register(library, *options):
@@ -150,9 +150,29 @@ class Calls(HostTest):
             self.assertEqual(host.warnings, [])
 
     def test_what_a_package_prints_and_reads_is_not_the_streams(self):
+        with tempfile.TemporaryFile() as printed:
+            with start(stderr=printed) as host:
+                self.assertIsInstance(host.call(1, 3, "prints", "")[0], int)
+                self.assertEqual(host.call(1, 26), ["Verdanth.DLL version: " + VERSION])
+                self.assertEqual(host.close(), 0)
+            printed.seek(0)
+            self.assertEqual(printed.read().split(b"\n"), [
+                b"printed by a package\r", b"written by a package", b"closed by the library\r", b""])
+
+    def test_the_next_call_may_be_sent_when_the_answer_has_begun_to_arrive(self):
+        rows = 20_000 # more than pipes hold: the host is still writing
         with start() as host:
-            self.assertIsInstance(host.call(1, 3, "prints", "")[0], int)
-            self.assertEqual(host.call(1, 26), ["Verdanth.DLL version: " + VERSION])
+            handle, = host.call(1, 3, REFERENCE, "Air")
+            count = len(host.call(1, 7, handle)[0])
+            feed = client.matrix([1 / count] * count, 1, count)
+            host.send(client.call(1, 22, 1.0, handle, "molecularWeight", [300.0] * rows, [1e5] * rows, feed, "Vapor"))
+            kind, _, length = struct.unpack("<IIQ", host.read(16))
+            self.assertEqual(kind, RESULT)
+            self.assertGreater(length, 8 * rows)
+            host.send(client.call(1, 26))
+            time.sleep(0.2)
+            host.read(length)
+            self.assertEqual(host.answer(), ["Verdanth.DLL version: " + VERSION])
 
     def test_unloading_closes_packages_and_the_next_call_loads_again(self):
         with start() as host:
@@ -181,6 +201,32 @@ class Folders(HostTest):
                 shutil.copy(BUILD / file, target)
             with start(program=pathlib.Path(folder) / "host/VerdanthHost64.exe") as host:
                 self.assertEqual(host.call(1, 26), ["Verdanth.DLL version: " + VERSION])
+
+    def test_what_is_no_library_is_an_error_of_the_call(self):
+        with tempfile.TemporaryDirectory(dir=BUILD) as folder:
+            for file in set(FILES) - {"Verdanth.mexw64"}:
+                shutil.copy(BUILD / file, folder)
+            library = pathlib.Path(folder) / "Verdanth.mexw64"
+            with start(program=pathlib.Path(folder) / "VerdanthHost64.exe") as host:
+                library.write_bytes(b"no library" * 1000)
+                with self.assertRaisesRegex(Error, "^Verdanth could not be loaded: Verdanth.mexw64, error 193$"):
+                    host.call(1, 26)
+                shutil.copy(BUILD / "libmx.dll", library)
+                with self.assertRaisesRegex(Error, "^Verdanth could not be loaded: Verdanth.mexw64 is another library$"):
+                    host.call(1, 26)
+
+    def test_an_error_of_loading_comes_without_the_warnings_of_an_earlier_call(self):
+        with tempfile.TemporaryDirectory(dir=BUILD) as folder:
+            for file in FILES:
+                shutil.copy(BUILD / file, folder)
+            with start(program=pathlib.Path(folder) / "VerdanthHost64.exe") as host:
+                host.call(1, 3, "talks", "")
+                self.assertEqual(len(host.warnings), 3)
+                host.unload()
+                (pathlib.Path(folder) / "Verdanth.mexw64").unlink()
+                with self.assertRaisesRegex(Error, "^Verdanth could not be loaded: Verdanth.mexw64 is not in "):
+                    host.call(1, 26)
+                self.assertEqual(host.warnings, [])
 
     def test_a_missing_library_is_an_error_of_the_call(self):
         with tempfile.TemporaryDirectory(prefix="\u00E4 ", dir=BUILD) as folder:
@@ -226,6 +272,19 @@ class Malformed(HostTest):
                 self.assertEqual(self.ended(host), (reason, 0))
 
     def test_a_message_before_the_answer_ends_it(self):
+        early = "malformed message: a message came before the last one was answered"
+        with start() as host:
+            host.send(client.call(1, 26) + client.call(1, 26)) # the first has to load the library
+            host.process.stdin.close()
+            self.assertEqual(self.ended(host), (early, 0))
+        with start() as host:
+            host.send(client.message(3) + client.call(1, 26))
+            host.process.stdin.close()
+            words, code = self.ended(host) # of one reason, whichever is seen first
+            self.assertIn(words, (early, "malformed message: byte 0 of a message: a kind that a host does not know"))
+            self.assertEqual(code, 0)
+
+    def test_a_message_before_the_answer_ends_it_whatever_a_package_does(self):
         with start() as host:
             host.message(CALL, struct.pack("<iI", 1, 3) + client.encode(3.0) + client.encode("loops") +
                          client.encode(""))
@@ -240,6 +299,9 @@ class Crashes(HostTest):
             ("writes to null", "access violation in ill_packages.dll", 5),
             ("calls null", "access violation in ill_packages.dll", 5),
             ("executes a trap", "illegal instruction in ill_packages.dll", 0x1D),
+            ("divides by zero", "integer division by zero in ill_packages.dll", 0x94),
+            ("raises another exception", "exception 0xE0001234 in kernelbase.dll", 0x34),
+            ("throws on another thread", "uncaught C++ exception", 0x43),
             ("overflows the stack", "stack overflow in ill_packages.dll", 0xFD),
             ("crashes on another thread", "access violation in ill_packages.dll", 5),
             ("calls exit", "exit was called", 3),
@@ -253,6 +315,21 @@ class Crashes(HostTest):
                 self.assertEqual(ended.exception.args[0], words)
                 self.assertEqual(host.process.stdout.read(1), b"")
                 self.assertEqual(host.process.wait(20), code)
+
+    def test_last_words_are_not_put_into_another_message(self):
+        rows = 20_000
+        with start() as host:
+            handle, = host.call(1, 3, REFERENCE, "Air")
+            count = len(host.call(1, 7, handle)[0])
+            feed = client.matrix([1 / count] * count, 1, count)
+            host.call(1, 3, "crashes after the call", "")
+            host.send(client.call(1, 22, 1.0, handle, "molecularWeight", [300.0] * rows, [1e5] * rows, feed, "Vapor"))
+            kind, _, length = struct.unpack("<IIQ", host.read(16))
+            self.assertEqual(kind, RESULT)
+            self.assertEqual(host.process.wait(20), 5)
+            rest = host.process.stdout.read()
+            self.assertLess(len(rest), length)
+            self.assertNotIn(b"access violation", rest)
 
     def test_an_exception_that_can_be_caught_is_an_error(self):
         with start() as host:

@@ -11,13 +11,7 @@ constexpr std::size_t pair[] = {1, 2};
 
 Value pairOf(Class type, const void *real, const void *imaginary = nullptr)
 {
-    Value value;
-    value.type = type;
-    value.dimensionCount = 2;
-    value.dimensions = pair;
-    value.real = real;
-    value.imaginary = imaginary;
-    return value;
+    return {type, 2, pair, real, imaginary, {}};
 }
 
 class ArrayValues : public testing::Test {

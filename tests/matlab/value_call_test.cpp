@@ -11,13 +11,7 @@ constexpr std::size_t scalar[] = {1, 1};
 
 Value numberOf(const double &number, const double *imaginary = nullptr)
 {
-    Value value;
-    value.type = Class::Double;
-    value.dimensionCount = 2;
-    value.dimensions = scalar;
-    value.real = &number;
-    value.imaginary = imaginary;
-    return value;
+    return {Class::Double, 2, scalar, &number, imaginary, {}};
 }
 
 // Doubles its argument, and says so.
@@ -67,6 +61,10 @@ TEST_F(ValueCall, GivesTheErrorAndWhatWasWarnedBefore)
     EXPECT_FALSE(call.run(refuse, 1, {}));
     EXPECT_EQ(call.error(), "100% refused");
     EXPECT_EQ(call.warnings(), std::vector<std::string>{"before the end"});
+    EXPECT_TRUE(call.results().empty());
+    call.clear();
+    EXPECT_EQ(call.error(), "");
+    EXPECT_TRUE(call.warnings().empty());
 }
 
 TEST_F(ValueCall, SaysThatThereIsNoMemoryForTheArguments)

@@ -18,13 +18,7 @@ constexpr std::size_t none[] = {0, 7};
 
 Value arrayOf(Class type, const std::size_t (&dimensions)[2], const void *real, const void *imaginary = nullptr)
 {
-    Value value;
-    value.type = type;
-    value.dimensionCount = 2;
-    value.dimensions = dimensions;
-    value.real = real;
-    value.imaginary = imaginary;
-    return value;
+    return {type, 2, dimensions, real, imaginary, {}};
 }
 
 std::string callOf(int outputs, const std::vector<Value> &arguments)
