@@ -27,7 +27,7 @@ PAIRS = [("temperature", "pressure"), ("temperature", "vaporFraction"), ("pressu
          ("pressure", "enthalpy"), ("pressure", "entropy"), ("temperature", "volume"), ("pressure", "pressure")]
 
 
-CLOSE = 1e-9  # relative to the largest number of an array
+CLOSE = 1e-11  # relative to the largest number of an array
 
 
 def distance(one, other):
