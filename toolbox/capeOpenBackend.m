@@ -52,6 +52,8 @@ function [backEnd, details] = capeOpenBackend(name, option1, value1, option2, va
 %             They are not where the message says. They come with Verdanth.
 %     'The Wine prefix ... can not be made: ...'
 %             The message tells why, and how another folder is chosen.
+%     'The Wine prefix ... can not be used: ...'
+%             It belongs to another user; choose one of your own.
 %     'The Wine prefix ... is broken: ...'
 %             Remove the folder, and it is made anew.
 %     'The Windows program ... did not start: ...'
@@ -103,13 +105,11 @@ for k = 3:2:numel(given)
     wanted(end + 1, :) = variableFor(name, given{k}, given{k + 1}); %#ok<AGROW>
 end
 before = cellfun(@getenv, wanted(:, 1), 'UniformOutput', false);
+back = onCleanup(@() cellfun(@setenv, wanted(:, 1), before)); % after an error or Ctrl-C
 cellfun(@setenv, wanted(:, 1), wanted(:, 2));
-try
-    capeOpenVersion();
-catch problem
-    cellfun(@setenv, wanted(:, 1), before);
-    rethrow(problem);
-end
+capeOpenVersion();
+clear('back');
+cellfun(@setenv, wanted(:, 1), wanted(:, 2));
 end
 
 % The variable of the environment that an option stands for, and its value there.
@@ -117,6 +117,9 @@ function pair = variableFor(name, option, value)
 if ischar(option) && strcmpi(option, 'Prefix') && strcmp(name, 'windows')
     if ~ischar(value)
         refuse('Expected text for ''Prefix''');
+    end
+    if ~isempty(value) && ~any(value(1) == '/~')
+        value = fullfile(pwd(), value); % the same one after cd
     end
     pair = {'VERDANTH_WINEPREFIX', value};
 elseif ischar(option) && strcmpi(option, 'TimeLimit') && strcmp(name, 'windows')

@@ -9,14 +9,6 @@ namespace {
 
 constexpr std::size_t largeBlock = 16384; // from here on a copy costs more than a write
 
-std::uint64_t countOf(const Value &value)
-{
-    std::uint64_t count = value.dimensionCount == 0 ? 0 : 1;
-    for (std::size_t i = 0; i < value.dimensionCount; ++i)
-        count *= value.dimensions[i];
-    return count;
-}
-
 // The library looks into no cell that deep.
 bool isTooDeep(const Value &value, int depth) { return value.type == Class::Cell && depth >= deepestCell; }
 
@@ -26,7 +18,7 @@ std::uint64_t sizeOf(const Value &value, int depth)
     if (value.type == Class::Cell && !isTooDeep(value, depth))
         for (const Value &element : value.elements)
             size += sizeOf(element, depth + 1);
-    return size + (value.imaginary ? 2 : 1) * Padded(countOf(value) * ElementSize(value.type));
+    return size + (value.imaginary ? 2 : 1) * Padded(ElementCount(value) * ElementSize(value.type));
 }
 
 std::uint64_t sizeOf(const std::vector<Value> &values)
@@ -98,7 +90,7 @@ void MessageWriter::put(const Value &value, int depth)
     put(ValueHeader{static_cast<std::uint8_t>(type), value.imaginary ? complexFlag : std::uint8_t{0}, 0,
                     static_cast<std::uint32_t>(value.dimensionCount)});
     put(value.dimensions, value.dimensionCount * sizeof(std::uint64_t));
-    const std::size_t bytes = countOf(value) * ElementSize(type);
+    const std::size_t bytes = ElementCount(value) * ElementSize(type);
     for (const void *part : {value.real, value.imaginary}) {
         if (bytes == 0 || !part)
             break;

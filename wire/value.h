@@ -37,6 +37,14 @@ struct Value {
     std::vector<Value> elements;     // of a cell
 };
 
+constexpr std::size_t ElementCount(const Value &value)
+{
+    std::size_t count = value.dimensionCount == 0 ? 0 : 1;
+    for (std::size_t k = 0; k < value.dimensionCount; ++k)
+        count *= value.dimensions[k];
+    return count;
+}
+
 // Of classes whose elements are bytes in a row; 0 for the others.
 constexpr std::size_t ElementSize(Class type)
 {

@@ -14,9 +14,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <forward_list>
-#include <functional>
 #include <iterator>
-#include <numeric>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,8 +29,10 @@ constexpr char questionOfBackEnd[] = "back end"; // in the place of a command's 
 
 LibrarySide *library = nullptr;
 std::string presentName; // of the back end that `library` is
-std::string errorText;   // of the process: raising an error leaves this file without a destructor run
-bool stopped = false;    // by the user
+// Of the last call, and of the process: raising an error leaves this file without a destructor run.
+std::string errorText;
+std::vector<std::string> warnings;
+bool stopped = false; // by the user
 
 const Caller octave = {OctaveIsInterrupted, [](const char *message) {
                            std::fprintf(stderr, "%s\n", message);
@@ -152,15 +152,9 @@ Value valueOf(const mxArray *array, TextRows &rows)
     return value;
 }
 
-std::size_t countOf(const Value &value)
-{
-    return std::accumulate(value.dimensions, value.dimensions + value.dimensionCount, std::size_t{1},
-                           std::multiplies<>());
-}
-
 mxArray *textOf(const Value &value)
 {
-    const std::string text = native::toUtf8({static_cast<const char16_t *>(value.real), countOf(value)});
+    const std::string text = native::toUtf8({static_cast<const char16_t *>(value.real), ElementCount(value)});
     const mwSize row[] = {1, static_cast<mwSize>(text.size())};
     mxArray *array = mxCreateCharArray(2, row);
     std::memcpy(mxGetData(array), text.data(), text.size());
@@ -206,6 +200,7 @@ bool asksForBackEnd(int nrhs, const mxArray *prhs[])
 bool call(int nlhs, mxArray *plhs[], int nrhs, const mxArray *prhs[])
 {
     stopped = false;
+    warnings.clear();
     if (!chooseLibrarySide())
         return false;
     if (asksForBackEnd(nrhs, prhs)) {
@@ -224,6 +219,7 @@ bool call(int nlhs, mxArray *plhs[], int nrhs, const mxArray *prhs[])
             if (results[i].type != Class::Missing)
                 plhs[i] = arrayOf(results[i]);
     errorText = library->error();
+    warnings = library->warnings();
     stopped = library->stopped();
     library->release();
     return worked;
@@ -236,9 +232,8 @@ extern "C" void mexFunction(int nlhs, mxArray *plhs[], int nrhs, const mxArray *
     if (!library)
         mexAtExit(unload);
     const bool worked = call(nlhs, plhs, nrhs, prhs);
-    if (library)
-        for (const std::string &warning : library->warnings())
-            GiveOctaveWarning(warningIdentifier, warning.c_str());
+    for (const std::string &warning : warnings)
+        GiveOctaveWarning(warningIdentifier, warning.c_str());
     if (stopped)
         StopInOctave();
     if (!worked)

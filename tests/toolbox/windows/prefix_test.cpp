@@ -2,6 +2,8 @@
 #include "tests/toolbox/windows/workplace.h"
 #include "toolbox/octave/windows/prefix.h"
 
+#include <unistd.h>
+
 #include <filesystem>
 
 namespace fs = std::filesystem;
@@ -99,6 +101,22 @@ TEST_F(PrefixOfTheUser, RegistersWhatThereIs)
     EXPECT_EQ(asked().find("/s "), std::string::npos);
 }
 
+TEST_F(PrefixOfTheUser, LearnsThatThereAreMoreFiles)
+{
+    files.reference.clear();
+    ASSERT_TRUE(prepare()) << error;
+    asked();
+    files.reference = file("lib/VerdanthReference.dll");
+    ASSERT_TRUE(prepare()) << error;
+    EXPECT_EQ(asked(), registering());
+    files.hasStandard = false;
+    ASSERT_TRUE(prepare()) << error;
+    asked();
+    files.hasStandard = true;
+    ASSERT_TRUE(prepare()) << error;
+    EXPECT_EQ(asked(), registering());
+}
+
 TEST_F(PrefixOfTheUser, RegistersTheTypeLibraryWhereItIs)
 {
     files.hasStandard = false;
@@ -156,6 +174,21 @@ TEST_F(PrefixOfTheUser, CanNotBeWhereNothingCanBeWritten)
     EXPECT_EQ(refusal(), "The Wine prefix " + settings.prefix + " can not be made: Not a directory" + remedy);
     settings.prefix = "/proc/self/fdinfo/wine"; // for root, too
     EXPECT_EQ(refusal(), "The Wine prefix " + settings.prefix + " can not be made: No such file or directory" + remedy);
+}
+
+TEST_F(PrefixOfTheUser, IsNobodyElses)
+{
+    settings.prefix = "/usr";
+    if (geteuid() == 0) {
+        constexpr uid_t someone = 65534;
+        write("theirs/system.reg", "");
+        settings.prefix = file("theirs");
+        ASSERT_EQ(chown(settings.prefix.c_str(), someone, static_cast<gid_t>(-1)), 0);
+    }
+    EXPECT_EQ(refusal(), "The Wine prefix " + settings.prefix +
+                             " can not be used: it belongs to another user, and Wine takes none but one's own" +
+                             remedy);
+    EXPECT_EQ(asked(), "");
 }
 
 TEST_F(PrefixOfTheUser, WithoutTheRelayIsTold)

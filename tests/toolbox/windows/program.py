@@ -30,10 +30,14 @@ def send_handle(handle):
     send(RESULT, struct.pack("<II BBHI QQ ii", 1, 0, INT32, 0, 0, 2, 1, 1, handle, 0))
 
 
+def script():
+    return pathlib.Path(sys.argv[1])
+
+
 def receive():
     header = sys.stdin.buffer.read(16)
     if len(header) < 16:
-        pathlib.Path(sys.argv[1] + ".ended").touch() # where the exit routine would run
+        script().with_suffix(".ended").touch() # where the exit routine would run
         sys.exit(0)
     kind, _, length = struct.unpack("<IIQ", header)
     return kind, sys.stdin.buffer.read(length)
@@ -50,6 +54,7 @@ def act(word, argument):
         send_text(ERROR, argument)
     elif word == "last_words":
         send_text(LAST_WORDS, argument)
+        script().with_suffix(".gone").touch()
         os._exit(5)
     elif word == "exit":
         os._exit(int(argument))
@@ -71,9 +76,8 @@ def act(word, argument):
 def main():
     if os.path.basename(sys.argv[2]) != "VerdanthHost64.exe":
         return # making a prefix
-    script = pathlib.Path(sys.argv[1])
-    signal.signal(signal.SIGINT, lambda *_: script.with_suffix(".interrupted").touch())
-    words = iter(script.read_text(encoding="utf-8").splitlines())
+    signal.signal(signal.SIGINT, lambda *_: script().with_suffix(".interrupted").touch())
+    words = iter(script().read_text(encoding="utf-8").splitlines())
     start = next(words)
     if start == "start":
         sys.stdout.buffer.write(b"VERDANTH" + struct.pack("<II", 1, 0))
@@ -81,7 +85,10 @@ def main():
     else:
         act(*(start.split(" ", 1) + [""])[:2])
     for line in words:
-        receive()
+        if line.startswith("unasked "):
+            line = line.removeprefix("unasked ")
+        else:
+            receive()
         act(*(line.split(" ", 1) + [""])[:2])
     receive()
 

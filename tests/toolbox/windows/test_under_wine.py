@@ -223,6 +223,32 @@ class UnderWine(unittest.TestCase):
                      "native, as before: 1", "error: VERDANTH_BACKEND is 'native' or 'windows', not 'other'"):
             self.assertIn(line, said)
 
+    def test_an_interrupted_choice_leaves_the_one_before(self):
+        with tempfile.NamedTemporaryFile("w", dir=BUILD, suffix=".sh", delete=False) as loader:
+            self.addCleanup(os.remove, loader.name)
+            loader.write("#!/bin/sh\nexec sleep 100\n")
+        os.chmod(loader.name, 0o700)
+        self.environment |= {"VERDANTH_BACKEND": "native", "VERDANTH_WINE_LOADER": loader.name}
+        octave = self.started("h = natural_gas(); disp('begun'); fflush(stdout); capeOpenBackend('windows', 'TimeLimit', 5)")
+        self.read_until(octave, "begun")
+        time.sleep(1)
+        os.killpg(octave.pid, signal.SIGINT)
+        said = octave.communicate("printf('%s %s, as before: %d\\n', capeOpenBackend(), getenv('VERDANTH_TIME_LIMIT'), "
+                                  "density(h) > 40)\nexit\n", timeout=60)[0]
+        self.assertIn("native , as before: 1", said)
+
+    def test_a_prefix_stays_the_same_in_another_folder(self):
+        self.assertIn("the same: 1", self.octave(f"""
+            cd('{BUILD}'); capeOpenBackend('windows', 'Prefix', 'wine-octave-ill'); h = natural_gas(); cd('/proc');
+            printf('the same: %d\\n', density(h) > 40);""", VERDANTH_BACKEND=""))
+
+    def test_a_warning_comes_once(self):
+        said = self.octave("""
+            a = Verdanth(25, natural_gas(), Z, 'Temperature', NaN, 'Pressure', 1e5, 'Unspecified', 1, 'vaporFraction');
+            [~, where] = capeOpenBackend(); setenv('VERDANTH_BACKEND', 'other'); say(@() capeOpenVersion());""")
+        self.assertIn("error: VERDANTH_BACKEND is", said)
+        self.assertEqual(said.count("Temperature is not set"), 1, said)
+
     def test_a_prefix_is_made_at_first_use(self):
         """In folders with blanks and letters of other alphabets, of a user who has none yet."""
         with tempfile.TemporaryDirectory(prefix="Vérdanth ж ", dir=BUILD) as folder:

@@ -132,6 +132,40 @@ TEST_F(LibraryUnderWine, TellsWhyTheProcessEnded)
     EXPECT_EQ(refusal(99).substr(0, 40), "The property package ended its process: ");
 }
 
+TEST_F(LibraryUnderWine, HearsTheLastWordsOfWhatEndedUnasked)
+{
+    play({"start", "handle 11", "unasked last_words access violation in Vendor.dll"});
+    ASSERT_TRUE(call(create));
+    for (int k = 0; k < 500 && !fs::exists(file("script.gone")); ++k)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    std::this_thread::sleep_for(std::chrono::milliseconds(200)); // from the mark to the end
+    play({"start", "error Invalid property package handle"});
+    EXPECT_EQ(refusal(compounds, 11), "Invalid property package handle: its package was lost with its process (access "
+                                      "violation in Vendor.dll)");
+}
+
+TEST_F(LibraryUnderWine, LooksForTheCodeOfACallInANumberAlone)
+{
+    static constexpr std::size_t row[] = {1, 0};
+    constexpr double beyond = flash;
+    wire::Value nothing = value(wire::Class::Double, &beyond);
+    nothing.dimensions = row;
+    play({"start", "nothing", "exit 3"});
+    ASSERT_TRUE(side.call(1, {nothing})) << side.error();
+    EXPECT_FALSE(side.call(1, {nothing}));
+    EXPECT_EQ(side.error(), "The property package ended its process: exit code 3, in command 0");
+}
+
+TEST_F(LibraryUnderWine, ServesWhoAskedForItLast)
+{
+    static bool asked = false;
+    asked = false;
+    WindowsSide("/nowhere", {[] { return asked = true; }, octave.tell});
+    play({"start", "slow 100"});
+    EXPECT_FALSE(call(create));
+    EXPECT_TRUE(asked);
+}
+
 TEST_F(LibraryUnderWine, StartsAnewAndKnowsWhichHandlesAreLost)
 {
     play({"start", "handle 11", "handle 12", "nothing", "exit 3"});

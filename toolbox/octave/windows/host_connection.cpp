@@ -1,4 +1,5 @@
 #include "toolbox/octave/windows/host_connection.h"
+#include "toolbox/octave/windows/deadline.h"
 #include "toolbox/octave/windows/without_broken_pipes.h"
 
 #include <fcntl.h>
@@ -6,12 +7,9 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <chrono>
 #include <cstring>
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
 
 // So often it is looked whether the user waits on, and whether the program is alive: services that Wine started along
 // with it may hold the pipes open.
@@ -19,13 +17,6 @@ constexpr int tickMilliseconds = 50;
 constexpr double exitSeconds = 10;
 constexpr double secondsOfGrace = 1; // for what has said something odd, to end by itself
 constexpr int pipeSize = 1 << 20;
-
-Clock::time_point after(double seconds)
-{
-    return seconds > 0
-               ? Clock::now() + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds))
-               : Clock::time_point::max();
-}
 
 // Both ends at 3 or above, where no standard stream is.
 bool makePipe(int (&ends)[2])
@@ -83,10 +74,7 @@ HostConnection::Outcome HostConnection::send(int outputs, const std::vector<wire
     const WithoutBrokenPipes guard;
     if (writer.call(outputs, arguments))
         return Outcome::Done;
-    // It may have said why before it went.
-    if (readable(tickMilliseconds) && reader.next() == wire::MessageReader::Arrival::Message &&
-        reader.kind() == wire::Kind::LastWords)
-        return receive(exitSeconds, {[] { return false; }, [](const char *) {}});
+    hearLastWords();
     return ended();
 }
 
@@ -100,19 +88,33 @@ HostConnection::Outcome HostConnection::receive(double seconds, const Caller &ca
         endFor(reader.reason());
     if (arrival != wire::MessageReader::Arrival::Message)
         return ended();
-    std::string_view words;
-    std::string wrong;
     if (reader.kind() != wire::Kind::LastWords)
         return Outcome::Done;
+    noteLastWords();
+    return ended();
+}
+
+void HostConnection::noteLastWords()
+{
+    std::string_view words;
+    std::string wrong;
     if (wire::Decode(reader.payload(), words, wrong))
         why = words;
-    return ended();
+}
+
+// It may have said why before it went.
+void HostConnection::hearLastWords()
+{
+    while ((reader.hasMore() || readable(tickMilliseconds)) && reader.next() == wire::MessageReader::Arrival::Message)
+        if (reader.kind() == wire::Kind::LastWords)
+            return noteLastWords();
 }
 
 bool HostConnection::isAlive()
 {
     if (process.runs())
         return true;
+    hearLastWords();
     ended();
     return false;
 }
@@ -125,11 +127,11 @@ bool HostConnection::readable(int milliseconds) const
 
 HostConnection::Outcome HostConnection::waitForBytes(double seconds, const Caller &caller)
 {
-    const Clock::time_point last = after(seconds);
+    const Deadline last(seconds);
     while (!readable(tickMilliseconds)) {
         if (caller.interrupted())
             return Outcome::Interrupted;
-        if (Clock::now() > last)
+        if (last.isOver())
             return Outcome::Late;
         if (!process.runs() && !readable(0))
             return ended();
@@ -176,8 +178,8 @@ bool HostConnection::write(const void *bytes, std::size_t count)
 
 bool HostConnection::endsWithin(double seconds)
 {
-    const Clock::time_point last = after(seconds);
-    while (process.runs() && Clock::now() < last)
+    const Deadline last(seconds);
+    while (process.runs() && !last.isOver())
         poll(nullptr, 0, 1);
     return !process.runs();
 }

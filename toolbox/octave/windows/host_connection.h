@@ -51,6 +51,8 @@ private:
     Outcome waitForBytes(double seconds, const Caller &caller);
     bool readable(int milliseconds) const;
     bool endsWithin(double seconds);
+    void noteLastWords();
+    void hearLastWords();
     Outcome ended();
     void closePipes();
 

@@ -11,12 +11,7 @@ constexpr int releaseCode = 4;
 
 std::optional<std::int32_t> handleIn(const std::vector<wire::Value> &values, std::size_t place)
 {
-    if (place >= values.size() || values[place].type != wire::Class::Int32 || !values[place].real)
-        return {};
-    std::size_t count = 1;
-    for (std::size_t k = 0; k < values[place].dimensionCount; ++k)
-        count *= values[place].dimensions[k];
-    if (count != 1)
+    if (place >= values.size() || values[place].type != wire::Class::Int32 || ElementCount(values[place]) != 1)
         return {};
     std::int32_t handle = 0;
     std::memcpy(&handle, values[place].real, sizeof handle);

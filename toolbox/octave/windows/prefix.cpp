@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -94,6 +95,12 @@ public:
     {
     }
 
+    bool isOfAnother() const
+    {
+        struct stat found = {};
+        return stat(folder.c_str(), &found) == 0 && found.st_uid != geteuid();
+    }
+
     bool done() const { return contentOf(marker) == markOfThis() && isWhole(); }
 
     bool run(std::string &error)
@@ -119,7 +126,11 @@ public:
     bool has32Bits() const { return exists(folder + "/drive_c/windows/syswow64/kernel32.dll"); }
 
 private:
-    std::string markOfThis() const { return "1\n" + files.folder + "\n" + files.relay + "\n"; }
+    // What is registered in it.
+    std::string markOfThis() const
+    {
+        return "2\n" + files.reference + "\n" + files.relay + "\n" + (files.hasStandard ? "CapeOpen11.tlb\n" : "");
+    }
     bool isUnfinished() const { return contentOf(marker) == unfinished; }
     bool isWhole() const
     {
@@ -210,6 +221,11 @@ bool PreparePrefix(const Settings &settings, const Wine &wine, const WindowsFile
                    std::string &warning, std::string &error)
 {
     Preparation preparation(settings, wine, files, caller);
+    if (preparation.isOfAnother()) {
+        error = "The Wine prefix " + settings.prefix +
+                " can not be used: it belongs to another user, and Wine takes none but one's own" + remedy;
+        return false;
+    }
     if (!preparation.done() && !preparation.run(error))
         return false;
     if (!preparation.has32Bits())

@@ -1,15 +1,15 @@
 #include "toolbox/octave/windows/windows_side.h"
 #include "toolbox/octave/windows/command_names.h"
-#include "toolbox/octave/windows/host_connection.h"
+#include "toolbox/octave/windows/deadline.h"
+#include "toolbox/octave/windows/host_start.h"
 #include "toolbox/octave/windows/package_handles.h"
-#include "toolbox/octave/windows/prefix.h"
+#include "toolbox/octave/windows/wine.h"
 
 #include <pthread.h>
 
-#include <chrono>
 #include <cmath>
-#include <cstdio>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 namespace {
@@ -20,40 +20,17 @@ using Way = HostConnection::Way;
 constexpr std::string_view refusedHandle = "Invalid property package handle";
 constexpr double secondsOfSilence = 1; // until the user is told what is waited for
 
-std::string inSeconds(double seconds)
-{
-    char text[40];
-    std::snprintf(text, sizeof text, "%g s", seconds);
-    return text;
-}
-
 int codeOf(const std::vector<wire::Value> &arguments)
 {
-    const bool isNumber = !arguments.empty() && arguments[0].type == wire::Class::Double && arguments[0].real &&
-                          arguments[0].dimensionCount > 0;
-    const double code =
-        isNumber && arguments[0].dimensions[0] > 0 ? *static_cast<const double *>(arguments[0].real) : 0;
+    if (arguments.empty() || arguments[0].type != wire::Class::Double || ElementCount(arguments[0]) != 1)
+        return 0;
+    const double code = *static_cast<const double *>(arguments[0].real);
     return std::abs(code) < 1000 ? static_cast<int>(code) : 0;
 }
 
-// What is left of the time that a call may take.
-class TimeLimit {
-public:
-    explicit TimeLimit(double seconds) : whole(seconds) {}
-    double left() const
-    {
-        const std::chrono::duration<double> gone = std::chrono::steady_clock::now() - begun;
-        return whole > 0 ? std::max(whole - gone.count(), 1e-3) : 0;
-    }
-
-private:
-    double whole;
-    std::chrono::steady_clock::time_point begun = std::chrono::steady_clock::now();
-};
-
 class Windows final : public LibrarySide {
 public:
-    Windows(std::string installed, const Caller &whoWaits);
+    explicit Windows(std::string installed);
 
     bool start() override;
     bool call(int outputs, const std::vector<wire::Value> &arguments) override;
@@ -65,25 +42,25 @@ public:
     void unload() override;
     std::string description() override;
 
+    void serve(const Caller &whoWaits) { caller = whoWaits; }
     void leaveToParent();
 
 private:
     bool failed(const std::string &text);
     bool stop();
     bool keepWhatRuns(const Settings &wanted);
-    bool startProgram();
     bool finishStopped();
     bool finish(Outcome outcome, int code);
     bool lose(const std::string &reason, const std::string &text);
     bool take(int code);
 
     std::string folder;
-    Caller caller;
+    Caller caller{};
     std::unique_ptr<HostConnection> host;
     Settings settings; // of what runs
     PackageHandles handles;
-    std::string startWarning; // for the next call
-    int stoppedCode = 0;      // of the call that the user did not wait for and the program still works on
+    std::string startWarning;       // for the next call
+    std::optional<int> stoppedCode; // of the call that the user did not wait for and the program still works on
     std::vector<wire::Value> values;
     std::string words;
     std::vector<std::string> warned;
@@ -92,7 +69,7 @@ private:
 
 Windows *instance = nullptr; // what a copy of this process has to leave alone
 
-Windows::Windows(std::string installed, const Caller &whoWaits) : folder(std::move(installed)), caller(whoWaits)
+Windows::Windows(std::string installed) : folder(std::move(installed))
 {
     instance = this;
     pthread_atfork(nullptr, nullptr, [] { instance->leaveToParent(); });
@@ -150,32 +127,11 @@ bool Windows::start()
     if (keepWhatRuns(wanted))
         return true;
     settings = wanted;
-    stoppedCode = 0;
-    return startProgram();
-}
-
-bool Windows::startProgram()
-{
-    Wine wine;
-    WindowsFiles files;
-    std::string error;
-    if (!FindWine(settings, wine, error) || !FindWindowsFiles(settings.files, folder, files, error) ||
-        !PreparePrefix(settings, wine, files, caller, startWarning, error))
-        return caller.interrupted() ? stop() : failed(error);
-    auto made = std::make_unique<HostConnection>();
-    switch (made->start({wine.loader, files.host}, EnvironmentIn(settings.prefix, wine), settings.startLimit, caller)) {
-    case Outcome::Done:
-        host = std::move(made);
+    stoppedCode.reset();
+    host = StartHost(settings, folder, caller, startWarning, error);
+    if (host)
         return true;
-    case Outcome::Interrupted:
-        return stop();
-    case Outcome::Late:
-        return failed("The Windows program " + files.host + " did not start within " + inSeconds(settings.startLimit) +
-                      ". VERDANTH_START_LIMIT, in the environment, gives it more");
-    default:
-        return failed("The Windows program " + files.host + " did not start: " + made->reason() +
-                      ". If the Wine prefix " + settings.prefix + " is broken, remove it, and it will be made anew");
-    }
+    return error.empty() ? stop() : failed(error);
 }
 
 bool Windows::call(int outputs, const std::vector<wire::Value> &arguments)
@@ -190,7 +146,7 @@ bool Windows::call(int outputs, const std::vector<wire::Value> &arguments)
     const int code = codeOf(arguments);
     if (!finish(host->send(outputs, arguments), code))
         return false;
-    const TimeLimit limit(settings.callLimit);
+    const Deadline limit(settings.callLimit);
     do
         if (!finish(host->receive(limit.left(), caller), code))
             return false;
@@ -211,10 +167,10 @@ bool Windows::finish(Outcome outcome, int code)
     case Outcome::Done:
         return true;
     case Outcome::Interrupted:
-        stoppedCode = code ? code : -1;
+        stoppedCode = code;
         return stop();
     case Outcome::Late: {
-        const std::string limit = inSeconds(settings.callLimit);
+        const std::string limit = InSeconds(settings.callLimit);
         host->end(Way::AtOnce);
         return lose("it did not answer within " + limit, "The property package did not answer within " + limit +
                                                              ", and its process was ended, " + WhereIn(code));
@@ -228,6 +184,7 @@ bool Windows::lose(const std::string &reason, const std::string &text)
 {
     handles.lose(reason);
     host.reset();
+    stoppedCode.reset();
     return failed(text);
 }
 
@@ -264,9 +221,9 @@ bool Windows::take(int code)
 // The call that the user did not wait for comes first. Who does not wait for it either has the program ended.
 bool Windows::finishStopped()
 {
-    const TimeLimit limit(settings.callLimit);
+    const Deadline limit(settings.callLimit);
     bool told = false;
-    const int code = stoppedCode;
+    const int code = *stoppedCode;
     for (;;) {
         const bool mayTell = !told && (limit.left() == 0 || limit.left() > secondsOfSilence);
         Outcome outcome = host->receive(mayTell ? secondsOfSilence : limit.left(), caller);
@@ -276,22 +233,17 @@ bool Windows::finishStopped()
             continue;
         }
         if (outcome == Outcome::Interrupted) {
-            stoppedCode = 0;
             host->end(Way::AtOnce);
             lose("it was ended by Ctrl-C", "");
             return stop();
         }
-        if (!finish(outcome, code)) {
-            stoppedCode = 0;
-            return false;
-        }
-        if (!take(code))
+        if (!finish(outcome, code) || !take(code))
             return false;
         if (host->kind() != wire::Kind::Warning)
             break;
     }
     handles.note(code, {}, values);
-    stoppedCode = 0;
+    stoppedCode.reset();
     release();
     warned.clear();
     words.clear();
@@ -312,7 +264,7 @@ void Windows::unload()
         host->end(stoppedCode ? Way::AtOnce : Way::WithItsExitRoutine);
     host.reset();
     handles.clear();
-    stoppedCode = 0;
+    stoppedCode.reset();
 }
 
 std::string Windows::description()
@@ -329,6 +281,7 @@ std::string Windows::description()
 
 LibrarySide *WindowsSide(const std::string &folder, const Caller &caller)
 {
-    static Windows side(folder, caller);
+    static Windows side(folder);
+    side.serve(caller); // another one each time that Octave has loaded Verdanth.mex anew
     return &side;
 }

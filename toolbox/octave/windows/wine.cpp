@@ -1,5 +1,6 @@
 #include "toolbox/octave/windows/wine.h"
 #include "toolbox/octave/windows/child_process.h"
+#include "toolbox/octave/windows/deadline.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -62,9 +63,9 @@ bool run(const std::string &prefix, const Wine &wine, const std::vector<std::str
         close(written);
     if (!started)
         return false;
-    const auto end = std::chrono::steady_clock::now() + std::chrono::duration<double>(seconds);
+    const Deadline end(seconds);
     while (process.runs()) {
-        const bool late = std::chrono::steady_clock::now() > end;
+        const bool late = end.isOver();
         if (late || caller.interrupted()) {
             process.kill();
             error = late ? "it did not end within " + std::to_string(static_cast<int>(seconds)) + " s" : "interrupted";
