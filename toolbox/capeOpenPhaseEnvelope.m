@@ -63,8 +63,9 @@ function [T, P, vaporFraction, critical, threePhases, quality] = capeOpenPhaseEn
 %
 %   Warnings:
 %     'The phase envelope is not complete: ...'
-%             A line has an open end, flashes fail on it, or there is no critical
-%             point. What follows says which line, where, and why.
+%             A line has an open end, flashes fail or find other phases on it, or
+%             there is no critical point. What follows says which line, where, and
+%             why.
 %
 %   Example:
 %     handle = capeOpenCreate('Verdanth Reference Packages', 'Natural gas');

@@ -5,7 +5,7 @@
 addpath(fullfile(fileparts(mfilename('fullpath')), 'support'));
 
 function run_family(family, seeds)
-    all = struct('reason', {}, 'arrives', {}, 'complete', {}, 'sound', {}, 'missed', {}, 'distance', {});
+    all = struct('reason', {}, 'arrives', {}, 'complete', {}, 'sound', {}, 'missed', {}, 'distance', {}, 'told', {});
     for seed = seeds
         [package, Z] = mixture_of_family(family, seed);
         h = capeOpenCreate('Verdanth Reference Packages', package);
@@ -13,7 +13,7 @@ function run_family(family, seeds)
             found = envelope_against_flashes(h, Z);
         catch failure
             found = struct('reason', ['error: ' failure.message], 'arrives', false, 'complete', false, 'sound', true, ...
-                           'missed', 0, 'distance', Inf);
+                           'missed', 0, 'distance', Inf, 'told', true);
         end
         capeOpenRelease(h);
         all(end + 1) = found;
@@ -26,9 +26,10 @@ function run_family(family, seeds)
         end
     end
     silent = ~[all.complete] & cellfun(@isempty, {all.reason});
-    printf(['== %s: %d of %d complete, %d arrive, %d within 1e-6 of the flash, %d points without an answer, ' ...
-            '%d incomplete without a reason, %d critical points in doubt\n'], family, sum([all.complete]), numel(all), ...
-           sum([all.arrives]), sum([all.distance] <= 1e-6), sum([all.missed]), sum(silent), sum(~[all.sound]));
+    printf(['== %s: %d of %d complete, %d arrive, %d within 1e-6 of the flash, %d not and without a word, ' ...
+            '%d points without an answer, %d incomplete without a reason, %d critical points in doubt\n'], family, ...
+           sum([all.complete]), numel(all), sum([all.arrives]), sum([all.distance] <= 1e-6), sum(~[all.told]), ...
+           sum([all.missed]), sum(silent), sum(~[all.sound]));
 end
 
 inputs = argv();

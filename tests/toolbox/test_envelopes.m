@@ -21,6 +21,21 @@ function the_flash_finds_two_phases_within_the_envelope_alone(~)
     capeOpenRelease(h);
 end
 
+% Next to where vapor and a second liquid become the same a line has points beyond the last one.
+function points_that_the_flash_does_not_find_are_told(~)
+    [package, Z] = mixture_of_family('natural_gas', 18);
+    h = capeOpenCreate('Verdanth Reference Packages', package);
+    lastwarn('');
+    [T, P] = capeOpenPhaseEnvelope(h, Z);
+    told = regexp(lastwarn(), 'the package''s flash finds other phases at (\d) of the points, first at (\S+) K', 'tokens');
+    check(numel(told) == 1 && str2double(told{1}{1}) < 6, 'told was: %s', lastwarn());
+    [~, first] = min(abs(T - str2double(told{1}{2})));
+    for shift = [-1e-5 0 1e-5]
+        check(phases_at(h, Z, T(first) * (1 + shift), P(first)) == 2, 'a boundary near %g K', T(first));
+    end
+    capeOpenRelease(h);
+end
+
 % Two phases just below the critical point are nearly the same.
 function the_critical_point_is_where_the_phases_become_the_same(~)
     [h, Z] = open_natural_gas();
@@ -89,6 +104,7 @@ function check_family(family, seeds, arriving, complete, missed)
         found = envelope_against_flashes(h, Z);
         check(found.sound, '%s %d: the critical point is none of the flash', family, seed);
         check(found.distance <= 1e-6, '%s %d is off by %g', family, seed, found.distance);
+        check(found.told, '%s %d: points that are not the flash''s, without a word', family, seed);
         check(found.complete || ~isempty(found.reason), '%s %d has an open end that nothing tells of', family, seed);
         counts = counts + [found.arrives, found.complete, found.missed];
         capeOpenRelease(h);

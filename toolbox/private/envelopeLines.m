@@ -50,6 +50,9 @@ if ~any(arrayfun(@(line) line.vaporFraction(end) == 0 && line.P(end) < Pmin * (1
     reasons{end + 1} = sprintf('no bubble points come down to %g bar', Pmin / 1e5);
 end
 lines = [lines, liquids];
+[all.T, all.P, all.vaporFraction] = lineColumns(lines, 'T', 'P', 'vaporFraction');
+unlike = unlikeTheFlash(handle, Z, all);
+reasons = [reasons, failuresAt('the package''s flash finds other phases', 'points', all, unlike)];
 
     function [lines, ended, edges] = follow(side)
         lines = curveOf([], []);

@@ -5,6 +5,7 @@ function found = envelope_against_flashes(h, Z)
 %   reason    that word, or empty
 %   distance  how far dew and bubble points are from those that the flash finds at the same pressure or temperature: the
 %             largest of the relative distances
+%   told      whether all points are the flash's to a millionth, or the reason says that it finds other phases or fails
 %   missed    the number of points that the flash does not answer
 %   sound     whether there is no critical point, or flashes around it find one phase to one side and two that are nearly
 %             the same to another
@@ -30,13 +31,14 @@ for kind = 1:6
     end
     distances(open) = min(distances(open), off);
 end
-% Where the flash has answered with another solution: a millionth to either side it finds other phases.
+% Where the flash has answered with another solution: there and a millionth to either side it finds different phases.
 for k = find(~isnan(vapor) & ~(distances < 1e-6)).'
     for shift = {[1e-6 0], [0 1e-6]}
         off = shift{1};
-        before = phases_at(h, Z, T(k) * (1 - off(1)), P(k) * (1 - off(2)));
-        behind = phases_at(h, Z, T(k) * (1 + off(1)), P(k) * (1 + off(2)));
-        if ~isempty(before) && ~isempty(behind) && ~isequal(before, behind)
+        names = arrayfun(@(side) phases_at(h, Z, T(k) * (1 + side * off(1)), P(k) * (1 + side * off(2))), [-1 0 1], ...
+                         'UniformOutput', false);
+        names(cellfun(@isempty, names)) = [];
+        if numel(names) > 1 && !isequal(names{:})
             distances(k) = 1e-6;
         end
     end
@@ -44,6 +46,8 @@ end
 found.sound = isnan(critical(1)) || sound_critical_point(h, Z, critical);
 found.missed = sum(isnan(distances) & ~isnan(vapor));
 found.distance = max([distances; 0]);
+found.told = all(distances <= 1e-6 | isnan(vapor)) ...
+             || ~isempty(regexp(found.reason, 'flash (finds other phases|fails) at', 'once'));
 end
 
 function phases = phases_at(h, Z, T, P)
