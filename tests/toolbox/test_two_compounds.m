@@ -134,6 +134,31 @@ function next_to_nothing_of_a_compound_is_some(~)
     capeOpenRelease(h);
 end
 
+% Water takes up 1e-8 to 1e-24 of these. The diagram is whole whichever of the two is followed, and both liquids boil where a
+% flash of the two boils them.
+function what_hardly_dissolves_has_a_whole_diagram(~)
+    h = capeOpenCreate(natural_gas(), 'Wet gas and hydrocarbons');
+    for other = {'n-butane', 'n-pentane', 'n-octane', 'n-decane', 'toluene'}
+        for P = [1e5 5e5]
+            lastwarn('');
+            [x, T, y] = capeOpenTxy(h, {'water', other{1}}, P);
+            [x_other, T_other, y_other] = capeOpenTxy(h, {other{1}, 'water'}, P);
+            check(isempty(lastwarn()), '%s: %s', other{1}, lastwarn());
+            check(~any(isnan(x)) && x(1) == 0 && x(end) == 1, '%s: from %g to %g', other{1}, x(1), x(end));
+            check(isequal(size(T), size(T_other)) && max(abs(T - flipud(T_other))) < 1e-5 ...
+                  && max(abs(x + flipud(x_other) - 1)) < 1e-6 && max(abs(y + flipud(y_other) - 1)) < 1e-6, ...
+                  '%s: other lines with the other first', other{1});
+            [labels, ~, X, boiling] = capeOpenFlash(h, mixture(h, 'water', 0.5, other{1}, 0.5), 'Pressure', P, ...
+                                                    'vaporFraction', 0.3, 'Unspecified');
+            vapor = X(strcmp(labels, 'Vapor'), strcmp(capeOpenCompoundList(h), 'water'));
+            here = find(diff(x) > 0.5);
+            check(numel(here) == 1 && max(abs(T(here + [0 1]) - boiling)) < 1e-4 && abs(y(here) - vapor) < 1e-6, ...
+                  '%s: both liquids boil at %g K', other{1}, boiling);
+        end
+    end
+    capeOpenRelease(h);
+end
+
 % Methane and ethane at 60 bar: neither boils alone, but mixtures do, and both lines meet at two critical points.
 function a_closed_loop_has_two_critical_points(~)
     h = open_natural_gas();

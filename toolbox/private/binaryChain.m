@@ -43,7 +43,10 @@ while numel(vapors) < 4
     elseif ended == 4
         place = points(end).v(4);
     else
-        why = endingAt(points(end), isotherm, 'no further point was found');
+        last = points(end).v;
+        last(3) = last(3) + 0.05 * sign(points(end).tangent(3));
+        [T, P] = system.conditions(last);
+        why = endingAt(points(end), isotherm, whyNoFurther(model, T, P, system.fractions(last)));
     end
     vapors(end + 1) = branch; %#ok<AGROW>
     return
@@ -67,7 +70,7 @@ if isotherm
     unit = 'bar';
     level = level / 1e5;
 end
-text = sprintf('the lines end at %.5g %s and a fraction of COMPOUND of %.4g: %s', level, unit, point.v(4), why);
+text = sprintf('the lines end at %.5g %s and a fraction of COMPOUND1 of %.4g: %s', level, unit, point.v(4), why);
 end
 
 function stable = stableTies(model, system, points)
@@ -85,6 +88,7 @@ second = [];
 V = good.v;
 for step = [0.02, 0.05, 0.1, 0.2]
     V = good.v + step * good.tangent / max(abs(good.tangent ./ system.limits(good.v))) * 5;
+    V(4) = between0And1(good.v(4), V(4));
     [T, P] = system.conditions(V);
     [X, Y] = system.fractions(V);
     for share = [0.3, 0.7, 0.02, 0.98]
@@ -106,6 +110,11 @@ for step = [0.02, 0.05, 0.1, 0.2]
         end
     end
 end
+end
+
+% A fraction that is to be another one goes half the way to 0 or 1 at most.
+function x = between0And1(x, wanted)
+x = min(max(wanted, x / 2), (1 + x) / 2);
 end
 
 % Newton's method for two liquids with the same vapor.
@@ -130,8 +139,8 @@ for effort = 1:30
         return
     end
     change = change / max(1, largest);
-    for k = [4, 7] % fractions stay between 0 and 1
-        u(k) = min(max(u(k) + change(k), u(k) / 2), (1 + u(k)) / 2);
+    for k = [4, 7]
+        u(k) = between0And1(u(k), u(k) + change(k));
     end
     u([1:3, 5, 6]) = u([1:3, 5, 6]) + change([1:3, 5, 6]);
     if largest < 1e-9

@@ -12,63 +12,27 @@ function [vapors, liquids, reasons, names] = binaryPhaseDiagram(handle, compound
 value = checkedPositive(value, lower(quantity));
 [restore, mass] = moleBasis(); %#ok<ASGLU>
 quiet = withoutWarnings(); %#ok<NASGU>
-model = equilibriumModel(handle, pair);
-constants = criticalConstants(handle, pair);
 isotherm = strcmp(quantity, 'Temperature');
-bounds = [10, 5000];
-boils = value < constants.P;
-if isotherm
-    bounds = [1e-3, 2e8];
-    boils = value < constants.T;
+problem = problemOf(handle, pair, isotherm, value);
+% The fraction of one compound is followed, which has digits for next to nothing and none for next to all.
+followed = 1 + (ratioAtTrace(problem, 2) > max(ratioAtTrace(problem, 1), 16));
+if followed == 2
+    problem = problemOf(handle, fliplr(pair), isotherm, value);
 end
-system = binarySystem(model, isotherm, value, bounds);
-vapors = struct('points', {}, 'slopes', {});
-liquids = vapors;
-ended = {};
-reached = [false, false];
-for first = [2, 1]
-    if boils(first) && ~reached(first)
-        start = solvePoint(system, pureStart(constants, isotherm, value, first), 4, [2, 1], 40);
-        if ~isempty(start)
-            start.tangent = start.tangent * sign(start.tangent(4)) * (2 * first - 3);
-            [more, both, place, why] = binaryChain(model, system, isotherm, start);
-            reached(first) = ~isempty(more);
-            reached(3 - first) = reached(3 - first) || place == first - 1;
-            vapors = [vapors, more]; %#ok<AGROW>
-            liquids = [liquids, both]; %#ok<AGROW>
-            ended{end + 1} = why; %#ok<AGROW>
-        end
-    end
-end
-for first = find(boils & ~reached)
-    ended{end + 1} = ['no line was found that begins with ', names{first}]; %#ok<AGROW>
-end
-if isempty(vapors)
-    start = startInside(model, system, isotherm, value, constants);
-    halves = cell(1, 2);
-    for side = find([1, 1] * ~isempty(start))
-        start.tangent = (2 * side - 3) * start.tangent * sign(start.tangent(4));
-        [halves{side}, both, ~, ended{end + 1}] = binaryChain(model, system, isotherm, start);
-        liquids = [liquids, both]; %#ok<AGROW>
-    end
-    if all(~cellfun(@isempty, halves))
-        halves{2}(1).points = [flipud(halves{1}(1).points(2:end, :)); halves{2}(1).points];
-        halves{2}(1).slopes = [-flipud(halves{1}(1).slopes(2:end, :)); halves{2}(1).slopes];
-        vapors = [halves{1}(2:end), halves{2}];
-    end
-end
+[vapors, liquids, reasons] = binaryLines(problem);
 if isempty(vapors)
     error('Verdanth:error', 'No equilibrium of vapor and liquid found for the two compounds');
 end
-reasons = ended(~cellfun(@isempty, ended));
 weights = [1, 1];
 if mass
     weights = capeOpenConstant(handle, 'molecularWeight');
     weights = weights(pair);
 end
-vapors = inFractions(vapors, system, weights);
-liquids = inFractions(liquids, system, weights);
-reasons = strrep(reasons, 'COMPOUND', names{1});
+vapors = inFractions(vapors, problem.system, weights, followed);
+liquids = inFractions(liquids, problem.system, weights, followed);
+for k = 1:2
+    reasons = strrep(reasons, sprintf('COMPOUND%d', k), names{1 + (k ~= followed)});
+end
 end
 
 function [pair, names] = pairOf(handle, compounds)
@@ -82,6 +46,33 @@ if pair(1) == pair(2)
     error('Verdanth:error', 'The two compounds are the same');
 end
 names = names(pair);
+end
+
+% What binaryLines asks for.
+function problem = problemOf(handle, pair, isotherm, value)
+problem = struct('model', equilibriumModel(handle, pair), 'constants', criticalConstants(handle, pair), ...
+                 'isotherm', isotherm, 'value', value);
+bounds = [10, 5000];
+boils = value < problem.constants.P;
+if isotherm
+    bounds = [1e-3, 2e8];
+    boils = value < problem.constants.T;
+end
+problem.system = binarySystem(problem.model, isotherm, value, bounds);
+problem.boils = boils;
+problem.starts = cell(1, 2);
+for compound = find(boils)
+    start = pureStart(problem.constants, isotherm, value, compound);
+    problem.starts{compound} = solvePoint(problem.system, start, 4, [2, 1], 80);
+end
+end
+
+% The logarithm of the ratio of fractions in vapor and liquid of a compound that the boiling other one has a trace of.
+function ratio = ratioAtTrace(problem, compound)
+ratio = -Inf;
+if ~isempty(problem.starts{3 - compound})
+    ratio = problem.starts{3 - compound}.v(compound);
+end
 end
 
 % One compound boils, with a trace of the other.
@@ -99,43 +90,18 @@ end
 v = [wilson(constants, T, P), log(level), compound == 1];
 end
 
-% Where the package's flash finds a vapor and a liquid; empty if it does nowhere.
-function start = startInside(model, system, isotherm, value, constants)
-start = [];
-levels = linspace(0.5 * min(constants.T), max(constants.T), 40).';
-if isotherm
-    levels = exp(linspace(log(1e4), log(5e7), 40)).';
-end
-for part = [0.5, 0.25, 0.75, 0.9, 0.1]
-    X = ofAllCompounds(model, repmat([part, 1 - part], numel(levels), 1));
-    [T, P] = system.conditions([zeros(numel(levels), 2), log(levels)]);
-    fraction = capeOpenMultiFlash(model.handle, X, 'Temperature', T, 'Pressure', P, 'Unspecified', 'vaporFraction');
-    inside = find(fraction > 0 & fraction < 1);
-    if isempty(inside)
-        continue
-    end
-    k = inside(ceil(end / 2));
-    [labels, ~, phases] = capeOpenFlash(model.handle, X(k, :), 'Temperature', T(k), 'Pressure', P(k), 'Unspecified');
-    vapor = phases(strcmpi(labels, model.labels{1}), model.compounds);
-    liquid = phases(find(~strcmpi(labels, model.labels{1}), 1), model.compounds);
-    if ~isempty(vapor) && ~isempty(liquid)
-        start = solvePoint(system, [log(vapor ./ liquid), log(levels(k)), liquid(1)], 4, [2, 1], 20);
-        return
-    end
-end
-end
-
-function branches = inFractions(branches, system, weights)
+% FOLLOWED is the place of the system's first compound among those asked for.
+function branches = inFractions(branches, system, weights, followed)
 smooth = cell(1, 3);
 for k = 1:numel(branches)
     V = branches(k).points;
-    if V(1, 4) > V(end, 4)
+    if xor(V(1, 4) > V(end, 4), followed == 2)
         V = flipud(V);
         branches(k).points = V;
         branches(k).slopes = -flipud(branches(k).slopes);
     end
-    [branches(k).x, branches(k).level, branches(k).y] = fractionsOf(system, V, weights);
-    [smooth{1:3}] = fractionsOf(system, smoothCurve(branches(k), 8), weights);
+    [branches(k).x, branches(k).level, branches(k).y] = fractionsOf(system, V, weights, followed);
+    [smooth{1:3}] = fractionsOf(system, smoothCurve(branches(k), 8), weights, followed);
     branches(k).smooth = smooth;
 end
 if ~isempty(branches)

@@ -6,7 +6,6 @@ function reason = reasonOfEnd(model, z, line, ended, phase)
 last = numel(line.T);
 v = line.points(end, :);
 slope = line.slopes(end, :);
-why = 'no further point was found';
 if ended > 0 || ended == -1
     why = 'they are followed no further';
 elseif ended == -4
@@ -15,14 +14,7 @@ elseif ended < -1
     why = 'a further phase appears there, and its line was not found';
 else
     beyond = exp(v(end - 1:end) + 0.05 * slope(end - 1:end) / max(abs(slope(end - 1:end))));
-    try
-        for label = 1:2
-            fugacities(model, label, beyond(1), beyond(2), z);
-        end
-    catch failure
-        rethrowOthers(failure);
-        why = ['the package calculates nothing beyond (', failure.message, ')'];
-    end
+    why = whyNoFurther(model, beyond(1), beyond(2), z);
 end
 names = {'bubble points', 'dew points', ['points where a ', phase, ' appears']};
 kind = line.vaporFraction(last);
