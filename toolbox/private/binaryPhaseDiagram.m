@@ -95,7 +95,7 @@ function branches = inFractions(branches, system, weights, followed)
 smooth = cell(1, 3);
 for k = 1:numel(branches)
     V = branches(k).points;
-    if xor(V(1, 4) > V(end, 4), followed == 2)
+    if (V(1, 4) > V(end, 4)) ~= (followed == 2)
         V = flipud(V);
         branches(k).points = V;
         branches(k).slopes = -flipud(branches(k).slopes);
