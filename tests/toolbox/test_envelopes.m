@@ -34,6 +34,16 @@ function points_that_the_flash_does_not_find_are_told(~)
         check(phases_at(h, Z, T(first) * (1 + shift), P(first)) == 2, 'a boundary near %g K', T(first));
     end
     capeOpenRelease(h);
+    [package, Z] = mixture_of_family('sour', 91); % with more phases than the package has names for
+    h = capeOpenCreate('Verdanth Reference Packages', package);
+    [T, P] = capeOpenPhaseEnvelope(h, Z);
+    told = regexp(lastwarn(), 'the package''s flash of the mixture fails at (\d+) of the points, first at (\S+) K', 'tokens');
+    check(numel(told) == 1, 'told was: %s', lastwarn());
+    first = find(abs(T - str2double(told{1}{2})) < 0.01);
+    many = capeOpenMultiFlash(h, Z, 'Temperature', T, 'Pressure', P, 'Unspecified', 'vaporFraction');
+    check(isequal(find(isnan(many) & ~isnan(T), 1), first) && sum(isnan(many) & ~isnan(T)) == str2double(told{1}{1}), ...
+          'the flash fails at %d points', sum(isnan(many)));
+    capeOpenRelease(h);
 end
 
 % Two phases just below the critical point are nearly the same.

@@ -51,8 +51,9 @@ if ~any(arrayfun(@(line) line.vaporFraction(end) == 0 && line.P(end) < Pmin * (1
 end
 lines = [lines, liquids];
 [all.T, all.P, all.vaporFraction] = lineColumns(lines, 'T', 'P', 'vaporFraction');
-unlike = unlikeTheFlash(handle, Z, all);
-reasons = [reasons, failuresAt('the package''s flash finds other phases', 'points', all, unlike)];
+[unlike, failing] = unlikeTheFlash(handle, Z, all);
+reasons = [reasons, failuresAt('the package''s flash finds other phases', 'points', all, unlike), ...
+           failuresAt('the package''s flash of the mixture fails', 'points', all, failing)];
 
     function [lines, ended, edges] = follow(side)
         lines = curveOf([], []);

@@ -47,7 +47,7 @@ found.sound = isnan(critical(1)) || sound_critical_point(h, Z, critical);
 found.missed = sum(isnan(distances) & ~isnan(vapor));
 found.distance = max([distances; 0]);
 found.told = all(distances <= 1e-6 | isnan(vapor)) ...
-             || ~isempty(regexp(found.reason, 'flash (finds other phases|fails) at', 'once'));
+             || ~isempty(regexp(found.reason, 'flash (finds other phases|of the mixture fails) at', 'once'));
 end
 
 function phases = phases_at(h, Z, T, P)
