@@ -1,10 +1,5 @@
-// How much of a campaign of random states runs where.
+// How much of a campaign of random states runs.
 #pragma once
 
-// The engine is the same everywhere: natively a campaign runs whole, and where that takes long, under Wine and with
-// sanitizers, the first quarter of it.
-#if defined(_WIN32) || defined(__SANITIZE_ADDRESS__)
-constexpr int campaignPart = 4;
-#else
-constexpr int campaignPart = 1;
-#endif
+// The engine is the same everywhere: natively a campaign runs whole, and where that takes long, the first part of it.
+constexpr int campaignPart = CAMPAIGN_PART;
