@@ -106,18 +106,7 @@ std::size_t HostConnection::read(void *bytes, std::size_t capacity)
     return process->read(bytes, capacity);
 }
 
-bool HostConnection::write(const void *bytes, std::size_t count)
-{
-    const char *next = static_cast<const char *>(bytes);
-    while (count > 0) {
-        const std::ptrdiff_t written = process->write(next, count, tickMilliseconds);
-        if (written < 0 || (written == 0 && !process->runs()))
-            return false;
-        next += written;
-        count -= static_cast<std::size_t>(written);
-    }
-    return true;
-}
+bool HostConnection::write(const void *bytes, std::size_t count) { return process->write(bytes, count); }
 
 bool HostConnection::endsWithin(double seconds)
 {

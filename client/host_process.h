@@ -15,8 +15,7 @@ public:
     virtual bool readable(int milliseconds) = 0;
     virtual std::size_t read(void *bytes, std::size_t capacity) = 0; // what there is; 0 at the end
 
-    // How many bytes it took within that time; -1 when nobody reads any more.
-    virtual std::ptrdiff_t write(const void *bytes, std::size_t count, int milliseconds) = 0;
+    virtual bool write(const void *bytes, std::size_t count) = 0; // all of them, or false: nobody reads any more
 
     virtual bool runs() = 0;                    // does not wait
     virtual void kill() = 0;                    // and waits until it is gone

@@ -11,6 +11,7 @@
 namespace {
 
 constexpr int pipeSize = 1 << 20;
+constexpr int tickMilliseconds = 50; // so often it is looked whether the process is alive
 
 // Both ends at 3 or above, where no standard stream is.
 bool makePipe(int (&ends)[2])
@@ -66,17 +67,26 @@ std::size_t PipedProcess::read(void *bytes, std::size_t capacity)
     return count > 0 ? static_cast<std::size_t>(count) : 0;
 }
 
-std::ptrdiff_t PipedProcess::write(const void *bytes, std::size_t count, int milliseconds)
+bool PipedProcess::write(const void *bytes, std::size_t count)
 {
     const WithoutBrokenPipes guard;
-    const ssize_t written = ::write(input, bytes, count);
-    if (written >= 0)
-        return written;
-    if (errno != EAGAIN)
-        return errno == EINTR ? 0 : -1;
-    pollfd wanted = {input, POLLOUT, 0};
-    poll(&wanted, 1, milliseconds);
-    return 0;
+    const char *next = static_cast<const char *>(bytes);
+    while (count > 0) {
+        const ssize_t written = ::write(input, next, count);
+        if (written >= 0) {
+            next += written;
+            count -= static_cast<std::size_t>(written);
+            continue;
+        }
+        pollfd wanted = {input, POLLOUT, 0};
+        if (errno == EAGAIN)
+            poll(&wanted, 1, tickMilliseconds);
+        else if (errno != EINTR)
+            return false;
+        if (!runs())
+            return false;
+    }
+    return true;
 }
 
 void PipedProcess::leave()
