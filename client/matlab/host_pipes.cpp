@@ -149,7 +149,8 @@ bool HostPipes::readable(int milliseconds)
         atEnd = !isReading;
     }
     if (isReading) {
-        if (WaitForSingleObject(reading.hEvent, static_cast<DWORD>(milliseconds)) == WAIT_TIMEOUT)
+        if (!HasOverlappedIoCompleted(&reading) &&
+            WaitForSingleObject(reading.hEvent, static_cast<DWORD>(milliseconds)) == WAIT_TIMEOUT)
             return false;
         DWORD count = 0;
         atEnd = !GetOverlappedResult(output, &reading, &count, FALSE) || count == 0;
@@ -184,11 +185,13 @@ bool HostPipes::write(const void *bytes, std::size_t count)
     const auto *next = static_cast<const char *>(bytes);
     while (count > 0) {
         const auto part = static_cast<DWORD>(std::min(count, largestPart));
-        if (!WriteFile(input, next, part, nullptr, &writing) && GetLastError() != ERROR_IO_PENDING)
-            return false;
         const HANDLE either[] = {writing.hEvent, process};
-        if (WaitForMultipleObjects(2, either, FALSE, INFINITE) != WAIT_OBJECT_0)
-            CancelIo(input);
+        if (!WriteFile(input, next, part, nullptr, &writing)) {
+            if (GetLastError() != ERROR_IO_PENDING)
+                return false;
+            if (WaitForMultipleObjects(2, either, FALSE, INFINITE) != WAIT_OBJECT_0)
+                CancelIo(input);
+        }
         DWORD written = 0;
         if (!GetOverlappedResult(input, &writing, &written, TRUE) || written == 0)
             return false;

@@ -55,7 +55,7 @@ WideString hostFile()
 
 std::string notFound()
 {
-    return utf8(hostName) + " was not found: it is neither in " + utf8(ownFolder()) +
+    return "VerdanthHost64.exe was not found: it is neither in " + utf8(ownFolder()) +
            " nor in the folder host beside that";
 }
 
