@@ -23,8 +23,8 @@ public:
     void leaveToParent(); // in a copy of the process that started the host
 
 protected:
-    // `elsewhere` is why packages are lost when the user wishes another place than before.
-    explicit RemoteLibrary(const char *elsewhere) : otherPlace(elsewhere) {}
+    // `elsewhere` is why packages are lost when the user wishes another place than before, if there are several.
+    explicit RemoteLibrary(const char *elsewhere = "") : otherPlace(elsewhere) {}
     ~RemoteLibrary() = default;
 
     struct Wishes {

@@ -190,7 +190,7 @@ bool HostPipes::write(const void *bytes, std::size_t count)
             if (GetLastError() != ERROR_IO_PENDING)
                 return false;
             if (WaitForMultipleObjects(2, either, FALSE, INFINITE) != WAIT_OBJECT_0)
-                CancelIo(input);
+                CancelIoEx(input, &writing);
         }
         DWORD written = 0;
         if (!GetOverlappedResult(input, &writing, &written, TRUE) || written == 0)
@@ -224,7 +224,7 @@ void HostPipes::close()
 {
     if (isReading) {
         DWORD count = 0;
-        CancelIo(output);
+        CancelIoEx(output, &reading);
         GetOverlappedResult(output, &reading, &count, TRUE);
     }
     isReading = false;

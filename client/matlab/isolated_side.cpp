@@ -61,20 +61,20 @@ std::string notFound()
 
 std::string variable(LPCWSTR name)
 {
-    WCHAR text[64] = {};
-    const DWORD length = GetEnvironmentVariableW(name, text, static_cast<DWORD>(std::size(text)));
-    return length < std::size(text) ? Narrow(CP_UTF8, text) : "too long";
+    WideString text(GetEnvironmentVariableW(name, nullptr, 0), L'\0');
+    GetEnvironmentVariableW(name, text.data(), static_cast<DWORD>(text.size()));
+    return utf8(text);
 }
 
 } // namespace
 
-IsolatedLibrary::IsolatedLibrary() : RemoteLibrary("another place was chosen")
+IsolatedSide::IsolatedSide()
 {
     // What MATLAB is told in the middle of a call it might answer by ending the call.
     serve({isInterrupted, [](const char *) {}});
 }
 
-bool IsolatedLibrary::readWishes(Wishes &wishes, std::string &error)
+bool IsolatedSide::readWishes(Wishes &wishes, std::string &error)
 {
     wishes = {};
     startLimit = patienceAtStart;
@@ -82,7 +82,7 @@ bool IsolatedLibrary::readWishes(Wishes &wishes, std::string &error)
            ReadSeconds("VERDANTH_START_LIMIT", variable(L"VERDANTH_START_LIMIT"), startLimit, error);
 }
 
-std::unique_ptr<HostConnection> IsolatedLibrary::startHost(const Caller &caller, std::string &, std::string &error)
+std::unique_ptr<HostConnection> IsolatedSide::startHost(const Caller &caller, std::string &, std::string &error)
 {
     const WideString file = hostFile();
     if (file.empty()) {
@@ -100,7 +100,7 @@ std::unique_ptr<HostConnection> IsolatedLibrary::startHost(const Caller &caller,
     return ReadyHost(std::move(process), name, remedy, startLimit, caller, error);
 }
 
-std::string IsolatedLibrary::description()
+std::string IsolatedSide::description()
 {
     const WideString file = hostFile();
     return "isolated: " + (file.empty() ? notFound() : utf8(file));

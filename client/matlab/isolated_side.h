@@ -3,9 +3,9 @@
 
 #include "client/remote_library.h"
 
-class IsolatedLibrary final : public RemoteLibrary {
+class IsolatedSide final : public RemoteLibrary {
 public:
-    IsolatedLibrary();
+    IsolatedSide();
     std::string description() override;
 
 private:

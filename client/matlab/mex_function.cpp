@@ -15,7 +15,7 @@ constexpr std::basic_string_view<WCHAR> questionOfBackEnd = L"back end"; // in t
 constexpr char outOfMemory[] = "Out of memory.";
 constexpr char stopped[] = "Stopped by Ctrl-C";
 
-IsolatedLibrary library;
+IsolatedSide library;
 bool isRegistered = false; // the exit routine
 ArgumentValues arguments;
 WideString answer; // to the question

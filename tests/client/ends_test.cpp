@@ -106,6 +106,16 @@ TEST_F(ClientEnds, FromOutsideAreNoticedBetweenCalls)
     EXPECT_EQ(refusal({Scalar(7), air}), lost("exit code 9"));
 }
 
+TEST_F(ClientEnds, BetweenCallsHaveLastWordsToo)
+{
+    const Array air = openAir();
+    open("crashes after the call");
+    HANDLE host = OpenProcess(SYNCHRONIZE, FALSE, onlyHost());
+    EXPECT_EQ(WaitForSingleObject(host, 10000), WAIT_OBJECT_0);
+    CloseHandle(host);
+    EXPECT_EQ(refusal({Scalar(7), air}), lost("access violation in ill_packages.dll"));
+}
+
 TEST_F(ClientEnds, ComeWithClearingTheClient)
 {
     const Array air = openAir();
