@@ -26,10 +26,10 @@ protected:
         fs::remove_all(root);
     }
 
-    void put(const char *file, const fs::path &folder) const
+    void put(const char *file, const fs::path &folder, const char *name = nullptr) const
     {
         fs::create_directories(root / folder);
-        fs::copy(built / file, root / folder / file);
+        fs::copy(built / file, root / folder / (name ? name : file));
     }
     // From the client in that folder, which is unloaded afterwards.
     std::string versionOrError(const fs::path &folder) const
@@ -80,10 +80,30 @@ TEST_F(ClientStart, TellsThatThereIsNoHost)
 TEST_F(ClientStart, TellsWhyTheHostDoesNotStart)
 {
     put("VerdanthClient.mexw64", "parts");
-    put("VerdanthHost64.exe", "parts");
-    fs::remove(root / "parts" / "VerdanthHost64.exe");
-    fs::copy(built / "libmx.dll", root / "parts" / "VerdanthHost64.exe");
-    std::string error = versionOrError("parts");
+    put("libmx.dll", "parts", "VerdanthHost64.exe"); // which is no program
+    const std::string error = versionOrError("parts");
     EXPECT_NE(error.find("\\VerdanthHost64.exe did not start: "), std::string::npos) << error;
     EXPECT_EQ(error.substr(error.rfind(". ")), ". If files of Verdanth are missing, install it again");
+}
+
+TEST_F(ClientStart, BelievesNoOtherProgram)
+{
+    put("VerdanthClient.mexw64", "other");
+    put("other_host.exe", "other", "VerdanthHost64.exe");
+    set(L"OTHER_HOST_SAYS", L"I am a host, too, and I speak at some length");
+    EXPECT_NE(versionOrError("other").find(" did not start: it did not greet as a host of Verdanth does. If"),
+              std::string::npos);
+    set(L"OTHER_HOST_SAYS", nullptr);
+    EXPECT_EQ(HostsOf(GetCurrentProcessId()), std::vector<DWORD>());
+}
+
+TEST_F(ClientStart, WaitsNoLongerThanItMay)
+{
+    put("VerdanthClient.mexw64", "silent");
+    put("other_host.exe", "silent", "VerdanthHost64.exe");
+    set(L"VERDANTH_START_LIMIT", L"0.2");
+    const std::string error = versionOrError("silent");
+    EXPECT_EQ(error.substr(error.find(" did not")),
+              " did not start within 0.2 s. VERDANTH_START_LIMIT, in the environment, gives it more");
+    EXPECT_EQ(HostsOf(GetCurrentProcessId()), std::vector<DWORD>());
 }
