@@ -37,7 +37,7 @@ CallResult Call(MexFunction function, int nlhs, const std::vector<Array> &argume
     return result;
 }
 
-Library::Library(MexLeave errorsLeave) : leave(errorsLeave) { load(); }
+Library::Library(MexLeave errorsLeave, const WideString &file) : leave(errorsLeave), name(file) { load(); }
 
 Library::~Library() { clear(); }
 
@@ -47,7 +47,7 @@ void Library::load()
         return;
     if (cleared)
         FreeLibrary(std::exchange(cleared, nullptr));
-    module = LoadLibraryW(OLESTR("Verdanth.mexw64"));
+    module = LoadLibraryW(name.c_str());
     if (module)
         function = findProcedure<std::remove_pointer_t<MexFunction>>(module, "mexFunction");
 }

@@ -17,10 +17,11 @@ struct CallResult {
 // Calls mexFunction; an error leaves it in the way given.
 CallResult Call(MexFunction function, int nlhs, const std::vector<Array> &arguments, MexLeave leave = mexLEAVE_UNWIND);
 
+// Is loaded at once, by the name of its file.
 class Library {
 public:
-    explicit Library(MexLeave errorsLeave = mexLEAVE_UNWIND); // loads it, by name
-    ~Library();                                               // clears it
+    explicit Library(MexLeave errorsLeave = mexLEAVE_UNWIND, const WideString &file = OLESTR("Verdanth.mexw64"));
+    ~Library(); // clears it
     Library(const Library &) = delete;
     Library &operator=(const Library &) = delete;
 
@@ -36,6 +37,7 @@ public:
 
 private:
     MexLeave leave;
+    WideString name;
     HMODULE module = nullptr;
     MexFunction function = nullptr;
 };

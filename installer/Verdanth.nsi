@@ -163,16 +163,23 @@ FunctionEnd
     Call un.RemoveCategory
 !macroend
 
-Section "Uninstall"
-    SetRegView 64
-    ; Nothing is taken away while the library is in use.
+!macro RequireUnused file
     ClearErrors
-    Delete "$INSTDIR\toolbox\Verdanth.mexw64"
+    FileOpen $0 "${file}" a
     ${If} ${Errors}
+    ${AndIf} ${FileExists} "${file}"
         MessageBox MB_ICONSTOP "MATLAB is using Verdanth. Quit MATLAB first." /SD IDOK
         SetErrorLevel 2
         Abort "MATLAB is using Verdanth."
     ${EndIf}
+    FileClose $0
+!macroend
+
+Section "Uninstall"
+    SetRegView 64
+    ; Nothing is taken away while MATLAB has either of them: what is loaded can't be written to.
+    !insertmacro RequireUnused "$INSTDIR\toolbox\Verdanth.mexw64"
+    !insertmacro RequireUnused "$INSTDIR\isolated\VerdanthClient.mexw64"
     DeleteRegKey HKCR "TypeLib\${SYSTEM_LIBRARY}"
     DeleteRegKey HKCR "Interface\${PRIVATE_INTERFACE}"
     SetRegView 32

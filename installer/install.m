@@ -21,6 +21,10 @@ if nargin > 0
         error('install takes no argument, or ''remove''.');
     end
     rmpath(functions);
+    isolated = fullfile(root, 'isolated'); % where capeOpenBackend has put it
+    if any(strcmpi(strsplit(path(), pathsep()), isolated))
+        rmpath(isolated);
+    end
     keep_path();
     fprintf('%s is no longer on the path.\n', functions);
     return

@@ -3,6 +3,7 @@
 #include "isolation/text.h"
 #include "platform/procedure.h"
 #include "platform/windows/import_slot.h"
+#include "platform/windows/module_folder.h"
 
 #include <cstdio>
 #include <exception>
@@ -30,21 +31,6 @@ int WINAPI warn(HWND, LPCWSTR text, LPCWSTR, UINT)
     return IDOK;
 }
 
-WideString ownFolder()
-{
-    WideString path(MAX_PATH, L'\0');
-    for (;;) {
-        const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-        if (length < path.size()) {
-            path.resize(length);
-            break;
-        }
-        path.resize(2 * path.size());
-    }
-    path.resize(path.rfind(L'\\') + 1);
-    return path;
-}
-
 } // namespace
 
 MexFunction IsolatedLibrary::load(std::string &error)
@@ -52,7 +38,7 @@ MexFunction IsolatedLibrary::load(std::string &error)
     if (function)
         return function;
     mainThread = GetCurrentThreadId();
-    const WideString own = ownFolder();
+    const WideString own = FolderOf(nullptr);
     std::string why = "Verdanth.mexw64 is not in " + Utf8(own.c_str());
     for (const LPCWSTR folder : folders) {
         const WideString path = own + folder + fileName;

@@ -37,7 +37,7 @@ BEGIN {
         if (!(rooms[2] in floor)) report("rooms.txt: " rooms[1] " uses " rooms[2] ", which has no line")
         else if (floor[rooms[2]] <= floor[rooms[1]]) report("rooms.txt: " rooms[1] " may not use " rooms[2] ", which is not below it")
     }
-    subsystems = " cape properties packages material commands gateway wire "
+    subsystems = " cape properties packages material commands gateway wire client "
 }
 FNR == 1 { room = roomOf(FILENAME); building = FILENAME; sub("/.*", "", building) }
 

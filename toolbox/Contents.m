@@ -44,6 +44,6 @@
 %   capeOpenWarnings            - Switch warnings on or off.
 %   capeOpenPropUnit            - Unit of a property.
 %   capeOpenUnits               - Values in other units.
-%   capeOpenBackend             - Choose where the library runs: in this process, or under Wine with Windows packages.
+%   capeOpenBackend             - Choose where the library runs: in this process, in one of its own, or under Wine.
 %   capeOpenVersion             - Version of the library.
 %   capeOpenHelp                - Open the help file.

@@ -1,51 +1,68 @@
 function [backEnd, details] = capeOpenBackend(name, option1, value1, option2, value2)
-%capeOpenBackend  Choose where the library runs: in this process, or under Wine with Windows packages.
+%capeOpenBackend  Choose where the library runs: in this process, in one of its own, or under Wine.
 %
 %   [backEnd, details] = capeOpenBackend(name, option1, value1, option2, value2)
 %   [backEnd, details] = capeOpenBackend()
 %
-%   In Octave on Linux the library runs in Octave's process, and uses packages
-%   that were built for Linux: that is the back end 'native'. With 'windows' the
-%   library for Windows runs in a process of its own, under Wine, and uses the
-%   packages that are installed there, for 64 and 32 bits. All functions stay
-%   the same. In MATLAB there is 'native' alone.
+%   At first the library runs in the process of MATLAB or Octave: that is the
+%   back end 'native'. With the others all functions stay the same:
 %
-%   Another back end than before closes the packages of the one before. The
-%   choice holds for this process and those that it starts, also after
-%   clear all. A script that can not choose finds it in the environment:
+%     'isolated'  in MATLAB on Windows: the library runs in a process of its
+%                 own, which MATLAB outlives when a package crashes.
+%     'windows'   in Octave on Linux, where 'native' has packages that were
+%                 built for Linux: the library for Windows runs in a process
+%                 of its own, under Wine, and uses the packages that are
+%                 installed there, for 64 and 32 bits.
+%
+%   Another back end than before closes the packages of the one before. In
+%   Octave the choice holds for this process and those that it starts, also
+%   after clear all; a script that can not choose finds it in the environment:
 %   VERDANTH_BACKEND, VERDANTH_WINEPREFIX and VERDANTH_TIME_LIMIT are what the
-%   arguments are here.
+%   arguments are here. In MATLAB the choice is a folder on the path, and holds
+%   as long as that is there: until the end of the session, unless savepath
+%   keeps it.
 %
-%   A package that crashes under Wine ends the process of the library, and not
-%   Octave: the call fails, the packages that were open are lost, and the next
-%   call starts a new process. Ctrl-C stops waiting for a call. The next call
-%   waits until that one has come to its end; Ctrl-C then ends the process.
+%   A package that crashes ends the process of the library, and neither MATLAB
+%   nor Octave: the call fails, the packages that were open are lost, and the
+%   next call starts a new process. Ctrl-C stops waiting for a call. The next
+%   call waits until that one has come to its end; Ctrl-C then ends the process.
+%   MATLAB tells of Ctrl-C by a function that it does not document; without it
+%   every call is waited for, and a time limit is what helps.
 %
 %   Arguments:
-%     name    'native' or 'windows'; without it nothing is changed
+%     name    'native', 'isolated' or 'windows'; without it nothing is changed
 %     option1, option2
-%             'Prefix' or 'TimeLimit', for 'windows'. What is not given stays
-%             as it was.
+%             'TimeLimit', and for 'windows' also 'Prefix'. What is not given
+%             stays as it was.
 %     value1, value2
-%             of 'Prefix': the folder of Wine's disks and registry, where the
+%             of 'TimeLimit': seconds that a call may take before its process
+%             is ended. Inf, as at the beginning, sets no limit.
+%             Of 'Prefix': the folder of Wine's disks and registry, where the
 %             packages are installed; it is made if it is not there. '' is one
 %             of the user's own, ~/.local/share/verdanth/wine.
-%             Of 'TimeLimit': seconds that a call may take before its process
-%             is ended. Inf, as at the beginning, sets no limit.
 %
 %   Results:
-%     backEnd  'native' or 'windows'
+%     backEnd  'native', 'isolated' or 'windows'
 %     details  text: what runs where
 %
 %   Errors:
-%     'Unknown back end "..."; there are 'native' and 'windows''
+%     'Unknown back end "..."; there are 'native', 'isolated' and 'windows''
+%     'The back end 'isolated' is for MATLAB on Windows'
 %     'The back end 'windows' is for Octave on Linux'
 %             Elsewhere packages for Windows are used as they are, or not at
 %             all.
 %     'Expected 'Prefix' or 'TimeLimit' and a value for it'
-%             Another option, one without a value, or one for 'native'.
+%             Another option, one without a value, or one that the back end
+%             does not have.
 %     'Expected text for 'Prefix''
 %     'Expected a positive number for 'TimeLimit''
+%     'The back end 'isolated' was not found: there is no ...'
+%     'VerdanthHost64.exe was not found: ...'
+%             Files of Verdanth are missing. Install it again.
+%     'The host process ... did not start: ...'
+%             As a rule a file beside the one that is named is missing.
+%     'The host process ... did not start within ... s...'
+%             The machine is slow.
 %     'Wine was not found...'
 %             Install it as the message says, and try again.
 %     'The Windows files of Verdanth were not found: ...'
@@ -65,6 +82,8 @@ function [backEnd, details] = capeOpenBackend(name, option1, value1, option2, va
 %     'The property package ended its process: ..., while calculating ...'
 %     'The property package did not answer within ... s, and its process was ended, while calculating ...'
 %     'Invalid property package handle: its package was lost with its process (...)'
+%     'Stopped by Ctrl-C'
+%             In MATLAB.
 %
 %   Warnings:
 %     'Wine has no 32-bit half in the prefix ...: packages for 32 bits can not be used...'
@@ -92,24 +111,78 @@ end
 function choose(name, options)
 given = libraryArguments([{[], name}, options]);
 name = given{2};
-names = {'native', 'windows'};
+names = {'native', 'isolated', 'windows'};
 if ~ischar(name) || ~any(strcmpi(name, names))
-    refuse('Unknown back end "%s"; there are ''native'' and ''windows''', textOf(name));
+    refuse('Unknown back end "%s"; there are ''native'', ''isolated'' and ''windows''', textOf(name));
 end
 name = lower(name);
-if strcmp(name, 'windows') && (~exist('OCTAVE_VERSION', 'builtin') || ~isunix() || ismac())
+in_octave = exist('OCTAVE_VERSION', 'builtin');
+if strcmp(name, 'isolated') && (in_octave || ~ispc())
+    refuse('The back end ''isolated'' is for MATLAB on Windows');
+end
+if strcmp(name, 'windows') && (~in_octave || ~isunix() || ismac())
     refuse('The back end ''windows'' is for Octave on Linux');
 end
-wanted = {'VERDANTH_BACKEND', name};
+wanted = cell(0, 2);
 for k = 3:2:numel(given)
     wanted(end + 1, :) = variableFor(name, given{k}, given{k + 1}); %#ok<AGROW>
 end
+if in_octave
+    chooseInEnvironment([{'VERDANTH_BACKEND', name}; wanted]);
+else
+    chooseOnPath(name, wanted);
+end
+end
+
+% Octave's part of Verdanth looks there.
+function chooseInEnvironment(wanted)
 before = cellfun(@getenv, wanted(:, 1), 'UniformOutput', false);
 back = onCleanup(@() cellfun(@setenv, wanted(:, 1), before)); % after an error or Ctrl-C
 cellfun(@setenv, wanted(:, 1), wanted(:, 2));
 capeOpenVersion();
 clear('back');
 cellfun(@setenv, wanted(:, 1), wanted(:, 2));
+end
+
+% MATLAB calls what comes first on its path under the name of the library.
+function chooseOnPath(name, wanted)
+before = backEndOfCalls();
+if strcmp(name, 'isolated')
+    requireClient();
+end
+values = cellfun(@getenv, wanted(:, 1), 'UniformOutput', false);
+try
+    putOnPath(name);
+    cellfun(@setenv, wanted(:, 1), wanted(:, 2));
+    capeOpenVersion();
+catch problem
+    putOnPath(before);
+    cellfun(@setenv, wanted(:, 1), values);
+    rethrow(problem);
+end
+end
+
+function putOnPath(name)
+if strcmp(backEndOfCalls(), name)
+    return
+end
+clear('Verdanth', 'VerdanthClient'); % closes the packages, and ends a process that there is
+if strcmp(name, 'isolated')
+    addpath(isolatedFolder());
+else
+    rmpath(isolatedFolder());
+end
+end
+
+% Before anything is closed.
+function requireClient()
+names = {'Verdanth.m', 'VerdanthClient.mexw64'};
+for k = 1:numel(names)
+    file = fullfile(isolatedFolder(), names{k});
+    if ~exist(file, 'file')
+        refuse('The back end ''isolated'' was not found: there is no %s', file);
+    end
+end
 end
 
 % The variable of the environment that an option stands for, and its value there.
@@ -122,7 +195,7 @@ if ischar(option) && strcmpi(option, 'Prefix') && strcmp(name, 'windows')
         value = fullfile(pwd(), value); % the same one after cd
     end
     pair = {'VERDANTH_WINEPREFIX', value};
-elseif ischar(option) && strcmpi(option, 'TimeLimit') && strcmp(name, 'windows')
+elseif ischar(option) && strcmpi(option, 'TimeLimit') && ~strcmp(name, 'native')
     if ~isnumeric(value) || ~isscalar(value) || ~(value > 0)
         refuse('Expected a positive number for ''TimeLimit''');
     end

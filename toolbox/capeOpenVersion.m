@@ -7,7 +7,8 @@ function varargout = capeOpenVersion(varargin)
 %     version  text with four numbers, such as
 %              'Verdanth.DLL version: 2.0.0.4'
 %     backEnd  text: where the library runs, as capeOpenBackend tells it, such
-%              as 'native' or 'windows: wine-8.0, /home/me/wine'
+%              as 'native', 'isolated: C:\...\VerdanthHost64.exe' or
+%              'windows: wine-8.0, /home/me/wine'
 %
 %   Example:
 %     [version, backEnd] = capeOpenVersion()

@@ -174,8 +174,9 @@ class Guide(unittest.TestCase):
 
 
 def texts_in_the_sources():
-    """What the library says, and what connects Octave with it: the texts in the sources, joined where one follows another."""
-    folders = ("gateway", "commands", "packages", "properties", "material", "cape", "relay", "platform", "toolbox/octave")
+    """What the library says, and what connects programs with it: the texts in the sources, joined where one follows another."""
+    folders = ("gateway", "commands", "packages", "properties", "material", "cape", "relay", "platform", "client",
+               "toolbox/octave")
     code = "".join(path.read_text(encoding="utf-8") for folder in folders for path in sorted((SOURCE / folder).rglob("*.cpp")))
     return "\n".join(re.findall(r'"((?:[^"\\\n]|\\.)*)"', re.sub(r'"\s+"', "", code))).replace('\\"', '"')
 

@@ -1,13 +1,13 @@
-// Keeps the library that is found on the path loaded while the file that is named exists.
+// Keeps a library that is found on the path loaded while a file exists:  holder LIBRARY FILE
 #include "demo/session.h"
 
 int main(int count, char **arguments)
 {
-    const HMODULE library = count == 2 ? LoadLibraryW(OLESTR("Verdanth.mexw64")) : nullptr;
+    const HMODULE library = count == 3 ? LoadLibraryA(arguments[1]) : nullptr;
     if (!library)
         return 1;
     for (;;) {
-        HANDLE file = CreateFileA(arguments[1], GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
+        HANDLE file = CreateFileA(arguments[2], GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
                                   OPEN_EXISTING, 0, nullptr);
         if (file == INVALID_HANDLE_VALUE)
             return 0;

@@ -32,8 +32,11 @@ function shown = run_install(varargin)
     shown = evalc('install(varargin{:})');
 end
 
-function answer = is_on_path(folder)
-    answer = any(strcmp(strsplit(path(), pathsep()), fullfile(folder, 'toolbox')));
+function answer = is_on_path(folder, part)
+    if nargin < 2
+        part = 'toolbox';
+    end
+    answer = any(strcmp(strsplit(path(), pathsep()), fullfile(folder, part)));
 end
 
 function check_other_machines_are_refused()
@@ -95,11 +98,20 @@ function check_the_setup_program_is_not_repeated()
 end
 
 function check_it_can_be_undone()
-    global saved
+    global saved questions
     folder = unpack('undone');
     run_install();
+    check(~is_on_path(folder, 'isolated'), 'that is what capeOpenBackend is for');
+    mkdir(fullfile(folder, 'isolated'));
+    addpath(fullfile(folder, 'isolated'));
     run_install('remove');
     check(~is_on_path(folder) && saved == 2, 'the folder stays on the path');
+    check(~is_on_path(folder, 'isolated'), 'the other folder stays on the path');
+    questions = {};
+    run_install();
+    lastwarn('');
+    run_install('remove');
+    check(isempty(lastwarn()), 'it warns: %s', lastwarn());
     check(~isempty(message_of(@() run_install('undo'))), 'another word is taken');
 end
 

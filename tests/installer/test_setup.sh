@@ -113,7 +113,7 @@ holds "$work/installed" "\"DisplayVersion\"=\"$(scripts/version.sh)\""
 
 echo "== a program that uses it =="
 mkdir "$work/host"
-for file in natural_gas_demo.exe installed_help.exe holder.exe libmx.dll libmex.dll; do cp "$build/$file" "$work/host/"; done
+for file in natural_gas_demo.exe installed_client.exe installed_help.exe holder.exe libmx.dll libmex.dll; do cp "$build/$file" "$work/host/"; done
 export WINEPATH='C:\Program Files\Verdanth\toolbox'
 "$wine" "$work/host/natural_gas_demo.exe" >"$work/demo.txt" || fail "the demo gave $?"
 holds "$work/demo.txt" "Verdanth.DLL version: $(scripts/version.sh)"
@@ -128,6 +128,12 @@ WINEPATH='' python3 -B tests/isolation/client.py "$wine" 'C:\Program Files\Verda
     fail "the host process gave $?"
 holds "$work/version.txt" "Verdanth.DLL version: $(scripts/version.sh)"
 
+echo "== MATLAB with the library in another process =="
+WINEPATH='C:\Program Files\Verdanth\isolated' "$wine" "$work/host/installed_client.exe" >"$work/isolated.txt" ||
+    fail "the client gave $?"
+holds "$work/isolated.txt" "Verdanth.DLL version: $(scripts/version.sh)"
+holds "$work/isolated.txt" 'isolated: C:\Program Files\Verdanth\host\VerdanthHost64.exe'
+
 echo "== a package that 32-bit programs alone can load =="
 "$wine" regsvr32 /s /u 'C:\Program Files\Verdanth\reference\x64\VerdanthReference.dll'
 "$wine" "$work/host/natural_gas_demo.exe" >"$work/relayed.txt" || fail "through the relay, the demo gave $?"
@@ -141,17 +147,19 @@ done
 unset WINEPATH
 
 echo "== nothing is taken away while somebody uses it =="
-: >"$drive/setup_test/hold"
-WINEPATH='C:\Program Files\Verdanth\toolbox' "$wine" "$work/host/holder.exe" 'C:\setup_test\hold' </dev/null >/dev/null 2>&1 &
-holder=$!
-sleep 1
-"$wine" 'C:\Program Files\Verdanth\uninstall.exe' /S
-sleep 1
-while pgrep -f '~nsu.*Un.*exe' >/dev/null; do sleep 0.1; done
-(cd "$installed" && find . -type f ! -name uninstall.exe | sort) >"$work/found"
-same "$work/staged" "$work/found" "the uninstaller removes files of a library in use"
-rm "$drive/setup_test/hold"
-wait $holder || fail "the library could not be held: $?"
+for used in toolbox/Verdanth.mexw64 isolated/VerdanthClient.mexw64; do
+    : >"$drive/setup_test/hold"
+    WINEPATH="C:\\Program Files\\Verdanth\\${used%/*}" "$wine" "$work/host/holder.exe" "${used#*/}" 'C:\setup_test\hold' </dev/null >/dev/null 2>&1 &
+    holder=$!
+    sleep 1
+    "$wine" 'C:\Program Files\Verdanth\uninstall.exe' /S
+    sleep 1
+    while pgrep -f '~nsu.*Un.*exe' >/dev/null; do sleep 0.1; done
+    (cd "$installed" && find . -type f ! -name uninstall.exe | sort) >"$work/found"
+    same "$work/staged" "$work/found" "the uninstaller removes files of a library in use, $used"
+    rm "$drive/setup_test/hold"
+    wait $holder || fail "$used could not be held: $?"
+done
 
 echo "== and away =="
 uninstall "$installed"

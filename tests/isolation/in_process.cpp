@@ -1,5 +1,6 @@
-// The calls of a client made in process, for measure.py:  in_process MESSAGES TIMES
+// The calls of a client made in process, for measure.py:  in_process LIBRARY MESSAGES TIMES
 //
+// LIBRARY is the file that is called: the library, or what MATLAB calls in its place.
 // MESSAGES is a file with calls as they go to a host. The last is made so many times more, and the least time that it
 // took is printed in microseconds. A handle is another one in each process: as such it gets what the first call gave.
 #include "host/library.h"
@@ -23,10 +24,11 @@ struct File final : wire::ByteSource {
 
 int main(int count, char **arguments)
 {
-    if (count != 3)
+    if (count != 4)
         return EXIT_FAILURE;
-    const host::Library library;
-    File file(arguments[1]);
+    const std::string name = arguments[1];
+    const host::Library library(mexLEAVE_UNWIND, WideString(name.begin(), name.end()));
+    File file(arguments[2]);
     wire::MessageReader reader(file);
     wire::Call call;
     host::ValueCall running;
@@ -45,7 +47,7 @@ int main(int count, char **arguments)
             handle = *static_cast<const std::int32_t *>(running.results()[0].real);
     }
     double least = 1e99;
-    for (int i = std::atoi(arguments[2]); i > 0; --i) {
+    for (int i = std::atoi(arguments[3]); i > 0; --i) {
         const auto start = std::chrono::steady_clock::now();
         if (!running.run(library.mexFunction(), call.outputs, call.arguments)) {
             std::fprintf(stderr, "%s\n", running.error().c_str());

@@ -1,5 +1,7 @@
 """What a call through the host costs beyond the same call in process, under Wine:  measure.py WINE BUILD
 
+Once with a client in Python, once with the one that MATLAB has.
+
 The least of many times, since others use the machine, too.
 """
 import pathlib
@@ -36,10 +38,10 @@ def through_host(host, block):
     host.read(length)
 
 
-def in_process(folder, block, times):
+def in_process(library, folder, block, times):
     file = pathlib.Path(folder) / "messages"
     file.write_bytes(client.call(1, 3, REFERENCE, "Natural gas") + block)
-    output = subprocess.run([WINE, BUILD / "in_process.exe", file, str(times)], stdin=subprocess.DEVNULL,
+    output = subprocess.run([WINE, BUILD / "in_process.exe", library, file, str(times)], stdin=subprocess.DEVNULL,
                             stdout=subprocess.PIPE, check=True)
     return float(output.stdout)
 
@@ -61,12 +63,14 @@ def measure(folder):
             (f"density, {rows} rows with a feed each", 5,
              client.call(1, 22, 1.0, handle, "density", temperatures, pressures, own_feeds, "Vapor")),
         ]
-        print(f"{'':45}{'in process':>12}{'host':>12}{'beyond':>12}")
+        print(f"{'':45}{'in process':>12}{'host':>12}{'beyond':>12}{'':10}{'MATLAB':>12}{'beyond':>12}")
         for name, times, block in calls:
             here = least(times, lambda block=block: through_host(host, block))
-            there = in_process(folder, block, times)
-            beyond = here - there
-            print(f"{name:45}{there:9.1f} us{here:9.1f} us{beyond:9.1f} us{100 * beyond / there:8.1f} %")
+            there = in_process("Verdanth.mexw64", folder, block, times)
+            line = f"{name:45}{there:9.1f} us"
+            for other in (here, in_process("VerdanthClient.mexw64", folder, block, times)):
+                line += f"{other:9.1f} us{other - there:9.1f} us{100 * (other - there) / there:8.1f} %"
+            print(line)
     print(f"{'start':45}{'':12}{least(5, lambda: started().close()):9.1f} us")
 
 

@@ -17,4 +17,11 @@ MexLeave LeaveOfThisRun()
     std::exit(2);
 }
 
+WideString FileOfThisRun()
+{
+    const char *choice = std::getenv("VERDANTH_TEST_LIBRARY");
+    const std::string file = choice ? choice : "Verdanth.mexw64";
+    return WideString(file.begin(), file.end());
+}
+
 } // namespace support

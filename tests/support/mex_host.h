@@ -12,9 +12,12 @@ using host::CallResult;
 // "unwind" or "jump"; unset it is unwind, and anything else ends the process.
 MexLeave LeaveOfThisRun();
 
+// The library, or what is called in its place: the file that VERDANTH_TEST_LIBRARY names.
+WideString FileOfThisRun();
+
 class MexHost : public host::Library {
 public:
-    MexHost() : Library(LeaveOfThisRun()) {}
+    MexHost() : Library(LeaveOfThisRun(), FileOfThisRun()) {}
 };
 
 } // namespace support

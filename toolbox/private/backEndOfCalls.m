@@ -1,11 +1,16 @@
 function [backEnd, details] = backEndOfCalls()
 %backEndOfCalls  Where the library runs, as capeOpenBackend calls it, and a line on what runs there.
-backEnd = getenv('VERDANTH_BACKEND');
-if isempty(backEnd) || ~exist('OCTAVE_VERSION', 'builtin')
+backEnd = '';
+if exist('OCTAVE_VERSION', 'builtin')
+    backEnd = getenv('VERDANTH_BACKEND');
+elseif strcmpi(fileparts(which('Verdanth')), isolatedFolder())
+    backEnd = 'isolated';
+end
+if isempty(backEnd)
     backEnd = 'native';
 end
 details = backEnd;
-if ~strcmp(backEnd, 'native')
+if nargout > 1 && ~strcmp(backEnd, 'native')
     details = Verdanth('back end');
 end
 end

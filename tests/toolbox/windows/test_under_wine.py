@@ -218,7 +218,7 @@ class UnderWine(unittest.TestCase):
             setenv('VERDANTH_BACKEND', 'other'); say(@() density(h));""", VERDANTH_BACKEND="native")
         option = "error: Expected 'Prefix' or 'TimeLimit' and a value for it\n"
         for line in ("error: The Wine prefix /proc/self/fdinfo/wine can not be made: No such file or directory.",
-                     "error: Unknown back end \"mac\"; there are 'native' and 'windows'\n", option + option,
+                     "error: Unknown back end \"mac\"; there are 'native', 'isolated' and 'windows'\n", option + option,
                      "error: Expected text for 'Prefix'\n", "error: Expected a positive number for 'TimeLimit'\n" + option,
                      "native, as before: 1", "error: VERDANTH_BACKEND is 'native' or 'windows', not 'other'"):
             self.assertIn(line, said)

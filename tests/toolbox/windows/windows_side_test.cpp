@@ -197,7 +197,7 @@ TEST_F(LibraryUnderWine, EndsWhatIsTooSlow)
 TEST_F(LibraryUnderWine, BelievesNothingThatCanNotBe)
 {
     play({"start", "garbage"});
-    EXPECT_EQ(refusal(name).substr(0, 45), "The Windows program sent what can not be read");
+    EXPECT_EQ(refusal(name).substr(0, 42), "The host process sent what can not be read");
     play({"start", "other_kind"});
     EXPECT_NE(refusal(name).find(", in capeOpenName"), std::string::npos);
     play({"start", "handle 5"});

@@ -1,7 +1,7 @@
 // A folder of a test's own, programs in it, and variables of the environment that are as they were afterwards.
 #pragma once
 
-#include "toolbox/octave/caller.h"
+#include "client/caller.h"
 
 #include <gtest/gtest.h>
 

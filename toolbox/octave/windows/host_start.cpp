@@ -1,7 +1,8 @@
 #include "toolbox/octave/windows/host_start.h"
+#include "toolbox/octave/windows/piped_process.h"
 #include "toolbox/octave/windows/prefix.h"
 
-#include <cstdio>
+#include <utility>
 
 std::unique_ptr<HostConnection> StartHost(const Settings &settings, const std::string &folder, const Caller &caller,
                                           std::string &warning, std::string &error)
@@ -14,28 +15,14 @@ std::unique_ptr<HostConnection> StartHost(const Settings &settings, const std::s
             error.clear();
         return nullptr;
     }
-    auto host = std::make_unique<HostConnection>();
-    const std::string program = "The Windows program " + files.host + " did not start";
-    switch (host->start({wine.loader, files.host}, EnvironmentIn(settings.prefix, wine), settings.startLimit, caller)) {
-    case HostConnection::Outcome::Done:
-        return host;
-    case HostConnection::Outcome::Interrupted:
-        error.clear();
-        break;
-    case HostConnection::Outcome::Late:
-        error = program + " within " + InSeconds(settings.startLimit) +
-                ". VERDANTH_START_LIMIT, in the environment, gives it more";
-        break;
-    default:
-        error = program + ": " + host->reason() + ". If the Wine prefix " + settings.prefix +
-                " is broken, remove it, and it will be made anew";
+    const std::string name = "The Windows program " + files.host;
+    const std::string remedy =
+        ". If the Wine prefix " + settings.prefix + " is broken, remove it, and it will be made anew";
+    auto process = std::make_unique<PipedProcess>();
+    std::string reason;
+    if (!process->start({wine.loader, files.host}, EnvironmentIn(settings.prefix, wine), reason)) {
+        error = NotStarted(name, reason, remedy);
+        return nullptr;
     }
-    return nullptr;
-}
-
-std::string InSeconds(double seconds)
-{
-    char text[40];
-    std::snprintf(text, sizeof text, "%g s", seconds);
-    return text;
+    return ReadyHost(std::move(process), name, remedy, settings.startLimit, caller, error);
 }

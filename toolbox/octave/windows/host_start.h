@@ -1,7 +1,7 @@
 // From the settings to a program that is ready for calls.
 #pragma once
 
-#include "toolbox/octave/windows/host_connection.h"
+#include "client/host_connection.h"
 #include "toolbox/octave/windows/settings.h"
 
 #include <memory>
@@ -12,6 +12,3 @@
 // longer; `error` is empty then.
 std::unique_ptr<HostConnection> StartHost(const Settings &settings, const std::string &folder, const Caller &caller,
                                           std::string &warning, std::string &error);
-
-// "0.5 s"
-std::string InSeconds(double seconds);

@@ -1,4 +1,5 @@
 #include "toolbox/octave/windows/settings.h"
+#include "client/seconds.h"
 
 #include <pwd.h>
 #include <unistd.h>
@@ -43,17 +44,9 @@ std::string absolute(std::string path)
     return path;
 }
 
-bool readSeconds(const char *name, double &seconds, std::string &error)
+bool readLimit(const char *name, double &seconds, std::string &error)
 {
-    const std::string text = variable(name);
-    if (text.empty())
-        return true;
-    char *end = nullptr;
-    seconds = std::strtod(text.c_str(), &end);
-    if (*end == '\0' && seconds > 0)
-        return true;
-    error = std::string(name) + " is a number of seconds, not '" + text + "'";
-    return false;
+    return ReadSeconds(name, variable(name), seconds, error);
 }
 
 } // namespace
@@ -66,6 +59,6 @@ bool ReadSettings(Settings &settings, std::string &error)
     settings.loader = variable("VERDANTH_WINE_LOADER");
     settings.callLimit = 0;
     settings.startLimit = patienceAtStart;
-    return readSeconds("VERDANTH_TIME_LIMIT", settings.callLimit, error) &&
-           readSeconds("VERDANTH_START_LIMIT", settings.startLimit, error);
+    return readLimit("VERDANTH_TIME_LIMIT", settings.callLimit, error) &&
+           readLimit("VERDANTH_START_LIMIT", settings.startLimit, error);
 }

@@ -1,6 +1,6 @@
 #include "toolbox/octave/windows/wine.h"
+#include "client/deadline.h"
 #include "toolbox/octave/windows/child_process.h"
-#include "toolbox/octave/windows/deadline.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -1,7 +1,7 @@
 // Wine as it is installed on this machine, and programs that run in a prefix of it.
 #pragma once
 
-#include "toolbox/octave/caller.h"
+#include "client/caller.h"
 #include "toolbox/octave/windows/settings.h"
 
 #include <string>

@@ -1,4 +1,4 @@
-// The handles that the program under Wine gave. They are lost with it, and another program does not know them.
+// The handles that the host gave. They are lost with it, and another program does not know them.
 #pragma once
 
 #include "wire/value.h"

@@ -1,18 +1,19 @@
-// The program under Wine in which the library runs, and the messages to and from it: one object for one program.
+// The host, a program in which the library runs, and the messages to and from it: one object for one process.
 #pragma once
 
-#include "toolbox/octave/caller.h"
-#include "toolbox/octave/windows/child_process.h"
+#include "client/caller.h"
+#include "client/host_process.h"
 #include "wire/decoder.h"
 #include "wire/message_reader.h"
 #include "wire/message_writer.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
 class HostConnection final : private wire::ByteSource, private wire::ByteSink {
 public:
-    HostConnection();
+    explicit HostConnection(std::unique_ptr<HostProcess> started);
     HostConnection(const HostConnection &) = delete;
     HostConnection &operator=(const HostConnection &) = delete;
     ~HostConnection() { end(Way::AtOnce); }
@@ -21,12 +22,11 @@ public:
         Done,
         Interrupted, // by the user; what was waited for may still come
         Late,        // it took longer than it may
-        Ended,       // the program has; reason() tells why
+        Ended,       // the process has; reason() tells why
     };
 
-    // Starts the program and waits until it is ready.
-    Outcome start(const std::vector<std::string> &command, const std::vector<std::string> &environment, double seconds,
-                  const Caller &caller);
+    // Waits until it is ready.
+    Outcome greet(double seconds, const Caller &caller);
 
     Outcome send(int outputs, const std::vector<wire::Value> &arguments);
 
@@ -38,10 +38,9 @@ public:
 
     enum class Way { WithItsExitRoutine, AtOnce };
     void end(Way way);
-    void endFor(const std::string &why); // at once; reason() gives WHY afterwards
-    void leave();                        // to the process that this one was copied from
+    void leave(); // to the process that this one was copied from
 
-    bool isOpen() const { return input >= 0; }
+    bool isOpen() const { return process->isOpen(); }
     bool isAlive(); // else reason() tells how it ended
     const std::string &reason() const { return why; }
 
@@ -49,17 +48,22 @@ private:
     std::size_t read(void *bytes, std::size_t capacity) override;
     bool write(const void *bytes, std::size_t count) override;
     Outcome waitForBytes(double seconds, const Caller &caller);
-    bool readable(int milliseconds) const;
     bool endsWithin(double seconds);
+    void endFor(const std::string &reasonOfOurs);
     void noteLastWords();
     void hearLastWords();
     Outcome ended();
-    void closePipes();
 
-    ChildProcess process;
-    int input = -1;  // of the program
-    int output = -1; // of the program
+    std::unique_ptr<HostProcess> process;
     std::string why;
     wire::MessageReader reader;
     wire::MessageWriter writer;
 };
+
+// The connection to a process that has been started, when it is ready for calls. Null when it does not get so far: then
+// `error` begins with `name` and tells why, or is empty when the user wished to wait no longer. `remedy` is for one
+// that ended.
+std::unique_ptr<HostConnection> ReadyHost(std::unique_ptr<HostProcess> started, const std::string &name,
+                                          const std::string &remedy, double seconds, const Caller &caller,
+                                          std::string &error);
+std::string NotStarted(const std::string &name, const std::string &reason, const std::string &remedy);

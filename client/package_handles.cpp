@@ -1,5 +1,5 @@
-#include "toolbox/octave/windows/package_handles.h"
-#include "toolbox/octave/windows/command_names.h"
+#include "client/package_handles.h"
+#include "client/command_names.h"
 
 #include <cstring>
 #include <optional>

@@ -1,4 +1,4 @@
-#include "toolbox/octave/windows/command_names.h"
+#include "client/command_names.h"
 
 #include <algorithm>
 #include <iterator>

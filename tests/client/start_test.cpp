@@ -1,0 +1,109 @@
+// How the client finds and starts its host, in folders of a test's own.
+#include "tests/client/client_test.h"
+
+#include "platform/procedure.h"
+
+#include <filesystem>
+#include <type_traits>
+
+using namespace support;
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char *hostFiles[] = {"VerdanthHost64.exe", "libmx.dll", "libmex.dll"};
+
+class ClientStart : public ClientTest {
+protected:
+    void SetUp() override
+    {
+        ClientTest::SetUp();
+        fs::remove_all(root);
+    }
+    void TearDown() override
+    {
+        ClientTest::TearDown();
+        fs::remove_all(root);
+    }
+
+    void put(const char *file, const fs::path &folder, const char *name = nullptr) const
+    {
+        fs::create_directories(root / folder);
+        fs::copy(built / file, root / folder / (name ? name : file));
+    }
+    // From the client in that folder, which is unloaded afterwards.
+    std::string versionOrError(const fs::path &folder) const
+    {
+        const HMODULE module = LoadLibraryW((root / folder / "VerdanthClient.mexw64").c_str());
+        const auto function = findProcedure<std::remove_pointer_t<MexFunction>>(module, "mexFunction");
+        if (!function)
+            return "not loaded";
+        const CallResult result = host::Call(function, 1, {Scalar(26)}, LeaveOfThisRun());
+        const std::string words = result.returned ? Narrow(result[0].text()) : result.error;
+        mexStandInRunExit();
+        FreeLibrary(module);
+        return words;
+    }
+
+    const fs::path built = FolderOfTests();
+    const fs::path root = built / L"client \u00E4 test";
+};
+
+} // namespace
+
+TEST_F(ClientStart, FindsTheHostBesideIt)
+{
+    for (const char *file : {"VerdanthClient.mexw64", "Verdanth.mexw64"})
+        put(file, "one");
+    for (const char *file : hostFiles)
+        put(file, "one");
+    EXPECT_EQ(versionOrError("one"), "Verdanth.DLL version: 2.0.0.4");
+}
+
+TEST_F(ClientStart, FindsTheHostWhereItIsInstalled)
+{
+    put("VerdanthClient.mexw64", "isolated");
+    put("Verdanth.mexw64", "toolbox");
+    for (const char *file : hostFiles)
+        put(file, "host");
+    EXPECT_EQ(versionOrError("isolated"), "Verdanth.DLL version: 2.0.0.4");
+}
+
+TEST_F(ClientStart, TellsThatThereIsNoHost)
+{
+    put("VerdanthClient.mexw64", "alone");
+    const std::string error = versionOrError("alone");
+    EXPECT_EQ(error.substr(0, 51), "VerdanthHost64.exe was not found: it is neither in ") << error;
+    EXPECT_EQ(error.substr(error.rfind("\\alone\\")), "\\alone\\ nor in the folder host beside that");
+}
+
+TEST_F(ClientStart, TellsWhyTheHostDoesNotStart)
+{
+    put("VerdanthClient.mexw64", "parts");
+    put("libmx.dll", "parts", "VerdanthHost64.exe"); // which is no program
+    const std::string error = versionOrError("parts");
+    EXPECT_NE(error.find("\\VerdanthHost64.exe did not start: "), std::string::npos) << error;
+    EXPECT_EQ(error.substr(error.rfind(". ")), ". If files of Verdanth are missing, install it again");
+}
+
+TEST_F(ClientStart, BelievesNoOtherProgram)
+{
+    put("VerdanthClient.mexw64", "other");
+    put("other_host.exe", "other", "VerdanthHost64.exe");
+    set(L"OTHER_HOST_SAYS", L"I am a host, too, and I speak at some length");
+    EXPECT_NE(versionOrError("other").find(" did not start: it did not greet as a host of Verdanth does. If"),
+              std::string::npos);
+    set(L"OTHER_HOST_SAYS", nullptr);
+    EXPECT_EQ(HostsOf(GetCurrentProcessId()), std::vector<DWORD>());
+}
+
+TEST_F(ClientStart, WaitsNoLongerThanItMay)
+{
+    put("VerdanthClient.mexw64", "silent");
+    put("other_host.exe", "silent", "VerdanthHost64.exe");
+    set(L"VERDANTH_START_LIMIT", L"0.2");
+    const std::string error = versionOrError("silent");
+    EXPECT_EQ(error.substr(error.find(" did not")),
+              " did not start within 0.2 s. VERDANTH_START_LIMIT, in the environment, gives it more");
+    EXPECT_EQ(HostsOf(GetCurrentProcessId()), std::vector<DWORD>());
+}

@@ -1,0 +1,4 @@
+function yes = ispc()
+% MATLAB is asked on Windows.
+yes = true;
+end
