@@ -32,6 +32,8 @@ function report = capeOpenCheck(varargin)
 %             default
 %     'Checks'
 %             names of checks, cell array of texts; all by default
+%     'Report'
+%             name of an HTML file to write, with everything in it
 %     'Quiet' true to show no summary
 %
 %   Results:
@@ -73,7 +75,7 @@ if nargin == 1 && ischar(varargin{1}) && strcmp(varargin{1}, 'last')
     return
 end
 defaults = struct('Compositions', [], 'TRange', [], 'PRange', [], 'Level', 'full', 'Seed', 1, 'Checks', {{}}, ...
-                  'Quiet', false);
+                  'Report', '', 'Quiet', false);
 [given, options] = capeopen.internal.options(varargin, defaults);
 options = checkOptions(options);
 [handle, opening, owner] = checkedPackage(given); %#ok<ASGLU> the owner closes it
@@ -86,6 +88,9 @@ if ~isempty(options.Checks)
     table = table(ismember(table(:, 1), options.Checks), :);
 end
 report = checkRun(handle, opening, options, table);
+if ~isempty(options.Report)
+    checkReport(report, options.Report);
+end
 if ~options.Quiet
     checkSummary(report);
 end

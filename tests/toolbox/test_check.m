@@ -183,6 +183,31 @@ function a_sound_package_has_no_failure(toolbox)
           'the same seed gives another sample');
 end
 
+% Well-formed but for what HTML lets stand open, without anything from elsewhere, and with all findings.
+function the_report_is_one_file_with_every_finding(toolbox)
+    global fault
+    behind_the_faulty_one();
+    fault = struct('command', 22, 'property', 'density', 'alter', @(v, g) v * 0.016);
+    file = [tempname(), '.html'];
+    report = quick_check('Checks', {'volumes', 'energies'}, 'Report', file);
+    fault = [];
+    text = fileread(file);
+    delete(file);
+    check(~isempty(strfind(text, '<p class="verdict failures">')), 'no verdict');
+    for finding = report.findings
+        for line = [{finding.what, finding.where}, finding.lines(:).']
+            shown = strrep(strrep(strrep(strrep(line{1}, '&', '&amp;'), '<', '&lt;'), '>', '&gt;'), '"', '&quot;');
+            check(~isempty(strfind(text, shown)), 'the report has not "%s"', line{1});
+        end
+    end
+    check(numel(strfind(text, '<circle class="beyond"')) == sum([report.findings.count]), 'not every failure is on the map');
+    check(isempty(regexp(text, '(src|href)=|url\(|<script', 'once')), 'something comes from elsewhere');
+    for tag = {'section', 'pre', 'svg', 'table', 'ol', 'li', 'p', 'tr', 'td', 'h3', 'style', 'html'}
+        opened = numel(regexp(text, ['<', tag{1}, '[ >]'], 'match'));
+        check(opened > 0 && opened == numel(strfind(text, ['</', tag{1}, '>'])), '<%s> is not closed', tag{1});
+    end
+end
+
 function options_are_checked(toolbox)
     open = @(varargin) capeOpenCheck('Verdanth Reference Packages', 'Natural gas', varargin{:});
     cases = {'Check', 'No check "..."; there are ...', @() open('Checks', {'x'})

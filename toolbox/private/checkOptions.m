@@ -1,6 +1,7 @@
 function options = checkOptions(options)
 %checkOptions  The options of a check as what the rest reads: text as char, names as a cell array.
 options.Level = capeopen.internal.charsOf(options.Level);
+options.Report = capeopen.internal.charsOf(options.Report);
 options.Checks = capeopen.internal.charsOf(options.Checks);
 if ~iscell(options.Checks)
     options.Checks = cellstr(options.Checks);
