@@ -70,6 +70,7 @@ function faults = fault_table()
         'flash by enthalpy off by a J', 25, 'enthalpy', @(v, g) v + any(strcmpi(g(4:2:6), 'enthalpy')), 'roundTrips'
         'flash by entropy off', 25, 'entropy', @(v, g) v + 0.01 * any(strcmpi(g(4:2:6), 'entropy')), 'roundTrips'
         'flash by volume off by 1e-4', 25, 'volume', @(v, g) v * (1 + 1e-4 * any(strcmpi(g(4:2:6), 'volume'))), 'roundTrips'
+        'in mass basis per mole', 22, 'enthalpy', @(v, g) v * (1 + strcmp(VerdanthItself(19, 'density'), 'kg / m3')), 'bases'
         };
 end
 
@@ -147,6 +148,17 @@ function answer = reproduces(finding)
     else
         answer = isempty(value) || any(~isfinite(value(:))) || any(value(:) < 0) || ~isempty(numbers);
     end
+end
+
+% A flash that solves anything, where the library refuses it.
+function what_is_wrong_has_to_be_refused(toolbox)
+    global fault
+    behind_the_faulty_one();
+    fault = struct('command', -24);
+    report = quick_check('Checks', {'errors'});
+    fault = [];
+    check(numel(report.findings) == 3 && strcmp(report.verdict, 'failures'), '%d findings', numel(report.findings));
+    check(strcmp(quick_check('Checks', {'errors'}).verdict, 'passed'), 'a refusal is a finding');
 end
 
 function every_fault_is_found(toolbox)

@@ -28,5 +28,7 @@ table = {
     'moles', 'Derivatives by moles obey Euler, Gibbs-Duhem and symmetry', @checkEuler
     'flashes', 'Flashes at temperature and pressure are balanced equilibria', @checkFlashes
     'roundTrips', 'Flashes by other specifications meet them, and come out the same again', @checkTrips
+    'bases', 'Values in mass basis are those in mole basis over the molar mass', @checkBases
+    'errors', 'What is wrong is refused, with words that say why', @checkErrors
     };
 end

@@ -2,6 +2,11 @@ function varargout = Verdanth(varargin)
 % The library, called VerdanthItself here, with the fault that `fault` holds: the command and the property (empty for a
 % flash) whose results go through its function alter(result, arguments).
 global fault
+if ~isempty(fault) && fault.command == -varargin{1} % solves anything, where the library refuses
+    varargin(cellfun(@(value) isequal(value, -10), varargin)) = {250};
+    varargin(cellfun(@(value) isequal(value, -1e5), varargin)) = {1e5};
+    varargin(cellfun(@(value) isequal(value, 2), varargin)) = {0.5};
+end
 [varargout{1:nargout}] = VerdanthItself(varargin{:});
 if isempty(fault) || varargin{1} ~= fault.command
     return
