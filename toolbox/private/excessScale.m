@@ -11,7 +11,9 @@ if strncmpi(name, 'excess', 6)
     else
         text = 'R * T';
     end
-elseif strncmpi(name, 'log', 3)
+elseif strncmpi(name, 'log', 3) || strcmpi(name, 'activity')
     text = '1';
+elseif strcmpi(name, 'fugacity') % of nothing of a compound it is 0
+    text = 'P';
 end
 end
