@@ -36,6 +36,7 @@
 %   capeOpenTxy                 - Phase diagram of two compounds at one pressure, calculated and drawn.
 %   capeOpenPh                  - Pressure-enthalpy diagram of a mixture or a compound, calculated and drawn.
 %   capeOpenTs                  - Temperature-entropy diagram of a mixture or a compound, calculated and drawn.
+%   capeOpenCheck               - Check of a property package: what it offers, and whether its numbers fit together.
 %   capeOpenMultiFlashParallel  - Phase equilibria over arrays of conditions, on several processors.
 %   capeOpenLastResults         - The rows that were done when a batch of flashes was stopped.
 %

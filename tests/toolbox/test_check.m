@@ -1,0 +1,239 @@
+% capeOpenCheck, one test each:  octave-cli tests/toolbox/test_check.m TEST TOOLBOX VERDANTH
+% TOOLBOX is the folder of the functions, VERDANTH the one where `Verdanth` is found.
+1;
+addpath(fullfile(fileparts(mfilename('fullpath')), 'support'));
+
+% Name, command, property, what becomes of the result, and the check that has to find it.
+function faults = fault_table()
+    faults = {
+        'wrong check digit', 16, 'casRegistryNumber', @(v, g) put(v, 1, '74-82-9'), 'casNumbers'
+        'CAS number with a leading zero', 16, 'casRegistryNumber', @(v, g) put(v, 2, '074-84-0'), 'casNumbers'
+        'CAS number twice', 16, 'casRegistryNumber', @(v, g) put(v, 2, v{1}), 'casNumbers'
+        'weight of another compound', 16, 'molecularWeight', @(v, g) v([2, 1, 3:end]), 'molecularWeights'
+        'weights in kg', 16, 'molecularWeight', @(v, g) v / 1000, 'molecularWeights'
+        'critical volumes in cm3', 16, 'criticalVolume', @(v, g) v * 1e6, 'constants'
+        'critical densities of another table', 16, 'criticalDensity', @(v, g) v * 1.01, 'constants'
+        'boiling points above critical ones', 16, 'normalBoilingPoint', @(v, g) v * 3, 'constants'
+        'a listed constant fails', 16, 'acentricFactor', @(v, g) fail('GetCompoundConstant failed'), 'constants'
+        'boiling points 5 K off', 16, 'normalBoilingPoint', @(v, g) v + 5, 'pureProperties'
+        'vapor pressures in bar', 20, 'vaporPressure', @(v, g) v / 1e5, 'pureProperties'
+        'ideal heat capacities in cal', 20, 'idealGasHeatCapacity', @(v, g) v / 4.184, 'pureProperties'
+        'ideal enthalpy of other sign', 20, 'idealGasEnthalpy', @(v, g) -v, 'pureProperties'
+        'ideal entropy of another correlation', 20, 'idealGasEntropy', @(v, g) v * 1.0001, 'pureProperties'
+        'heat of vaporization 10 % off', 20, 'heatOfVaporization', @(v, g) v * 1.1, 'pureProperties'
+        'a listed pure property is NaN', 20, 'viscosityOfLiquid', @(v, g) v * NaN, 'pureProperties'
+        'boiling temperatures in degC', 21, 'boilingPointTemperature', @(v, g) v - 273.15, 'pureProperties'
+        'density in kg', 22, 'density', @(v, g) v * 0.016, 'volumes'
+        'volume 1e-6 off', 22, 'volume', @(v, g) v * (1 + 1e-6), 'volumes'
+        'compressibility factor 1e-6 off', 22, 'compressibilityFactor', @(v, g) v * (1 + 1e-6), 'volumes'
+        'molar mass in kg', 22, 'molecularWeight', @(v, g) v / 1000, 'volumes'
+        'compressibility of other sign', 22, 'compressibility', @(v, g) -v, 'listedProperties'
+        'derivative of other sign', 22, 'enthalpy.Dtemperature', @(v, g) -v, 'temperatureDerivatives'
+        'derivative by temperature 1e-4 off', 22, 'volume.Dtemperature', @(v, g) v * 1.0001, 'temperatureDerivatives'
+        'derivative by pressure 1e-3 off', 22, 'entropy.Dpressure', @(v, g) v * 1.001, 'pressureDerivatives'
+        'derivative per bar', 22, 'logFugacity.Dpressure', @(v, g) v * 1e5, 'pressureDerivatives'
+        'Gibbs-Duhem broken by 1e-3', 22, 'logFugacityCoefficient.Dmoles', @(v, g) v * (1 + 1e-3) - 1e-3, 'moles'
+        'derivatives by moles without symmetry', 22, 'logFugacityCoefficient.Dmoles', @(v, g) v + 1e-6 * triu(v), 'moles'
+        'partial molar volume is a derivative', 22, 'volume.Dmoles', @(v, g) v * 0.99, 'moles'
+        'derivative by moles 1e-3 off', 22, 'enthalpy.Dmoles', @(v, g) v * 1.001, 'moleDerivatives'
+        'derivative by fractions 1e-3 off', 22, 'density.DmolFraction', @(v, g) v * 1.001, 'fractionDerivatives'
+        'heat capacity in cal', 22, 'heatCapacityCp', @(v, g) v / 4.184, 'heatCapacities'
+        'heat capacity at constant volume 1e-4 off', 22, 'heatCapacityCv', @(v, g) v * 1.0001, 'heatCapacities'
+        'speed of sound 1e-4 off', 22, 'speedOfSound', @(v, g) v * 1.0001, 'heatCapacities'
+        'Joule-Thomson of other sign', 22, 'jouleThomsonCoefficient', @(v, g) -v, 'relations'
+        'entropy of another model', 22, 'entropy', @(v, g) v * 1.0001, 'relations'
+        'Gibbs energy of other sign', 22, 'gibbsEnergy', @(v, g) -v, 'energies'
+        'internal energy off by a tenth of a J', 22, 'internalEnergy', @(v, g) v + 0.1, 'energies'
+        'Helmholtz energy off by a tenth of a J', 22, 'helmholtzEnergy', @(v, g) v - 0.1, 'energies'
+        'excess Gibbs energy off by R T', 22, 'excessGibbsEnergy', @(v, g) v + 2500, 'energies'
+        'fugacity coefficient is its logarithm', 22, 'fugacityCoefficient', @(v, g) log(v), 'fugacities'
+        'fugacity 1e-7 off', 22, 'fugacity', @(v, g) v * (1 + 1e-7), 'fugacities'
+        'one value is NaN', 22, 'density', @(v, g) put(v, 1, NaN), 'listedProperties'
+        'a listed property fails', 22, 'viscosity', @(v, g) fail('CalcSinglePhaseProp failed: no'), 'listedProperties'
+        'a conductivity is negative', 22, 'thermalConductivity', @(v, g) -v, 'listedProperties'
+        'an excess volume is infinite', 22, 'excessVolume', @(v, g) v + Inf, 'listedProperties'
+        'diffusion coefficients without symmetry', 22, 'diffusionCoefficient', @(v, g) v + 1e-6 * triu(v), 'moles'
+        'capital letters give another value', 22, 'density', @(v, g) v * (1 + strcmp(g{4}, 'DENSITY')), 'unlistedProperties'
+        'K-values of the other phase', 23, 'kvalue', @(v, g) 1 ./ v, 'twoPhases'
+        'derivative of K-values of other sign', 23, 'logKvalue.Dtemperature', @(v, g) -v, 'twoPhases'
+        'surface tension is NaN', 23, 'surfaceTension', @(v, g) v * NaN, 'twoPhases'
+        'flash off by 1e-4', 24, '', @flash_off, 'flashes'
+        'fractions of phases off', 24, '', @(v, g) put(v, 2, v{2} * 1.00001), 'flashes'
+        'another temperature', 24, '', @(v, g) put(v, 4, v{4} + 1e-3), 'flashes'
+        'another pressure', 24, '', @(v, g) put(v, 5, v{5} * 1.0001), 'flashes'
+        'a fraction is negative', 24, '', @(v, g) put(v, 3, v{3} - (v{3} == min(v{3}(:))) * 1e-6), 'flashes'
+        'all flashes fail', 24, '', @(v, g) fail('CalcEquilibrium failed: no'), 'flashes'
+        'hidden state', 24, '', @hidden_state, 'roundTrips'
+        'noise in the last bits', 24, '', @noise, 'roundTrips'
+        'the order of specifications counts', 24, '', ...
+            @(v, g) put(v, 2, v{2} * (1 + 1e-6 * strcmpi(g{4}, 'Pressure'))), 'roundTrips'
+        'flash by enthalpy off by a J', 25, 'enthalpy', @(v, g) v + any(strcmpi(g(4:2:6), 'enthalpy')), 'roundTrips'
+        'flash by entropy off', 25, 'entropy', @(v, g) v + 0.01 * any(strcmpi(g(4:2:6), 'entropy')), 'roundTrips'
+        'flash by volume off by 1e-4', 25, 'volume', @(v, g) v * (1 + 1e-4 * any(strcmpi(g(4:2:6), 'volume'))), 'roundTrips'
+        'in mass basis per mole', 22, 'enthalpy', @(v, g) v * (1 + strcmp(VerdanthItself(19, 'density'), 'kg / m3')), 'bases'
+        };
+end
+
+function v = put(v, k, value)
+    if iscell(v)
+        v{k} = value;
+    else
+        v(k) = value;
+    end
+end
+
+function v = fail(words)
+    error('Verdanth:error', '%s', words);
+end
+
+% A bit of the first compound comes out of the first phase into the last.
+function v = flash_off(v, given)
+    if size(v{3}, 1) > 1
+        v{3}(1, :) = v{3}(1, :) .* (1 + 1e-4 * (1:size(v{3}, 2) > 1));
+        v{3}(1, :) = v{3}(1, :) / sum(v{3}(1, :));
+    end
+end
+
+function v = hidden_state(v, given)
+    persistent before
+    now = given{5} + given{7};
+    if ~isempty(before) && before ~= now
+        v{2} = v{2} * (1 + 1e-6);
+    end
+    before = now;
+end
+
+function v = noise(v, given)
+    persistent count
+    count = sum([count, 1]);
+    v{3} = v{3} * (1 + mod(count, 7) * 2 * eps);
+end
+
+% The library beside itself under another name, with the faulty one before it.
+function behind_the_faulty_one()
+    folder = fileparts(which('Verdanth'));
+    link = tempname();
+    mkdir(link);
+    system(sprintf('ln -s "%s"/*.so "%s/registry.d" "%s"', folder, folder, link));
+    system(sprintf('ln -s "%s/Verdanth.mex" "%s/VerdanthItself.mex"', folder, link));
+    atexit_folder(link);
+    rmpath(folder);
+    addpath(link, fullfile(fileparts(mfilename('fullpath')), 'faulty'));
+end
+
+function atexit_folder(folder)
+    global linked
+    linked = onCleanup(@() system(sprintf('rm -r "%s"', folder)));
+end
+
+function report = quick_check(varargin)
+    report = capeOpenCheck('Verdanth Reference Packages', 'Natural gas', 'Level', 'quick', 'Quiet', true, varargin{:});
+end
+
+% What is typed raises an error, or shows a deviation beyond its limit, or a value that is none.
+function answer = reproduces(finding)
+    deviation = [];
+    limit = [];
+    value = [];
+    numbers = [];
+    text = strjoin(finding.lines(:).', sprintf('\n'));
+    try
+        evalc(text);
+    catch problem
+        answer = ~isempty(strfind(finding.what, strtok(problem.message, sprintf('\n'))));
+        return
+    end
+    if ~isempty(deviation)
+        answer = any(~(deviation(:) <= limit(:)));
+    else
+        answer = isempty(value) || any(~isfinite(value(:))) || any(value(:) < 0) || ~isempty(numbers);
+    end
+end
+
+% A flash that solves anything, where the library refuses it.
+function what_is_wrong_has_to_be_refused(toolbox)
+    global fault
+    behind_the_faulty_one();
+    fault = struct('command', -24);
+    report = quick_check('Checks', {'errors'});
+    fault = [];
+    check(numel(report.findings) == 3 && strcmp(report.verdict, 'failures'), '%d findings', numel(report.findings));
+    check(strcmp(quick_check('Checks', {'errors'}).verdict, 'passed'), 'a refusal is a finding');
+end
+
+function every_fault_is_found(toolbox)
+    global fault
+    behind_the_faulty_one();
+    faults = fault_table();
+    check(size(faults, 1) >= 40, 'there are %d faults', size(faults, 1));
+    for k = 1:size(faults, 1)
+        fault = [];
+        h = capeOpenCreate('Verdanth Reference Packages', 'Natural gas'); % is open beyond each check
+        fault = struct('command', faults{k, 2}, 'property', faults{k, 3}, 'alter', faults{k, 4});
+        report = quick_check('Checks', faults(k, 5));
+        bad = report.findings(strcmp({report.findings.severity}, 'failure'));
+        check(~isempty(bad) && strcmp(report.verdict, 'failures'), '%s: not found by %s', faults{k, [1, 5]});
+        check(isempty(regexp([bad.what], 'The check ended', 'once')), '%s: %s', faults{k, 1}, bad(1).what);
+        if ~any(strcmp(faults{k, 1}, {'hidden state', 'noise in the last bits'})) % those remember other calls
+            for finding = bad
+                check(reproduces(finding), '%s: %s is not shown by\n%s', faults{k, 1}, finding.what, ...
+                      strjoin(finding.lines(:).', sprintf('\n')));
+            end
+        end
+    end
+    fault = [];
+end
+
+function a_sound_package_has_no_failure(toolbox)
+    report = quick_check();
+    bad = report.findings(strcmp({report.findings.severity}, 'failure'));
+    check(isempty(bad), '%s', strjoin([{''}, {bad.what}], '; '));
+    check(report.complete && strcmp(report.verdict, 'notes') && all([report.checks.asked] > 0), 'a check asks nothing');
+    check(isequal(capeOpenCheck('last').checks, report.checks), 'the last report is another');
+    again = quick_check('Checks', {'volumes'});
+    check(isequal(again.checks.bars, report.checks(strcmp({report.checks.name}, 'volumes')).bars), ...
+          'the same seed gives another sample');
+end
+
+% Well-formed but for what HTML lets stand open, without anything from elsewhere, and with all findings.
+function the_report_is_one_file_with_every_finding(toolbox)
+    global fault
+    behind_the_faulty_one();
+    fault = struct('command', 22, 'property', 'density', 'alter', @(v, g) v * 0.016);
+    file = [tempname(), '.html'];
+    report = quick_check('Checks', {'volumes', 'energies'}, 'Report', file);
+    fault = [];
+    text = fileread(file);
+    delete(file);
+    check(~isempty(strfind(text, '<p class="verdict failures">')), 'no verdict');
+    for finding = report.findings
+        for line = [{finding.what, finding.where}, finding.lines(:).']
+            shown = strrep(strrep(strrep(strrep(line{1}, '&', '&amp;'), '<', '&lt;'), '>', '&gt;'), '"', '&quot;');
+            check(~isempty(strfind(text, shown)), 'the report has not "%s"', line{1});
+        end
+    end
+    check(numel(strfind(text, '<circle class="beyond"')) == sum([report.findings.count]), 'not every failure is on the map');
+    check(isempty(regexp(text, '(src|href)=|url\(|<script', 'once')), 'something comes from elsewhere');
+    for tag = {'section', 'pre', 'svg', 'table', 'ol', 'li', 'p', 'tr', 'td', 'h3', 'style', 'html'}
+        opened = numel(regexp(text, ['<', tag{1}, '[ >]'], 'match'));
+        check(opened > 0 && opened == numel(strfind(text, ['</', tag{1}, '>'])), '<%s> is not closed', tag{1});
+    end
+end
+
+function options_are_checked(toolbox)
+    open = @(varargin) capeOpenCheck('Verdanth Reference Packages', 'Natural gas', varargin{:});
+    cases = {'Check', 'No check "..."; there are ...', @() open('Checks', {'x'})
+             'Check', 'Expected compositions with a fraction for each of the ... compounds', @() open('Compositions', [1, 2])
+             'Check', 'Expected an option and its value, not ...', @() open('Chekcs', {'x'})};
+    check_messages(toolbox, cases);
+    h = capeOpenCreate('Verdanth Reference Packages', 'Natural gas');
+    Z = mixture(h, 'methane', 0.7, 'propane', 0.3);
+    report = capeOpenCheck(h, 'Compositions', Z, 'TRange', [200, 250], 'PRange', [1e5, 1e6], 'Checks', 'flashes', ...
+                           'Quiet', true);
+    check(all([report.flashes.T] >= 200 & [report.flashes.T] <= 250) && all([report.flashes.P] <= 1e6), 'other ranges');
+    check(isequal(vertcat(report.flashes.Z), repmat(Z, numel(report.flashes), 1)), 'another composition');
+    check(strcmp(report.opening, 'handle = capeOpenCreate(''Verdanth Reference Packages'', ''Natural gas'');'), ...
+          report.opening);
+end
+
+run_test(argv());

@@ -1,0 +1,18 @@
+function report = checkKept(action, report)
+%checkKept  Holds the report of a check beyond an interrupt.
+%
+%   checkKept('begin', report)   what is done so far
+%   checkKept('end', report)     it has come to its end
+%   checkKept('stopped')         says so if it has not
+%   report = checkKept('last')   what was done
+persistent kept
+if nargin > 1
+    kept = report;
+elseif strcmp(action, 'last')
+    report = kept;
+elseif ~isempty(kept) && ~kept.complete
+    checkProgress('');
+    fprintf('capeOpenCheck was stopped after %d %s; capeOpenCheck(''last'') gives what was done\n', ...
+            numel(kept.checks), plural(numel(kept.checks), 'check'));
+end
+end

@@ -1,0 +1,166 @@
+function s = checkSample(handle, opening, options)
+%checkSample  What a package is checked at: its lists, compositions, flashes at T and P, and the phases that they give.
+%
+%   The phases of flashes are the states at which values are compared: there a package has to have them. S.STATES has a
+%   struct array with an element for each phase label, S.FLASHES one with an element for each flash that was asked for.
+%   If no flash succeeds, every phase is taken everywhere, and S.STABLE is false.
+s = struct('handle', handle, 'opening', opening, 'quick', strcmpi(options.Level, 'quick'), 'seed', options.Seed);
+s.compounds = capeOpenCompoundList(handle);
+s.n = numel(s.compounds);
+s.phases = capeOpenPhaseList(handle);
+s.vapor = '';
+for k = numel(s.phases):-1:1
+    if strcmpi(capeOpenPhaseState(handle, s.phases{k}), 'Vapor')
+        s.vapor = s.phases{k};
+    end
+end
+s.single = listOf(@() capeOpenSinglePhasePropList(handle));
+s.two = listOf(@() capeOpenTwoPhasePropList(handle));
+s.T = listOf(@() capeOpenTDependentPropList(handle));
+s.P = listOf(@() capeOpenPDependentPropList(handle));
+s.constants = listOf(@() capeOpenConstantPropList(handle));
+s.flashProps = listOf(@() capeOpenFlashPropList(handle));
+s.molar = constantOr(handle, 'molecularWeight', NaN(1, s.n)) / 1000;
+s.Tc = constantOr(handle, 'criticalTemperature', NaN(1, s.n));
+s.Pc = constantOr(handle, 'criticalPressure', NaN(1, s.n));
+s.R = 8.31446261815324;
+s.Z = compositions(s, options.Compositions);
+s = withFlashes(s, options);
+s = withStates(s);
+s.R = gasConstant(s);
+end
+
+function names = listOf(ask)
+try
+    names = ask();
+catch
+    names = cell(0, 1); % the checks of lists tell it
+end
+end
+
+function values = constantOr(handle, name, values)
+try
+    given = capeOpenConstant(handle, name);
+    if isnumeric(given) && numel(given) == numel(values)
+        values = reshape(given, 1, []);
+    end
+catch
+    % the checks of lists tell it
+end
+end
+
+% Equal fractions, random ones, one with a trace and nothing of another compound, and pure compounds.
+function Z = compositions(s, given)
+if ~isempty(given)
+    if isstruct(given) || iscell(given)
+        given = capeOpenComposition(s.handle, given);
+    end
+    if size(given, 2) ~= s.n || any(given(:) < 0) || any(~isfinite(given(:))) || any(sum(given, 2) <= 0)
+        error('Verdanth:error', 'Expected compositions with a fraction for each of the %d compounds', s.n);
+    end
+    Z = bsxfun(@rdivide, double(full(given)), sum(given, 2));
+    return
+end
+if s.n == 1
+    Z = 1;
+    return
+end
+more = 6;
+pure = min(s.n, 12);
+if s.quick
+    more = 2;
+    pure = 2;
+end
+[x, next] = uniformNumbers(s.seed, (more + 1) * s.n);
+x = -log(reshape(x, more + 1, s.n));
+x(more + 1, 1 + mod(next, s.n)) = 0;
+if s.n > 2
+    x(more + 1, 1 + mod(next + 1, s.n)) = 1e-8;
+end
+which = 1 + round((0:pure - 1) * (s.n - 1) / max(1, pure - 1));
+x = [ones(1, s.n); x; double(bsxfun(@eq, which(:), 1:s.n))];
+Z = bsxfun(@rdivide, x, sum(x, 2));
+end
+
+% Temperatures and pressures around the critical ones of each composition, or in the ranges that were told.
+function s = withFlashes(s, options)
+count = 16;
+if s.quick
+    count = 6;
+end
+s.flashes = struct('Z', {}, 'T', {}, 'P', {}, 'phases', {}, 'fractions', {}, 'X', {}, 'Tr', {}, 'Pr', {}, ...
+    'problem', {});
+for k = 1:size(s.Z, 1)
+    T0 = s.Z(k, :) * ordinary(s.Tc, 400).';
+    P0 = s.Z(k, :) * ordinary(s.Pc, 4e6).';
+    u = reshape(uniformNumbers(s.seed + 1000 * k, 2 * count), 2, count);
+    TRange = T0 * [0.6, 1.4];
+    PRange = [2e4, 2 * P0];
+    if ~isempty(options.TRange)
+        TRange = options.TRange;
+    end
+    if ~isempty(options.PRange)
+        PRange = options.PRange;
+    end
+    T = TRange(1) + u(1, :) * (TRange(2) - TRange(1));
+    P = exp(log(PRange(1)) + u(2, :) * log(PRange(2) / PRange(1)));
+    if isempty(options.TRange) && isempty(options.PRange) && nnz(s.Z(k, :)) > 1
+        T(1) = 0.98 * T0; % near the critical point
+        P(1) = 0.9 * P0;
+    end
+    for l = 1:count
+        s.flashes(end + 1) = flashAt(s, s.Z(k, :), T(l), P(l));
+    end
+end
+end
+
+function values = ordinary(values, instead)
+values(~(values > 0)) = instead;
+end
+
+function flash = flashAt(s, Z, T, P)
+flash = struct('Z', Z, 'T', T, 'P', P, 'phases', {{}}, 'fractions', [], 'X', [], 'Tr', NaN, 'Pr', NaN, 'problem', '');
+try
+    [flash.phases, flash.fractions, flash.X, flash.Tr, flash.Pr] = capeOpenFlash(s.handle, Z, 'Temperature', T, ...
+        'Pressure', P, 'Unspecified');
+catch problem
+    flash.problem = strtok(problem.message, sprintf('\n'));
+end
+end
+
+function s = withStates(s)
+s.stable = any(cellfun(@isempty, {s.flashes.problem}));
+for k = 1:numel(s.phases)
+    [T, P, X] = deal([]);
+    for flash = s.flashes
+        if ~s.stable
+            [T(end + 1, 1), P(end + 1, 1), X(end + 1, :)] = deal(flash.T, flash.P, flash.Z); %#ok<AGROW>
+        end
+        for phase = find(strcmpi(flash.phases(:), s.phases{k})).'
+            x = flash.X(phase, :);
+            if all(isfinite(x)) && all(x >= 0) && sum(x) > 0.5 && flash.fractions(phase) >= 0
+                [T(end + 1, 1), P(end + 1, 1), X(end + 1, :)] = deal(flash.T, flash.P, x / sum(x)); %#ok<AGROW>
+            end
+        end
+    end
+    s.states(k) = struct('phase', s.phases{k}, 'T', T, 'P', P, 'X', X, 'compounds', {s.compounds});
+end
+end
+
+% The package's own: some have one of fewer digits. P V / T at low pressure, extrapolated to none.
+function R = gasConstant(s)
+R = s.R;
+if isempty(s.vapor) || ~any(strcmpi(s.single, 'volume'))
+    return
+end
+P = [200; 100];
+T = 1.2 * max([300, s.Tc(isfinite(s.Tc))]);
+V = phaseValues(s, 'volume', T, P, s.Z(1, :), s.vapor);
+if numel(V) == 2
+    own = P .* V / T;
+    own = 2 * own(2) - own(1);
+    if abs(own / R - 1) < 1e-3
+        R = own;
+    end
+end
+end

@@ -1,0 +1,86 @@
+function tally = checkTwoPhase(s, tally)
+%checkTwoPhase  Properties of pairs of phases at the equilibria of the sample.
+%
+%   They are there; K-values are those of the fugacity coefficients, to 1e-9 of their size as in checkIdentities; and
+%   derivatives by temperature and pressure are those of differences, to the limit of the function extrapolated.
+pairs = find(arrayfun(@(flash) numel(flash.phases) > 1, s.flashes));
+pairs = pairs(evenly(numel(pairs), 40 - 32 * s.quick));
+for k = pairs
+    flash = s.flashes(k);
+    two = flash.phases(1:2);
+    X = flash.X(1:2, :);
+    at = struct('phase', [two{1}, ' and ', two{2}], 'T', flash.T, 'P', flash.P, 'X', flash.Z, 'compounds', ...
+        {s.compounds});
+    head = [stateLines(s, flash.T, flash.P, X(1, :)); {numbersText('X2', X(2, :))}];
+    ask = @(name, T, P) capeOpenTwoPhaseProp(s.handle, name, T, P, X(1, :), X(2, :), two{1}, two{2});
+    call = @(name, T, P) sprintf('capeOpenTwoPhaseProp(handle, ''%s'', %s, %s, X, X2, ''%s'', ''%s'')', name, T, P, ...
+        two{:});
+    for name = reshape(s.two, 1, [])
+        tally.asked = tally.asked + 1;
+        try
+            value = ask(name{1}, flash.T, flash.P);
+        catch problem
+            tally = checkFound(tally, 'failure', sprintf('%s is listed, but fails: %s', name{1}, ...
+                               strtok(problem.message, sprintf('\n'))), stateText(at, 1), ...
+                               [head; {['value = ', call(name{1}, 'T', 'P')]}], at.T, at.P, 1);
+            continue
+        end
+        derivative = regexpi(name{1}, '^(\w+)\.D(temperature|pressure)$', 'tokens', 'once');
+        if isnumeric(value) && any(~isfinite(value(:))) && (isscalar(value) || all(flash.Z > 0))
+            tally = checkFound(tally, 'failure', sprintf('%s is no number', name{1}), stateText(at, 1), ...
+                               [head; {['value = ', call(name{1}, 'T', 'P')]}], at.T, at.P, 1);
+        elseif ~isempty(derivative)
+            tally = differences(tally, at, name{1}, derivative, value, ask, call, head);
+        end
+    end
+    if any(strcmpi(s.two, 'kvalue')) && any(strcmpi(s.single, 'logFugacityCoefficient'))
+        tally = kvalues(s, tally, at, two, X, ask, call, head);
+    end
+end
+tally = mergedFindings(tally);
+end
+
+function tally = differences(tally, at, name, derivative, value, ask, call, head)
+[steps, weights] = differenceSteps();
+byT = strcmpi(derivative{2}, 'temperature');
+h = 3e-4 * at.T * byT + 1e-3 * at.P * ~byT;
+try
+    f0 = ask(derivative{1}, at.T, at.P);
+    f = ask(derivative{1}, at.T + byT * h * steps.', at.P + ~byT * h * steps.');
+catch
+    return % where a phase ends
+end
+d = num2cell(weights * f / h, 2);
+[expected, limit] = extrapolated(d{:}, abs(f0) + strncmpi(name, 'log', 3), h);
+limit(~isfinite(f0)) = NaN;
+moved = {'T', 'P + h * s'};
+if byT
+    moved = {'T + h * s', 'P'};
+end
+lines = [head; {sprintf('h = %.17g; s = [0.5; -0.5; 0.25; -0.25; 0];', h)
+                sprintf('f = %s;', call(derivative{1}, moved{:})); sprintf('given = %s;', call(name, 'T', 'P'))
+                'd2 = (f(1, :) - f(2, :)) / h; d3 = (f(3, :) - f(4, :)) / (h / 2);'
+                'deviation = abs(given - (4 * d3 - d2) / 3)'
+                sprintf('limit = 3 * abs(d3 - d2) + 1e4 * eps * (abs(f(5, :)) + %d) / (h / 4)', strncmpi(name, ...
+                    'log', 3))}];
+tally = checkCompared(tally, 'failure', sprintf('%s is not that of %s by differences', name, derivative{1}), ...
+                      value - expected, limit, at, @(row) lines);
+end
+
+function tally = kvalues(s, tally, at, two, X, ask, call, head)
+a = phaseValues(s, 'logFugacityCoefficient', at.T, at.P, X(1, :), two{1});
+b = phaseValues(s, 'logFugacityCoefficient', at.T, at.P, X(2, :), two{2});
+try
+    K = ask('kvalue', at.T, at.P);
+catch
+    return % told above
+end
+lines = [head; {sprintf('K = %s;', call('kvalue', 'T', 'P'))
+                sprintf('a = capeOpenSinglePhaseProp(handle, ''logFugacityCoefficient'', T, P, X, ''%s'');', two{1})
+                sprintf('b = capeOpenSinglePhaseProp(handle, ''logFugacityCoefficient'', T, P, X2, ''%s'');', two{2})
+                'deviation = abs(log(K) - b + a)'; 'limit = 1e-9 * (1 + abs(a) + abs(b))'}];
+if isequal(size(a), size(b), size(K))
+    tally = checkCompared(tally, 'failure', 'kvalue is not the quotient of the fugacity coefficients', ...
+                          log(K) - b + a, 1e-9 * (1 + abs(a) + abs(b)), at, @(row) lines);
+end
+end

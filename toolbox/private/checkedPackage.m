@@ -1,0 +1,40 @@
+function [handle, opening, owner] = checkedPackage(given)
+%checkedPackage  The handle of a package to check, the line that opens it, and what closes it behind the check.
+owner = [];
+if isempty(given) || numel(given) > 2
+    stray = '';
+    if ~isempty(given)
+        stray = described(given{3});
+    end
+    error('Verdanth:error', 'Expected an option and its value, not %s', [stray, 'no package']);
+end
+if ischar(given{1}) || isa(given{1}, 'string')
+    names = cellfun(@(name) capeopen.internal.charsOf(name), given, 'UniformOutput', false);
+    owner = capeopen.Package(names{:});
+    handle = owner.Handle;
+    opening = openingLine(names);
+    return
+end
+if numel(given) > 1
+    error('Verdanth:error', 'Expected an option and its value, not %s', described(given{2}));
+end
+handle = given{1};
+if isa(handle, 'capeopen.Package')
+    handle = handle.Handle;
+end
+name = capeOpenName(handle); % it says what is wrong with a handle
+opening = sprintf('handle = int32(%d); %% the package is open', handle);
+for manager = reshape(capeOpenManagerList(), 1, [])
+    if strcmp(manager{1}, name)
+        opening = openingLine({name, ''});
+    elseif strncmp([manager{1}, ':'], name, numel(manager{1}) + 1)
+        opening = openingLine({manager{1}, name(numel(manager{1}) + 2:end)});
+    end
+end
+end
+
+function line = openingLine(names)
+names = [names, cell(1, 2 - numel(names))];
+names(cellfun(@isempty, names)) = {''};
+line = sprintf('handle = capeOpenCreate(%s);', strjoin(cellfun(@quoted, names, 'UniformOutput', false), ', '));
+end
