@@ -69,6 +69,22 @@ TEST_F(ClientStart, FindsTheHostWhereItIsInstalled)
     EXPECT_EQ(versionOrError("isolated"), "Verdanth.DLL version: 2.0.0.4");
 }
 
+// What MATLAB has open for others to inherit would stay open, and a file locked, as long as the host runs.
+TEST_F(ClientStart, LeavesWhatMatlabHasOpenToMatlab)
+{
+    constexpr WCHAR name[] = L"verdanth client test";
+    SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
+    HANDLE event = CreateEventW(&inherited, TRUE, FALSE, name);
+    ASSERT_TRUE(event);
+    mustReturn(1, {Scalar(26)});
+    EXPECT_EQ(HostsOf(GetCurrentProcessId()).size(), 1u);
+    HANDLE again = OpenEventW(SYNCHRONIZE, FALSE, name);
+    EXPECT_TRUE(again);
+    for (HANDLE handle : {event, again})
+        CloseHandle(handle);
+    EXPECT_FALSE(OpenEventW(SYNCHRONIZE, FALSE, name)) << "the host has it";
+}
+
 TEST_F(ClientStart, TellsThatThereIsNoHost)
 {
     put("VerdanthClient.mexw64", "alone");
