@@ -1,5 +1,4 @@
 #include "client/host_connection.h"
-#include "client/deadline.h"
 #include "client/seconds.h"
 
 #include <chrono>
@@ -23,11 +22,17 @@ HostConnection::HostConnection(std::unique_ptr<HostProcess> started)
 
 HostConnection::Outcome HostConnection::greet(double seconds, const Caller &caller)
 {
+    const Deadline last(seconds);
     const Outcome outcome = waitForBytes(seconds, caller);
     if (outcome != Outcome::Done)
         return outcome;
-    if (reader.greeting())
+    patience = last;
+    const bool greeted = reader.greeting();
+    patience = Deadline(0);
+    if (greeted)
         return Outcome::Done;
+    if (last.isOver())
+        return Outcome::Late;
     process->close();
     if (!endsWithin(secondsOfGrace))
         endFor(reader.reason());
@@ -101,7 +106,7 @@ HostConnection::Outcome HostConnection::waitForBytes(double seconds, const Calle
 std::size_t HostConnection::read(void *bytes, std::size_t capacity)
 {
     while (!process->readable(tickMilliseconds))
-        if (!process->runs() && !process->readable(0))
+        if (patience.isOver() || (!process->runs() && !process->readable(0)))
             return 0;
     return process->read(bytes, capacity);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "client/caller.h"
+#include "client/deadline.h"
 #include "client/host_process.h"
 #include "wire/decoder.h"
 #include "wire/message_reader.h"
@@ -55,6 +56,7 @@ private:
     Outcome ended();
 
     std::unique_ptr<HostProcess> process;
+    Deadline patience{0}; // with the rest of what has begun to arrive
     std::string why;
     wire::MessageReader reader;
     wire::MessageWriter writer;

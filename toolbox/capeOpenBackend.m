@@ -56,6 +56,9 @@ function [backEnd, details] = capeOpenBackend(name, option1, value1, option2, va
 %             does not have.
 %     'Expected text for 'Prefix''
 %     'Expected a positive number for 'TimeLimit''
+%     'The back end can not be changed in the folder ...: go to another by cd'
+%             It is the one of the functions, and what lies in the current
+%             folder is called first.
 %     'The back end 'isolated' was not found: there is no ...'
 %     'VerdanthHost64.exe was not found: ...'
 %             Files of Verdanth are missing. Install it again.
@@ -147,6 +150,9 @@ end
 % MATLAB calls what comes first on its path under the name of the library.
 function chooseOnPath(name, wanted)
 before = backEndOfCalls();
+if ~strcmp(name, before) && strcmpi(fileparts(which('Verdanth')), pwd())
+    refuse('The back end can not be changed in the folder %s: go to another by cd', pwd()); % it comes before the path
+end
 if strcmp(name, 'isolated')
     requireClient();
 end

@@ -5,6 +5,16 @@
 using wire::Class;
 using wire::Value;
 
+namespace {
+
+bool holdsNumbers(const mxArray *array)
+{
+    const mxClassID type = mxGetClassID(array);
+    return type == mxLOGICAL_CLASS || (type >= mxDOUBLE_CLASS && type <= mxUINT64_CLASS);
+}
+
+} // namespace
+
 const std::vector<Value> &ArgumentValues::take(int count, const mxArray *const *arrays)
 {
     forget();
@@ -40,8 +50,8 @@ Value ArgumentValues::valueOf(const mxArray *array)
         value.real = mxGetData(array);
         // The library takes no complex numbers, but has to see that they are some.
         value.imaginary = mxIsComplex(array) ? value.real : nullptr;
-    } else if (count == 0) {
-        value.type = Class::Opaque;
+    } else if (count == 0 || !holdsNumbers(array)) {
+        value.type = Class::Opaque; // a struct, an object: no number of those may be asked for
     } else {
         // Of any other class the first number is all that the library reads: whether a setting is on, how many.
         value.type = Class::Single;

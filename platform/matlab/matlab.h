@@ -36,12 +36,13 @@ bool mxIsComplex(const mxArray *array);
 bool mxIsInt32(const mxArray *array);
 bool mxIsChar(const mxArray *array);
 bool mxIsCell(const mxArray *array);
+mxClassID mxGetClassID(const mxArray *array);
 std::size_t mxGetNumberOfElements(const mxArray *array);
 std::size_t mxGetM(const mxArray *array);
 std::size_t mxGetN(const mxArray *array); // the product of all dimensions behind the first
 
-// The first element as a double, whatever the class. MATLAB promises nothing for an empty array;
-// the stand-in gives 0, which is also the answer for a class that holds no numbers.
+// The first element as a double. MATLAB promises nothing for an empty array and for a class that
+// holds no numbers; the stand-in gives 0 for both.
 double mxGetScalar(const mxArray *array);
 
 // Data blocks. The stand-in gives null for an empty array, for a cell, and where the class is not

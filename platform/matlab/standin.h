@@ -12,7 +12,6 @@ enum MexLeave { mexLEAVE_UNWIND = 0, mexLEAVE_JUMP = 1 };
 
 extern "C" {
 mxArray *mxCreateLogicalScalar(bool value);
-mxClassID mxGetClassID(const mxArray *array);
 std::size_t mxGetNumberOfDimensions(const mxArray *array);
 const mwSize *mxGetDimensions(const mxArray *array);
 double *mxGetPi(const mxArray *array);           // imaginary parts, null for a real array

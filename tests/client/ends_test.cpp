@@ -126,6 +126,29 @@ TEST_F(ClientEnds, ComeWithClearingTheClient)
     EXPECT_EQ(refusal({Scalar(7), air}), "Invalid property package handle");
 }
 
+TEST_F(ClientEnds, GiveBackEveryHandle)
+{
+    const auto endAHost = [this] {
+        openAir();
+        refusalOf("writes to null");
+    };
+    const auto handlesOpen = [] { // one by one, for Wine does not count them
+        int count = 0;
+        DWORD flags = 0;
+        for (std::uintptr_t value = 4; value < 0x4000; value += 4)
+            count += GetHandleInformation(reinterpret_cast<HANDLE>(value), &flags);
+        return count;
+    };
+    endAHost();
+    const int before = handlesOpen();
+    constexpr int hosts = 3;
+    for (int k = 0; k < hosts; ++k)
+        endAHost();
+    EXPECT_LT(handlesOpen(), before + hosts) << "one for each is left";
+    openAir();
+    EXPECT_GT(handlesOpen(), before) << "they are counted";
+}
+
 // Run by the next test, which kills it.
 TEST_F(ClientEnds, DISABLED_WaitToBeKilled)
 {

@@ -69,6 +69,22 @@ TEST_F(ClientStart, FindsTheHostWhereItIsInstalled)
     EXPECT_EQ(versionOrError("isolated"), "Verdanth.DLL version: 2.0.0.4");
 }
 
+// What MATLAB has open for others to inherit would stay open, and a file locked, as long as the host runs.
+TEST_F(ClientStart, LeavesWhatMatlabHasOpenToMatlab)
+{
+    constexpr WCHAR name[] = L"verdanth client test";
+    SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
+    HANDLE event = CreateEventW(&inherited, TRUE, FALSE, name);
+    ASSERT_TRUE(event);
+    mustReturn(1, {Scalar(26)});
+    EXPECT_EQ(HostsOf(GetCurrentProcessId()).size(), 1u);
+    HANDLE again = OpenEventW(SYNCHRONIZE, FALSE, name);
+    EXPECT_TRUE(again);
+    for (HANDLE handle : {event, again})
+        CloseHandle(handle);
+    EXPECT_FALSE(OpenEventW(SYNCHRONIZE, FALSE, name)) << "the host has it";
+}
+
 TEST_F(ClientStart, TellsThatThereIsNoHost)
 {
     put("VerdanthClient.mexw64", "alone");
@@ -102,8 +118,14 @@ TEST_F(ClientStart, WaitsNoLongerThanItMay)
     put("VerdanthClient.mexw64", "silent");
     put("other_host.exe", "silent", "VerdanthHost64.exe");
     set(L"VERDANTH_START_LIMIT", L"0.2");
-    const std::string error = versionOrError("silent");
-    EXPECT_EQ(error.substr(error.find(" did not")),
-              " did not start within 0.2 s. VERDANTH_START_LIMIT, in the environment, gives it more");
+    for (const LPCWSTR words : {static_cast<LPCWSTR>(nullptr), L"I am"}) { // none, or too few for a greeting
+        set(L"OTHER_HOST_SAYS", words);
+        const DWORD begun = GetTickCount();
+        const std::string error = versionOrError("silent");
+        EXPECT_LT(GetTickCount() - begun, 30000u) << "sooner than the program ends by itself";
+        EXPECT_EQ(error.substr(error.find(" did not")),
+                  " did not start within 0.2 s. VERDANTH_START_LIMIT, in the environment, gives it more");
+    }
+    set(L"OTHER_HOST_SAYS", nullptr);
     EXPECT_EQ(HostsOf(GetCurrentProcessId()), std::vector<DWORD>());
 }

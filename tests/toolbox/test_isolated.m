@@ -106,6 +106,20 @@ function what_can_not_be_chosen_is_told(toolbox)
     check_native(root);
 end
 
+% What lies in the current folder is called, whatever is on the path.
+function the_current_folder_does_not_hide_the_choice(toolbox)
+    global cleared
+    root = installed(toolbox);
+    before = cd(fileparts(which('Verdanth')));
+    check_messages(fullfile(root, 'toolbox'), {
+        'Backend', 'The back end can not be changed in the folder ...: go to another by cd', @() capeOpenBackend('isolated')
+        });
+    capeOpenBackend('native');
+    cd(before);
+    check(isempty(cleared), 'packages are closed');
+    check_native(root);
+end
+
 function octave_does_not_have_it(toolbox)
     check_messages(toolbox, {
         'Backend', 'The back end ''isolated'' is for MATLAB on Windows', @() capeOpenBackend('isolated')
