@@ -72,12 +72,12 @@ TEST_F(ClientEnds, ByAPackageAreToldWithTheReason)
 TEST_F(ClientEnds, OfWhatHangsComeAfterTheTimeLimit)
 {
     const Array air = openAir();
-    set(L"VERDANTH_TIME_LIMIT", L"0.4");
+    set(L"VERDANTH_TIME_LIMIT", L"2");
     const DWORD begun = GetTickCount();
     EXPECT_EQ(refusalOf("loops"),
-              "The property package did not answer within 0.4 s, and its process was ended, in capeOpenCreate");
-    EXPECT_LT(GetTickCount() - begun, 3000u);
-    EXPECT_EQ(refusal({Scalar(7), air}), lost("it did not answer within 0.4 s"));
+              "The property package did not answer within 2 s, and its process was ended, in capeOpenCreate");
+    EXPECT_LT(GetTickCount() - begun, 20000u);
+    EXPECT_EQ(refusal({Scalar(7), air}), lost("it did not answer within 2 s"));
     set(L"VERDANTH_TIME_LIMIT", L"soon");
     EXPECT_EQ(refusal({Scalar(26)}), "VERDANTH_TIME_LIMIT is a number of seconds, not 'soon'");
 }
@@ -141,7 +141,7 @@ TEST_F(ClientEnds, GiveBackEveryHandle)
     };
     endAHost();
     const int before = handlesOpen();
-    constexpr int hosts = 3;
+    constexpr int hosts = 6;
     for (int k = 0; k < hosts; ++k)
         endAHost();
     EXPECT_LT(handlesOpen(), before + hosts) << "one for each is left";
