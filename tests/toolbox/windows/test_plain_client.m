@@ -269,6 +269,45 @@ function a_package_that_ends_its_process_is_told_of(~)
     check(strncmp(words, expected, numel(expected)), '%s', words);
 end
 
+% Octave as it is on Windows, and Verdanth as it is installed there.
+function octave_on_windows_calls_it_by_itself(toolbox)
+    client = fileparts(which('Verdanth'));
+    rmpath(toolbox);
+    rmpath(client);
+    confirm_recursive_rmdir(false);
+    root = tempname();
+    mkdir(root);
+    goes = onCleanup(@() rmdir(root, 's'));
+    copyfile(toolbox, fullfile(root, 'toolbox'));
+    copyfile(client, fullfile(root, 'octave'));
+    installed = fullfile(root, 'toolbox');
+    addpath(installed);
+    called = which('Verdanth');
+    check(isempty(called), 'elsewhere it is %s', called);
+    rmpath(installed);
+    warning('off', 'Octave:shadowed-function');
+    addpath(fullfile(fileparts(mfilename('fullpath')), 'plain', 'system'));
+    addpath(installed);
+    called = which('Verdanth');
+    check(strcmp(called, fullfile(root, 'octave', 'Verdanth.m')), 'it is %s', called);
+    [back_end, details] = capeOpenBackend();
+    check(strcmp(back_end, 'isolated'), 'the back end is %s', back_end);
+    check(strcmp(details, ['isolated: ' fullfile(root, 'octave', 'VerdanthHost64.exe')]), '%s', details);
+    check(strcmp(capeOpenBackend('isolated'), 'isolated'), 'it is no choice');
+    check_messages(installed, {
+        'Backend', 'Octave on Windows has no other back end than ''isolated''', @() capeOpenBackend('native')
+        'Backend', 'Octave on Windows has no ''TimeLimit''', @() capeOpenBackend('isolated', 'TimeLimit', 3)
+        });
+    delete(fullfile(root, 'octave', 'VerdanthHost64.exe'));
+    clear('Verdanth');
+    words = message_of(@() capeOpenVersion());
+    expected = ['VerdanthHost64.exe was not found: it is neither in ' fullfile(root, 'octave') ' nor in the folder host beside that'];
+    check(strncmp(words, expected, numel(expected)), '%s', words);
+    fclose(fopen(fullfile(installed, 'Verdanth.m'), 'w')); % in the place of a compiled one
+    rehash();
+    check(strcmp(which('Verdanth'), fullfile(installed, 'Verdanth.m')), 'it comes before the library');
+end
+
 function a_hundred_thousand_rows_take_part_of_a_second(~)
     [h, Z] = open_natural_gas();
     n = 1e5;
