@@ -1,7 +1,7 @@
 function words = valueWords(value)
 %valueWords  A value as it stands in a message, as a column of uint64.
-if isa(value, 'double') && ~issparse(value)
-    words = numberWords(value, 6);
+if isa(value, 'double') && ~issparse(value) && ~iscomplex(value) % most of what is calculated with
+    words = [uint64([6 + 2^32 * ndims(value), size(value)]).'; typecast(full(value(:)), 'uint64')];
     return
 elseif ischar(value)
     units = unitsOfText(value(:).');

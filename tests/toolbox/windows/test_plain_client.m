@@ -273,7 +273,9 @@ end
 function octave_on_windows_calls_it_by_itself(toolbox)
     client = fileparts(which('Verdanth'));
     rmpath(toolbox);
-    rmpath(client);
+    while ~isempty(which('Verdanth'))
+        rmpath(fileparts(which('Verdanth')));
+    end
     confirm_recursive_rmdir(false);
     root = tempname();
     mkdir(root);
