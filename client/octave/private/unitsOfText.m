@@ -1,10 +1,6 @@
 function units = unitsOfText(text)
 %unitsOfText  The units of UTF-16 of a text, which has bytes of UTF-8. What is none becomes U+FFFD.
 bytes = double(text);
-units = uint16(bytes);
-if all(bytes < 128)
-    return
-end
 units = zeros(1, numel(bytes), 'uint16'); % there are never more
 count = 0;
 at = 1;

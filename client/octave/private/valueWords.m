@@ -4,8 +4,18 @@ if isa(value, 'double') && ~issparse(value) && ~iscomplex(value) % most of what 
     words = [uint64([6 + 2^32 * ndims(value), size(value)]).'; typecast(full(value(:)), 'uint64')];
     return
 elseif ischar(value)
-    units = unitsOfText(value(:).');
-    words = [header(4, 0, [1, numel(units)]); paddedWords(units)];
+    units = uint16(value(:));
+    if any(units > 127)
+        units = unitsOfText(value(:).').';
+    end
+    words = [uint64([4 + 2^33; 1; numel(units)]); paddedWords(units)];
+    return
+elseif iscell(value)
+    parts = cell(numel(value), 1);
+    for k = 1:numel(value)
+        parts{k} = valueWords(value{k});
+    end
+    words = vertcat(header(1, 0, size(value)), parts{:});
     return
 end
 names = arrayClasses();
@@ -13,12 +23,6 @@ type = find(strcmp(class(value), names));
 if isempty(type) || issparse(value)
     opaque = 0; % which the library can't use
     words = header(opaque, 0, size(value));
-elseif iscell(value)
-    parts = cell(numel(value), 1);
-    for k = 1:numel(value)
-        parts{k} = valueWords(value{k});
-    end
-    words = vertcat(header(type, 0, size(value)), parts{:});
 elseif islogical(value)
     words = [header(type, 0, size(value)); paddedWords(uint8(value(:)))];
 else
@@ -39,12 +43,9 @@ words = uint64([type + 256 * flags + 2^32 * numel(sizes), sizes]).';
 end
 
 function words = paddedWords(elements)
-if isempty(elements)
-    words = zeros(0, 1, 'uint64');
-elseif isa(elements, 'double')
-    words = typecast(elements(:), 'uint64');
-else
-    bytes = typecast(elements(:), 'uint8');
+words = zeros(0, 1, 'uint64');
+if ~isempty(elements)
+    bytes = typecast(elements, 'uint8');
     bytes(end + 1:8 * ceil(end / 8)) = 0;
     words = typecast(bytes, 'uint64');
 end
