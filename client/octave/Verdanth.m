@@ -25,7 +25,7 @@ if ~isempty(host)
 end
 if ~isempty(reason)
     handles = lostHandles(handles, reason);
-    endHost(host.in, host.out, false);
+    endHost(host.in, host.out);
     host = [];
 end
 if isempty(host)
@@ -39,7 +39,7 @@ answer = answerTo(host, message);
 host.answering = false;
 if ~isempty(answer.end)
     handles = lostHandles(handles, answer.end);
-    endHost(host.in, host.out, answer.hasEnded);
+    endHost(host.in, host.out);
     host = [];
     answer.error = [answer.error, ', ', whereIn(code)];
 elseif isempty(answer.error)

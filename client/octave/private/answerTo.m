@@ -2,9 +2,8 @@ function answer = answerTo(host, message)
 %answerTo  Send a call and read what comes back.
 %
 %   A struct: results; warnings, in their order; error, the words of one or '';
-%   end, why the host can't be used any more or ''; hasEnded, whether it ends
-%   by itself then.
-answer = struct('results', {{}}, 'warnings', {{}}, 'error', '', 'end', '', 'hasEnded', true);
+%   end, why the host can't be used any more or ''.
+answer = struct('results', {{}}, 'warnings', {{}}, 'error', '', 'end', '');
 fwrite(host.in.id, message); % one that has ended may have said why
 fflush(host.in.id);
 try
@@ -12,7 +11,6 @@ try
 catch problem
     answer.error = ['The host process sent what can not be read (' problem.message '), and was ended'];
     answer.end = 'it sent what can not be read';
-    answer.hasEnded = false;
 end
 end
 

@@ -1,12 +1,9 @@
-function endHost(in, out, waits)
-%endHost  Close the pipes, so that the host closes its packages and ends. One that can't end soon is not waited for.
-if isOpenPipe(in)
-    fclose(in.id);
+function endHost(in, out)
+%endHost  Close the pipes: the host then closes its packages and ends, within seconds. Nobody waits for that, since it takes
+%for ever if a program that Octave has started in the meantime holds a pipe, too.
+for pipe = [in, out]
+    if isOpenPipe(pipe)
+        fclose(pipe.id);
+    end
 end
-if ~isOpenPipe(out)
-    return
-end
-while waits && ~isempty(fread(out.id, 2^20, '*uint8'))
-end
-fclose(out.id);
 end

@@ -11,7 +11,7 @@ catch problem
     notStarted(file, problem.message);
 end
 host = struct('in', pipeOf(in), 'out', pipeOf(out), 'answering', false);
-host.goes = onCleanup(@() endHost(host.in, host.out, true));
+host.goes = onCleanup(@() endHost(host.in, host.out));
 reason = greeting(host.out.id);
 if ~isempty(reason)
     notStarted(file, reason);
