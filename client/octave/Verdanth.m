@@ -45,7 +45,7 @@ if ~isempty(answer.end)
 elseif isempty(answer.error)
     handles = notedHandles(handles, code, varargin, answer.results);
 else
-    answer.error = [answer.error, explanation(answer.error, handles, code, varargin)];
+    answer.error = [answer.error, lossOfHandle(answer.error, handles, code, varargin)];
 end
 for k = 1:numel(answer.warnings)
     warning('Verdanth:warning', '%s', answer.warnings{k});

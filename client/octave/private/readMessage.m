@@ -1,5 +1,5 @@
 function [kind, words, reason] = readMessage(pipe)
-%readMessage  The kind of the next message and its content as a column of uint64; or why none came, '' for no reason told.
+%readMessage  The kind of the next message and its content, a column of uint64; or why none came, '' if it is not told.
 kind = 0;
 words = zeros(0, 1, 'uint64');
 reason = '';

@@ -37,5 +37,6 @@ end
 end
 
 function notStarted(file, reason)
-error('Verdanth:error', 'The host process %s did not start: %s. If files of Verdanth are missing, install it again', file, reason);
+error('Verdanth:error', ['The host process %s did not start: %s. ' ...
+                         'If files of Verdanth are missing, install it again'], file, reason);
 end

@@ -1,5 +1,5 @@
-function text = explanation(words, handles, code, given)
-%explanation  What to add to the words of an error: why a handle is none any more. '' if that is not known.
+function text = lossOfHandle(words, handles, code, given)
+%lossOfHandle  What to add to the words of an error: why a handle is none any more. '' if that is not known.
 text = '';
 handle = handleGiven(code, given);
 if ~strcmp(words, 'Invalid property package handle') || isempty(handle)
