@@ -8,7 +8,9 @@ function [backEnd, details] = capeOpenBackend(name, option1, value1, option2, va
 %   back end 'native'. With the others all functions stay the same:
 %
 %     'isolated'  in MATLAB on Windows: the library runs in a process of its
-%                 own, which MATLAB outlives when a package crashes.
+%                 own, which MATLAB outlives when a package crashes. Octave on
+%                 Windows has this one from the beginning, and no other; every
+%                 call is waited for there.
 %     'windows'   in Octave on Linux, where 'native' has packages that were
 %                 built for Linux: the library for Windows runs in a process
 %                 of its own, under Wine, and uses the packages that are
@@ -47,10 +49,12 @@ function [backEnd, details] = capeOpenBackend(name, option1, value1, option2, va
 %
 %   Errors:
 %     'Unknown back end "..."; there are 'native', 'isolated' and 'windows''
-%     'The back end 'isolated' is for MATLAB on Windows'
+%     'The back end 'isolated' is for Windows'
 %     'The back end 'windows' is for Octave on Linux'
 %             Elsewhere packages for Windows are used as they are, or not at
 %             all.
+%     'Octave on Windows has no other back end than 'isolated''
+%     'Octave on Windows has no 'TimeLimit''
 %     'Expected 'Prefix' or 'TimeLimit' and a value for it'
 %             Another option, one without a value, or one that the back end
 %             does not have.
@@ -120,8 +124,8 @@ if ~ischar(name) || ~any(strcmpi(name, names))
 end
 name = lower(name);
 in_octave = exist('OCTAVE_VERSION', 'builtin');
-if strcmp(name, 'isolated') && (in_octave || ~ispc())
-    refuse('The back end ''isolated'' is for MATLAB on Windows');
+if strcmp(name, 'isolated') && ~ispc()
+    refuse('The back end ''isolated'' is for Windows');
 end
 if strcmp(name, 'windows') && (~in_octave || ~isunix() || ismac())
     refuse('The back end ''windows'' is for Octave on Linux');
@@ -130,11 +134,22 @@ wanted = cell(0, 2);
 for k = 3:2:numel(given)
     wanted(end + 1, :) = variableFor(name, given{k}, given{k + 1}); %#ok<AGROW>
 end
-if in_octave
+if in_octave && ispc()
+    acceptWhatThereIs(name, wanted);
+elseif in_octave
     chooseInEnvironment([{'VERDANTH_BACKEND', name}; wanted]);
 else
     chooseOnPath(name, wanted);
 end
+end
+
+function acceptWhatThereIs(name, wanted)
+if ~strcmp(name, 'isolated')
+    refuse('Octave on Windows has no other back end than ''isolated''');
+elseif ~isempty(wanted)
+    refuse('Octave on Windows has no ''TimeLimit''');
+end
+capeOpenVersion();
 end
 
 % Octave's part of Verdanth looks there.

@@ -44,8 +44,16 @@ function check_other_machines_are_refused()
     folder = unpack('other_machine');
     machine = 'PCWIN';
     message = message_of(@() run_install());
-    check(strcmp(message, 'Verdanth needs 64-bit MATLAB on 64-bit Windows; this is PCWIN.'), 'said: %s', message);
+    check(strcmp(message, 'Verdanth needs 64-bit MATLAB or Octave on 64-bit Windows; this is PCWIN.'), 'said: %s', message);
     check(~is_on_path(folder) && saved == 0, 'the path is changed');
+end
+
+function check_octave_is_served()
+    global machine saved
+    folder = unpack('octave_here');
+    machine = 'x86_64-w64-mingw32';
+    run_install();
+    check(is_on_path(folder) && saved == 1, 'the path is not changed and saved');
 end
 
 function check_a_folder_without_the_library_is_refused()
@@ -102,11 +110,16 @@ function check_it_can_be_undone()
     folder = unpack('undone');
     run_install();
     check(~is_on_path(folder, 'isolated'), 'that is what capeOpenBackend is for');
-    mkdir(fullfile(folder, 'isolated'));
-    addpath(fullfile(folder, 'isolated'));
+    others = {'isolated', 'octave'};
+    for other = others
+        mkdir(fullfile(folder, other{1}));
+        addpath(fullfile(folder, other{1}));
+    end
     run_install('remove');
     check(~is_on_path(folder) && saved == 2, 'the folder stays on the path');
-    check(~is_on_path(folder, 'isolated'), 'the other folder stays on the path');
+    for other = others
+        check(~is_on_path(folder, other{1}), 'the folder %s stays on the path', other{1});
+    end
     questions = {};
     run_install();
     lastwarn('');

@@ -88,6 +88,10 @@ done
 (cd toolbox && find . -name '*.m' -not -path './octave/*' | sort) >"$work/functions" # but for what Octave's package has
 (cd "$work/Verdanth/toolbox" && find . -name '*.m' | sort) >"$work/found"
 same "$work/functions" "$work/found" "other functions are shipped than there are"
+(cd client/octave && find . -name '*.m' | sort) >"$work/functions"
+(cd "$work/Verdanth/octave" && find . -type f | sort) >"$work/found"
+same "$work/functions" "$work/found" "Octave's client is shipped in part, or with something else"
+[ -f "$work/Verdanth/toolbox/PKG_ADD" ] || fail "Octave does not find its client"
 scripts/make_setup.sh "$work/Verdanth" "$work/Verdanth-setup.exe"
 scripts/make_setup.sh "$work/Verdanth" "$work/Verdanth-again.exe"
 cmp "$work/Verdanth-setup.exe" "$work/Verdanth-again.exe" || fail "the same files give another setup program"

@@ -122,7 +122,7 @@ end
 
 function octave_does_not_have_it(toolbox)
     check_messages(toolbox, {
-        'Backend', 'The back end ''isolated'' is for MATLAB on Windows', @() capeOpenBackend('isolated')
+        'Backend', 'The back end ''isolated'' is for Windows', @() capeOpenBackend('isolated')
         });
 end
 

@@ -4,6 +4,9 @@ function workers = numberOfWorkers(servers)
 %   It is 1 where nothing runs beside this process.
 workers = 1;
 if exist('OCTAVE_VERSION', 'builtin')
+    if ispc() && isempty(servers)
+        return % Octave copies its process for them, which Windows can not
+    end
     if ~exist('parcellfun', 'file')
         try
             pkg('load', 'parallel');

@@ -1,0 +1,4 @@
+function yes = ispc()
+% Octave is on Windows.
+yes = true;
+end
