@@ -25,7 +25,8 @@ if ~isempty(bad)
     parts{end + 1} = sprintf('<circle class="beyond" cx="%.1f" cy="%.1f" r="5"/>\n', [x(bad(:, 1)), y(bad(:, 2))].');
 end
 parts{end + 1} = '</svg>';
-parts{end + 1} = sprintf('\n<p>A small dot is a flash that was asked for, a large one a state at which something failed.</p>');
+parts{end + 1} = ['<p>A small dot is a flash that was asked for, ', ...
+                  'a large one a state at which something failed.</p>'];
 text = [parts{:}];
 end
 
