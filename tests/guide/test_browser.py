@@ -4,57 +4,17 @@ GUIDE is the folder with the pages. The browser gets them from a server of this 
 them, and as files, as readers open them, everywhere else. Without a browser on this machine the test ends with 77.
 """
 
-import functools
-import html
-import http.server
-import json
 import pathlib
 import re
-import shutil
-import subprocess
 import sys
-import tempfile
-import threading
 import unittest
 
-INSPECTOR = pathlib.Path(__file__).resolve().parent / "inspector.html"
-BROWSERS = ("chromium", "chromium-browser", "google-chrome", "google-chrome-stable")
-DARK = "--blink-settings=preferredColorScheme=0"
-
-
-class Handler(http.server.SimpleHTTPRequestHandler):
-    """Serves the guide, and the inspector beside it."""
-
-    def translate_path(self, path):
-        return str(INSPECTOR) if path.startswith("/inspector.html") else super().translate_path(path)
-
-    def log_message(self, *_):  # pylint: disable=arguments-differ
-        pass
-
-
-def browse(address, *options):
-    """The page as it is after its scripts have run."""
-    with tempfile.TemporaryDirectory() as profile:
-        # Without its sandbox, which root and many containers have not got: the pages are our own.
-        done = subprocess.run([BROWSER, "--headless", "--no-sandbox", "--disable-gpu", "--disable-dev-shm-usage",
-                               f"--user-data-dir={profile}", "--virtual-time-budget=60000", "--dump-dom", *options, address],
-                              check=True, text=True, timeout=120, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-                              stderr=subprocess.DEVNULL)
-    return done.stdout
+from browser import BROWSERS, DARK, browse, inspected, path_of_browser
 
 
 class Browser(unittest.TestCase):
     def inspect(self, width, pages, *options):
-        """What the inspector writes down about the pages."""
-        with http.server.ThreadingHTTPServer(("127.0.0.1", 0), functools.partial(Handler, directory=GUIDE)) as server:
-            threading.Thread(target=server.serve_forever, daemon=True).start()
-            shown = browse(f"http://127.0.0.1:{server.server_port}/inspector.html?{width},{','.join(pages)}",
-                           f"--window-size={max(width, 500)},1000", *options)
-            server.shutdown()
-        reports = json.loads(html.unescape(re.search('<pre id="reports">(.*)</pre>', shown, re.DOTALL).group(1)))
-        self.assertEqual([report["page"] for report in reports], pages)
-        self.assertEqual({report["width"] for report in reports}, {width})
-        return reports
+        return inspected(GUIDE, width, pages, *options)
 
     def nothing_is_outside(self, width):
         reports = self.inspect(width, sorted(path.name for path in GUIDE.glob("*.html")))
@@ -83,8 +43,7 @@ class Browser(unittest.TestCase):
 
 if __name__ == "__main__":
     TEST, GUIDE = sys.argv[1], pathlib.Path(sys.argv[2]).resolve()
-    BROWSER = next(filter(None, map(shutil.which, BROWSERS)), None)
-    if not BROWSER:
+    if not path_of_browser():
         print("None of these is there:", *BROWSERS)
         sys.exit(77)
     outcome = unittest.TextTestRunner().run(Browser("test_" + TEST))

@@ -14,6 +14,7 @@ import threading
 import time
 import unittest
 
+HERE = os.path.dirname(os.path.abspath(__file__))
 SETTING_UP = f"""
 addpath('{sys.argv[3]}', '{sys.argv[4]}');
 h = capeOpenCreate('Verdanth Reference Packages', 'Natural gas');
@@ -89,11 +90,53 @@ class Interrupt(unittest.TestCase):
         self.stop(PARALLEL, "capeOpenMultiFlashParallel")
 
 
+class Check(unittest.TestCase):
+    """A check that waits in its third part, stopped there."""
+
+    CODE = f"""
+addpath('{sys.argv[3]}', '{sys.argv[4]}', '{os.path.join(HERE, "support")}');
+behind_the_faulty_one();
+global fault, fault = struct('command', 22, 'property', 'density', 'alter', @waiting);
+function v = waiting(v, g)
+    disp('begun'), fflush(stdout);
+    pause(100)
+end
+report = capeOpenCheck('Verdanth Reference Packages', 'Natural gas', 'Level', 'quick', 'Quiet', true, ...
+    'Checks', {{'casNumbers', 'constants', 'volumes'}}); disp('not stopped');
+"""
+    AFTERWARDS = """
+fault = [];
+last = capeOpenCheck('last');
+printf('kept: %s, complete: %d, verdict: %s, %d asked\\n', strjoin({last.checks.name}, ' '), last.complete, last.verdict, ...
+       sum([last.checks.asked]));
+printf('%d packages, basis %s\\n', numel(capeOpenHandleList()), capeOpenPropUnit('density'));
+again = capeOpenCheck('Verdanth Reference Packages', 'Natural gas', 'Level', 'quick', 'Quiet', true, ...
+                      'Checks', {'casNumbers', 'constants'});
+printf('the same as without: %d\\n', sum([again.checks.asked]) == sum([last.checks.asked]) && again.complete);
+"""
+
+    def test_keeps_what_a_check_has_done(self):
+        octave = subprocess.Popen(OCTAVE, text=True, bufsize=1, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                  stderr=subprocess.STDOUT, start_new_session=True)
+        self.addCleanup(octave.kill)
+        octave.stdin.write(self.CODE)
+        octave.stdin.flush()
+        read_until(octave.stdout, "begun")
+        os.killpg(octave.pid, signal.SIGINT)
+        said = octave.communicate(self.AFTERWARDS, timeout=60)[0]
+        self.assertEqual(octave.returncode, 0, said)
+        self.assertIn("capeOpenCheck was stopped after 2 checks; capeOpenCheck('last') gives what was done", said)
+        self.assertRegex(said, r"kept: casNumbers constants, complete: 0, verdict: passed, [1-9]\d+ asked")
+        self.assertIn("0 packages, basis mol / m3", said)
+        self.assertIn("the same as without: 1", said)
+        self.assertNotIn("not stopped", said)
+
+
 class Progress(unittest.TestCase):
     """What a terminal shows of a call of several seconds: of a library whose rows take their time on any machine."""
 
     SLOW_CALL = f"""
-addpath('{sys.argv[3]}', '{os.path.join(os.path.dirname(os.path.abspath(__file__)), "slow_library")}');
+addpath('{sys.argv[3]}', '{os.path.join(HERE, "slow_library")}');
 global seconds_per_row, seconds_per_row = %g;
 v = capeOpenMultiFlash(1, 1, 'Temperature', (1:%d).', 'Pressure', 1e5, 'Unspecified', 'vaporFraction');
 disp(nnz(v) > 0), exit
@@ -133,7 +176,7 @@ disp(nnz(v) > 0), exit
         self.assertNotIn("rows/s", self.shown([], self.SLOW_CALL % (0.001, 400)))
 
 
-TESTS = {test: group for group in (Interrupt, Progress) for test in dir(group) if test.startswith("test_")}
+TESTS = {test: group for group in (Interrupt, Check, Progress) for test in dir(group) if test.startswith("test_")}
 
 if __name__ == "__main__":
     outcome = unittest.TextTestRunner().run(TESTS[sys.argv[1]](sys.argv[1]))

@@ -3,40 +3,25 @@ function checkReport(report, file)
 %
 %   The verdict, numbers and the worst findings come first, for who decides; then pictures, and each finding with the
 %   lines that show it, for the author of the package.
-[out, problem] = fopen(file, 'w');
+[out, problem] = fopen(file, 'w', 'n', 'UTF-8');
 if out < 0
     error('Verdanth:error', '"%s" can not be written: %s', file, problem);
 end
 closing = onCleanup(@() fclose(out)); %#ok<NASGU>
+findings = sorted(report.findings);
 title = ['Check of ', report.package];
 fprintf(out, '<!DOCTYPE html>\n<html lang="en">\n<head>\n<meta charset="utf-8">\n');
 fprintf(out, '<meta name="viewport" content="width=device-width, initial-scale=1">\n');
-fprintf(out, '<title>%s</title>\n', escaped(title));
-fprintf(out, '<style>\n%s</style>\n</head>\n<body>\n<h1>%s</h1>\n', styles(), escaped(title));
-fprintf(out, '<p class="verdict %s">%s</p>\n', report.verdict, escaped(verdictText(report)));
-fprintf(out, ['<p>%d comparisons of %d checks at %d states of %d compounds, in %.1f s (level %s, seed %g). ', ...
-              'A failure is a value beyond what the arithmetic of its comparison allows; ', ...
-              'a note is for judgement.</p>\n'], ...
-        sum([report.checks.asked]), numel(report.checks), numel(report.flashes), numel(report.compounds), ...
-        report.seconds, report.level, report.seed);
-findings = sorted(report.findings);
-fprintf(out, '<ol>\n');
-fprintf(out, '%s', strjoin(arrayfun(@(f) sprintf('<li>%s</li>\n', escaped(f.what)), findings(1:min(3, end)), ...
-                                    'UniformOutput', false), ''));
-fprintf(out, '</ol>\n<h2>Checks</h2>\n<table>\n<tr><th>check</th><th>asked</th><th>failures</th><th>notes</th>');
-fprintf(out, '<th>largest deviation, part of its limit</th></tr>\n');
-for check = report.checks
-    fprintf(out, '<tr><td>%s</td><td>%d</td><td>%d</td><td>%d</td><td>%s</td></tr>\n', escaped(check.title), ...
-            check.asked, check.failures, check.notes, bar(check));
-end
-fprintf(out, '</table>\n<h2>Where it was asked, and what failed</h2>\n%s\n<h2>Findings</h2>\n', map(report));
-for finding = findings
-    fprintf(out, '<section class="%s">\n<h3>%s: %s</h3>\n', finding.severity, finding.severity, escaped(finding.what));
-    fprintf(out, '<p>%s; %d of %d asked', escaped(finding.where), finding.count, finding.asked);
-    if isfinite(finding.limit)
-        fprintf(out, '; off by %.3g, the limit is %.3g', finding.size, finding.limit);
-    end
-    fprintf(out, '</p>\n<pre>%s</pre>\n</section>\n', escaped(strjoin(reshape(finding.lines, 1, []), sprintf('\n'))));
+fprintf(out, '<title>%s</title>\n', escapedHtml(title));
+fprintf(out, '<style>\n%s</style>\n</head>\n<body>\n<h1>%s</h1>\n', checkStyles(), escapedHtml(title));
+fprintf(out, '<p class="verdict %s">%s</p>\n', report.verdict, escapedHtml(verdictText(report)));
+worst(out, findings);
+asked(out, report);
+fprintf(out, '<h2>Checks</h2>\n');
+checks(out, report.checks);
+fprintf(out, '<h2>Where it was asked, and what failed</h2>\n%s\n<h2>Findings</h2>\n', checkMap(report));
+for k = 1:numel(findings)
+    described(out, findings(k), k);
 end
 if isempty(findings)
     fprintf(out, '<p>None.</p>\n');
@@ -54,8 +39,52 @@ failure = strcmp({findings.severity}, 'failure');
 findings = [findings(failure), findings(~failure)];
 end
 
-function text = escaped(text)
-text = strrep(strrep(strrep(strrep(text, '&', '&amp;'), '<', '&lt;'), '>', '&gt;'), '"', '&quot;');
+function worst(out, findings)
+if isempty(findings)
+    return
+end
+fprintf(out, '<ol class="worst">\n');
+for k = 1:min(3, numel(findings))
+    fprintf(out, '<li><a href="#finding%d">%s</a><br>%s</li>\n', k, ...
+            escapedHtml(shortened(findings(k).what)), escapedHtml(capitalized(circumstances(findings(k)))));
+end
+fprintf(out, '</ol>\n');
+end
+
+% The words of a package may be many; all of them stand below.
+function text = shortened(text)
+if numel(text) > 160
+    text = [text(1:157), '...'];
+end
+end
+
+function asked(out, report)
+names = report.compounds;
+shown = strjoin(reshape(names(1:min(12, end)), 1, []), ', ');
+if numel(names) > 12
+    shown = sprintf('%s and %d more', shown, numel(names) - 12);
+end
+T = [report.flashes.T];
+P = [report.flashes.P];
+today = clock();
+fprintf(out, ['<p>%d comparisons of %d %s at %d states from %.4g to %.4g K and from %s to %s, in %.1f s on %s ', ...
+              '(level %s, seed %g). Compounds: %s.</p>\n'], ...
+        sum([report.checks.asked]), numel(report.checks), plural(numel(report.checks), 'check'), numel(T), min(T), ...
+        max(T), pressureText(min(P)), pressureText(max(P)), report.seconds, ...
+        sprintf('%d-%02d-%02d %02d:%02d', today(1:5)), report.level, report.seed, escapedHtml(shown));
+fprintf(out, ['<p>A failure is a value beyond what the arithmetic of its comparison allows, or a call that fails; ', ...
+              'a note is for judgment.</p>\n']);
+end
+
+function checks(out, checks)
+fprintf(out, '<div class="wide">\n<table>\n<tr><th>check</th><th>asked</th><th>failures</th>');
+fprintf(out, '<th>notes</th><th>deviation / limit</th><th>time</th></tr>\n');
+for check = checks
+    fprintf(out, '<tr><td>%s</td><td>%d</td><td>%d</td><td>%d</td><td>%s</td><td>%.1f s</td></tr>\n', ...
+            escapedHtml(check.title), check.asked, check.failures, check.notes, bar(check), check.seconds);
+end
+fprintf(out, '</table>\n</div>\n');
+fprintf(out, '<p>The bar is the largest deviation on a scale of powers of ten; the line is the limit.</p>\n');
 end
 
 % The largest deviation on a scale of powers of ten from 1e-9 to 1e6 of the limit, which is a line.
@@ -65,50 +94,39 @@ if isempty(check.bars)
     return
 end
 ratio = max([check.bars.ratio]);
-width = max(0, min(150, 10 * (log10(max(ratio, 1e-9)) + 9)));
-class = {'within', 'beyond'};
+width = max(1, min(150, 10 * (log10(max(ratio, 1e-9)) + 9)));
+class = 'within';
+if ratio > 1 && check.failures > 0
+    class = 'beyond';
+elseif ratio > 1
+    class = 'noted';
+end
 text = sprintf(['<svg width="152" height="12" role="img" aria-label="%.2g">', ...
                 '<rect class="%s" width="%.1f" height="12"/><path d="M90 0V12"/></svg> %.2g'], ...
-               ratio, class{1 + (ratio > 1)}, width, ratio);
+               ratio, class, width, ratio);
 end
 
-% States over temperature and the logarithm of pressure.
-function text = map(report)
-T = [report.flashes.T].';
-P = [report.flashes.P].';
-failing = report.findings(strcmp({report.findings.severity}, 'failure'));
-Tf = vertcat(failing.T);
-Pf = vertcat(failing.P);
-range = [min([T; Tf]), max([T; Tf]), log10(min([P; Pf])), log10(max([P; Pf]))];
-x = @(T) 60 + 520 * (T - range(1)) / max(range(2) - range(1), 1e-6);
-y = @(P) 270 - 250 * (log10(P) - range(3)) / max(range(4) - range(3), 1e-6);
-text = [sprintf('<svg class="map" viewBox="0 0 600 310" role="img" aria-label="States and failures">\n'), ...
-        sprintf('<path d="M60 10V270H590"/><text x="60" y="290">%.4g K</text>', range(1)), ...
-        sprintf('<text x="590" y="290" text-anchor="end">%.4g K</text>', range(2)), ...
-        sprintf('<text x="55" y="270" text-anchor="end">%.2g Pa</text>', 10 ^ range(3)), ...
-        sprintf('<text x="55" y="20" text-anchor="end">%.2g Pa</text>\n', 10 ^ range(4)), ...
-        sprintf('<circle cx="%.1f" cy="%.1f" r="3"/>\n', [x(T), y(P)].')];
-if ~isempty(Tf)
-    text = [text, sprintf('<circle class="beyond" cx="%.1f" cy="%.1f" r="5"/>\n', [x(Tf), y(Pf)].')];
-end
-text = [text, '</svg>'];
+function described(out, finding, k)
+fprintf(out, ['<section class="%s" id="finding%d">\n<h3>%s: %s</h3>\n<p>Found by %s: %s</p>\n', ...
+              '<pre>%s</pre>\n</section>\n'], ...
+        finding.severity, k, capitalized(finding.severity), escapedHtml(finding.what), escapedHtml(finding.check), ...
+        escapedHtml(circumstances(finding)), ...
+        escapedHtml(strjoin(reshape(finding.lines, 1, []), sprintf('\n'))));
 end
 
-function text = styles()
-text = strjoin({
-    ':root { color-scheme: light dark; --text: #1b1f24; --page: #ffffff; --soft: #f3f5f7;'
-    '  --bad: #b3261e; --good: #1d6b3a; }'
-    '@media (prefers-color-scheme: dark) {'
-    '  :root { --text: #e6e8ea; --page: #15181c; --soft: #20252b; --bad: #ff8a80; --good: #7fd49b; } }'
-    'body { font: 16px/1.5 sans-serif; color: var(--text); background: var(--page);'
-    '  max-width: 60em; margin: auto; padding: 1em; }'
-    '.verdict { font-size: 1.6em; font-weight: bold; color: var(--good); }'
-    '.verdict.failures, .failure h3 { color: var(--bad); }'
-    'table { border-collapse: collapse; width: 100%; } th, td { text-align: left; padding: 0.2em 0.6em; }'
-    'tr:nth-child(even), pre { background: var(--soft); }'
-    'pre { padding: 0.6em; white-space: pre-wrap; overflow-wrap: anywhere; } h3 { overflow-wrap: anywhere; }'
-    'svg path { stroke: var(--text); fill: none; } svg text { fill: var(--text); font-size: 11px; }'
-    'svg rect, svg circle { fill: var(--good); } svg .beyond { fill: var(--bad); } .map { max-width: 40em; }'
-    '@media print { section, tr { break-inside: avoid; } body { max-width: none; } }'
-    ''}.', sprintf('\n'));
+% Where it is worst, in how many of what was asked, and how far it is off.
+function text = circumstances(finding)
+parts = {};
+if ~isempty(finding.where)
+    parts{end + 1} = finding.where;
+end
+parts{end + 1} = sprintf('%d of %d asked', finding.count, finding.asked);
+if isfinite(finding.limit)
+    parts{end + 1} = sprintf('off by %.3g, the limit is %.3g', finding.size, finding.limit);
+end
+text = strjoin(parts, '; ');
+end
+
+function text = capitalized(text)
+text(1:min(1, end)) = upper(text(1:min(1, end)));
 end
