@@ -6,7 +6,7 @@ import re
 import sys
 import unittest
 
-KINDS = {"required", "ordered"}
+KINDS = {"required", "ordered", "namevalue"}
 
 
 def syntax_of(path):
@@ -14,6 +14,13 @@ def syntax_of(path):
     line = path.read_text(encoding="utf-8").splitlines()[3]
     results, name, arguments = re.fullmatch(r"%   (?:(\[.*\]|\w+) = )?([\w.]+)\((.*)\)", line).groups()
     return name, re.findall(r"\w+", arguments), re.findall(r"\w+", results or "")
+
+
+def options_of(path):
+    """The names that the help describes in a section of their own."""
+    section = re.search(r"%   Names and values:\n(.*?)%\n", path.read_text(encoding="utf-8"), re.DOTALL)
+    heads = re.findall(r"^%     ('\w+'(?:, '\w+')*)", section.group(1), re.MULTILINE) if section else []
+    return [name for head in heads for name in re.findall(r"'(\w+)'", head)]
 
 
 class Signatures(unittest.TestCase):
@@ -26,7 +33,10 @@ class Signatures(unittest.TestCase):
         for name, path in functions.items():
             documented, arguments, results = syntax_of(path)
             self.assertEqual(documented, name)
-            self.assertEqual([given["name"] for given in signatures[name]["inputs"]], arguments, name)
+            given = {named: [entry["name"] for entry in signatures[name]["inputs"] if (entry["kind"] == "namevalue") == named]
+                     for named in (False, True)}
+            self.assertEqual(given[False], arguments, name)
+            self.assertEqual(given[True], options_of(path), name)
             self.assertEqual([result["name"] for result in signatures[name]["outputs"]], results, name)
         text = (toolbox / "+capeopen/Package.m").read_text(encoding="ascii")
         listed = re.search(r"%   Methods:\n(.*?)%\n", text, re.DOTALL).group(1)
