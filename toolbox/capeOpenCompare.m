@@ -95,7 +95,8 @@ if isstruct(given{1}) && isfield(given{1}, 'madeBy') && isequal(given{1}.madeBy,
     saved = given{1};
 end
 options = compareOptions(options, saved);
-[restore, silent] = deal(moleBasis(), withoutWarnings()); %#ok<ASGLU> until the end
+restore = moleBasis(); %#ok<NASGU>
+silent = withoutWarnings(); %#ok<NASGU>
 if numel(given) == 1
     [handle, opening, owner] = packageOf(given{1}); %#ok<ASGLU> the owner closes it
     result = compareMeasured(handle, opening, options, 1:numel(capeOpenCompoundList(handle)));
@@ -105,15 +106,15 @@ end
 casOfSecond = casOf(second);
 if isempty(saved)
     [handle, opening, owner] = packageOf(given{1}); %#ok<ASGLU>
-    [all, casOfAll] = deal(capeOpenCompoundList(handle), casOf(handle));
-    both = inBoth(casOfAll, casOfSecond);
+    [known, casOfKnown] = deal(capeOpenCompoundList(handle), casOf(handle));
+    both = inBoth(casOfKnown, casOfSecond);
     saved = compareMeasured(handle, opening, options, both);
 else
     if ~strcmp(saved.package, capeOpenName(second))
         error('Verdanth:error', 'The values were saved of "%s", not of "%s"', saved.package, capeOpenName(second));
     end
-    [all, casOfAll] = deal(saved.compounds, saved.cas);
-    both = inBoth(casOfAll, casOfSecond);
+    [known, casOfKnown] = deal(saved.compounds, saved.cas);
+    both = inBoth(casOfKnown, casOfSecond);
     saved = compareTrimmed(saved, both);
 end
 [~, index] = ismember(saved.cas, casOfSecond);
@@ -121,7 +122,7 @@ s = packageLists(second);
 own = comparePhases(second, saved.phases, saved.states);
 series = compareAsked(s, saved.series, index, saved.phases, own);
 [rows, asked] = compareRows(saved.series, series, saved.compounds, options.Tolerance);
-alone = {all, s.compounds};
+alone = {known, s.compounds};
 alone{1}(both) = [];
 alone{2}(index) = [];
 [properties, phases] = ofOne(saved, s, own);

@@ -115,6 +115,31 @@ function a_package_is_as_it_was(toolbox)
     check(~isempty(regexp(text, 'Natural gas against .*: no differences in \d+ values of 11 compounds', 'once')), text);
 end
 
+% A composition by names, differences below the tolerance, and settings that are as they were.
+function options_hold(toolbox)
+    global fault
+    behind_the_faulty_one();
+    fault = [];
+    h = capeOpenCreate('Verdanth Reference Packages', 'Natural gas');
+    capeOpenBasis('mass');
+    before = warning('query', 'Octave:some-id');
+    Z = struct('methane', 0.7, 'propane', 0.3);
+    saved = capeOpenCompare(h, 'Compositions', Z, 'TRange', [200, 250], 'PRange', [1e5, 1e6], 'Level', 'quick');
+    fault = struct('command', 22, 'property', 'density', 'alter', @(v, g) v * 0.99);
+    differing = capeOpenCompare(saved, h, 'Quiet', true, 'Tolerance', 0.0099).rows;
+    same = capeOpenCompare(saved, h, 'Quiet', true, 'Tolerance', 0.0101);
+    fault = [];
+    check(strcmp(warning('query', 'Octave:some-id').state, before.state), 'warnings are off');
+    check(strcmp(VerdanthItself(19, 'density'), 'kg / m3'), 'the basis is another');
+    capeOpenBasis('mole');
+    check(~isempty(differing) && isempty(same.rows), 'the tolerance is another');
+    T = [differing.T];
+    P = [differing.P];
+    check(all(T >= 200 & T <= 250) && all(P >= 1e5 & P <= 1e6), 'other ranges');
+    check(all(cellfun(@(text) isempty(strfind(text, ' ethane ')) && ~isempty(strfind(text, 'propane')), ...
+                      {differing.where})), 'other compounds: %s', differing(1).where);
+end
+
 function only_compounds_of_both_are_compared(toolbox)
     global fault
     behind_the_faulty_one();

@@ -44,10 +44,10 @@ function values = ofPure(s, series, index)
 at = [series.T; series.P]; % one of them is empty
 values = NaN(size(at));
 for row = 1:size(at, 1)
-    all = NaN(1, s.n);
-    all(index) = at(row, :);
-    all = pureValues(s, series.property, all, series.kind);
-    values(row, :) = all(index);
+    own = NaN(1, s.n);
+    own(index) = at(row, :);
+    own = pureValues(s, series.property, own, series.kind);
+    values(row, :) = own(index);
 end
 end
 
@@ -94,26 +94,21 @@ end
 
 function values = ofFlashes(flashes, series, index, phases, own)
 count = numel(flashes);
-switch series.property
-    case 'phases'
-        values = cell(count, 1);
-        for k = 1:count
-            values{k} = phasesText(flashes(k), phases, own);
-        end
-    case 'fraction'
-        values = zeros(count, 1);
-    otherwise
-        values = NaN(count, numel(index));
-end
 if strcmp(series.property, 'phases')
+    values = arrayfun(@(flash) phasesText(flash, phases, own), flashes(:), 'UniformOutput', false);
     return
+end
+fraction = strcmp(series.property, 'fraction');
+values = NaN(count, numel(index));
+if fraction
+    values = zeros(count, 1);
 end
 label = own{strcmp(phases, series.phase)};
 for k = 1:count
     row = find(strcmpi(flashes(k).phases(:), label));
     if ~isempty(flashes(k).problem)
         values(k, :) = NaN;
-    elseif numel(row) == 1 && strcmp(series.property, 'fraction')
+    elseif numel(row) == 1 && fraction
         values(k) = flashes(k).fractions(row);
     elseif numel(row) == 1
         values(k, :) = flashes(k).X(row, index);

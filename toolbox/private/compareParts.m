@@ -56,8 +56,9 @@ if isempty(derivative)
 end
 base = list(strcmpi({list.property}, name) & strcmp({list.phase}, series.phase));
 if ~isempty(base) && isnumeric(base(1).values)
-    [~, same] = ismember([series.T, series.P, series.X], [base.T, base.P, base.X], 'rows');
-    own = max(abs(base.values(same, :)), [], 2);
+    [found, same] = ismember([series.T, series.P, series.X], [base.T, base.P, base.X], 'rows');
+    own = zeros(size(found));
+    own(found) = max(abs(base.values(same(found), :)), [], 2);
     own(~isfinite(own)) = 0;
     scale = scale + own;
 end

@@ -2,11 +2,7 @@ function compareSummary(result)
 %compareSummary  Shows a comparison in the command window: the largest difference of each property and phase.
 %
 %   That derivatives of what differs do so, too, is only said.
-rows = result.rows;
-kinds = strcat({rows.property}, {' '}, {rows.phase});
-ofThese = strcat(strtok({rows.property}, '.'), {' '}, {rows.phase});
-derived = ~strcmp(kinds, ofThese) & ismember(ofThese, kinds); % shown where the property itself is the same alone
-[rows, kinds] = deal(rows(~derived), kinds(~derived));
+[rows, kinds, derived] = shown(result.rows);
 [~, first] = unique(kinds, 'first');
 first = reshape(sort(first), 1, []);
 fprintf('%s against %s: ', result.packages{:});
@@ -41,9 +37,23 @@ end
 if numel(first) > 20
     fprintf('  %d more in the rows of the result\n', numel(first) - 20);
 end
-if any(derived)
+if derived
     fprintf('  and of derivatives of these\n');
 end
+end
+
+% Rows of derivatives are left out, unless the property itself is the same. KINDS has property and phase of each.
+function [rows, kinds, derived] = shown(rows)
+kinds = cell(1, 0);
+derived = false;
+if isempty(rows)
+    return
+end
+kinds = strcat({rows.property}, {' '}, {rows.phase});
+own = strcat(strtok({rows.property}, '.'), {' '}, {rows.phase});
+keep = strcmp(kinds, own) | ~ismember(own, kinds);
+derived = ~all(keep);
+[rows, kinds] = deal(rows(keep), kinds(keep));
 end
 
 function text = ranges(unit, values)
