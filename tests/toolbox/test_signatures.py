@@ -19,7 +19,7 @@ def syntax_of(path):
 def options_of(path):
     """The names that the help describes in a section of their own."""
     section = re.search(r"%   Names and values:\n(.*?)%\n", path.read_text(encoding="utf-8"), re.DOTALL)
-    heads = re.findall(r"^%     ('\w+'(?:, '\w+')*)", section.group(1), re.MULTILINE) if section else []
+    heads = re.findall(r"^%     ((?:'\w+'(?:, )?)+)", section.group(1), re.MULTILINE) if section else []
     return [name for head in heads for name in re.findall(r"'(\w+)'", head)]
 
 
