@@ -37,6 +37,7 @@
 %   capeOpenPh                  - Pressure-enthalpy diagram of a mixture or a compound, calculated and drawn.
 %   capeOpenTs                  - Temperature-entropy diagram of a mixture or a compound, calculated and drawn.
 %   capeOpenCheck               - Check of a property package: what it offers, and whether its numbers fit together.
+%   capeOpenCompare             - The same sample through two property packages: where they differ, and by how much.
 %   capeOpenMultiFlashParallel  - Phase equilibria over arrays of conditions, on several processors.
 %   capeOpenLastResults         - The rows that were done when a batch of flashes was stopped.
 %

@@ -31,7 +31,7 @@ class Guide(unittest.TestCase):
         toolbox = SOURCE / "toolbox"
         self.functions = {path.stem: path for path in toolbox.glob("capeOpen*.m")}
         self.functions["capeopen.Package"] = toolbox / "+capeopen/Package.m"
-        self.assertEqual(len(self.functions), 33 + 6)
+        self.assertEqual(len(self.functions), 33 + 7)
 
     @functools.cached_property
     def pages(self):

@@ -14,7 +14,7 @@ function faults = fault_table()
         'critical volumes in cm3', 16, 'criticalVolume', @(v, g) v * 1e6, 'constants'
         'critical densities of another table', 16, 'criticalDensity', @(v, g) v * 1.01, 'constants'
         'boiling points above critical ones', 16, 'normalBoilingPoint', @(v, g) v * 3, 'constants'
-        'a listed constant fails', 16, 'acentricFactor', @(v, g) fail('GetCompoundConstant failed'), 'constants'
+        'a listed constant fails', 16, 'acentricFactor', @(v, g) fails_with('GetCompoundConstant failed'), 'constants'
         'boiling points 5 K off', 16, 'normalBoilingPoint', @(v, g) v + 5, 'pureProperties'
         'vapor pressures in bar', 20, 'vaporPressure', @(v, g) v / 1e5, 'pureProperties'
         'ideal heat capacities in cal', 20, 'idealGasHeatCapacity', @(v, g) v / 4.184, 'pureProperties'
@@ -49,7 +49,7 @@ function faults = fault_table()
         'fugacity coefficient is its logarithm', 22, 'fugacityCoefficient', @(v, g) log(v), 'fugacities'
         'fugacity 1e-7 off', 22, 'fugacity', @(v, g) v * (1 + 1e-7), 'fugacities'
         'one value is NaN', 22, 'density', @(v, g) put(v, 1, NaN), 'listedProperties'
-        'a listed property fails', 22, 'viscosity', @(v, g) fail('CalcSinglePhaseProp failed: no'), 'listedProperties'
+        'a listed property fails', 22, 'viscosity', @(v, g) fails_with('CalcSinglePhaseProp failed: no'), 'listedProperties'
         'a conductivity is negative', 22, 'thermalConductivity', @(v, g) -v, 'listedProperties'
         'an excess volume is infinite', 22, 'excessVolume', @(v, g) v + Inf, 'listedProperties'
         'diffusion coefficients without symmetry', 22, 'diffusionCoefficient', @(v, g) v + 1e-6 * triu(v), 'moles'
@@ -62,7 +62,7 @@ function faults = fault_table()
         'another temperature', 24, '', @(v, g) put(v, 4, v{4} + 1e-3), 'flashes'
         'another pressure', 24, '', @(v, g) put(v, 5, v{5} * 1.0001), 'flashes'
         'a fraction is negative', 24, '', @(v, g) put(v, 3, v{3} - (v{3} == min(v{3}(:))) * 1e-6), 'flashes'
-        'all flashes fail', 24, '', @(v, g) fail('CalcEquilibrium failed: no'), 'flashes'
+        'all flashes fail', 24, '', @(v, g) fails_with('CalcEquilibrium failed: no'), 'flashes'
         'hidden state', 24, '', @hidden_state, 'roundTrips'
         'noise in the last bits', 24, '', @noise, 'roundTrips'
         'the order of specifications counts', 24, '', ...
@@ -72,18 +72,6 @@ function faults = fault_table()
         'flash by volume off by 1e-4', 25, 'volume', @(v, g) v * (1 + 1e-4 * any(strcmpi(g(4:2:6), 'volume'))), 'roundTrips'
         'in mass basis per mole', 22, 'enthalpy', @(v, g) v * (1 + strcmp(VerdanthItself(19, 'density'), 'kg / m3')), 'bases'
         };
-end
-
-function v = put(v, k, value)
-    if iscell(v)
-        v{k} = value;
-    else
-        v(k) = value;
-    end
-end
-
-function v = fail(words)
-    error('Verdanth:error', '%s', words);
 end
 
 % A bit of the first compound comes out of the first phase into the last.

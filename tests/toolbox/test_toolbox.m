@@ -26,7 +26,7 @@ function every_function_has_a_command(toolbox)
     table = command_table();
     names = [table.plain(:, 2); table.silent(:, 2); table.counted(:, 2); {'Flash'; 'MultiFlash'}];
     files = dir(fullfile(toolbox, '*.m'));
-    on_top = {'Backend'; 'Check'; 'Composition'; 'LastResults'; 'MultiFlashParallel'; 'Ph'; 'PhaseEnvelope'; 'Pxy'; 'Ts'; 'Txy'; 'Units'};
+    on_top = {'Backend'; 'Check'; 'Compare'; 'Composition'; 'LastResults'; 'MultiFlashParallel'; 'Ph'; 'PhaseEnvelope'; 'Pxy'; 'Ts'; 'Txy'; 'Units'};
     expected = sort([strcat('capeOpen', [names; on_top], '.m'); {'Contents.m'}]);
     check(isequal(sort({files.name}.'), expected), 'the functions are not those of the commands');
 end

@@ -29,34 +29,10 @@ function answer = has(list, names)
 answer = all(ismember(lower(names), lower(list)));
 end
 
-% A value for each compound at a temperature of its own.
-function values = diagonal(s, name, T, kind)
-ask = @capeOpenTDependentProp;
-if strcmp(kind, 'PDependent')
-    ask = @capeOpenPDependentProp;
-end
-T = reshape(T, [], 1);
-good = isfinite(T);
-values = NaN(1, s.n);
-try
-    some = ask(s.handle, name, T(good));
-    values(good) = some(sub2ind(size(some), 1:sum(good), find(good.')));
-catch
-    for k = find(good.')
-        try
-            some = ask(s.handle, name, T(k));
-            values(k) = some(k);
-        catch
-            % no value at this temperature
-        end
-    end
-end
-end
-
 function tally = listed(s, tally, names, kind, at)
 for name = reshape(names, 1, [])
     tally.asked = tally.asked + 1;
-    values = diagonal(s, name{1}, at, kind);
+    values = pureValues(s, name{1}, at, kind);
     lines = {s.opening; sprintf('value = capeOpen%sProp(handle, ''%s'', %.17g)', kind, name{1}, at(1))};
     if all(isnan(values))
         tally = checkFound(tally, 'failure', sprintf('%s is listed, but no compound has it', name{1}), ...
@@ -102,8 +78,8 @@ end
 
 function tally = boiling(s, tally)
 T = capeOpenConstant(s.handle, 'normalBoilingPoint');
-P = diagonal(s, 'vaporPressure', T, 'TDependent');
-slope = (log(diagonal(s, 'vaporPressure', T * 1.001, 'TDependent')) - log(P)) ./ (0.001 * T);
+P = pureValues(s, 'vaporPressure', T, 'TDependent');
+slope = (log(pureValues(s, 'vaporPressure', T * 1.001, 'TDependent')) - log(P)) ./ (0.001 * T);
 deviation = abs(log(P / 101325) ./ slope);
 lines = @(k) {s.opening; 'T = capeOpenConstant(handle, ''normalBoilingPoint'');'
               sprintf('T = T(%d); P = capeOpenTDependentProp(handle, ''vaporPressure'', [T; 1.001 * T]);', k)
@@ -115,10 +91,10 @@ end
 
 function tally = clapeyron(s, tally)
 T = 0.75 * s.Tc;
-P = @(T) diagonal(s, 'vaporPressure', T, 'TDependent');
+P = @(T) pureValues(s, 'vaporPressure', T, 'TDependent');
 slope = (P(T * 1.0005) - P(T * 0.9995)) ./ (0.001 * T);
-heat = diagonal(s, 'heatOfVaporization', T, 'TDependent');
-volume = diagonal(s, 'volumeChangeUponVaporization', T, 'TDependent');
+heat = pureValues(s, 'heatOfVaporization', T, 'TDependent');
+volume = pureValues(s, 'volumeChangeUponVaporization', T, 'TDependent');
 deviation = abs(heat ./ (T .* volume .* slope) - 1);
 lines = @(k) {s.opening; sprintf('T = %.17g;', T(k))
               'P = capeOpenTDependentProp(handle, ''vaporPressure'', T * [1.0005; 0.9995]);'
@@ -130,8 +106,8 @@ tally = banded(s, tally, 'The heat of vaporization is not that of Clausius-Clape
 end
 
 function tally = inverse(s, tally)
-T = diagonal(s, 'boilingPointTemperature', 101325 * ones(1, s.n), 'PDependent');
-deviation = abs(diagonal(s, 'vaporPressure', T, 'TDependent') / 101325 - 1);
+T = pureValues(s, 'boilingPointTemperature', 101325 * ones(1, s.n), 'PDependent');
+deviation = abs(pureValues(s, 'vaporPressure', T, 'TDependent') / 101325 - 1);
 lines = @(k) {s.opening; 'T = capeOpenPDependentProp(handle, ''boilingPointTemperature'', 101325);'
               sprintf('P = capeOpenTDependentProp(handle, ''vaporPressure'', T(%d));', k)
               sprintf('deviation = abs(P(%d) / 101325 - 1)', k)};

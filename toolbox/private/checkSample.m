@@ -1,56 +1,26 @@
-function s = checkSample(handle, opening, options)
+function s = checkSample(handle, opening, options, among)
 %checkSample  What a package is checked at: its lists, compositions, flashes at T and P, and the phases that they give.
 %
 %   The phases of flashes are the states at which values are compared: there a package has to have them. S.STATES has a
 %   struct array with an element for each phase label, S.FLASHES one with an element for each flash that was asked for.
-%   If no flash succeeds, every phase is taken everywhere, and S.STABLE is false.
-s = struct('handle', handle, 'opening', opening, 'quick', strcmpi(options.Level, 'quick'), 'seed', options.Seed);
-s.compounds = capeOpenCompoundList(handle);
-s.n = numel(s.compounds);
-s.phases = capeOpenPhaseList(handle);
-s.vapor = '';
-for k = numel(s.phases):-1:1
-    if strcmpi(capeOpenPhaseState(handle, s.phases{k}), 'Vapor')
-        s.vapor = s.phases{k};
-    end
+%   If no flash succeeds, every phase is taken everywhere, and S.STABLE is false. Compositions that are not told are of
+%   the compounds AMONG alone, numbers of them, if these are given.
+s = packageLists(handle);
+s.opening = opening;
+s.quick = strcmpi(options.Level, 'quick');
+s.seed = options.Seed;
+if nargin < 4
+    among = 1:s.n;
 end
-s.single = listOf(@() capeOpenSinglePhasePropList(handle));
-s.two = listOf(@() capeOpenTwoPhasePropList(handle));
-s.T = listOf(@() capeOpenTDependentPropList(handle));
-s.P = listOf(@() capeOpenPDependentPropList(handle));
-s.constants = listOf(@() capeOpenConstantPropList(handle));
-s.flashProps = listOf(@() capeOpenFlashPropList(handle));
-s.molar = constantOr(handle, 'molecularWeight', NaN(1, s.n)) / 1000;
-s.Tc = constantOr(handle, 'criticalTemperature', NaN(1, s.n));
-s.Pc = constantOr(handle, 'criticalPressure', NaN(1, s.n));
 s.R = 8.31446261815324;
-s.Z = compositions(s, options.Compositions);
+s.Z = compositions(s, options.Compositions, among);
 s = withFlashes(s, options);
 s = withStates(s);
 s.R = gasConstant(s);
 end
 
-function names = listOf(ask)
-try
-    names = ask();
-catch
-    names = cell(0, 1); % the checks of lists tell it
-end
-end
-
-function values = constantOr(handle, name, values)
-try
-    given = capeOpenConstant(handle, name);
-    if isnumeric(given) && numel(given) == numel(values)
-        values = reshape(given, 1, []);
-    end
-catch
-    % the checks of lists tell it
-end
-end
-
 % Equal fractions, random ones, one with a trace and nothing of another compound, and pure compounds.
-function Z = compositions(s, given)
+function Z = compositions(s, given, among)
 if ~isempty(given)
     if isstruct(given) || iscell(given)
         given = capeOpenComposition(s.handle, given);
@@ -61,25 +31,28 @@ if ~isempty(given)
     Z = bsxfun(@rdivide, double(full(given)), sum(given, 2));
     return
 end
-if s.n == 1
-    Z = 1;
+n = numel(among);
+Z = zeros(1, s.n);
+if n == 1
+    Z(among) = 1;
     return
 end
 more = 6;
-pure = min(s.n, 12);
+pure = min(n, 12);
 if s.quick
     more = 2;
     pure = 2;
 end
-[x, next] = uniformNumbers(s.seed, (more + 1) * s.n);
-x = -log(reshape(x, more + 1, s.n));
-x(more + 1, 1 + mod(next, s.n)) = 0;
-if s.n > 2
-    x(more + 1, 1 + mod(next + 1, s.n)) = 1e-8;
+[x, next] = uniformNumbers(s.seed, (more + 1) * n);
+x = -log(reshape(x, more + 1, n));
+x(more + 1, 1 + mod(next, n)) = 0;
+if n > 2
+    x(more + 1, 1 + mod(next + 1, n)) = 1e-8;
 end
-which = 1 + round((0:pure - 1) * (s.n - 1) / max(1, pure - 1));
-x = [ones(1, s.n); x; double(bsxfun(@eq, which(:), 1:s.n))];
-Z = bsxfun(@rdivide, x, sum(x, 2));
+which = 1 + round((0:pure - 1) * (n - 1) / max(1, pure - 1));
+x = [ones(1, n); x; double(bsxfun(@eq, which(:), 1:n))];
+Z(size(x, 1), 1) = 0;
+Z(:, among) = bsxfun(@rdivide, x, sum(x, 2));
 end
 
 % Temperatures and pressures around the critical ones of each composition, or in the ranges that were told.
@@ -109,23 +82,13 @@ for k = 1:size(s.Z, 1)
         P(1) = 0.9 * P0;
     end
     for l = 1:count
-        s.flashes(end + 1) = flashAt(s, s.Z(k, :), T(l), P(l));
+        s.flashes(end + 1) = sampledFlash(s, s.Z(k, :), T(l), P(l));
     end
 end
 end
 
 function values = ordinary(values, instead)
 values(~(values > 0)) = instead;
-end
-
-function flash = flashAt(s, Z, T, P)
-flash = struct('Z', Z, 'T', T, 'P', P, 'phases', {{}}, 'fractions', [], 'X', [], 'Tr', NaN, 'Pr', NaN, 'problem', '');
-try
-    [flash.phases, flash.fractions, flash.X, flash.Tr, flash.Pr] = capeOpenFlash(s.handle, Z, 'Temperature', T, ...
-        'Pressure', P, 'Unspecified');
-catch problem
-    flash.problem = strtok(problem.message, sprintf('\n'));
-end
 end
 
 function s = withStates(s)
