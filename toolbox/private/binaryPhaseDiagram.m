@@ -51,7 +51,7 @@ end
 % What binaryLines asks for.
 function problem = problemOf(handle, pair, isotherm, value)
 problem = struct('model', equilibriumModel(handle, pair), 'constants', criticalConstants(handle, pair), ...
-                 'isotherm', isotherm, 'value', value);
+                 'isotherm', isotherm);
 bounds = [10, 5000];
 boils = value < problem.constants.P;
 if isotherm

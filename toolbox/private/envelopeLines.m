@@ -24,8 +24,8 @@ if ~closed
     explain(lines, ended);
     [below, ended, more] = follow(1);
     edges = [edges; more];
-    whole = ended == n + 2 && below(end).P(end) < Pmin * (1 + 1e-6) && below(end).vaporFraction(end) == 1;
-    if whole % all of it, from the other side
+    comesRound = ended == n + 2 && below(end).P(end) < Pmin * (1 + 1e-6) && below(end).vaporFraction(end) == 1;
+    if comesRound % all of it, from the other side
         lines = curveOf([], []);
         reasons = {};
     elseif ~isempty(below)
@@ -50,10 +50,10 @@ if ~any(arrayfun(@(line) line.vaporFraction(end) == 0 && line.P(end) < Pmin * (1
     reasons{end + 1} = sprintf('no bubble points come down to %g bar', Pmin / 1e5);
 end
 lines = [lines, liquids];
-[all.T, all.P, all.vaporFraction] = lineColumns(lines, 'T', 'P', 'vaporFraction');
-[unlike, failing] = unlikeTheFlash(handle, Z, all);
-reasons = [reasons, failuresAt('the package''s flash finds other phases', 'points', all, unlike), ...
-           failuresAt('the package''s flash of the mixture fails', 'points', all, failing)];
+[whole.T, whole.P, whole.vaporFraction] = lineColumns(lines, 'T', 'P', 'vaporFraction');
+[unlike, failing] = unlikeTheFlash(handle, Z, whole);
+reasons = [reasons, failuresAt('the package''s flash finds other phases', 'points', whole, unlike), ...
+           failuresAt('the package''s flash of the mixture fails', 'points', whole, failing)];
 
     function [lines, ended, edges] = follow(side)
         lines = curveOf([], []);

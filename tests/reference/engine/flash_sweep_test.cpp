@@ -7,7 +7,7 @@ using namespace reference;
 
 namespace {
 
-// A quarter of two thousand problems; bench/pair_sweep.cpp runs a hundred thousand.
+// Five hundred problems each; bench/pair_sweep.cpp runs a hundred thousand.
 class FlashSweep : public testing::TestWithParam<int> {};
 
 } // namespace
