@@ -3,9 +3,9 @@ function [vapors, liquids, reasons] = binaryLines(problem)
 %
 %   [vapors, liquids, reasons] = binaryLines(problem)
 %
-%   PROBLEM has the fields model, constants and system of binarySystem, isotherm, whether the temperature is held, boils,
-%   which of the compounds boil alone, and starts, the points where they do, as of solvePoint, or empty. VAPORS and
-%   LIQUIDS are those of binaryChain; REASONS are sentences on what is not complete, in which the compounds are
+%   PROBLEM has the fields model, constants and system of binarySystem, isotherm, whether the temperature is held,
+%   boils, which of the compounds boil alone, and starts, the points where they do, as of solvePoint, or empty. VAPORS
+%   and LIQUIDS are those of binaryChain; REASONS are sentences on what is not complete, in which the compounds are
 %   COMPOUND1 and COMPOUND2.
 vapors = struct('points', {}, 'slopes', {});
 liquids = vapors;
