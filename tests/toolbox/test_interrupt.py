@@ -4,6 +4,7 @@ Octave's prompt is there again at once, packages and library go on as if nothing
 """
 
 import os
+import pathlib
 import pty
 import re
 import signal
@@ -53,11 +54,16 @@ def read_until(stream, words):
     return "".join(lines)
 
 
+def started(test, **variables):
+    octave = subprocess.Popen(OCTAVE, text=True, bufsize=1, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                              stderr=subprocess.STDOUT, start_new_session=True, env={**os.environ, **variables})
+    test.addCleanup(octave.kill)
+    return octave
+
+
 class Interrupt(unittest.TestCase):
     def stop(self, call, name):
-        octave = subprocess.Popen(OCTAVE, text=True, bufsize=1, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                                  stderr=subprocess.STDOUT, start_new_session=True)
-        self.addCleanup(octave.kill)
+        octave = started(self)
         octave.stdin.write(SETTING_UP + LONG_CALL % call)
         octave.stdin.flush()
         read_until(octave.stdout, "begun")
@@ -116,9 +122,7 @@ printf('the same as without: %d\\n', sum([again.checks.asked]) == sum([last.chec
 """
 
     def test_keeps_what_a_check_has_done(self):
-        octave = subprocess.Popen(OCTAVE, text=True, bufsize=1, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                                  stderr=subprocess.STDOUT, start_new_session=True)
-        self.addCleanup(octave.kill)
+        octave = started(self)
         octave.stdin.write(self.CODE)
         octave.stdin.flush()
         read_until(octave.stdout, "begun")
@@ -130,6 +134,34 @@ printf('the same as without: %d\\n', sum([again.checks.asked]) == sum([last.chec
         self.assertIn("0 packages, basis mol / m3", said)
         self.assertIn("the same as without: 1", said)
         self.assertNotIn("not stopped", said)
+
+
+class Plain(unittest.TestCase):
+    """The client for Octave on Windows, which has its answer before Ctrl-C takes effect, and asks another host then."""
+
+    CODE = f"""
+addpath('{sys.argv[4]}'); disp('begun'), fflush(stdout); Verdanth('wait', 2); disp('not stopped');
+"""
+    AFTERWARDS = """
+printf('the next: %d\\n', Verdanth('echo', 7));
+"""
+
+    def test_starts_a_new_host(self):
+        with tempfile.TemporaryDirectory() as folder:
+            noted = pathlib.Path(folder, "id")
+            octave = started(self, VERDANTH_TEST_HOST=os.path.join(HERE, "windows", "plain", "host.py"),
+                             VERDANTH_TEST_PID=str(noted))
+            octave.stdin.write(self.CODE)
+            octave.stdin.flush()
+            read_until(octave.stdout, "begun")
+            time.sleep(1) # into the two seconds of the call
+            first = noted.read_text(encoding="ascii")
+            octave.send_signal(signal.SIGINT) # the host goes on
+            said = octave.communicate(self.AFTERWARDS, timeout=60)[0]
+            self.assertEqual(octave.returncode, 0, said)
+            self.assertIn("the next: 7", said)
+            self.assertNotIn("not stopped", said)
+            self.assertNotEqual(noted.read_text(encoding="ascii"), first)
 
 
 class Progress(unittest.TestCase):
@@ -176,7 +208,7 @@ disp(nnz(v) > 0), exit
         self.assertNotIn("rows/s", self.shown([], self.SLOW_CALL % (0.001, 400)))
 
 
-TESTS = {test: group for group in (Interrupt, Check, Progress) for test in dir(group) if test.startswith("test_")}
+TESTS = {test: group for group in (Interrupt, Check, Plain, Progress) for test in dir(group) if test.startswith("test_")}
 
 if __name__ == "__main__":
     outcome = unittest.TextTestRunner().run(TESTS[sys.argv[1]](sys.argv[1]))

@@ -8,6 +8,6 @@ if code == create && ~isempty(results) && isa(results{1}, 'int32') && isscalar(r
     handles.lost = handles.lost(kept);
     handles.reasons = handles.reasons(kept);
 elseif code == release
-    handles.open = setdiff(handles.open, handleGiven(code, given));
+    handles.open = handles.open(~ismember(handles.open, handleGiven(code, given)), 1); % a column, also of none
 end
 end

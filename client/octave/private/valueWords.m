@@ -1,14 +1,14 @@
 function words = valueWords(value)
 %valueWords  A value as it stands in a message, as a column of uint64.
 if isa(value, 'double') && ~issparse(value) && ~iscomplex(value) % most of what is calculated with
-    words = [uint64([6 + 2^32 * ndims(value), size(value)]).'; typecast(full(value(:)), 'uint64')];
+    words = [header(6, 0, size(value)); typecast(value(:), 'uint64')];
     return
 elseif ischar(value)
     units = uint16(value(:));
     if any(units > 127)
         units = unitsOfText(value(:).').';
     end
-    words = [uint64([4 + 2^33; 1; numel(units)]); paddedWords(units)];
+    words = [header(4, 0, [1, numel(units)]); paddedWords(units)];
     return
 elseif iscell(value)
     parts = cell(numel(value), 1);
@@ -32,9 +32,9 @@ end
 
 function words = numberWords(value, type)
 if iscomplex(value)
-    words = [header(type, 1, size(value)); paddedWords(full(real(value(:)))); paddedWords(full(imag(value(:))))];
+    words = [header(type, 1, size(value)); paddedWords(real(value(:))); paddedWords(imag(value(:)))];
 else
-    words = [header(type, 0, size(value)); paddedWords(full(value(:)))];
+    words = [header(type, 0, size(value)); paddedWords(value(:))];
 end
 end
 

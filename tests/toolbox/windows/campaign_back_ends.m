@@ -7,6 +7,7 @@
 %
 %   octave-cli tests/toolbox/windows/campaign_back_ends.m SEED COMMANDS TOOLBOX VERDANTH [CLIENT]
 1;
+addpath(fullfile(fileparts(mfilename('fullpath')), '..', 'support'));
 
 function x = one_of(list)
     x = list{randi(numel(list))};
@@ -155,18 +156,6 @@ function answer = without_handles(answer, packages)
         if isa(answer.results{k}, 'int32')
             [~, answer.results{k}] = ismember(sort(answer.results{k}), sort(handles));
         end
-    end
-end
-
-function yes = same_bits(a, b)
-    yes = strcmp(class(a), class(b)) && isequal(size(a), size(b));
-    if ~yes
-    elseif iscell(a)
-        yes = all(cellfun(@same_bits, a(:), b(:)));
-    elseif isnumeric(a) && ~isempty(a)
-        yes = isequal(typecast(a(:), 'uint8'), typecast(b(:), 'uint8'));
-    else
-        yes = isequal(a, b);
     end
 end
 

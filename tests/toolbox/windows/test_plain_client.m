@@ -31,20 +31,6 @@ function yes = has_ended(id)
     end
 end
 
-function yes = same_bits(a, b)
-    yes = strcmp(class(a), class(b)) && isequal(size(a), size(b)) && iscomplex(a) == iscomplex(b);
-    if ~yes
-    elseif iscell(a)
-        yes = all(cellfun(@same_bits, a(:), b(:)));
-    elseif iscomplex(a)
-        yes = same_bits(real(a), real(b)) && same_bits(imag(a), imag(b));
-    elseif isnumeric(a) && ~isempty(a)
-        yes = isequal(typecast(a(:), 'uint8'), typecast(b(:), 'uint8'));
-    else
-        yes = isequal(a, b);
-    end
-end
-
 function values_of_every_class_pass_to_the_bit(~)
     stand_in();
     odd = typecast(uint64([9221120237041090561, 18444492273895866368, 1, 9223372036854775808]), 'double'); % NaN, tiny, -0
@@ -188,6 +174,21 @@ function ends_are_told(~)
     check(isequal(Verdanth('echo', 1), 1), 'no new one');
 end
 
+function commands_are_those_of_the_other_clients(toolbox)
+    cd(fullfile(fileparts(which('Verdanth')), 'private'));
+    source = fileread(fullfile(fileparts(toolbox), 'client', 'command_names.cpp'));
+    rows = regexp(source, '\{(\d+), "(\w+)", (\d), (true|false)\}', 'tokens');
+    check(~isempty(rows), 'no commands');
+    for k = 1:numel(rows)
+        [name, place, calculates] = commandWords(str2double(rows{k}{1}));
+        found = {name, sprintf('%d', place), {'false', 'true'}{1 + calculates}};
+        check(isequal(found, rows{k}(2:4)), 'command %s: %s', rows{k}{1}, strjoin(found, ', '));
+    end
+    codes = cellfun(@(row) str2double(row{1}), rows);
+    others = setdiff(0:99, codes);
+    check(all(arrayfun(@(code) isempty(commandWords(code)), others)), 'there are more');
+end
+
 function warnings_come_in_order_before_the_error(~)
     stand_in();
     answer = [text_message(16, 'first %s \n'), text_message(16, 'second'), text_message(18, 'wrong %d \n')];
@@ -237,6 +238,7 @@ end
 
 function a_host_that_is_killed_is_replaced(~)
     note_ids();
+    capeOpenRelease(open_natural_gas());
     [h, Z] = open_natural_gas();
     density = @(h) capeOpenSinglePhaseProp(h, 'density', 300, 1e5, Z, 'Vapor');
     first = density(h);
@@ -245,6 +247,8 @@ function a_host_that_is_killed_is_replaced(~)
     check(strncmp(words, 'The property package ended its process: it did not tell why, while calculating capeOpenSinglePhaseProp', 100), '%s', words);
     words = message_of(@() density(h));
     check(strncmp(words, 'Invalid property package handle: its package was lost with its process (it did not tell why)', 90), '%s', words);
+    words = words_of(@() density(int32(0)));
+    check(strcmp(words, 'Invalid property package handle'), 'of what was never open: %s', words);
     check(isequal(density(open_natural_gas()), first), 'the new one gives something else');
     check(numel(capeOpenHandleList()) == 1, 'packages');
 end

@@ -3,6 +3,7 @@
     echo   the other arguments are the results, byte for byte
     read   the results are texts: what the client in Python takes the other arguments for
     send   the bytes of the other argument are sent as they are
+    wait   as echo, after so many seconds as the other argument tells
     exit   it ends
 
 With a name in VERDANTH_TEST_GREETING it greets with that.
@@ -12,6 +13,7 @@ import os
 import pathlib
 import struct
 import sys
+import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[3] / "isolation"))
 import client # noqa: E402
@@ -50,7 +52,9 @@ def main():
         if deed == "send":
             send(others[0][0][1].tobytes())
             continue
-        results = [block if deed == "echo" else client.encode(repr(value)) for value, block in others]
+        if deed == "wait":
+            time.sleep(others[0][0])
+        results = [block if deed in ("echo", "wait") else client.encode(repr(value)) for value, block in others]
         send(client.message(RESULT, struct.pack("<II", len(results), 0) + b"".join(results)))
 
 
