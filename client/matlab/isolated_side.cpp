@@ -42,16 +42,7 @@ WideString withoutSteps(const WideString &path)
 }
 
 // Empty when it is nowhere.
-WideString hostFile()
-{
-    const WideString own = ownFolder();
-    for (const LPCWSTR folder : folders) {
-        const WideString file = own + folder + hostName;
-        if (GetFileAttributesW(file.c_str()) != INVALID_FILE_ATTRIBUTES)
-            return withoutSteps(file);
-    }
-    return {};
-}
+WideString hostFile() { return withoutSteps(FileNear(ownFolder(), folders, hostName)); }
 
 std::string notFound()
 {
