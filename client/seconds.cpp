@@ -3,7 +3,9 @@
 #include <cstdio>
 #include <cstdlib>
 
-bool ReadSeconds(const char *name, const std::string &text, double &seconds, std::string &error)
+namespace {
+
+bool readSeconds(const char *name, const std::string &text, double &seconds, std::string &error)
 {
     if (text.empty())
         return true;
@@ -13,6 +15,16 @@ bool ReadSeconds(const char *name, const std::string &text, double &seconds, std
         return true;
     error = std::string(name) + " is a number of seconds, not '" + text + "'";
     return false;
+}
+
+} // namespace
+
+bool ReadLimits(std::string (*variable)(const char *name), Limits &limits, std::string &error)
+{
+    const auto read = [&](const char *name, double &seconds) {
+        return readSeconds(name, variable(name), seconds, error);
+    };
+    return read("VERDANTH_TIME_LIMIT", limits.call) && read("VERDANTH_START_LIMIT", limits.start);
 }
 
 std::string InSeconds(double seconds)

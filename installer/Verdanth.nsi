@@ -168,16 +168,16 @@ FunctionEnd
     FileOpen $0 "${file}" a
     ${If} ${Errors}
     ${AndIf} ${FileExists} "${file}"
-        MessageBox MB_ICONSTOP "MATLAB is using Verdanth. Quit MATLAB first." /SD IDOK
+        MessageBox MB_ICONSTOP "Verdanth is in use. Quit MATLAB, Octave and other programs that use it first." /SD IDOK
         SetErrorLevel 2
-        Abort "MATLAB is using Verdanth."
+        Abort "Verdanth is in use."
     ${EndIf}
     FileClose $0
 !macroend
 
 Section "Uninstall"
     SetRegView 64
-    ; Nothing is taken away while MATLAB has either of them: what is loaded can't be written to.
+    ; Nothing is taken away while a program, or its host, has either of them: what is loaded can't be written to.
     !insertmacro RequireUnused "$INSTDIR\toolbox\Verdanth.mexw64"
     !insertmacro RequireUnused "$INSTDIR\isolated\VerdanthClient.mexw64"
     DeleteRegKey HKCR "TypeLib\${SYSTEM_LIBRARY}"

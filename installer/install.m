@@ -11,8 +11,9 @@ function install(action)
 %   path. If Verdanth came as a zip file, it then asks whether to register
 %   the relay, which 32-bit property packages need, the CAPE-OPEN type library,
 %   which they need, too, and the reference package; all of it needs a MATLAB or
-%   Octave that was started as administrator. With 'remove' the folder is taken from
-%   the path again. Nothing else is changed.
+%   Octave that was started as administrator. With 'remove' the folder is taken
+%   from the path again, and with it what capeOpenBackend or Octave have put there.
+%   Nothing else is changed.
 root = fileparts(mfilename('fullpath'));
 functions = fullfile(root, 'toolbox');
 

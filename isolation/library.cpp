@@ -40,13 +40,9 @@ MexFunction IsolatedLibrary::load(std::string &error)
     mainThread = GetCurrentThreadId();
     const WideString own = FolderOf(nullptr);
     std::string why = "Verdanth.mexw64 is not in " + Utf8(own.c_str());
-    for (const LPCWSTR folder : folders) {
-        const WideString path = own + folder + fileName;
-        if (GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES)
-            continue;
+    if (const WideString path = FileNear(own, folders, fileName); !path.empty()) {
         module = LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
         why = "Verdanth.mexw64, error " + std::to_string(GetLastError());
-        break;
     }
     if (module)
         function = findProcedure<std::remove_pointer_t<MexFunction>>(module, "mexFunction");

@@ -1,6 +1,5 @@
 #include "client/matlab/isolated_side.h"
 #include "client/matlab/host_pipes.h"
-#include "client/seconds.h"
 #include "platform/procedure.h"
 #include "platform/windows/code_page.h"
 #include "platform/windows/module_folder.h"
@@ -9,7 +8,6 @@
 
 namespace {
 
-constexpr double patienceAtStart = 60;
 constexpr WCHAR hostName[] = L"VerdanthHost64.exe";
 
 // Beside this library, and where both are installed.
@@ -42,16 +40,7 @@ WideString withoutSteps(const WideString &path)
 }
 
 // Empty when it is nowhere.
-WideString hostFile()
-{
-    const WideString own = ownFolder();
-    for (const LPCWSTR folder : folders) {
-        const WideString file = own + folder + hostName;
-        if (GetFileAttributesW(file.c_str()) != INVALID_FILE_ATTRIBUTES)
-            return withoutSteps(file);
-    }
-    return {};
-}
+WideString hostFile() { return withoutSteps(FileNear(ownFolder(), folders, hostName)); }
 
 std::string notFound()
 {
@@ -59,10 +48,11 @@ std::string notFound()
            " nor in the folder host beside that";
 }
 
-std::string variable(LPCWSTR name)
+std::string variable(const char *ascii)
 {
-    WideString text(GetEnvironmentVariableW(name, nullptr, 0), L'\0');
-    GetEnvironmentVariableW(name, text.data(), static_cast<DWORD>(text.size()));
+    const WideString name = Widen(CP_UTF8, ascii);
+    WideString text(GetEnvironmentVariableW(name.c_str(), nullptr, 0), L'\0');
+    GetEnvironmentVariableW(name.c_str(), text.data(), static_cast<DWORD>(text.size()));
     return utf8(text);
 }
 
@@ -76,10 +66,11 @@ IsolatedSide::IsolatedSide()
 
 bool IsolatedSide::readWishes(Wishes &wishes, std::string &error)
 {
-    wishes = {};
-    startLimit = patienceAtStart;
-    return ReadSeconds("VERDANTH_TIME_LIMIT", variable(L"VERDANTH_TIME_LIMIT"), wishes.callLimit, error) &&
-           ReadSeconds("VERDANTH_START_LIMIT", variable(L"VERDANTH_START_LIMIT"), startLimit, error);
+    limits = {};
+    if (!ReadLimits(variable, limits, error))
+        return false;
+    wishes = {{}, limits.call};
+    return true;
 }
 
 std::unique_ptr<HostConnection> IsolatedSide::startHost(const Caller &caller, std::string &, std::string &error)
@@ -97,7 +88,7 @@ std::unique_ptr<HostConnection> IsolatedSide::startHost(const Caller &caller, st
         error = NotStarted(name, reason, remedy);
         return nullptr;
     }
-    return ReadyHost(std::move(process), name, remedy, startLimit, caller, error);
+    return ReadyHost(std::move(process), name, remedy, limits.start, caller, error);
 }
 
 std::string IsolatedSide::description()

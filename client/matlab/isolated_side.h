@@ -2,6 +2,7 @@
 #pragma once
 
 #include "client/remote_library.h"
+#include "client/seconds.h"
 
 class IsolatedSide final : public RemoteLibrary {
 public:
@@ -12,5 +13,5 @@ private:
     bool readWishes(Wishes &wishes, std::string &error) override;
     std::unique_ptr<HostConnection> startHost(const Caller &caller, std::string &warning, std::string &error) override;
 
-    double startLimit = 0; // seconds
+    Limits limits;
 };

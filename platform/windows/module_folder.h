@@ -1,4 +1,4 @@
-// Where a loaded module lies.
+// Where a loaded module lies, and what lies near it.
 #pragma once
 
 #include "platform/platform.h"
@@ -17,4 +17,15 @@ inline WideString FolderOf(HMODULE module)
     }
     path.resize(path.rfind(L'\\') + 1);
     return path;
+}
+
+// The file in the first of the folders that has one of that name, each seen from `own`; empty when none has.
+template <std::size_t count> WideString FileNear(const WideString &own, const LPCWSTR (&folders)[count], LPCWSTR name)
+{
+    for (const LPCWSTR folder : folders) {
+        const WideString file = own + folder + name;
+        if (GetFileAttributesW(file.c_str()) != INVALID_FILE_ATTRIBUTES)
+            return file;
+    }
+    return {};
 }

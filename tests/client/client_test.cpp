@@ -2,8 +2,7 @@
 
 #include "platform/procedure.h"
 #include "platform/windows/module_folder.h"
-
-#include <tlhelp32.h>
+#include "tests/support/processes.h"
 
 namespace support {
 
@@ -70,18 +69,7 @@ Array ClientTest::open(const char *manager, const char *package)
     return mustReturn(1, {Scalar(3), Text(manager), Text(package)})[0];
 }
 
-std::vector<DWORD> HostsOf(DWORD parent)
-{
-    std::vector<DWORD> found;
-    HANDLE all = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
-    PROCESSENTRY32W entry = {};
-    entry.dwSize = sizeof entry;
-    for (BOOL more = Process32FirstW(all, &entry); more; more = Process32NextW(all, &entry))
-        if (entry.th32ParentProcessID == parent && WideString(entry.szExeFile) == L"VerdanthHost64.exe")
-            found.push_back(entry.th32ProcessID);
-    CloseHandle(all);
-    return found;
-}
+std::vector<DWORD> HostsOf(DWORD parent) { return ProcessesOf(L"VerdanthHost64.exe", parent); }
 
 WideString FolderOfTests() { return FolderOf(nullptr); }
 

@@ -2,10 +2,10 @@
 
 #include "cape/com/cape_open_common.h"
 #include "cape/com/com_pointer.h"
+#include "platform/windows/module_folder.h"
+#include "tests/support/processes.h"
 
 #include <gtest/gtest.h>
-
-#include <tlhelp32.h>
 
 namespace installation {
 
@@ -14,15 +14,6 @@ namespace {
 constexpr DWORD patienceMilliseconds = 30'000;
 
 WideString wide(const std::string &ascii) { return WideString(ascii.begin(), ascii.end()); }
-
-WideString ownFolder()
-{
-    WCHAR path[1024] = {};
-    GetModuleFileNameW(nullptr, path, 1024);
-    WideString folder(path);
-    folder.resize(folder.rfind(L'\\'));
-    return folder;
-}
 
 void register32(LPCWSTR options)
 {
@@ -35,11 +26,12 @@ void register32(LPCWSTR options)
 
 } // namespace
 
-WideString fileHere(LPCWSTR name) { return ownFolder() + L"\\" + name; }
+WideString fileHere(LPCWSTR name) { return FolderOf(nullptr) + name; }
 
 WideString file32(LPCWSTR name)
 {
-    WideString folder = ownFolder();
+    WideString folder = FolderOf(nullptr);
+    folder.pop_back();
     folder.resize(folder.rfind(L'\\') + 1); // of all builds
     return folder + L"windows-x86\\" + name;
 }
@@ -100,22 +92,9 @@ WithoutStandardLibrary::~WithoutStandardLibrary()
 
 namespace {
 
-std::vector<DWORD> processesOf(LPCWSTR program)
-{
-    std::vector<DWORD> found;
-    HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
-    PROCESSENTRY32W entry = {};
-    entry.dwSize = sizeof entry;
-    for (BOOL more = Process32FirstW(snapshot, &entry); more; more = Process32NextW(snapshot, &entry))
-        if (lstrcmpiW(entry.szExeFile, program) == 0)
-            found.push_back(entry.th32ProcessID);
-    CloseHandle(snapshot);
-    return found;
-}
-
 void killAll(LPCWSTR program)
 {
-    for (const DWORD id : processesOf(program)) {
+    for (const DWORD id : support::ProcessesOf(program)) {
         HANDLE process = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, id);
         if (!process)
             continue;
@@ -129,7 +108,7 @@ constexpr LPCWSTR relayProgram = L"Verdanth6432Relay.exe";
 
 } // namespace
 
-std::vector<DWORD> relays() { return processesOf(relayProgram); }
+std::vector<DWORD> relays() { return support::ProcessesOf(relayProgram); }
 
 bool relaysEnd()
 {

@@ -46,12 +46,12 @@ TEST_F(SettingsOfTheUser, PrefixIsTheOneThatIsNamed)
 
 TEST_F(SettingsOfTheUser, LimitsAreSeconds)
 {
-    EXPECT_EQ(read().callLimit, 0);
-    EXPECT_EQ(read().startLimit, 60);
+    EXPECT_EQ(read().limits.call, 0);
+    EXPECT_EQ(read().limits.start, 60);
     set("VERDANTH_TIME_LIMIT", "2.5");
     set("VERDANTH_START_LIMIT", "100");
-    EXPECT_EQ(read().callLimit, 2.5);
-    EXPECT_EQ(read().startLimit, 100);
+    EXPECT_EQ(read().limits.call, 2.5);
+    EXPECT_EQ(read().limits.start, 100);
     for (const char *wrong : {"soon", "-1", "0", "nan", "5s"}) {
         set("VERDANTH_TIME_LIMIT", wrong);
         EXPECT_EQ(refusal(), std::string("VERDANTH_TIME_LIMIT is a number of seconds, not '") + wrong + "'");

@@ -24,5 +24,5 @@ std::unique_ptr<HostConnection> StartHost(const Settings &settings, const std::s
         error = NotStarted(name, reason, remedy);
         return nullptr;
     }
-    return ReadyHost(std::move(process), name, remedy, settings.startLimit, caller, error);
+    return ReadyHost(std::move(process), name, remedy, settings.limits.start, caller, error);
 }

@@ -1,5 +1,4 @@
 #include "toolbox/octave/windows/settings.h"
-#include "client/seconds.h"
 
 #include <pwd.h>
 #include <unistd.h>
@@ -8,8 +7,6 @@
 #include <filesystem>
 
 namespace {
-
-constexpr double patienceAtStart = 60;
 
 std::string variable(const char *name)
 {
@@ -44,11 +41,6 @@ std::string absolute(std::string path)
     return path;
 }
 
-bool readLimit(const char *name, double &seconds, std::string &error)
-{
-    return ReadSeconds(name, variable(name), seconds, error);
-}
-
 } // namespace
 
 bool ReadSettings(Settings &settings, std::string &error)
@@ -57,8 +49,6 @@ bool ReadSettings(Settings &settings, std::string &error)
     settings.prefix = prefix.empty() ? ownPrefix() : absolute(prefix);
     settings.files = variable("VERDANTH_WINDOWS_FILES");
     settings.loader = variable("VERDANTH_WINE_LOADER");
-    settings.callLimit = 0;
-    settings.startLimit = patienceAtStart;
-    return readLimit("VERDANTH_TIME_LIMIT", settings.callLimit, error) &&
-           readLimit("VERDANTH_START_LIMIT", settings.startLimit, error);
+    settings.limits = {};
+    return ReadLimits(variable, settings.limits, error);
 }

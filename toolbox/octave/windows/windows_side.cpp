@@ -37,7 +37,7 @@ bool Windows::readWishes(Wishes &wishes, std::string &error)
 {
     if (!ReadSettings(settings, error))
         return false;
-    wishes = {settings.prefix + '\n' + settings.files + '\n' + settings.loader, settings.callLimit};
+    wishes = {settings.prefix + '\n' + settings.files + '\n' + settings.loader, settings.limits.call};
     return true;
 }
 
