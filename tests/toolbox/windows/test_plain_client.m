@@ -174,21 +174,6 @@ function ends_are_told(~)
     check(isequal(Verdanth('echo', 1), 1), 'no new one');
 end
 
-function commands_are_those_of_the_other_clients(toolbox)
-    cd(fullfile(fileparts(which('Verdanth')), 'private'));
-    source = fileread(fullfile(fileparts(toolbox), 'client', 'command_names.cpp'));
-    rows = regexp(source, '\{(\d+), "(\w+)", (\d), (true|false)\}', 'tokens');
-    check(~isempty(rows), 'no commands');
-    for k = 1:numel(rows)
-        [name, place, calculates] = commandWords(str2double(rows{k}{1}));
-        found = {name, sprintf('%d', place), {'false', 'true'}{1 + calculates}};
-        check(isequal(found, rows{k}(2:4)), 'command %s: %s', rows{k}{1}, strjoin(found, ', '));
-    end
-    codes = cellfun(@(row) str2double(row{1}), rows);
-    others = setdiff(0:99, codes);
-    check(all(arrayfun(@(code) isempty(commandWords(code)), others)), 'there are more');
-end
-
 function warnings_come_in_order_before_the_error(~)
     stand_in();
     answer = [text_message(16, 'first %s \n'), text_message(16, 'second'), text_message(18, 'wrong %d \n')];
