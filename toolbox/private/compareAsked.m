@@ -19,25 +19,13 @@ for k = 1:numel(series)
         progressLine(this.property);
         values = ofPhase(s, this, index, own{strcmp(phases, this.phase)});
     elseif strcmp(this.kind, 'constant')
-        values = ofCompounds(s, this.property, index);
+        values = constantValues(s.handle, this.property, s.n);
+        values = values(index);
     else
         values = ofPure(s, this, index);
     end
     series(k).values = values;
 end
-end
-
-function values = ofCompounds(s, name, index)
-values = NaN(1, s.n);
-try
-    given = capeOpenConstant(s.handle, name);
-    if numel(given) == s.n
-        values = reshape(given, 1, []);
-    end
-catch
-    % listed, but not there
-end
-values = values(index);
 end
 
 function values = ofPure(s, series, index)
