@@ -47,8 +47,9 @@ function report = capeOpenCheck(varargin)
 %             checks    struct array with name, title, asked, skipped,
 %                       failures, notes, seconds, and bars: the largest
 %                       deviations as parts of their limits
-%             package, compounds, level, seed, flashes (the sample), pairs (of
-%             specifications that were solved), complete, seconds
+%             package, opening (the line that opens it), compounds, level,
+%             seed, flashes (the sample), pairs (of specifications that were
+%             solved), complete, seconds
 %
 %   The basis is mole during the check, and warnings are off. Ctrl-C stops
 %   it; capeOpenCheck('last') gives what was done.
@@ -57,10 +58,18 @@ function report = capeOpenCheck(varargin)
 %     'Invalid property package handle'
 %             The package is not open. This and the errors of capeOpenCreate
 %             are possible.
+%     'Expected a package: its manager and its name, or a handle'
+%             No argument tells it.
 %     'Expected compositions with a fraction for each of the ... compounds'
 %             Compositions are something else.
 %     'No check "..."; there are ...'
 %             Checks has a name that is none.
+%     'Expected 'quick' or 'full' as Level'
+%     'Expected the lowest and the highest value as ...'
+%     'Expected a number as Seed'
+%             Level, TRange, PRange or Seed is something else.
+%     '"..." can not be written: ...'
+%             The file of Report; capeOpenCheck('last') gives what was found.
 %     'Expected an option and its value, not ...'
 %             An argument is none of those above.
 %
@@ -70,7 +79,7 @@ function report = capeOpenCheck(varargin)
 %     report.verdict
 %
 %   See also capeOpenCreate, capeopen.Package.
-if nargin == 1 && ischar(varargin{1}) && strcmp(varargin{1}, 'last')
+if nargin == 1 && isequal(capeopen.internal.charsOf(varargin{1}), 'last')
     report = checkKept('last');
     return
 end
@@ -79,17 +88,9 @@ defaults = struct('Compositions', [], 'TRange', [], 'PRange', [], 'Level', 'full
 [given, options] = capeopen.internal.options(varargin, defaults);
 options = checkOptions(options);
 [handle, opening, owner] = checkedPackage(given); %#ok<ASGLU> the owner closes it
-table = checkTable();
-if ~isempty(options.Checks)
-    wrong = options.Checks(~ismember(options.Checks, table(:, 1)));
-    if ~isempty(wrong)
-        error('Verdanth:error', 'No check "%s"; there are %s', wrong{1}, strjoin(table(:, 1).', ', '));
-    end
-    table = table(ismember(table(:, 1), options.Checks), :);
-end
-report = checkRun(handle, opening, options, table);
+report = checkRun(handle, opening, options, askedFor(options.Checks));
 if ~isempty(options.Report)
-    checkReport(report, options.Report);
+    checkReport(report, capeopen.internal.charsOf(options.Report));
 end
 if ~options.Quiet
     checkSummary(report);
@@ -97,4 +98,19 @@ end
 if nargout == 0
     clear('report');
 end
+end
+
+% The rows of the table of checks that have these names; all, if there are none.
+function table = askedFor(names)
+table = checkTable();
+names = capeopen.internal.charsOf(names);
+if isempty(names)
+    return
+end
+names = cellstr(names);
+wrong = names(~ismember(names, table(:, 1)));
+if ~isempty(wrong)
+    error('Verdanth:error', 'No check "%s"; there are %s', wrong{1}, strjoin(table(:, 1).', ', '));
+end
+table = table(ismember(table(:, 1), names), :);
 end

@@ -164,6 +164,18 @@ printf('the next: %d\\n', Verdanth('echo', 7));
             self.assertNotEqual(noted.read_text(encoding="ascii"), first)
 
 
+def screen(text):
+    """What is left to be seen of what went to a terminal: a backspace goes back, and what follows is written over."""
+    seen, at = [], 0
+    for char in text:
+        if char == "\b":
+            at -= 1
+        else:
+            seen[at:at + 1] = char
+            at += 1
+    return "".join(seen)
+
+
 class Progress(unittest.TestCase):
     """What a terminal shows of a call of several seconds: of a library whose rows take their time on any machine."""
 
@@ -196,7 +208,9 @@ disp(nnz(v) > 0), exit
     def test_is_shown_to_a_person_alone(self):
         progress = re.compile(r"\d+ of 300 rows, [\d.]+ rows/s, \d+ s left")
         code = self.SLOW_CALL % (0.01, 300)
-        self.assertRegex(self.shown([], code), progress)
+        text = self.shown([], code)
+        self.assertRegex(text, progress)
+        self.assertNotRegex(screen(text), r"of 300 rows")
         with tempfile.NamedTemporaryFile("w", suffix=".m") as script:
             script.write("1;\n" + code)
             script.flush()
@@ -206,6 +220,16 @@ disp(nnz(v) > 0), exit
 
     def test_is_not_shown_of_a_short_call(self):
         self.assertNotIn("rows/s", self.shown([], self.SLOW_CALL % (0.001, 400)))
+
+    def test_tells_which_check_runs(self):
+        code = f"""
+addpath('{sys.argv[3]}', '{sys.argv[4]}');
+capeOpenCheck('Verdanth Reference Packages', 'Natural gas', 'Level', 'quick', 'Checks', {{'constants', 'bases'}}), exit
+"""
+        text = self.shown([], code)
+        for part in ("1 of 2: constants", "2 of 2: bases"):
+            self.assertIn(part, text)
+            self.assertNotIn(part, screen(text))
 
 
 TESTS = {test: group for group in (Interrupt, Check, Plain, Progress) for test in dir(group) if test.startswith("test_")}

@@ -133,9 +133,12 @@ end
 % The scripts in the pages of the guide, one after the other.
 function the_scripts_of_the_guide_run(toolbox)
     addpath(fullfile(fileparts(mfilename('fullpath')), 'no_plots'));
-    for page = {'index', 'arrays', 'basis', 'examples', 'diagrams', 'package', 'results', 'places', 'parallel'}
+    for page = {'index', 'arrays', 'basis', 'examples', 'diagrams', 'package', 'results', 'places', 'parallel', 'checking'}
         run_script(page{1}, script_of(toolbox, page{1}));
     end
+    report = fullfile(tempdir(), 'natural-gas.html');
+    check(exist(report, 'file') == 2, 'no report is written');
+    delete(report);
 end
 
 % The page on pictures draws and saves them. Another device makes the same without Ghostscript.

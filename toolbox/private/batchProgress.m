@@ -2,35 +2,26 @@ function batchProgress(done, total)
 %batchProgress  Tells how many rows of a batch are done, their rate and the time left, where someone looks at it.
 %
 %   0 rows begin a batch; -1 ends it. Nothing is shown of what takes less than about two seconds.
-persistent begun shown next
+persistent begun before next
 if done == 0
     begun = tic();
-    shown = 0;
+    before = [];
     next = 1;
     return
 end
 seconds = toc(begun);
-if done > 0 && (seconds < next || (next == 1 && seconds * total < 2 * done))
-    return
-end
-text = '';
-if done > 0 && done < total
-    if ~someoneWatches()
-        next = Inf;
-        return
+if done < 0 || done >= total
+    if ischar(before)
+        progressLine(before);
     end
+    before = [];
+elseif seconds >= next && (next > 1 || seconds * total >= 2 * done)
     next = seconds + 0.5;
     digits = max(0, 2 - floor(log10(done / seconds)));
-    text = sprintf('%d of %d rows, %.*f rows/s, %s left', done, total, digits, done / seconds, ...
-                   duration(seconds * (total - done) / done));
-end
-if shown > 0 || ~isempty(text)
-    back = @(count) repmat(sprintf('\b'), 1, max(0, count));
-    rest = max(0, shown - numel(text));
-    fprintf('%s%s%s%s', back(shown), text, blanks(rest), back(rest));
-    shown = numel(text);
-    if exist('OCTAVE_VERSION', 'builtin')
-        fflush(stdout);
+    covered = progressLine(sprintf('%d of %d rows, %.*f rows/s, %s left', done, total, digits, done / seconds, ...
+                                   duration(seconds * (total - done) / done)));
+    if ~ischar(before)
+        before = covered;
     end
 end
 end

@@ -29,21 +29,14 @@ for k = 1:size(relations, 1)
     if ~all(ismember(lower(names), lower(s.constants)))
         continue
     end
-    values = cellfun(@(name) valuesOf(s, name), names, 'UniformOutput', false);
+    values = cellfun(@(name) constantValues(s.handle, name, s.n), names, 'UniformOutput', false);
     deviation = evaluated(zero, names, values, [], [], [], s.R);
     limits = str2double(limit) * ones(size(deviation));
     limits(isnan(deviation)) = NaN; % a compound without it
     given = cellfun(@(name) sprintf('%s = capeOpenConstant(handle, ''%s'');', name, name), names(:), ...
         'UniformOutput', false);
     lines = [{s.opening}; given; {sprintf('deviation = abs(%s)', zero); sprintf('limit = %s', limit)}];
-    tally = checkCompared(tally, 'failure', ['Constants: ', zero, ' is not zero'], deviation, limits, [], @(row) lines);
-end
-end
-
-function values = valuesOf(s, name)
-try
-    values = capeOpenConstant(s.handle, name);
-catch
-    values = NaN(1, s.n); % told above
+    what = ['Constants: ', relationText(zero), ' is not zero'];
+    tally = checkCompared(tally, 'failure', what, deviation, limits, [], @(row) lines);
 end
 end

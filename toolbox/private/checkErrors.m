@@ -1,16 +1,15 @@
 function tally = checkErrors(s, tally)
 %checkErrors  What is wrong is refused, with words that say why.
-flash = s.flashes(1);
-X = flash.Z;
+X = s.flashes(1).Z;
 head = [{s.opening}; {numbersText('X', X)}];
-mistakes = {'a temperature below zero', '''Temperature'', -10, ''Pressure'', 1e5', {'Temperature', -10, 'Pressure', 1e5}
-            'a pressure below zero', '''Temperature'', 300, ''Pressure'', -1e5', {'Temperature', 300, 'Pressure', -1e5}
-            'a vapor fraction of 2', '''vaporFraction'', 2, ''Pressure'', 1e5', {'vaporFraction', 2, 'Pressure', 1e5}};
+mistakes = {'a temperature below zero', {'Temperature', -10, 'Pressure', 1e5}
+            'a pressure below zero', {'Temperature', 300, 'Pressure', -1e5}
+            'a vapor fraction of 2', {'vaporFraction', 2, 'Pressure', 1e5}};
 for k = 1:size(mistakes, 1)
     tally.asked = tally.asked + 1;
-    lines = [head; {sprintf('value = capeOpenFlash(handle, X, %s)', mistakes{k, 2})}];
+    lines = [head; {sprintf('value = capeOpenFlash(handle, X, ''%s'', %g, ''%s'', %g)', mistakes{k, 2}{:})}];
     try
-        capeOpenFlash(s.handle, X, mistakes{k, 3}{:});
+        capeOpenFlash(s.handle, X, mistakes{k, 2}{:});
         tally = checkFound(tally, 'failure', ['A flash at ', mistakes{k, 1}, ' is solved'], '', lines);
     catch problem
         words = regexprep(strtok(problem.message, sprintf('\n')), '^CalcEquilibrium failed:?\s*', '');

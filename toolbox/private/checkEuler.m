@@ -6,7 +6,7 @@ lists = lower(s.single);
 n = 'logFugacityCoefficient.Dmoles';
 for at = s.states
     some = evenly(numel(at.T), 40 - 34 * s.quick);
-    rows = struct('phase', at.phase, 'T', at.T(some), 'P', at.P(some), 'X', at.X(some, :), 'compounds', {s.compounds});
+    rows = statesOf(s, at.phase, at.T(some), at.P(some), at.X(some, :));
     if any(strcmp(lists, lower(n))) && ~isempty(some)
         tests = {'Euler: the sum over j of x_j * dlnPhi_i/dn_j is not zero', 'D * X.''', 'abs(D) * X.'' + 1e-3'
                  'Gibbs-Duhem: the sum over i of x_i * dlnPhi_i/dn_j is not zero', 'X * D', 'X * abs(D) + 1e-3'
@@ -27,8 +27,7 @@ end
 if any(strcmpi(s.single, 'diffusionCoefficient'))
     for at = s.states
         some = evenly(numel(at.T), 4);
-        rows = struct('phase', at.phase, 'T', at.T(some), 'P', at.P(some), 'X', at.X(some, :), 'compounds', ...
-            {s.compounds});
+        rows = statesOf(s, at.phase, at.T(some), at.P(some), at.X(some, :));
         test = {'diffusionCoefficient of i in j is not that of j in i', 'D - D.''', 'abs(D) + abs(D.'')'};
         tally = matrices(s, tally, rows, 'diffusionCoefficient', test);
     end

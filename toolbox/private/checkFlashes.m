@@ -14,15 +14,15 @@ if any(~solved)
         if ~any(solved)
             severity = 'failure';
         end
-        tally = checkFound(tally, severity, ['Flashes at temperature and pressure fail: ', text{1}], whereOf(s, ...
-            same(1)), flashLines(s, same(1)), [same.T], [same.P], numel(solved));
+        tally = checkFound(tally, severity, ['Flashes at temperature and pressure fail: ', text{1}], ...
+            stateText(flashStates(s, same), 1), flashLines(s, same(1)), [same.T], [same.P], numel(solved));
     end
 end
 flashes = s.flashes(solved);
 if isempty(flashes)
     return
 end
-at = struct('phase', '', 'T', [flashes.T].', 'P', [flashes.P].', 'X', vertcat(flashes.Z), 'compounds', {s.compounds});
+at = flashStates(s, flashes);
 tests = {
     'The temperature of the result is not the specified one', @(f) abs(f.Tr / f.T - 1), 'abs(Tr / T - 1)', 1e-9
     'The pressure of the result is not the specified one', @(f) abs(f.Pr / f.P - 1), 'abs(Pr / P - 1)', 1e-9
@@ -46,12 +46,8 @@ if any(strcmpi(s.single, 'logFugacityCoefficient')) && ~isempty(several)
 end
 end
 
-function text = whereOf(s, flash)
-text = stateText(struct('phase', '', 'T', flash.T, 'P', flash.P, 'X', flash.Z, 'compounds', {s.compounds}), 1);
-end
-
 function tally = fugacities(s, tally, flashes)
-at = struct('phase', '', 'T', [flashes.T].', 'P', [flashes.P].', 'X', vertcat(flashes.Z), 'compounds', {s.compounds});
+at = flashStates(s, flashes);
 deviation = NaN(numel(flashes), 1);
 for k = 1:numel(flashes)
     flash = flashes(k);

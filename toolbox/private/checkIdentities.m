@@ -27,7 +27,7 @@ for k = 1:size(table, 1)
                          sprintf('[%s] = capeOpenSinglePhaseProp(handle, {%s}, T, P, X, ''%s'');', ...
                                  strjoin(variables, ', '), strjoin(strcat('''', names, ''''), ', '), at.phase)
                          sprintf('deviation = abs(%s)', zero); sprintf('limit = 1e-9 * (%s)', terms)}];
-        what = sprintf('%s: %s is not zero', at.phase, strrep(strrep(zero, '.*', '*'), './', '/'));
+        what = sprintf('%s: %s is not zero', at.phase, relationText(zero));
         tally = checkCompared(tally, 'failure', what, deviation, limit, at, lines);
     end
 end

@@ -1,9 +1,8 @@
 function report = checkKept(action, report)
 %checkKept  Holds the report of a check beyond an interrupt.
 %
-%   checkKept('begin', report)   what is done so far
-%   checkKept('end', report)     it has come to its end
-%   checkKept('stopped')         says so if it has not
+%   checkKept('keep', report)    what is done so far
+%   checkKept('stopped')         says so if it has not come to its end
 %   report = checkKept('last')   what was done
 persistent kept
 if nargin > 1
@@ -11,7 +10,7 @@ if nargin > 1
 elseif strcmp(action, 'last')
     report = kept;
 elseif ~isempty(kept) && ~kept.complete
-    checkProgress('');
+    progressLine('');
     fprintf('capeOpenCheck was stopped after %d %s; capeOpenCheck(''last'') gives what was done\n', ...
             numel(kept.checks), plural(numel(kept.checks), 'check'));
 end

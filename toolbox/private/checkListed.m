@@ -7,17 +7,16 @@ positive = {'density', 'volume', 'heatCapacityCp', 'heatCapacityCv', 'speedOfSou
 for name = reshape(s.single, 1, [])
     before = numel(tally.findings);
     asked = tally.asked;
-    matrix = any(regexpi(name{1}, '^diffusionCoefficient'));
-    vector = any(regexpi(name{1}, '^(activity|fugacity|log)'));
+    pairs = any(regexpi(name{1}, '^(diffusionCoefficient|(activity|fugacity|log).*\.Dmol)')); % one state at a time
     for at = s.states
-        some = evenly(numel(at.T), max(2, 200 * ~(matrix || (vector && any(regexpi(name{1}, '\.Dmol'))))));
+        some = evenly(numel(at.T), 200 - 198 * pairs);
         if isempty(some)
             continue
         end
-        if matrix || (vector && any(regexpi(name{1}, '\.Dmol')))
+        if pairs
             tally = oneByOne(s, tally, at, some, name{1});
         else
-            tally = together(s, tally, at, some, name{1}, any(strcmp(name{1}, positive)));
+            tally = together(s, tally, at, some, name{1}, any(strcmpi(name{1}, positive)));
         end
     end
     tally = onceForAllPhases(tally, before, asked);

@@ -24,8 +24,7 @@ for name = reshape(s.single, 1, [])
         if isempty(rows)
             continue
         end
-        which = struct('phase', at.phase, 'T', at.T(rows), 'P', at.P(rows), 'X', at.X(rows, :), 'compounds', ...
-            {s.compounds});
+        which = statesOf(s, at.phase, at.T(rows), at.P(rows), at.X(rows, :));
         lines = @(k) linesOf(s, at, rows(k), compound(k), name{1}, base, suffix, whole);
         what = sprintf('%s: %s is not that of %s by differences', at.phase, name{1}, base);
         tally = checkCompared(tally, 'failure', what, deviation, limit, which, lines);
@@ -115,8 +114,7 @@ lines = [stateLines(s, at.T(row), at.P(row), at.X(row, :))
           'X2(:, j) = X2(:, j) + h * steps.'';'
           sprintf('f = %s; f0 = %s;', ask(base, 'X2'), ask(base, 'X')); sprintf('given = %s;', ask(name, 'X'))
           'if numel(f0) == 1, given = reshape(given, 1, []); end'
-          [numbersText('d2', weights(2, :)), ' d2 = d2 * f / h;']; [numbersText('d3', weights(3, :)), ...
-              ' d3 = d3 * f / h;']
-          sprintf('deviation = abs(%s - (4 * d3 - d2) / 3)', value)
-          sprintf('limit = 3 * abs(d3 - d2) + 1e4 * eps * (abs(f0) + %s) / (h / 4)', excessScale(base))}];
+          [numbersText('d2', weights(2, :)), ' d2 = d2 * f / h;']
+          [numbersText('d3', weights(3, :)), ' d3 = d3 * f / h;']}
+         extrapolatedLines(value, ['abs(f0) + ', excessScale(base)])];
 end

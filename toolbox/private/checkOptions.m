@@ -1,15 +1,6 @@
 function options = checkOptions(options)
-%checkOptions  The options of a check as what the rest reads: text as char, names as a cell array.
+%checkOptions  The options of a sample as what the rest reads: text as char.
 options.Level = capeopen.internal.charsOf(options.Level);
-options.Report = capeopen.internal.charsOf(options.Report);
-options.Checks = capeopen.internal.charsOf(options.Checks);
-if ~iscell(options.Checks)
-    options.Checks = cellstr(options.Checks);
-end
-options.Checks = reshape(options.Checks, 1, []);
-if isequal(options.Checks, {''})
-    options.Checks = {};
-end
 if ~ischar(options.Level) || ~any(strcmpi(options.Level, {'quick', 'full'}))
     error('Verdanth:error', 'Expected ''quick'' or ''full'' as Level');
 end

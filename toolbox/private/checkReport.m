@@ -21,7 +21,7 @@ fprintf(out, '<h2>Checks</h2>\n');
 checks(out, report.checks);
 fprintf(out, '<h2>Where it was asked, and what failed</h2>\n%s\n<h2>Findings</h2>\n', checkMap(report));
 for k = 1:numel(findings)
-    described(out, findings(k), k);
+    section(out, findings(k), k);
 end
 if isempty(findings)
     fprintf(out, '<p>None.</p>\n');
@@ -106,7 +106,7 @@ text = sprintf(['<svg width="152" height="12" role="img" aria-label="%.2g">', ..
                ratio, class, width, ratio);
 end
 
-function described(out, finding, k)
+function section(out, finding, k)
 fprintf(out, ['<section class="%s" id="finding%d">\n<h3>%s: %s</h3>\n<p>Found by %s: %s</p>\n', ...
               '<pre>%s</pre>\n</section>\n'], ...
         finding.severity, k, capitalized(finding.severity), escapedHtml(finding.what), escapedHtml(finding.check), ...

@@ -12,10 +12,10 @@ tally = checkTally('');
 report.findings = tally.findings;
 s = checkSample(handle, opening, options);
 report.flashes = s.flashes;
-checkKept('begin', report);
+checkKept('keep', report);
 ending = onCleanup(@() checkKept('stopped'));
 for k = 1:size(table, 1)
-    checkProgress(sprintf('%d of %d: %s', k, size(table, 1), table{k, 1}));
+    progressLine(sprintf('%d of %d: %s', k, size(table, 1), table{k, 1}));
     since = tic();
     tally = checkTally(table{k, 1});
     try
@@ -33,11 +33,11 @@ for k = 1:size(table, 1)
                               'notes', numberOf(tally, 'note'), 'seconds', toc(since), 'bars', tally.bars);
     report.verdict = verdictOf(report.checks);
     report.seconds = toc(begun);
-    checkKept('begin', report);
+    checkKept('keep', report);
 end
 report.complete = true;
-checkProgress('');
-checkKept('end', report);
+progressLine('');
+checkKept('keep', report);
 clear('ending');
 end
 

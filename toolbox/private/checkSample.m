@@ -3,8 +3,8 @@ function s = checkSample(handle, opening, options, among)
 %
 %   The phases of flashes are the states at which values are compared: there a package has to have them. S.STATES has a
 %   struct array with an element for each phase label, S.FLASHES one with an element for each flash that was asked for.
-%   If no flash succeeds, every phase is taken everywhere, and S.STABLE is false. Compositions that are not told are of
-%   the compounds AMONG alone, numbers of them, if these are given.
+%   If no flash succeeds, every phase is taken everywhere. Compositions that are not told are of the compounds AMONG
+%   alone, numbers of them, if these are given.
 s = packageLists(handle);
 s.opening = opening;
 s.quick = strcmpi(options.Level, 'quick');
@@ -64,8 +64,8 @@ end
 s.flashes = struct('Z', {}, 'T', {}, 'P', {}, 'phases', {}, 'fractions', {}, 'X', {}, 'Tr', {}, 'Pr', {}, ...
     'problem', {});
 for k = 1:size(s.Z, 1)
-    T0 = s.Z(k, :) * ordinary(s.Tc, 400).';
-    P0 = s.Z(k, :) * ordinary(s.Pc, 4e6).';
+    T0 = s.Z(k, :) * s.T0.';
+    P0 = s.Z(k, :) * s.P0.';
     u = reshape(uniformNumbers(s.seed + 1000 * k, 2 * count), 2, count);
     TRange = T0 * [0.6, 1.4];
     PRange = [2e4, 2 * P0];
@@ -87,16 +87,12 @@ for k = 1:size(s.Z, 1)
 end
 end
 
-function values = ordinary(values, instead)
-values(~(values > 0)) = instead;
-end
-
 function s = withStates(s)
-s.stable = any(cellfun(@isempty, {s.flashes.problem}));
+solved = any(cellfun(@isempty, {s.flashes.problem}));
 for k = 1:numel(s.phases)
     [T, P, X] = deal([]);
     for flash = s.flashes
-        if ~s.stable
+        if ~solved
             [T(end + 1, 1), P(end + 1, 1), X(end + 1, :)] = deal(flash.T, flash.P, flash.Z); %#ok<AGROW>
         end
         for phase = find(strcmpi(flash.phases(:), s.phases{k})).'
@@ -106,7 +102,7 @@ for k = 1:numel(s.phases)
             end
         end
     end
-    s.states(k) = struct('phase', s.phases{k}, 'T', T, 'P', P, 'X', X, 'compounds', {s.compounds});
+    s.states(k) = statesOf(s, s.phases{k}, T, P, X);
 end
 end
 

@@ -72,7 +72,7 @@ for k = 1:2
         sizes(k) = 1;
     end
 end
-at = struct('phase', '', 'T', flash.T, 'P', flash.P, 'X', flash.Z, 'compounds', {s.compounds});
+at = flashStates(s, flash);
 head = [{s.opening; numbersText('X', flash.Z)}
         {sprintf('a = %.17g; b = %.17g;', given)
          sprintf('[c, d] = capeOpenMultiFlash(handle, X, ''%s'', a, ''%s'', b, ''Unspecified'', {''%s'', ''%s''})', ...
@@ -82,7 +82,7 @@ tally = checkCompared(tally, 'failure', sprintf('A flash by %s and %s does not m
 end
 
 function tally = again(s, tally, flash, other)
-at = struct('phase', '', 'T', flash.T, 'P', flash.P, 'X', flash.Z, 'compounds', {s.compounds});
+at = flashStates(s, flash);
 ask = @(Z, varargin) resultOf(s, Z, varargin{:});
 one = {'Temperature', flash.T, 'Pressure', flash.P};
 a = ask(flash.Z, one{:});

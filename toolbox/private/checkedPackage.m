@@ -1,22 +1,19 @@
 function [handle, opening, owner] = checkedPackage(given)
 %checkedPackage  The handle of a package to check, the line that opens it, and what closes it behind the check.
 owner = [];
-if isempty(given) || numel(given) > 2
-    stray = '';
-    if ~isempty(given)
-        stray = described(given{3});
-    end
-    error('Verdanth:error', 'Expected an option and its value, not %s', [stray, 'no package']);
+if isempty(given)
+    error('Verdanth:error', 'Expected a package: its manager and its name, or a handle');
 end
-if ischar(given{1}) || isa(given{1}, 'string')
+named = ischar(given{1}) || isa(given{1}, 'string');
+if numel(given) > 1 + named
+    error('Verdanth:error', 'Expected an option and its value, not %s', described(given{2 + named}));
+end
+if named
     names = cellfun(@(name) capeopen.internal.charsOf(name), given, 'UniformOutput', false);
     owner = capeopen.Package(names{:});
     handle = owner.Handle;
     opening = openingLine(names);
     return
-end
-if numel(given) > 1
-    error('Verdanth:error', 'Expected an option and its value, not %s', described(given{2}));
 end
 handle = given{1};
 if isa(handle, 'capeopen.Package')

@@ -4,6 +4,7 @@ function series = compareAsked(s, series, index, phases, own)
 %   INDEX has the number that each compound of the series has in the package, PHASES the phases of the series and OWN
 %   the package's labels of these, '' for none.
 lists = struct('constant', {s.constants}, 'TDependent', {s.T}, 'PDependent', {s.P}, 'phase', {s.single});
+ending = onCleanup(@() progressLine('')); %#ok<NASGU>
 flashes = [];
 for k = 1:numel(series)
     this = series(k);
@@ -15,29 +16,16 @@ for k = 1:numel(series)
     elseif ~any(strcmpi(this.property, lists.(this.kind)))
         values = [];
     elseif strcmp(this.kind, 'phase')
-        checkProgress(this.property);
+        progressLine(this.property);
         values = ofPhase(s, this, index, own{strcmp(phases, this.phase)});
     elseif strcmp(this.kind, 'constant')
-        values = ofCompounds(s, this.property, index);
+        values = constantValues(s.handle, this.property, s.n);
+        values = values(index);
     else
         values = ofPure(s, this, index);
     end
     series(k).values = values;
 end
-checkProgress('');
-end
-
-function values = ofCompounds(s, name, index)
-values = NaN(1, s.n);
-try
-    given = capeOpenConstant(s.handle, name);
-    if numel(given) == s.n
-        values = reshape(given, 1, []);
-    end
-catch
-    % listed, but not there
-end
-values = values(index);
 end
 
 function values = ofPure(s, series, index)
@@ -84,7 +72,7 @@ if isfield(s, 'flashes')
     flashes = s.flashes;
     return
 end
-checkProgress('flashes');
+progressLine('flashes');
 for k = numel(series.T):-1:1
     Z = zeros(1, s.n);
     Z(index) = series.X(k, :);

@@ -31,8 +31,7 @@ end
 
 function series = seriesOf(s, among)
 series = struct('kind', {}, 'property', {}, 'phase', {}, 'T', {}, 'P', {}, 'X', {}, 'values', {});
-T0 = s.Tc(among);
-T0(~(T0 > 0)) = 400;
+T0 = s.T0(among);
 for name = reshape(s.constants, 1, [])
     if ~strcmpi(name{1}, 'casRegistryNumber')
         series(end + 1) = one('constant', name{1}, '', [], [], []); %#ok<AGROW>

@@ -15,9 +15,7 @@ for k = 1:numel(names)
         error('Verdanth:error', 'The values were saved of another sample: %s was another', names{k});
     end
 end
-options.Checks = {};
-options.Report = '';
-options = rmfield(checkOptions(options), {'Checks', 'Report'});
+options = checkOptions(options);
 if ~isnumeric(options.Tolerance) || ~isscalar(options.Tolerance) || ~(options.Tolerance >= 0)
     error('Verdanth:error', 'Expected a number that is not negative as Tolerance');
 end

@@ -1,7 +1,8 @@
 function s = packageLists(handle)
 %packageLists  What a package lists, and the constants from which a sample of states begins.
 %
-%   A list that fails is empty, and a constant that fails NaN.
+%   A list that fails is empty, and a constant that fails NaN. T0 and P0 are critical ones, or ordinary ones where a
+%   compound has none.
 s = struct('handle', handle);
 s.compounds = capeOpenCompoundList(handle);
 s.n = numel(s.compounds);
@@ -18,9 +19,21 @@ s.T = listOf(@() capeOpenTDependentPropList(handle));
 s.P = listOf(@() capeOpenPDependentPropList(handle));
 s.constants = listOf(@() capeOpenConstantPropList(handle));
 s.flashProps = listOf(@() capeOpenFlashPropList(handle));
-s.molar = constantOr(handle, 'molecularWeight', NaN(1, s.n)) / 1000;
-s.Tc = constantOr(handle, 'criticalTemperature', NaN(1, s.n));
-s.Pc = constantOr(handle, 'criticalPressure', NaN(1, s.n));
+s.molar = numbersOf(handle, 'molecularWeight', s.n) / 1000;
+s.Tc = numbersOf(handle, 'criticalTemperature', s.n);
+s.T0 = ordinary(s.Tc, 400);
+s.P0 = ordinary(numbersOf(handle, 'criticalPressure', s.n), 4e6);
+end
+
+function values = numbersOf(handle, name, count)
+values = constantValues(handle, name, count);
+if ~isnumeric(values)
+    values = NaN(1, count);
+end
+end
+
+function values = ordinary(values, instead)
+values(~(values > 0)) = instead;
 end
 
 function names = listOf(ask)
@@ -28,16 +41,5 @@ try
     names = ask();
 catch
     names = cell(0, 1); % the checks of lists tell it
-end
-end
-
-function values = constantOr(handle, name, values)
-try
-    given = capeOpenConstant(handle, name);
-    if isnumeric(given) && numel(given) == numel(values)
-        values = reshape(given, 1, []);
-    end
-catch
-    % the checks of lists tell it
 end
 end

@@ -4,7 +4,7 @@ text = sprintf('%.6g K, %.6g Pa', at.T(min(row, end)), at.P(min(row, end)));
 if ~isempty(at.phase)
     text = sprintf('%s, %s', at.phase, text);
 end
-if isfield(at, 'compounds') && ~isempty(at.X)
+if ~isempty(at.X)
     X = at.X(min(row, end), :);
     [~, order] = sort(-X);
     order = order(X(order) > 0);

@@ -88,6 +88,11 @@ class Build(unittest.TestCase):
                 self.assertEqual(done.returncode, code, done.stdout)
                 self.assertIn(verdict, done.stdout)
                 self.assertIn(verdict, (pathlib.Path(folder) / "natural-gas.html").read_text(encoding="utf-8"))
+            command = line.replace("octave-cli", OCTAVE + " --norc --no-history").replace("pkg load verdanth;", setup)
+            done = subprocess.run(command.replace("'Natural gas'", "'No such gas'"), shell=True, cwd=folder, check=False, text=True,
+                                  stderr=subprocess.PIPE)
+            self.assertEqual(done.returncode, 1)
+            self.assertIn("No such gas", done.stderr)
 
 
 if __name__ == "__main__":
