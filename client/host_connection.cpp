@@ -23,36 +23,54 @@ HostConnection::HostConnection(std::unique_ptr<HostProcess> started)
 HostConnection::Outcome HostConnection::greet(double seconds, const Caller &caller)
 {
     const Deadline last(seconds);
-    const Outcome outcome = waitForBytes(seconds, caller);
+    const Outcome outcome = await(seconds, caller);
     if (outcome != Outcome::Done)
         return outcome;
-    patience = last;
-    const bool greeted = reader.greeting();
-    patience = Deadline(0);
-    if (greeted)
+    beginToWait(last.left(), caller);
+    if (reader.greeting())
         return Outcome::Done;
-    if (last.isOver())
-        return Outcome::Late;
+    if (given != Outcome::Done)
+        return given;
     process->close();
     if (!endsWithin(secondsOfGrace))
         endFor(reader.reason());
     return ended();
 }
 
-HostConnection::Outcome HostConnection::send(int outputs, const std::vector<wire::Value> &arguments)
+HostConnection::Outcome HostConnection::send(int outputs, const std::vector<wire::Value> &arguments, double seconds,
+                                             const Caller &caller)
 {
+    beginToWait(seconds, caller);
     if (writer.call(outputs, arguments))
         return Outcome::Done;
+    if (given != Outcome::Done)
+        return given;
     hearLastWords();
     return ended();
 }
 
+HostConnection::Outcome HostConnection::await(double seconds, const Caller &caller)
+{
+    beginToWait(seconds, caller);
+    while (!reader.hasMore() && !process->readable(tickMilliseconds)) {
+        if (!waitsOn())
+            return given == Outcome::BrokenOff ? Outcome::Interrupted : given;
+        if (!process->runs() && !process->readable(0))
+            return ended();
+    }
+    return Outcome::Done;
+}
+
 HostConnection::Outcome HostConnection::receive(double seconds, const Caller &caller)
 {
-    const Outcome outcome = reader.hasMore() ? Outcome::Done : waitForBytes(seconds, caller);
+    const Deadline last(seconds);
+    const Outcome outcome = await(seconds, caller);
     if (outcome != Outcome::Done)
         return outcome;
+    beginToWait(last.left(), caller);
     const wire::MessageReader::Arrival arrival = reader.next();
+    if (given != Outcome::Done)
+        return given;
     if (arrival == wire::MessageReader::Arrival::Broken && why.empty())
         endFor(reader.reason());
     if (arrival != wire::MessageReader::Arrival::Message)
@@ -61,6 +79,22 @@ HostConnection::Outcome HostConnection::receive(double seconds, const Caller &ca
         return Outcome::Done;
     noteLastWords();
     return ended();
+}
+
+void HostConnection::beginToWait(double seconds, const Caller &caller)
+{
+    patience = Deadline(seconds);
+    whoWaits = caller;
+    given = Outcome::Done;
+}
+
+bool HostConnection::waitsOn()
+{
+    if (whoWaits.interrupted())
+        given = Outcome::BrokenOff;
+    else if (patience.isOver())
+        given = Outcome::Late;
+    return given == Outcome::Done;
 }
 
 void HostConnection::noteLastWords()
@@ -84,34 +118,24 @@ bool HostConnection::isAlive()
 {
     if (process->runs())
         return true;
+    beginToWait(secondsOfGrace, {[] { return false; }, nullptr});
     hearLastWords();
     ended();
     return false;
 }
 
-HostConnection::Outcome HostConnection::waitForBytes(double seconds, const Caller &caller)
-{
-    const Deadline last(seconds);
-    while (!process->readable(tickMilliseconds)) {
-        if (caller.interrupted())
-            return Outcome::Interrupted;
-        if (last.isOver())
-            return Outcome::Late;
-        if (!process->runs() && !process->readable(0))
-            return ended();
-    }
-    return Outcome::Done;
-}
-
 std::size_t HostConnection::read(void *bytes, std::size_t capacity)
 {
     while (!process->readable(tickMilliseconds))
-        if (patience.isOver() || (!process->runs() && !process->readable(0)))
+        if (!waitsOn() || (!process->runs() && !process->readable(0)))
             return 0;
     return process->read(bytes, capacity);
 }
 
-bool HostConnection::write(const void *bytes, std::size_t count) { return process->write(bytes, count); }
+bool HostConnection::write(const void *bytes, std::size_t count)
+{
+    return process->write(bytes, count, [this] { return waitsOn(); });
+}
 
 bool HostConnection::endsWithin(double seconds)
 {
@@ -155,6 +179,7 @@ std::unique_ptr<HostConnection> ReadyHost(std::unique_ptr<HostProcess> started, 
     case HostConnection::Outcome::Done:
         return host;
     case HostConnection::Outcome::Interrupted:
+    case HostConnection::Outcome::BrokenOff:
         error.clear();
         break;
     case HostConnection::Outcome::Late:

@@ -22,6 +22,7 @@ public:
     enum class Outcome {
         Done,
         Interrupted, // by the user; what was waited for may still come
+        BrokenOff,   // by the user in the middle of a message, so that no other can follow
         Late,        // it took longer than it may
         Ended,       // the process has; reason() tells why
     };
@@ -29,9 +30,12 @@ public:
     // Waits until it is ready.
     Outcome greet(double seconds, const Caller &caller);
 
-    Outcome send(int outputs, const std::vector<wire::Value> &arguments);
+    // This and what follows take at most so many seconds; 0 is as long as it takes.
+    Outcome send(int outputs, const std::vector<wire::Value> &arguments, double seconds, const Caller &caller);
 
-    // Waits for the next message, at most so long; 0 is as long as it takes.
+    Outcome await(double seconds, const Caller &caller); // the beginning of a message: when Late it may still come
+
+    // Waits for the next message. Late may be in the middle of it, so that no other can follow.
     Outcome receive(double seconds, const Caller &caller);
     wire::Kind kind() const { return reader.kind(); }
     wire::Payload payload() const { return reader.payload(); }
@@ -48,7 +52,8 @@ public:
 private:
     std::size_t read(void *bytes, std::size_t capacity) override;
     bool write(const void *bytes, std::size_t count) override;
-    Outcome waitForBytes(double seconds, const Caller &caller);
+    void beginToWait(double seconds, const Caller &caller);
+    bool waitsOn();
     bool endsWithin(double seconds);
     void endFor(const std::string &reasonOfOurs);
     void noteLastWords();
@@ -56,7 +61,11 @@ private:
     Outcome ended();
 
     std::unique_ptr<HostProcess> process;
-    Deadline patience{0}; // with the rest of what has begun to arrive
+    // With what has been begun, and what came of it.
+    Deadline patience{0};
+    Caller whoWaits{};
+    Outcome given = Outcome::Done;
+
     std::string why;
     wire::MessageReader reader;
     wire::MessageWriter writer;

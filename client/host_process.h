@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 
 class HostProcess {
@@ -15,7 +16,8 @@ public:
     virtual bool readable(int milliseconds) = 0;
     virtual std::size_t read(void *bytes, std::size_t capacity) = 0; // what there is; 0 at the end
 
-    virtual bool write(const void *bytes, std::size_t count) = 0; // all of them, or false: nobody reads any more
+    // All of them, or false: nobody reads any more, or `waitsOn`, asked at times while they are not taken, does not.
+    virtual bool write(const void *bytes, std::size_t count, const std::function<bool()> &waitsOn) = 0;
 
     virtual bool runs() = 0;                    // does not wait
     virtual void kill() = 0;                    // and waits until it is gone

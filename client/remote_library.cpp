@@ -91,9 +91,9 @@ bool RemoteLibrary::call(int outputs, const std::vector<wire::Value> &arguments)
         warned.push_back(std::move(startWarning));
     startWarning.clear();
     const int code = codeOf(arguments);
-    if (!finish(host->send(outputs, arguments), code))
-        return false;
     const Deadline limit(wishes.callLimit);
+    if (!finish(host->send(outputs, arguments, limit.left(), caller), code))
+        return false;
     do
         if (!finish(host->receive(limit.left(), caller), code))
             return false;
@@ -116,6 +116,8 @@ bool RemoteLibrary::finish(Outcome outcome, int code)
     case Outcome::Interrupted:
         stoppedCode = code;
         return stop();
+    case Outcome::BrokenOff:
+        return endStopped();
     case Outcome::Late: {
         const std::string limit = InSeconds(wishes.callLimit);
         host->end(Way::AtOnce);
@@ -133,6 +135,13 @@ bool RemoteLibrary::lose(const std::string &reason, const std::string &text)
     host.reset();
     stoppedCode.reset();
     return failed(text);
+}
+
+bool RemoteLibrary::endStopped()
+{
+    host->end(Way::AtOnce);
+    lose("it was ended by Ctrl-C", "");
+    return stop();
 }
 
 // What came last: a warning, results, or an error. False when it can not be read.
@@ -173,17 +182,16 @@ bool RemoteLibrary::finishStopped()
     const int code = *stoppedCode;
     for (;;) {
         const bool mayTell = !told && (limit.left() == 0 || limit.left() > secondsOfSilence);
-        Outcome outcome = host->receive(mayTell ? secondsOfSilence : limit.left(), caller);
+        Outcome outcome = host->await(mayTell ? secondsOfSilence : limit.left(), caller);
         if (outcome == Outcome::Late && mayTell) {
             caller.tell("Verdanth: waiting for the call that was stopped; Ctrl-C ends its process");
             told = true;
             continue;
         }
-        if (outcome == Outcome::Interrupted) {
-            host->end(Way::AtOnce);
-            lose("it was ended by Ctrl-C", "");
-            return stop();
-        }
+        if (outcome == Outcome::Done)
+            outcome = host->receive(limit.left(), caller);
+        if (outcome == Outcome::Interrupted)
+            return endStopped();
         if (!finish(outcome, code) || !take(code))
             return false;
         if (host->kind() != wire::Kind::Warning)

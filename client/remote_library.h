@@ -45,6 +45,7 @@ private:
     bool keepWhatRuns(const Wishes &wanted);
     bool finishStopped();
     bool finish(HostConnection::Outcome outcome, int code);
+    bool endStopped();
     bool lose(const std::string &reason, const std::string &text);
     bool take(int code);
 

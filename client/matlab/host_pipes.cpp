@@ -10,6 +10,7 @@ namespace {
 constexpr DWORD pipeSize = 1 << 20;
 constexpr std::size_t largestPart = std::size_t{1} << 30; // of what one call of the system moves
 constexpr DWORD patienceMilliseconds = 10000;             // with a process that is ended by force
+constexpr DWORD tickMilliseconds = 50;                    // so often it is asked whether anybody waits on
 constexpr UINT endedByForce = 1;
 
 void closeHandle(HANDLE &handle)
@@ -180,16 +181,20 @@ std::size_t HostPipes::read(void *bytes, std::size_t capacity)
     return count;
 }
 
-bool HostPipes::write(const void *bytes, std::size_t count)
+bool HostPipes::write(const void *bytes, std::size_t count, const std::function<bool()> &waitsOn)
 {
     const auto *next = static_cast<const char *>(bytes);
     while (count > 0) {
         const auto part = static_cast<DWORD>(std::min(count, largestPart));
-        const HANDLE either[] = {writing.hEvent, process};
         if (!WriteFile(input, next, part, nullptr, &writing)) {
             if (GetLastError() != ERROR_IO_PENDING)
                 return false;
-            if (WaitForMultipleObjects(2, either, FALSE, INFINITE) != WAIT_OBJECT_0)
+            const HANDLE either[] = {writing.hEvent, process};
+            DWORD came = WAIT_TIMEOUT;
+            do
+                came = WaitForMultipleObjects(2, either, FALSE, tickMilliseconds);
+            while (came == WAIT_TIMEOUT && waitsOn());
+            if (came != WAIT_OBJECT_0)
                 CancelIoEx(input, &writing);
         }
         DWORD written = 0;

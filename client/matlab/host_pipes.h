@@ -19,7 +19,7 @@ public:
     void close() override;
     bool readable(int milliseconds) override;
     std::size_t read(void *bytes, std::size_t capacity) override;
-    bool write(const void *bytes, std::size_t count) override;
+    bool write(const void *bytes, std::size_t count, const std::function<bool()> &waitsOn) override;
     bool runs() override;
     void kill() override;
     std::string howItEnded() const override;

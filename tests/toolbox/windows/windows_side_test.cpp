@@ -63,6 +63,21 @@ protected:
         EXPECT_EQ(results.size(), 1u);
         return results.empty() ? -1 : *static_cast<const std::int32_t *>(results[0].real);
     }
+    // More than a pipe holds.
+    bool callWithMuch(double code)
+    {
+        static constexpr std::size_t row[] = {1, 1 << 19};
+        static const std::vector<double> numbers(row[1]);
+        wire::Value much = value(wire::Class::Double, numbers.data());
+        much.dimensions = row;
+        return side.call(1, {value(wire::Class::Double, &code), much});
+    }
+    void waitFor(const char *mark) const
+    {
+        for (int k = 0; k < 500 && !fs::exists(file(mark)); ++k)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        EXPECT_TRUE(fs::exists(file(mark)));
+    }
     bool endedByItself() { return fs::exists(file("script.ended")); }
 
     static wire::Value value(wire::Class type, const void *element)
@@ -136,8 +151,7 @@ TEST_F(LibraryUnderWine, HearsTheLastWordsOfWhatEndedUnasked)
 {
     play({"start", "handle 11", "unasked last_words access violation in Vendor.dll"});
     ASSERT_TRUE(call(create));
-    for (int k = 0; k < 500 && !fs::exists(file("script.gone")); ++k)
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    waitFor("script.gone");
     std::this_thread::sleep_for(std::chrono::milliseconds(200)); // from the mark to the end
     play({"start", "error Invalid property package handle"});
     EXPECT_EQ(refusal(compounds, 11), "Invalid property package handle: its package was lost with its process (access "
@@ -192,6 +206,75 @@ TEST_F(LibraryUnderWine, EndsWhatIsTooSlow)
                               "calculating capeOpenFlash");
     play({"start", "slow 0.1"});
     EXPECT_TRUE(call(flash)) << side.error();
+}
+
+TEST_F(LibraryUnderWine, EndsWhatStopsInTheMiddleOfAnAnswer)
+{
+    play({"start", "handle 11", "begins", "slow 100"});
+    ASSERT_TRUE(call(create)) << side.error();
+    set("VERDANTH_TIME_LIMIT", "0.3");
+    EXPECT_EQ(refusal(flash, 11), "The property package did not answer within 0.3 s, and its process was ended, while "
+                                  "calculating capeOpenFlash");
+    play({"start", "error Invalid property package handle"});
+    EXPECT_EQ(refusal(name, 11), "Invalid property package handle: its package was lost with its process (it did not "
+                                 "answer within 0.3 s)");
+}
+
+TEST_F(LibraryUnderWine, EndsWhatDoesNotRead)
+{
+    play({"start", "unasked sleep 100"});
+    set("VERDANTH_TIME_LIMIT", "0.3");
+    EXPECT_FALSE(callWithMuch(flash));
+    EXPECT_EQ(side.error(), "The property package did not answer within 0.3 s, and its process was ended, while "
+                            "calculating capeOpenFlash");
+    play({"start", "handle 12"});
+    ASSERT_TRUE(callWithMuch(create)) << side.error();
+    EXPECT_EQ(result(), 12);
+}
+
+TEST_F(LibraryUnderWine, EndsWhenTheUserWishesSoInTheMiddleOfAMessage)
+{
+    play({"start", "handle 11", "unasked begins", "slow 100"});
+    ASSERT_TRUE(call(create)) << side.error();
+    waitFor("script.begun");
+    wishesToStop = true;
+    EXPECT_FALSE(call(flash, 11));
+    EXPECT_TRUE(side.stopped());
+    wishesToStop = false;
+    play({"start", "error Invalid property package handle", "unasked sleep 100"});
+    EXPECT_EQ(refusal(name, 11),
+              "Invalid property package handle: its package was lost with its process (it was ended by Ctrl-C)");
+    wishesToStop = true;
+    EXPECT_FALSE(callWithMuch(flash));
+    EXPECT_TRUE(side.stopped());
+    wishesToStop = false;
+    play({"start", "handle 12"});
+    ASSERT_TRUE(call(create)) << side.error();
+    EXPECT_EQ(result(), 12);
+}
+
+TEST_F(LibraryUnderWine, IsNotWaitedForInTheMiddleOfItsGreeting)
+{
+    static std::string mark;
+    mark = file("script.begun");
+    play({"greets_in_part 100"});
+    WindowsSide("/nowhere", {[] { return fs::exists(mark); }, octave.tell});
+    EXPECT_FALSE(side.start());
+    EXPECT_TRUE(side.stopped());
+    fs::remove(mark);
+    play({"start", "handle 12"});
+    EXPECT_TRUE(call(create)) << side.error();
+}
+
+TEST_F(LibraryUnderWine, MayTakeItsTimeWithTheAnswerToACallThatWasStopped)
+{
+    play({"start", "parts 11", "handle 12"});
+    ASSERT_TRUE(side.start()) << side.error();
+    wishesToStop = true;
+    EXPECT_FALSE(call(create));
+    wishesToStop = false;
+    ASSERT_TRUE(call(create)) << side.error();
+    EXPECT_EQ(result(), 12);
 }
 
 TEST_F(LibraryUnderWine, BelievesNothingThatCanNotBe)

@@ -16,7 +16,7 @@ public:
     void close() override;
     bool readable(int milliseconds) override;
     std::size_t read(void *bytes, std::size_t capacity) override;
-    bool write(const void *bytes, std::size_t count) override;
+    bool write(const void *bytes, std::size_t count, const std::function<bool()> &waitsOn) override;
     bool runs() override { return process.runs(); }
     void kill() override { process.kill(); }
     std::string howItEnded() const override { return process.howItEnded(); }
