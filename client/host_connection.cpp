@@ -2,6 +2,7 @@
 #include "client/seconds.h"
 
 #include <chrono>
+#include <new>
 #include <thread>
 #include <utility>
 
@@ -12,6 +13,8 @@ namespace {
 constexpr int tickMilliseconds = 50;
 constexpr double exitSeconds = 10;
 constexpr double secondsOfGrace = 1; // for what has said something odd, to end by itself
+
+bool endsACall(wire::Kind kind) { return kind == wire::Kind::Result || kind == wire::Kind::Error; }
 
 } // namespace
 
@@ -41,6 +44,7 @@ HostConnection::Outcome HostConnection::send(int outputs, const std::vector<wire
                                              const Caller &caller)
 {
     beginToWait(seconds, caller);
+    idle = false;
     if (writer.call(outputs, arguments))
         return Outcome::Done;
     if (given != Outcome::Done)
@@ -73,6 +77,9 @@ HostConnection::Outcome HostConnection::receive(double seconds, const Caller &ca
         return given;
     if (arrival == wire::MessageReader::Arrival::Broken && why.empty())
         endFor(reader.reason());
+    idle = endsACall(reader.kind());
+    if (arrival == wire::MessageReader::Arrival::NoRoom)
+        throw std::bad_alloc();
     if (arrival != wire::MessageReader::Arrival::Message)
         return ended();
     if (reader.kind() != wire::Kind::LastWords)

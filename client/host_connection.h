@@ -35,8 +35,10 @@ public:
 
     Outcome await(double seconds, const Caller &caller); // the beginning of a message: when Late it may still come
 
-    // Waits for the next message. Late may be in the middle of it, so that no other can follow.
+    // Waits for the next message. Late may be in the middle of it, so that no other can follow. Without memory for it
+    // std::bad_alloc is raised.
     Outcome receive(double seconds, const Caller &caller);
+    bool isIdle() const { return idle; } // whether the last call was answered whole
     wire::Kind kind() const { return reader.kind(); }
     wire::Payload payload() const { return reader.payload(); }
     void forget() { reader.forget(); }
@@ -66,6 +68,7 @@ private:
     Caller whoWaits{};
     Outcome given = Outcome::Done;
 
+    bool idle = true;
     std::string why;
     wire::MessageReader reader;
     wire::MessageWriter writer;

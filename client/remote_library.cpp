@@ -4,6 +4,7 @@
 #include "client/seconds.h"
 
 #include <cmath>
+#include <new>
 #include <string_view>
 
 namespace {
@@ -12,6 +13,7 @@ using Outcome = HostConnection::Outcome;
 using Way = HostConnection::Way;
 
 constexpr std::string_view refusedHandle = "Invalid property package handle";
+constexpr char outOfMemory[] = "Out of memory.";
 constexpr double secondsOfSilence = 1; // until the user is told what is waited for
 
 int codeOf(const std::vector<wire::Value> &arguments)
@@ -82,6 +84,34 @@ bool RemoteLibrary::start()
 }
 
 bool RemoteLibrary::call(int outputs, const std::vector<wire::Value> &arguments)
+{
+    try {
+        return ask(outputs, arguments);
+    } catch (const std::bad_alloc &) {
+        return failedForMemory(codeOf(arguments));
+    }
+}
+
+// A host goes on unless its answer was left in the middle.
+bool RemoteLibrary::failedForMemory(int code)
+{
+    values.clear();
+    words = outOfMemory; // needs none
+    if (!host || host->isIdle())
+        return false;
+    host->end(Way::AtOnce);
+    host.reset();
+    stoppedCode.reset();
+    try {
+        return lose("memory ran out", "Out of memory in the middle of an answer, and the process of the packages was "
+                                      "ended, " +
+                                          WhereIn(code));
+    } catch (const std::bad_alloc &) {
+        return false;
+    }
+}
+
+bool RemoteLibrary::ask(int outputs, const std::vector<wire::Value> &arguments)
 {
     release();
     warned.clear();

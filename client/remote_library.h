@@ -40,7 +40,9 @@ protected:
                                                       std::string &error) = 0;
 
 private:
+    bool ask(int outputs, const std::vector<wire::Value> &arguments);
     bool failed(const std::string &text);
+    bool failedForMemory(int code);
     bool stop();
     bool keepWhatRuns(const Wishes &wanted);
     bool finishStopped();

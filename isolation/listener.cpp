@@ -90,7 +90,7 @@ void Listener::listen()
         }
         arrival = reader.next();
     }
-    if (arrival == Arrival::Broken)
+    if (arrival != Arrival::End)
         wrong = reader.reason();
     post(End);
 }

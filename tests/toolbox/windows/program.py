@@ -56,6 +56,11 @@ def act(word, argument):
         send_text(WARNING, "a warning")
         send_text(WARNING, "and another: é")
         send_text(ERROR, argument)
+    elif word == "warned_handle":
+        send_text(WARNING, "a warning that is longer than the text that a string has room for in itself")
+        send_handle(int(argument))
+    elif word == "much":
+        send(RESULT, struct.pack("<II BBHI QQ", 1, 0, 6, 0, 0, 2, 1, int(argument)) + bytes(8 * int(argument)))
     elif word == "last_words":
         send_text(LAST_WORDS, argument)
         script().with_suffix(".gone").touch()

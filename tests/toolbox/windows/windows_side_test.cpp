@@ -1,5 +1,6 @@
 // The library's side under Wine, with a script in the place of Wine and of the program that it runs.
 #include "tests/toolbox/windows/workplace.h"
+#include "tests/unit/support/allocation_watch.h"
 #include "toolbox/octave/windows/windows_side.h"
 
 #include <sys/wait.h>
@@ -7,7 +8,9 @@
 
 #include <chrono>
 #include <filesystem>
+#include <set>
 #include <thread>
+#include <tuple>
 
 namespace fs = std::filesystem;
 
@@ -275,6 +278,43 @@ TEST_F(LibraryUnderWine, MayTakeItsTimeWithTheAnswerToACallThatWasStopped)
     wishesToStop = false;
     ASSERT_TRUE(call(create)) << side.error();
     EXPECT_EQ(result(), 12);
+}
+
+// Wherever memory runs out in a call: it says so, and the next one is answered.
+TEST_F(LibraryUnderWine, GoesOnWhenMemoryRanOut)
+{
+    constexpr char kept[] = "Out of memory.";
+    constexpr char ended[] = "Out of memory in the middle of an answer, and the process of the packages was ended, in "
+                             "capeOpenCreate";
+    using Errors = std::set<std::string>;
+    for (const auto &[answer, elements, warnings, expected] :
+         {std::tuple("warned_handle 12\n", 1u, 1u, Errors{kept, ended}),
+          std::tuple("much 400000\n", 400000u, 0u, Errors{kept})}) {
+        std::string lines = "start\n";
+        for (int k = 0; k < 300; ++k)
+            lines += answer;
+        play({lines.c_str()});
+        side.unload();
+        const double code = create;
+        const std::vector<wire::Value> arguments = {value(wire::Class::Double, &code)};
+        Errors errors;
+        bool happened = true;
+        for (std::size_t place = 1; happened; ++place) {
+            ASSERT_TRUE(side.call(1, arguments)) << side.error() << place;
+            ASSERT_EQ(side.warnings().size(), warnings);
+            ASSERT_EQ(side.results().size(), 1u);
+            ASSERT_EQ(ElementCount(side.results()[0]), elements);
+            bool worked = false;
+            {
+                const FailingAllocation failing(place);
+                worked = side.call(1, arguments);
+                happened = FailingAllocation::happened();
+            }
+            if (!worked)
+                errors.insert(side.error());
+        }
+        EXPECT_EQ(errors, expected) << answer;
+    }
 }
 
 TEST_F(LibraryUnderWine, BelievesNothingThatCanNotBe)
