@@ -12,6 +12,7 @@ namespace {
 // with it may hold the pipes open.
 constexpr int tickMilliseconds = 50;
 constexpr double exitSeconds = 10;
+constexpr std::chrono::milliseconds trust(1); // after an answer
 constexpr double secondsOfGrace = 1; // for what has said something odd, to end by itself
 
 bool endsACall(wire::Kind kind) { return kind == wire::Kind::Result || kind == wire::Kind::Error; }
@@ -77,6 +78,7 @@ HostConnection::Outcome HostConnection::receive(double seconds, const Caller &ca
         return given;
     if (arrival == wire::MessageReader::Arrival::Broken && why.empty())
         endFor(reader.reason());
+    heard = std::chrono::steady_clock::now();
     idle = endsACall(reader.kind());
     if (arrival == wire::MessageReader::Arrival::NoRoom)
         throw std::bad_alloc();
@@ -123,7 +125,8 @@ void HostConnection::hearLastWords()
 
 bool HostConnection::isAlive()
 {
-    if (process->runs())
+    // Call upon call goes without the question: what ends in between is told of by the next one.
+    if (std::chrono::steady_clock::now() - heard < trust || process->runs())
         return true;
     beginToWait(secondsOfGrace, {[] { return false; }, nullptr});
     hearLastWords();
@@ -133,10 +136,7 @@ bool HostConnection::isAlive()
 
 std::size_t HostConnection::read(void *bytes, std::size_t capacity)
 {
-    while (!process->readable(tickMilliseconds))
-        if (!waitsOn() || (!process->runs() && !process->readable(0)))
-            return 0;
-    return process->read(bytes, capacity);
+    return process->read(bytes, capacity, [this] { return waitsOn(); });
 }
 
 bool HostConnection::write(const void *bytes, std::size_t count)

@@ -8,6 +8,7 @@
 #include "wire/message_reader.h"
 #include "wire/message_writer.h"
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <vector>
@@ -69,6 +70,7 @@ private:
     Outcome given = Outcome::Done;
 
     bool idle = true;
+    std::chrono::steady_clock::time_point heard{}; // when it answered last
     std::string why;
     wire::MessageReader reader;
     wire::MessageWriter writer;
