@@ -81,7 +81,8 @@ void Listener::listen()
     Arrival arrival = reader.next();
     while (arrival == Arrival::Message) {
         post(Message);
-        changesSoonFrom(Message); // most calls are short: nothing else is to be done until the answer is on its way
+        if (!reader.hasMore())
+            changesSoonFrom(Message); // most calls are short: until the answer is on its way there is nothing to hear
         if (!reader.waitForMore()) {
             post(End);
             return;

@@ -206,7 +206,8 @@ bool HostPipes::write(const void *bytes, std::size_t count, const WaitsOn &waits
 {
     const auto *next = static_cast<const char *>(bytes);
     while (count > 0) {
-        const auto part = static_cast<DWORD>(std::min(count, largestPart));
+        // What the pipe holds: while the other side reads one part, the next is written.
+        const auto part = static_cast<DWORD>(std::min<std::size_t>(count, pipeSize));
         if (!WriteFile(input, next, part, nullptr, &writing)) {
             if (GetLastError() != ERROR_IO_PENDING)
                 return false;

@@ -26,8 +26,10 @@ protected:
 
     void put(const char *file, const fs::path &folder, const char *name = nullptr) const
     {
+        const fs::path target = root / folder / (name ? name : file);
         fs::create_directories(root / folder);
-        fs::copy(built / file, root / folder / (name ? name : file), fs::copy_options::overwrite_existing);
+        fs::remove(target);
+        fs::copy(built / file, target);
     }
 
     // Loaded from a folder, until the end of the object.
