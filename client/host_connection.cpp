@@ -13,7 +13,7 @@ namespace {
 constexpr int tickMilliseconds = 50;
 constexpr double exitSeconds = 10;
 constexpr std::chrono::milliseconds trust(1); // after an answer
-constexpr double secondsOfGrace = 1; // for what has said something odd, to end by itself
+constexpr double secondsOfGrace = 1;          // for what has said something odd, to end by itself
 
 bool endsACall(wire::Kind kind) { return kind == wire::Kind::Result || kind == wire::Kind::Error; }
 

@@ -70,7 +70,8 @@ MessageReader::Arrival MessageReader::skip(std::uint64_t count)
     const std::uint64_t length = std::exchange(header.length, 0);
     while (count > 0) {
         if (!waitForMore())
-            return broken("the stream ended at byte " + std::to_string(sizeof header + length - count) + " of a message");
+            return broken("the stream ended at byte " + std::to_string(sizeof header + length - count) +
+                          " of a message");
         const std::size_t part = std::min<std::uint64_t>(count, aheadEnd - aheadBegin);
         aheadBegin += part;
         count -= part;

@@ -43,7 +43,8 @@ protected:
     const std::vector<Array> moreThanAPipeHolds = {Scalar(26), Column(std::vector<double>(1 << 20, 1))};
 };
 
-constexpr char late[] = "The property package did not answer within 0.3 s, and its process was ended, in capeOpenVersion";
+constexpr char late[] =
+    "The property package did not answer within 0.3 s, and its process was ended, in capeOpenVersion";
 
 } // namespace
 

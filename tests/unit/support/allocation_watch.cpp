@@ -42,8 +42,8 @@ FailingAllocation::~FailingAllocation() { leftUntilFailure = 0; }
 bool FailingAllocation::happened() { return leftUntilFailure == 0; }
 
 // The linker puts it in the place of realloc (--wrap).
-extern "C" void *__real_realloc(void *block, std::size_t size);                // NOLINT(bugprone-reserved-identifier)
-extern "C" void *__wrap_realloc(void *block, std::size_t size)                 // NOLINT(bugprone-reserved-identifier)
+extern "C" void *__real_realloc(void *block, std::size_t size); // NOLINT(bugprone-reserved-identifier)
+extern "C" void *__wrap_realloc(void *block, std::size_t size)  // NOLINT(bugprone-reserved-identifier)
 {
     return failsNow() ? nullptr : __real_realloc(block, size);
 }
