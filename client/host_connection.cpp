@@ -136,7 +136,9 @@ bool HostConnection::isAlive()
 
 std::size_t HostConnection::read(void *bytes, std::size_t capacity)
 {
-    return process->read(bytes, capacity, [this] { return waitsOn(); });
+    if (patience.isOver()) // bytes may come one by one for ever
+        given = Outcome::Late;
+    return given == Outcome::Done ? process->read(bytes, capacity, [this] { return waitsOn(); }) : 0;
 }
 
 bool HostConnection::write(const void *bytes, std::size_t count)

@@ -89,6 +89,12 @@ def act(word, argument):
         time.sleep(0.3) # the first bytes have been seen by then
         script().with_suffix(".begun").touch()
         time.sleep(float(argument))
+    elif word == "trickles": # an answer that takes long
+        sys.stdout.buffer.write(struct.pack("<IIQ", RESULT, 0, 100000))
+        while True:
+            sys.stdout.buffer.write(bytes(1))
+            sys.stdout.buffer.flush()
+            time.sleep(0.01)
     elif word == "sleep":
         time.sleep(float(argument))
     elif word == "half":

@@ -223,6 +223,14 @@ TEST_F(LibraryUnderWine, EndsWhatStopsInTheMiddleOfAnAnswer)
                                  "answer within 0.3 s)");
 }
 
+TEST_F(LibraryUnderWine, EndsWhatAnswersForLongerThanItMay)
+{
+    play({"start", "trickles"});
+    set("VERDANTH_TIME_LIMIT", "0.3");
+    EXPECT_EQ(refusal(flash), "The property package did not answer within 0.3 s, and its process was ended, while "
+                              "calculating capeOpenFlash");
+}
+
 TEST_F(LibraryUnderWine, EndsWhatDoesNotRead)
 {
     play({"start", "unasked sleep 100"});
