@@ -2,6 +2,7 @@
 #include "client/seconds.h"
 
 #include <chrono>
+#include <new>
 #include <thread>
 #include <utility>
 
@@ -11,7 +12,10 @@ namespace {
 // with it may hold the pipes open.
 constexpr int tickMilliseconds = 50;
 constexpr double exitSeconds = 10;
-constexpr double secondsOfGrace = 1; // for what has said something odd, to end by itself
+constexpr std::chrono::milliseconds trust(1); // after an answer
+constexpr double secondsOfGrace = 1;          // for what has said something odd, to end by itself
+
+bool endsACall(wire::Kind kind) { return kind == wire::Kind::Result || kind == wire::Kind::Error; }
 
 } // namespace
 
@@ -23,44 +27,83 @@ HostConnection::HostConnection(std::unique_ptr<HostProcess> started)
 HostConnection::Outcome HostConnection::greet(double seconds, const Caller &caller)
 {
     const Deadline last(seconds);
-    const Outcome outcome = waitForBytes(seconds, caller);
+    const Outcome outcome = await(seconds, caller);
     if (outcome != Outcome::Done)
         return outcome;
-    patience = last;
-    const bool greeted = reader.greeting();
-    patience = Deadline(0);
-    if (greeted)
+    beginToWait(last.left(), caller);
+    if (reader.greeting())
         return Outcome::Done;
-    if (last.isOver())
-        return Outcome::Late;
+    if (given != Outcome::Done)
+        return given;
     process->close();
     if (!endsWithin(secondsOfGrace))
         endFor(reader.reason());
     return ended();
 }
 
-HostConnection::Outcome HostConnection::send(int outputs, const std::vector<wire::Value> &arguments)
+HostConnection::Outcome HostConnection::send(int outputs, const std::vector<wire::Value> &arguments, double seconds,
+                                             const Caller &caller)
 {
+    beginToWait(seconds, caller);
+    idle = false;
     if (writer.call(outputs, arguments))
         return Outcome::Done;
+    if (given != Outcome::Done)
+        return given;
     hearLastWords();
     return ended();
 }
 
+HostConnection::Outcome HostConnection::await(double seconds, const Caller &caller)
+{
+    beginToWait(seconds, caller);
+    while (!reader.hasMore() && !process->readable(tickMilliseconds)) {
+        if (!waitsOn())
+            return given == Outcome::BrokenOff ? Outcome::Interrupted : given;
+        if (!process->runs() && !process->readable(0))
+            return ended();
+    }
+    return Outcome::Done;
+}
+
 HostConnection::Outcome HostConnection::receive(double seconds, const Caller &caller)
 {
-    const Outcome outcome = reader.hasMore() ? Outcome::Done : waitForBytes(seconds, caller);
+    const Deadline last(seconds);
+    const Outcome outcome = await(seconds, caller);
     if (outcome != Outcome::Done)
         return outcome;
+    beginToWait(last.left(), caller);
     const wire::MessageReader::Arrival arrival = reader.next();
+    if (given != Outcome::Done)
+        return given;
     if (arrival == wire::MessageReader::Arrival::Broken && why.empty())
         endFor(reader.reason());
+    heard = std::chrono::steady_clock::now();
+    idle = endsACall(reader.kind());
+    if (arrival == wire::MessageReader::Arrival::NoRoom)
+        throw std::bad_alloc();
     if (arrival != wire::MessageReader::Arrival::Message)
         return ended();
     if (reader.kind() != wire::Kind::LastWords)
         return Outcome::Done;
     noteLastWords();
     return ended();
+}
+
+void HostConnection::beginToWait(double seconds, const Caller &caller)
+{
+    patience = Deadline(seconds);
+    whoWaits = caller;
+    given = Outcome::Done;
+}
+
+bool HostConnection::waitsOn()
+{
+    if (whoWaits.interrupted())
+        given = Outcome::BrokenOff;
+    else if (patience.isOver())
+        given = Outcome::Late;
+    return given == Outcome::Done;
 }
 
 void HostConnection::noteLastWords()
@@ -82,36 +125,26 @@ void HostConnection::hearLastWords()
 
 bool HostConnection::isAlive()
 {
-    if (process->runs())
+    // Call upon call goes without the question: what ends in between is told of by the next one.
+    if (std::chrono::steady_clock::now() - heard < trust || process->runs())
         return true;
+    beginToWait(secondsOfGrace, {[] { return false; }, nullptr});
     hearLastWords();
     ended();
     return false;
 }
 
-HostConnection::Outcome HostConnection::waitForBytes(double seconds, const Caller &caller)
-{
-    const Deadline last(seconds);
-    while (!process->readable(tickMilliseconds)) {
-        if (caller.interrupted())
-            return Outcome::Interrupted;
-        if (last.isOver())
-            return Outcome::Late;
-        if (!process->runs() && !process->readable(0))
-            return ended();
-    }
-    return Outcome::Done;
-}
-
 std::size_t HostConnection::read(void *bytes, std::size_t capacity)
 {
-    while (!process->readable(tickMilliseconds))
-        if (patience.isOver() || (!process->runs() && !process->readable(0)))
-            return 0;
-    return process->read(bytes, capacity);
+    if (patience.isOver()) // bytes may come one by one for ever
+        given = Outcome::Late;
+    return given == Outcome::Done ? process->read(bytes, capacity, [this] { return waitsOn(); }) : 0;
 }
 
-bool HostConnection::write(const void *bytes, std::size_t count) { return process->write(bytes, count); }
+bool HostConnection::write(const void *bytes, std::size_t count)
+{
+    return process->write(bytes, count, [this] { return waitsOn(); });
+}
 
 bool HostConnection::endsWithin(double seconds)
 {
@@ -155,6 +188,7 @@ std::unique_ptr<HostConnection> ReadyHost(std::unique_ptr<HostProcess> started, 
     case HostConnection::Outcome::Done:
         return host;
     case HostConnection::Outcome::Interrupted:
+    case HostConnection::Outcome::BrokenOff:
         error.clear();
         break;
     case HostConnection::Outcome::Late:

@@ -8,6 +8,7 @@
 #include "wire/message_reader.h"
 #include "wire/message_writer.h"
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <vector>
@@ -22,6 +23,7 @@ public:
     enum class Outcome {
         Done,
         Interrupted, // by the user; what was waited for may still come
+        BrokenOff,   // by the user in the middle of a message, so that no other can follow
         Late,        // it took longer than it may
         Ended,       // the process has; reason() tells why
     };
@@ -29,10 +31,15 @@ public:
     // Waits until it is ready.
     Outcome greet(double seconds, const Caller &caller);
 
-    Outcome send(int outputs, const std::vector<wire::Value> &arguments);
+    // This and what follows take at most so many seconds; 0 is as long as it takes.
+    Outcome send(int outputs, const std::vector<wire::Value> &arguments, double seconds, const Caller &caller);
 
-    // Waits for the next message, at most so long; 0 is as long as it takes.
+    Outcome await(double seconds, const Caller &caller); // the beginning of a message: when Late it may still come
+
+    // Waits for the next message. Late may be in the middle of it, so that no other can follow. Without memory for it
+    // std::bad_alloc is raised.
     Outcome receive(double seconds, const Caller &caller);
+    bool isIdle() const { return idle; } // whether the last call was answered whole
     wire::Kind kind() const { return reader.kind(); }
     wire::Payload payload() const { return reader.payload(); }
     void forget() { reader.forget(); }
@@ -48,7 +55,8 @@ public:
 private:
     std::size_t read(void *bytes, std::size_t capacity) override;
     bool write(const void *bytes, std::size_t count) override;
-    Outcome waitForBytes(double seconds, const Caller &caller);
+    void beginToWait(double seconds, const Caller &caller);
+    bool waitsOn();
     bool endsWithin(double seconds);
     void endFor(const std::string &reasonOfOurs);
     void noteLastWords();
@@ -56,7 +64,13 @@ private:
     Outcome ended();
 
     std::unique_ptr<HostProcess> process;
-    Deadline patience{0}; // with the rest of what has begun to arrive
+    // With what has been begun, and what came of it.
+    Deadline patience{0};
+    Caller whoWaits{};
+    Outcome given = Outcome::Done;
+
+    bool idle = true;
+    std::chrono::steady_clock::time_point heard{}; // when it answered last
     std::string why;
     wire::MessageReader reader;
     wire::MessageWriter writer;

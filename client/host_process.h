@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 
 class HostProcess {
@@ -13,9 +14,15 @@ public:
 
     // Whether there is something to read, or its end; waits at most so long.
     virtual bool readable(int milliseconds) = 0;
-    virtual std::size_t read(void *bytes, std::size_t capacity) = 0; // what there is; 0 at the end
 
-    virtual bool write(const void *bytes, std::size_t count) = 0; // all of them, or false: nobody reads any more
+    // Whether to wait on. It is asked at times while the other side does nothing.
+    using WaitsOn = std::function<bool()>;
+
+    // What there is, at least a byte; 0 at the end, and when nobody waits on.
+    virtual std::size_t read(void *bytes, std::size_t capacity, const WaitsOn &waitsOn) = 0;
+
+    // All of them, or false: nobody reads any more, or nobody waits on.
+    virtual bool write(const void *bytes, std::size_t count, const WaitsOn &waitsOn) = 0;
 
     virtual bool runs() = 0;                    // does not wait
     virtual void kill() = 0;                    // and waits until it is gone

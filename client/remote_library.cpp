@@ -4,6 +4,7 @@
 #include "client/seconds.h"
 
 #include <cmath>
+#include <new>
 #include <string_view>
 
 namespace {
@@ -12,6 +13,7 @@ using Outcome = HostConnection::Outcome;
 using Way = HostConnection::Way;
 
 constexpr std::string_view refusedHandle = "Invalid property package handle";
+constexpr char outOfMemory[] = "Out of memory.";
 constexpr double secondsOfSilence = 1; // until the user is told what is waited for
 
 int codeOf(const std::vector<wire::Value> &arguments)
@@ -83,6 +85,34 @@ bool RemoteLibrary::start()
 
 bool RemoteLibrary::call(int outputs, const std::vector<wire::Value> &arguments)
 {
+    try {
+        return ask(outputs, arguments);
+    } catch (const std::bad_alloc &) {
+        return failedForMemory(codeOf(arguments));
+    }
+}
+
+// A host goes on unless its answer was left in the middle.
+bool RemoteLibrary::failedForMemory(int code)
+{
+    values.clear();
+    words = outOfMemory; // needs none
+    if (!host || host->isIdle())
+        return false;
+    host->end(Way::AtOnce);
+    host.reset();
+    stoppedCode.reset();
+    try {
+        return lose("memory ran out", "Out of memory in the middle of an answer, and the process of the packages was "
+                                      "ended, " +
+                                          WhereIn(code));
+    } catch (const std::bad_alloc &) {
+        return false;
+    }
+}
+
+bool RemoteLibrary::ask(int outputs, const std::vector<wire::Value> &arguments)
+{
     release();
     warned.clear();
     if (!start() || (stoppedCode && !finishStopped()))
@@ -91,9 +121,9 @@ bool RemoteLibrary::call(int outputs, const std::vector<wire::Value> &arguments)
         warned.push_back(std::move(startWarning));
     startWarning.clear();
     const int code = codeOf(arguments);
-    if (!finish(host->send(outputs, arguments), code))
-        return false;
     const Deadline limit(wishes.callLimit);
+    if (!finish(host->send(outputs, arguments, limit.left(), caller), code))
+        return false;
     do
         if (!finish(host->receive(limit.left(), caller), code))
             return false;
@@ -116,6 +146,8 @@ bool RemoteLibrary::finish(Outcome outcome, int code)
     case Outcome::Interrupted:
         stoppedCode = code;
         return stop();
+    case Outcome::BrokenOff:
+        return endStopped();
     case Outcome::Late: {
         const std::string limit = InSeconds(wishes.callLimit);
         host->end(Way::AtOnce);
@@ -133,6 +165,13 @@ bool RemoteLibrary::lose(const std::string &reason, const std::string &text)
     host.reset();
     stoppedCode.reset();
     return failed(text);
+}
+
+bool RemoteLibrary::endStopped()
+{
+    host->end(Way::AtOnce);
+    lose("it was ended by Ctrl-C", "");
+    return stop();
 }
 
 // What came last: a warning, results, or an error. False when it can not be read.
@@ -173,17 +212,16 @@ bool RemoteLibrary::finishStopped()
     const int code = *stoppedCode;
     for (;;) {
         const bool mayTell = !told && (limit.left() == 0 || limit.left() > secondsOfSilence);
-        Outcome outcome = host->receive(mayTell ? secondsOfSilence : limit.left(), caller);
+        Outcome outcome = host->await(mayTell ? secondsOfSilence : limit.left(), caller);
         if (outcome == Outcome::Late && mayTell) {
             caller.tell("Verdanth: waiting for the call that was stopped; Ctrl-C ends its process");
             told = true;
             continue;
         }
-        if (outcome == Outcome::Interrupted) {
-            host->end(Way::AtOnce);
-            lose("it was ended by Ctrl-C", "");
-            return stop();
-        }
+        if (outcome == Outcome::Done)
+            outcome = host->receive(limit.left(), caller);
+        if (outcome == Outcome::Interrupted)
+            return endStopped();
         if (!finish(outcome, code) || !take(code))
             return false;
         if (host->kind() != wire::Kind::Warning)

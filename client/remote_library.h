@@ -40,11 +40,14 @@ protected:
                                                       std::string &error) = 0;
 
 private:
+    bool ask(int outputs, const std::vector<wire::Value> &arguments);
     bool failed(const std::string &text);
+    bool failedForMemory(int code);
     bool stop();
     bool keepWhatRuns(const Wishes &wanted);
     bool finishStopped();
     bool finish(HostConnection::Outcome outcome, int code);
+    bool endStopped();
     bool lose(const std::string &reason, const std::string &text);
     bool take(int code);
 

@@ -2,7 +2,7 @@
 
 namespace {
 
-constexpr DWORD briefMilliseconds = 20;      // after an answer the next call often comes at once
+constexpr DWORD briefMilliseconds = 20;      // most calls take less, and often the next one comes at once
 constexpr DWORD farewellMilliseconds = 5000; // that packages have to come to an end when the client is gone
 
 void dispatchMessages()
@@ -24,7 +24,7 @@ bool Listener::start()
 
 bool Listener::next()
 {
-    if (!waitABit()) {
+    if (!changesSoonFrom(Nothing)) {
         sleeps = true;
         while (state == Nothing) {
             MsgWaitForMultipleObjectsEx(1, &wake, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
@@ -41,17 +41,19 @@ void Listener::done()
     state.compare_exchange_strong(expected, Nothing);
 }
 
+void Listener::answered() { WakeByAddressSingle(&state); }
+
 // To be woken from here costs much less than from a wait that sees messages of windows, too.
-bool Listener::waitABit()
+bool Listener::changesSoonFrom(State known)
 {
     static_assert(sizeof state == sizeof(unsigned));
-    unsigned nothing = Nothing;
+    unsigned present = known;
     const DWORD start = GetTickCount();
-    while (state == Nothing) {
+    while (state == known) {
         const DWORD passed = GetTickCount() - start;
         if (passed >= briefMilliseconds)
             return false;
-        WaitOnAddress(&state, &nothing, sizeof nothing, briefMilliseconds - passed);
+        WaitOnAddress(&state, &present, sizeof present, briefMilliseconds - passed);
     }
     return true;
 }
@@ -79,6 +81,8 @@ void Listener::listen()
     Arrival arrival = reader.next();
     while (arrival == Arrival::Message) {
         post(Message);
+        if (!reader.hasMore())
+            changesSoonFrom(Message); // most calls are short: until the answer is on its way there is nothing to hear
         if (!reader.waitForMore()) {
             post(End);
             return;
@@ -90,7 +94,7 @@ void Listener::listen()
         }
         arrival = reader.next();
     }
-    if (arrival == Arrival::Broken)
+    if (arrival != Arrival::End)
         wrong = reader.reason();
     post(End);
 }

@@ -22,6 +22,7 @@ public:
 
     // What the message said is not needed any more: after the answer, which is written next, there may be another.
     void done();
+    void answered(); // the answer has been written
 
 private:
     enum State : unsigned { Nothing, Message, End };
@@ -29,7 +30,7 @@ private:
     static DWORD WINAPI run(void *self);
     void listen();
     void post(State state);
-    bool waitABit();
+    bool changesSoonFrom(State known);
 
     wire::MessageReader reader;
     std::string wrong;

@@ -61,6 +61,7 @@ bool Service::answerCall(Listener &listener)
     for (const std::string &warning : running.warnings())
         heard = heard && writer.text(wire::Kind::Warning, Utf8OfCodePage(warning.c_str()));
     heard = heard && (worked ? writer.result(running.results()) : writer.text(wire::Kind::Error, error));
+    listener.answered();
     running.release();
     return heard;
 }
@@ -73,7 +74,9 @@ bool Service::answerUnload(Listener &listener)
     library.unload();
     const WritingMessage writing;
     listener.done();
-    return writer.result({});
+    const bool heard = writer.result({});
+    listener.answered();
+    return heard;
 }
 
 bool Service::complain(const std::string &reason)

@@ -9,6 +9,7 @@
 namespace {
 
 constexpr std::size_t largestPart = std::size_t{1} << 30; // of what one call of the system moves
+constexpr std::size_t pipeSize = std::size_t{1} << 20;    // as clients make them
 
 bool takeStandardHandle(DWORD which, HANDLE &ours)
 {
@@ -53,7 +54,8 @@ bool PipeSink::write(const void *bytes, std::size_t count)
     const auto *next = static_cast<const char *>(bytes);
     while (count > 0) {
         DWORD written = 0;
-        const auto part = static_cast<DWORD>(std::min(count, largestPart));
+        // While the other side reads one part, the next is written.
+        const auto part = static_cast<DWORD>(std::min(count, pipeSize));
         if (!WriteFile(pipe, next, part, &written, nullptr) || written == 0)
             return false;
         next += written;

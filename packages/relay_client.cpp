@@ -19,18 +19,8 @@ namespace {
 // there. A plain pointer: at unload, when COM is gone, nothing may be released any more.
 IVerdanth6432Relay *relayKeepAlive = nullptr;
 
-HRESULT createRelay(IVerdanth6432Relay *&relay)
-{
-    const HRESULT hr = CoCreateInstance(CLSID_Verdanth6432Relay, nullptr, CLSCTX_LOCAL_SERVER,
-                                        InterfaceId<IVerdanth6432Relay>, reinterpret_cast<void **>(&relay));
-    if (FAILED(hr))
-        relay = nullptr;
-    return SUCCEEDED(hr) && !relay ? E_UNEXPECTED : hr;
-}
-
-// Whether the relay's process has ended: killed by a user, or by a component that it ran. Asked by a call that goes
-// there; a relay that is alive may answer as it likes.
-bool isDead(IVerdanth6432Relay *relay)
+// Whether a result tells that the process that was to give another has ended.
+bool isOfTheDead(HRESULT hr)
 {
     constexpr std::uint32_t resultsOfTheDead[] = {
         0x80010007, // RPC_E_SERVER_DIED
@@ -41,9 +31,30 @@ bool isDead(IVerdanth6432Relay *relay)
         0x800706BE, // RPC_S_CALL_FAILED
         0x800706BF, // RPC_S_CALL_FAILED_DNE
     };
+    return std::find(std::begin(resultsOfTheDead), std::end(resultsOfTheDead), static_cast<std::uint32_t>(hr)) !=
+           std::end(resultsOfTheDead);
+}
+
+// A relay's process that is about to end may give its class to one more client and be gone when that asks for an
+// instance. The next one comes from another process.
+HRESULT createRelay(IVerdanth6432Relay *&relay)
+{
+    constexpr int mostTries = 3;
+    HRESULT hr = S_OK;
+    for (int tries = 0; tries == 0 || (isOfTheDead(hr) && tries < mostTries); ++tries)
+        hr = CoCreateInstance(CLSID_Verdanth6432Relay, nullptr, CLSCTX_LOCAL_SERVER, InterfaceId<IVerdanth6432Relay>,
+                              reinterpret_cast<void **>(&relay));
+    if (FAILED(hr))
+        relay = nullptr;
+    return SUCCEEDED(hr) && !relay ? E_UNEXPECTED : hr;
+}
+
+// Whether the relay's process has ended: killed by a user, or by a component that it ran. Asked by a call that goes
+// there; a relay that is alive may answer as it likes.
+bool isDead(IVerdanth6432Relay *relay)
+{
     UINT count = 0;
-    const auto hr = static_cast<std::uint32_t>(relay->GetTypeInfoCount(&count));
-    return std::find(std::begin(resultsOfTheDead), std::end(resultsOfTheDead), hr) != std::end(resultsOfTheDead);
+    return isOfTheDead(relay->GetTypeInfoCount(&count));
 }
 
 void EnsureRelay()

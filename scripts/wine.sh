@@ -73,25 +73,8 @@ make_prefix() {
     : >"$build/wine.log"
     # No questions about Mono and Gecko, no entries in the user's menus.
     WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d" quietly "$wine" wineboot -i
-    # - No crash debugger: with Wine's own, a program that stops at an illegal instruction exits with 0.
-    # - Windows without a display: they exist, unseen.
-    cat >"$build/wine-setup.reg" <<'REG'
-REGEDIT4
-
-[HKEY_LOCAL_MACHINE\Software\Microsoft\Windows NT\CurrentVersion\AeDebug]
-"Debugger"=""
-"Auto"="0"
-
-[HKEY_LOCAL_MACHINE\Software\Wow6432Node\Microsoft\Windows NT\CurrentVersion\AeDebug]
-"Debugger"=""
-"Auto"="0"
-
-[HKEY_CURRENT_USER\Software\Wine\Drivers]
-"Graphics"="null"
-
-[HKEY_CURRENT_USER\Software\Wine\DllOverrides]
-"winemenubuilder.exe"=""
-REG
+    # As a prefix that the toolbox makes, but without a look for a display.
+    sed 's/"x11,null"/"null"/' "$root/toolbox/octave/windows/prefix_setup.reg" >"$build/wine-setup.reg"
     quietly "$wine" regedit /S "$build/wine-setup.reg"
     quietly wineserver -k || true
     [ -f "$WINEPREFIX/system.reg" ] || {

@@ -56,13 +56,28 @@ MessageReader::Arrival MessageReader::fetchPayload()
     for (std::size_t size = 0; size < header.length;) {
         const std::size_t wanted = std::min<std::size_t>(header.length, std::max(firstBlock, 2 * size));
         if (!makeRoom(wanted))
-            return broken("no memory for a message of " + std::to_string(header.length) + " bytes");
+            return skip(header.length - size);
         const std::size_t got = take(block.get() + size, wanted - size);
         if (got < wanted - size)
             return broken("the stream ended at byte " + std::to_string(sizeof header + size + got) + " of a message");
         size = wanted;
     }
     return Arrival::Message;
+}
+
+MessageReader::Arrival MessageReader::skip(std::uint64_t count)
+{
+    const std::uint64_t length = std::exchange(header.length, 0);
+    while (count > 0) {
+        if (!waitForMore())
+            return broken("the stream ended at byte " + std::to_string(sizeof header + length - count) +
+                          " of a message");
+        const std::size_t part = std::min<std::uint64_t>(count, aheadEnd - aheadBegin);
+        aheadBegin += part;
+        count -= part;
+    }
+    why = "no memory for a message of " + std::to_string(length) + " bytes";
+    return Arrival::NoRoom;
 }
 
 void MessageReader::forget()

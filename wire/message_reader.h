@@ -27,6 +27,7 @@ public:
         Message,
         End,    // between two messages
         Broken, // reason() tells
+        NoRoom, // for the message, which has passed by
     };
     Arrival next();
     Kind kind() const { return header.kind; }
@@ -45,6 +46,7 @@ private:
     std::size_t take(void *bytes, std::size_t count); // fewer at the end of the stream
     Arrival broken(std::string reason);
     bool makeRoom(std::size_t count);
+    Arrival skip(std::uint64_t count);
     Arrival fetchPayload();
 
     ByteSource &source;

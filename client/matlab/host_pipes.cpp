@@ -10,6 +10,7 @@ namespace {
 constexpr DWORD pipeSize = 1 << 20;
 constexpr std::size_t largestPart = std::size_t{1} << 30; // of what one call of the system moves
 constexpr DWORD patienceMilliseconds = 10000;             // with a process that is ended by force
+constexpr DWORD tickMilliseconds = 50;                    // so often it is asked whether anybody waits on
 constexpr UINT endedByForce = 1;
 
 void closeHandle(HANDLE &handle)
@@ -144,52 +145,73 @@ bool HostPipes::readable(int milliseconds)
 {
     if (aheadBegin < aheadEnd || atEnd)
         return true;
-    if (!isReading) {
-        isReading = ReadFile(output, ahead, sizeof ahead, nullptr, &reading) || GetLastError() == ERROR_IO_PENDING;
-        atEnd = !isReading;
-    }
-    if (isReading) {
-        if (!HasOverlappedIoCompleted(&reading) &&
-            WaitForSingleObject(reading.hEvent, static_cast<DWORD>(milliseconds)) == WAIT_TIMEOUT)
-            return false;
-        DWORD count = 0;
-        atEnd = !GetOverlappedResult(output, &reading, &count, FALSE) || count == 0;
-        isReading = false;
-        aheadBegin = 0;
-        aheadEnd = count;
-    }
+    if (!isReading)
+        beginToRead(ahead, sizeof ahead);
+    if (isReading && !HasOverlappedIoCompleted(&reading) &&
+        WaitForSingleObject(reading.hEvent, static_cast<DWORD>(milliseconds)) == WAIT_TIMEOUT)
+        return false;
+    aheadBegin = 0;
+    aheadEnd = finishReading();
     return true;
 }
 
-std::size_t HostPipes::read(void *bytes, std::size_t capacity)
+void HostPipes::beginToRead(void *bytes, std::size_t capacity)
 {
-    std::size_t count = std::min(capacity, aheadEnd - aheadBegin);
-    std::memcpy(bytes, ahead + aheadBegin, count);
-    aheadBegin += count;
-    // What has arrived behind it, without a detour.
-    DWORD there = 0;
-    if (count == capacity || atEnd || !PeekNamedPipe(output, nullptr, 0, nullptr, &there, nullptr) || there == 0)
-        return count;
-    const auto part = static_cast<DWORD>(std::min<std::size_t>(capacity - count, there));
-    if (ReadFile(output, static_cast<char *>(bytes) + count, part, nullptr, &reading) ||
-        GetLastError() == ERROR_IO_PENDING) {
-        DWORD more = 0;
-        atEnd = !GetOverlappedResult(output, &reading, &more, TRUE);
-        count += more;
-    }
+    const auto part = static_cast<DWORD>(std::min(capacity, largestPart));
+    isReading = ReadFile(output, bytes, part, nullptr, &reading) || GetLastError() == ERROR_IO_PENDING;
+    atEnd = !isReading;
+}
+
+// How many bytes came, 0 at the end. It waits for them.
+std::size_t HostPipes::finishReading()
+{
+    DWORD count = 0;
+    atEnd = !isReading || !GetOverlappedResult(output, &reading, &count, TRUE) || count == 0;
+    isReading = false;
     return count;
 }
 
-bool HostPipes::write(const void *bytes, std::size_t count)
+std::size_t HostPipes::read(void *bytes, std::size_t capacity, const WaitsOn &waitsOn)
+{
+    // Much goes where it is wanted, without a detour.
+    if (capacity >= sizeof ahead && aheadBegin == aheadEnd && !isReading && !atEnd) {
+        beginToRead(bytes, capacity);
+        if (isReading && !waitFor(reading, waitsOn))
+            CancelIoEx(output, &reading);
+        return finishReading();
+    }
+    while (!readable(tickMilliseconds))
+        if (!waitsOn() || (!runs() && !readable(0)))
+            return 0;
+    const std::size_t count = std::min(capacity, aheadEnd - aheadBegin);
+    std::memcpy(bytes, ahead + aheadBegin, count);
+    aheadBegin += count;
+    return count;
+}
+
+// Until it is done; false when nobody waits on, or the process has ended.
+bool HostPipes::waitFor(const OVERLAPPED &transfer, const WaitsOn &waitsOn) const
+{
+    if (HasOverlappedIoCompleted(&transfer))
+        return true;
+    const HANDLE either[] = {transfer.hEvent, process};
+    DWORD came = WAIT_TIMEOUT;
+    do
+        came = WaitForMultipleObjects(2, either, FALSE, tickMilliseconds);
+    while (came == WAIT_TIMEOUT && waitsOn());
+    return came == WAIT_OBJECT_0;
+}
+
+bool HostPipes::write(const void *bytes, std::size_t count, const WaitsOn &waitsOn)
 {
     const auto *next = static_cast<const char *>(bytes);
     while (count > 0) {
-        const auto part = static_cast<DWORD>(std::min(count, largestPart));
-        const HANDLE either[] = {writing.hEvent, process};
+        // What the pipe holds: while the other side reads one part, the next is written.
+        const auto part = static_cast<DWORD>(std::min<std::size_t>(count, pipeSize));
         if (!WriteFile(input, next, part, nullptr, &writing)) {
             if (GetLastError() != ERROR_IO_PENDING)
                 return false;
-            if (WaitForMultipleObjects(2, either, FALSE, INFINITE) != WAIT_OBJECT_0)
+            if (!waitFor(writing, waitsOn))
                 CancelIoEx(input, &writing);
         }
         DWORD written = 0;

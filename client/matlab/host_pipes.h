@@ -18,14 +18,17 @@ public:
     bool isOpen() const override { return input != nullptr; }
     void close() override;
     bool readable(int milliseconds) override;
-    std::size_t read(void *bytes, std::size_t capacity) override;
-    bool write(const void *bytes, std::size_t count) override;
+    std::size_t read(void *bytes, std::size_t capacity, const WaitsOn &waitsOn) override;
+    bool write(const void *bytes, std::size_t count, const WaitsOn &waitsOn) override;
     bool runs() override;
     void kill() override;
     std::string howItEnded() const override;
     void leave() override {} // Windows copies no process
 
 private:
+    void beginToRead(void *bytes, std::size_t capacity);
+    std::size_t finishReading();
+    bool waitFor(const OVERLAPPED &transfer, const WaitsOn &waitsOn) const;
     bool launch(const WideString &program, HANDLE (&streams)[3]);
 
     HANDLE process = nullptr;
@@ -34,7 +37,7 @@ private:
     HANDLE output = nullptr; // of the process
     OVERLAPPED reading{};
     OVERLAPPED writing{};
-    bool isReading = false; // into `ahead`
+    bool isReading = false; // into `ahead`, or, within read(), where it is wanted
     bool atEnd = false;
     char ahead[65536];
     std::size_t aheadBegin = 0;

@@ -67,8 +67,7 @@ const char *run(int nlhs, int nrhs, const mxArray **prhs)
 {
     try {
         return call(nlhs, arguments.take(nrhs, prhs));
-    } catch (const std::exception &) { // there is no other reason, and it may have been in the middle of a message
-        library.unload();
+    } catch (const std::exception &) { // there is no other reason, and the library is in the middle of nothing
         return outOfMemory;
     }
 }

@@ -1,7 +1,6 @@
 // What ends a host, and what is left afterwards.
 #include "tests/client/client_test.h"
-
-#include "platform/procedure.h"
+#include "tests/client/interrupts.h"
 
 using namespace support;
 
@@ -19,31 +18,6 @@ protected:
     {
         return "Invalid property package handle: its package was lost with its process (" + reason + ")";
     }
-};
-
-// Ctrl-C, so many times as it has been asked whether it was pressed.
-class Interrupts {
-public:
-    Interrupts() : library(LoadLibraryW(L"libut.dll"))
-    {
-        after = findProcedure<void(std::int64_t)>(library, "interruptAfter");
-        EXPECT_TRUE(after);
-        set(-1);
-    }
-    ~Interrupts()
-    {
-        set(-1);
-        FreeLibrary(library);
-    }
-    void set(std::int64_t questions) const
-    {
-        if (after)
-            after(questions);
-    }
-
-private:
-    HMODULE library;
-    void (*after)(std::int64_t) = nullptr;
 };
 
 } // namespace

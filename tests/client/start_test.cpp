@@ -1,52 +1,21 @@
 // How the client finds and starts its host, in folders of a test's own.
-#include "tests/client/client_test.h"
-
-#include "platform/procedure.h"
-
-#include <filesystem>
-#include <type_traits>
+#include "tests/client/client_folder.h"
 
 using namespace support;
-namespace fs = std::filesystem;
 
 namespace {
 
 constexpr const char *hostFiles[] = {"VerdanthHost64.exe", "libmx.dll", "libmex.dll"};
 
-class ClientStart : public ClientTest {
+class ClientStart : public ClientFolder {
 protected:
-    void SetUp() override
-    {
-        ClientTest::SetUp();
-        fs::remove_all(root);
-    }
-    void TearDown() override
-    {
-        ClientTest::TearDown();
-        fs::remove_all(root);
-    }
-
-    void put(const char *file, const fs::path &folder, const char *name = nullptr) const
-    {
-        fs::create_directories(root / folder);
-        fs::copy(built / file, root / folder / (name ? name : file));
-    }
     // From the client in that folder, which is unloaded afterwards.
     std::string versionOrError(const fs::path &folder) const
     {
-        const HMODULE module = LoadLibraryW((root / folder / "VerdanthClient.mexw64").c_str());
-        const auto function = findProcedure<std::remove_pointer_t<MexFunction>>(module, "mexFunction");
-        if (!function)
-            return "not loaded";
-        const CallResult result = host::Call(function, 1, {Scalar(26)}, LeaveOfThisRun());
-        const std::string words = result.returned ? Narrow(result[0].text()) : result.error;
-        mexStandInRunExit();
-        FreeLibrary(module);
-        return words;
+        const Client client(root / folder);
+        const CallResult result = client.call({Scalar(26)});
+        return result.returned ? Narrow(result[0].text()) : result.error;
     }
-
-    const fs::path built = FolderOfTests();
-    const fs::path root = built / L"client \u00E4 test";
 };
 
 } // namespace

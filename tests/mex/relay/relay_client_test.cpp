@@ -106,6 +106,34 @@ TEST_F(RelayClient, KeepsAnInstanceThatLivesWhateverItAnswers)
     }
 }
 
+// Its process was about to end, and gave its class to one more.
+TEST_F(RelayClient, IsAskedForAgainWhenItDiesBeforeItIsThere)
+{
+    registerPackage(TextValue("Old"));
+    for (const std::uint32_t result : {0x80010108u, 0x800706BAu})
+        for (const int instance : {1, 2}) {
+            const int before = relay.calls("created");
+            relay.answer("created", static_cast<HRESULT>(result), before + instance);
+            relay.answer("created", static_cast<HRESULT>(result), before + instance + 1);
+            const CallResult opened = openBy("Old");
+            EXPECT_EQ(opened.warnings, warningOf("Old")) << std::hex << result;
+            EXPECT_EQ(relay.calls("created") - before, 4);
+            EXPECT_EQ(relay.references(), 1);
+            mustReturn(0, {Scalar(4), opened[0]});
+            relay.answer("GetTypeInfoCount", static_cast<HRESULT>(result)); // so that there are two again
+        }
+}
+
+TEST_F(RelayClient, IsAskedForThreeTimesAtMost)
+{
+    registerPackage(TextValue("Old"));
+    relay.answer("created", static_cast<HRESULT>(0x80010108u));
+    const CallResult result = refusedOpening("Old");
+    EXPECT_EQ(result.error, "creation of package failed: " + SystemText(E_UNEXPECTED));
+    EXPECT_EQ(result.warnings, std::vector<std::string>{noRelay});
+    EXPECT_EQ(relay.calls("created"), 3);
+}
+
 TEST_F(RelayClient, WarnsAtEveryCreation)
 {
     registerPackage(TextValue("Old"));

@@ -15,9 +15,13 @@ CALL, WARNING, RESULT, ERROR, LAST_WORDS = 1, 16, 17, 18, 19
 INT32 = 12
 
 
-def send(kind, content):
+def send(kind, content, pause=0):
     content += bytes(-len(content) % 8)
-    sys.stdout.buffer.write(struct.pack("<IIQ", kind, 0, len(content)) + content)
+    sys.stdout.buffer.write(struct.pack("<IIQ", kind, 0, len(content)) + content[:4])
+    if pause:
+        sys.stdout.buffer.flush()
+        time.sleep(pause)
+    sys.stdout.buffer.write(content[4:])
     sys.stdout.buffer.flush()
 
 
@@ -26,8 +30,8 @@ def send_text(kind, words):
     send(kind, struct.pack("<Q", len(words)) + words)
 
 
-def send_handle(handle):
-    send(RESULT, struct.pack("<II BBHI QQ ii", 1, 0, INT32, 0, 0, 2, 1, 1, handle, 0))
+def send_handle(handle, pause=0):
+    send(RESULT, struct.pack("<II BBHI QQ ii", 1, 0, INT32, 0, 0, 2, 1, 1, handle, 0), pause)
 
 
 def script():
@@ -52,6 +56,11 @@ def act(word, argument):
         send_text(WARNING, "a warning")
         send_text(WARNING, "and another: é")
         send_text(ERROR, argument)
+    elif word == "warned_handle":
+        send_text(WARNING, "a warning that is longer than the text that a string has room for in itself")
+        send_handle(int(argument))
+    elif word == "much":
+        send(RESULT, struct.pack("<II BBHI QQ", 1, 0, 6, 0, 0, 2, 1, int(argument)) + bytes(8 * int(argument)))
     elif word == "last_words":
         send_text(LAST_WORDS, argument)
         script().with_suffix(".gone").touch()
@@ -67,6 +76,27 @@ def act(word, argument):
         send(RESULT, bytes(range(64)))
     elif word == "other_kind":
         send(99, b"")
+    elif word == "begins": # an answer
+        sys.stdout.buffer.write(struct.pack("<IIQ", RESULT, 0, 1000) + bytes(10))
+        sys.stdout.buffer.flush()
+        script().with_suffix(".begun").touch()
+    elif word == "parts": # of an answer
+        time.sleep(0.4)
+        send_handle(int(argument), pause=1.5)
+    elif word == "greets_in_part":
+        sys.stdout.buffer.write(b"VERD")
+        sys.stdout.buffer.flush()
+        time.sleep(0.3) # the first bytes have been seen by then
+        script().with_suffix(".begun").touch()
+        time.sleep(float(argument))
+    elif word == "trickles": # an answer that takes long
+        sys.stdout.buffer.write(struct.pack("<IIQ", RESULT, 0, 100000))
+        while True:
+            sys.stdout.buffer.write(bytes(1))
+            sys.stdout.buffer.flush()
+            time.sleep(0.01)
+    elif word == "sleep":
+        time.sleep(float(argument))
     elif word == "half":
         sys.stdout.buffer.write(struct.pack("<IIQ", RESULT, 0, 1000) + bytes(10))
         sys.stdout.buffer.flush()

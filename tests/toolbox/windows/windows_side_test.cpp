@@ -1,5 +1,6 @@
 // The library's side under Wine, with a script in the place of Wine and of the program that it runs.
 #include "tests/toolbox/windows/workplace.h"
+#include "tests/unit/support/allocation_watch.h"
 #include "toolbox/octave/windows/windows_side.h"
 
 #include <sys/wait.h>
@@ -7,7 +8,9 @@
 
 #include <chrono>
 #include <filesystem>
+#include <set>
 #include <thread>
+#include <tuple>
 
 namespace fs = std::filesystem;
 
@@ -62,6 +65,21 @@ protected:
         const std::vector<wire::Value> &results = side.results();
         EXPECT_EQ(results.size(), 1u);
         return results.empty() ? -1 : *static_cast<const std::int32_t *>(results[0].real);
+    }
+    // More than a pipe holds.
+    bool callWithMuch(double code)
+    {
+        static constexpr std::size_t row[] = {1, 1 << 19};
+        static const std::vector<double> numbers(row[1]);
+        wire::Value much = value(wire::Class::Double, numbers.data());
+        much.dimensions = row;
+        return side.call(1, {value(wire::Class::Double, &code), much});
+    }
+    void waitFor(const char *mark) const
+    {
+        for (int k = 0; k < 500 && !fs::exists(file(mark)); ++k)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        EXPECT_TRUE(fs::exists(file(mark)));
     }
     bool endedByItself() { return fs::exists(file("script.ended")); }
 
@@ -136,8 +154,7 @@ TEST_F(LibraryUnderWine, HearsTheLastWordsOfWhatEndedUnasked)
 {
     play({"start", "handle 11", "unasked last_words access violation in Vendor.dll"});
     ASSERT_TRUE(call(create));
-    for (int k = 0; k < 500 && !fs::exists(file("script.gone")); ++k)
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    waitFor("script.gone");
     std::this_thread::sleep_for(std::chrono::milliseconds(200)); // from the mark to the end
     play({"start", "error Invalid property package handle"});
     EXPECT_EQ(refusal(compounds, 11), "Invalid property package handle: its package was lost with its process (access "
@@ -192,6 +209,120 @@ TEST_F(LibraryUnderWine, EndsWhatIsTooSlow)
                               "calculating capeOpenFlash");
     play({"start", "slow 0.1"});
     EXPECT_TRUE(call(flash)) << side.error();
+}
+
+TEST_F(LibraryUnderWine, EndsWhatStopsInTheMiddleOfAnAnswer)
+{
+    play({"start", "handle 11", "begins", "slow 100"});
+    ASSERT_TRUE(call(create)) << side.error();
+    set("VERDANTH_TIME_LIMIT", "0.3");
+    EXPECT_EQ(refusal(flash, 11), "The property package did not answer within 0.3 s, and its process was ended, while "
+                                  "calculating capeOpenFlash");
+    play({"start", "error Invalid property package handle"});
+    EXPECT_EQ(refusal(name, 11), "Invalid property package handle: its package was lost with its process (it did not "
+                                 "answer within 0.3 s)");
+}
+
+TEST_F(LibraryUnderWine, EndsWhatAnswersForLongerThanItMay)
+{
+    play({"start", "trickles"});
+    set("VERDANTH_TIME_LIMIT", "0.3");
+    EXPECT_EQ(refusal(flash), "The property package did not answer within 0.3 s, and its process was ended, while "
+                              "calculating capeOpenFlash");
+}
+
+TEST_F(LibraryUnderWine, EndsWhatDoesNotRead)
+{
+    play({"start", "unasked sleep 100"});
+    set("VERDANTH_TIME_LIMIT", "0.3");
+    EXPECT_FALSE(callWithMuch(flash));
+    EXPECT_EQ(side.error(), "The property package did not answer within 0.3 s, and its process was ended, while "
+                            "calculating capeOpenFlash");
+    play({"start", "handle 12"});
+    ASSERT_TRUE(callWithMuch(create)) << side.error();
+    EXPECT_EQ(result(), 12);
+}
+
+TEST_F(LibraryUnderWine, EndsWhenTheUserWishesSoInTheMiddleOfAMessage)
+{
+    play({"start", "handle 11", "unasked begins", "slow 100"});
+    ASSERT_TRUE(call(create)) << side.error();
+    waitFor("script.begun");
+    wishesToStop = true;
+    EXPECT_FALSE(call(flash, 11));
+    EXPECT_TRUE(side.stopped());
+    wishesToStop = false;
+    play({"start", "error Invalid property package handle", "unasked sleep 100"});
+    EXPECT_EQ(refusal(name, 11),
+              "Invalid property package handle: its package was lost with its process (it was ended by Ctrl-C)");
+    wishesToStop = true;
+    EXPECT_FALSE(callWithMuch(flash));
+    EXPECT_TRUE(side.stopped());
+    wishesToStop = false;
+    play({"start", "handle 12"});
+    ASSERT_TRUE(call(create)) << side.error();
+    EXPECT_EQ(result(), 12);
+}
+
+TEST_F(LibraryUnderWine, IsNotWaitedForInTheMiddleOfItsGreeting)
+{
+    static std::string mark;
+    mark = file("script.begun");
+    play({"greets_in_part 100"});
+    WindowsSide("/nowhere", {[] { return fs::exists(mark); }, octave.tell});
+    EXPECT_FALSE(side.start());
+    EXPECT_TRUE(side.stopped());
+    fs::remove(mark);
+    play({"start", "handle 12"});
+    EXPECT_TRUE(call(create)) << side.error();
+}
+
+TEST_F(LibraryUnderWine, MayTakeItsTimeWithTheAnswerToACallThatWasStopped)
+{
+    play({"start", "parts 11", "handle 12"});
+    ASSERT_TRUE(side.start()) << side.error();
+    wishesToStop = true;
+    EXPECT_FALSE(call(create));
+    wishesToStop = false;
+    ASSERT_TRUE(call(create)) << side.error();
+    EXPECT_EQ(result(), 12);
+}
+
+// Wherever memory runs out in a call: it says so, and the next one is answered.
+TEST_F(LibraryUnderWine, GoesOnWhenMemoryRanOut)
+{
+    constexpr char kept[] = "Out of memory.";
+    constexpr char ended[] = "Out of memory in the middle of an answer, and the process of the packages was ended, in "
+                             "capeOpenCreate";
+    using Errors = std::set<std::string>;
+    for (const auto &[answer, elements, warnings, expected] :
+         {std::tuple("warned_handle 12\n", 1u, 1u, Errors{kept, ended}),
+          std::tuple("much 400000\n", 400000u, 0u, Errors{kept})}) {
+        std::string lines = "start\n";
+        for (int k = 0; k < 300; ++k)
+            lines += answer;
+        play({lines.c_str()});
+        side.unload();
+        const double code = create;
+        const std::vector<wire::Value> arguments = {value(wire::Class::Double, &code)};
+        Errors errors;
+        bool happened = true;
+        for (std::size_t place = 1; happened; ++place) {
+            ASSERT_TRUE(side.call(1, arguments)) << side.error() << place;
+            ASSERT_EQ(side.warnings().size(), warnings);
+            ASSERT_EQ(side.results().size(), 1u);
+            ASSERT_EQ(ElementCount(side.results()[0]), elements);
+            bool worked = false;
+            {
+                const FailingAllocation failing(place);
+                worked = side.call(1, arguments);
+                happened = FailingAllocation::happened();
+            }
+            if (!worked)
+                errors.insert(side.error());
+        }
+        EXPECT_EQ(errors, expected) << answer;
+    }
 }
 
 TEST_F(LibraryUnderWine, BelievesNothingThatCanNotBe)

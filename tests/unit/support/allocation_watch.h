@@ -1,4 +1,4 @@
-// What tests know and decide of the program's calls of operator new.
+// What tests know and decide of the program's calls of operator new, and of realloc.
 #pragma once
 
 #include <cstddef>
@@ -20,4 +20,15 @@ public:
     ~RefusedAllocations();
     RefusedAllocations(const RefusedAllocations &) = delete;
     RefusedAllocations &operator=(const RefusedAllocations &) = delete;
+};
+
+// The one allocation that comes at this place among those that follow, from 1, fails.
+class FailingAllocation {
+public:
+    explicit FailingAllocation(std::size_t place);
+    ~FailingAllocation();
+    FailingAllocation(const FailingAllocation &) = delete;
+    FailingAllocation &operator=(const FailingAllocation &) = delete;
+
+    static bool happened(); // whether there were so many
 };

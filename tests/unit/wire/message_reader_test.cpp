@@ -1,3 +1,4 @@
+#include "tests/unit/support/allocation_watch.h"
 #include "tests/unit/wire/written_bytes.h"
 #include "wire/message_reader.h"
 
@@ -55,6 +56,24 @@ TEST(MessageReader, BelievesALengthAsBytesArrive)
     EXPECT_EQ(reader.reason(), "the stream ended at byte 3000016 of a message");
     EXPECT_LE(stream.largestRequest, std::size_t{1} << 21);
     EXPECT_EQ(reader.payload().size, 0u);
+}
+
+TEST(MessageReader, LetsAMessagePassThatThereIsNoRoomFor)
+{
+    Stream stream(Bytes().zeros(3'000'000).frame(7).add(Bytes().text("12345678").frame(8)).all());
+    for (const std::size_t block : {std::size_t{1}, std::size_t{2}, std::size_t{3}}) {
+        stream.at = 0;
+        wire::MessageReader reader(stream);
+        {
+            const FailingAllocation failing(block);
+            EXPECT_EQ(reader.next(), Arrival::NoRoom);
+        }
+        EXPECT_EQ(reader.reason(), "no memory for a message of 3000000 bytes");
+        EXPECT_EQ(reader.kind(), wire::Kind{7});
+        EXPECT_EQ(reader.payload().size, 0u);
+        ASSERT_EQ(reader.next(), Arrival::Message);
+        EXPECT_EQ(contentOf(reader), "12345678");
+    }
 }
 
 TEST(MessageReader, TellsWhereTheStreamEnded)

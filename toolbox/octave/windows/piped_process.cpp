@@ -58,8 +58,11 @@ bool PipedProcess::readable(int milliseconds)
     return poll(&wanted, 1, milliseconds) > 0;
 }
 
-std::size_t PipedProcess::read(void *bytes, std::size_t capacity)
+std::size_t PipedProcess::read(void *bytes, std::size_t capacity, const WaitsOn &waitsOn)
 {
+    while (!readable(tickMilliseconds))
+        if (!waitsOn() || (!runs() && !readable(0)))
+            return 0;
     ssize_t count = 0;
     do
         count = ::read(output, bytes, capacity);
@@ -67,7 +70,7 @@ std::size_t PipedProcess::read(void *bytes, std::size_t capacity)
     return count > 0 ? static_cast<std::size_t>(count) : 0;
 }
 
-bool PipedProcess::write(const void *bytes, std::size_t count)
+bool PipedProcess::write(const void *bytes, std::size_t count, const WaitsOn &waitsOn)
 {
     const WithoutBrokenPipes guard;
     const char *next = static_cast<const char *>(bytes);
@@ -79,10 +82,12 @@ bool PipedProcess::write(const void *bytes, std::size_t count)
             continue;
         }
         pollfd wanted = {input, POLLOUT, 0};
-        if (errno == EAGAIN)
-            poll(&wanted, 1, tickMilliseconds);
-        else if (errno != EINTR)
+        if (errno == EAGAIN) {
+            if (poll(&wanted, 1, tickMilliseconds) == 0 && !waitsOn())
+                return false;
+        } else if (errno != EINTR) {
             return false;
+        }
         if (!runs())
             return false;
     }

@@ -15,8 +15,8 @@ public:
     bool isOpen() const override { return input >= 0; }
     void close() override;
     bool readable(int milliseconds) override;
-    std::size_t read(void *bytes, std::size_t capacity) override;
-    bool write(const void *bytes, std::size_t count) override;
+    std::size_t read(void *bytes, std::size_t capacity, const WaitsOn &waitsOn) override;
+    bool write(const void *bytes, std::size_t count, const WaitsOn &waitsOn) override;
     bool runs() override { return process.runs(); }
     void kill() override { process.kill(); }
     std::string howItEnded() const override { return process.howItEnded(); }

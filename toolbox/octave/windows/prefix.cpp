@@ -1,4 +1,5 @@
 #include "toolbox/octave/windows/prefix.h"
+#include "generated/prefix_setup.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -22,25 +23,6 @@ constexpr double patience = 600; // of slow disks: Wine copies a gigabyte
 constexpr char remedy[] = ". Another folder is named by capeOpenBackend('windows', 'Prefix', folder) or, in the "
                           "environment, VERDANTH_WINEPREFIX";
 constexpr char unfinished[] = "unfinished";
-
-// What is set in a prefix of our own: no crash debugger, which would ask and take its time; windows also where there is
-// no display; no entries in the user's menus.
-constexpr char setup[] = R"(REGEDIT4
-
-[HKEY_LOCAL_MACHINE\Software\Microsoft\Windows NT\CurrentVersion\AeDebug]
-"Debugger"=""
-"Auto"="0"
-
-[HKEY_LOCAL_MACHINE\Software\Wow6432Node\Microsoft\Windows NT\CurrentVersion\AeDebug]
-"Debugger"=""
-"Auto"="0"
-
-[HKEY_CURRENT_USER\Software\Wine\Drivers]
-"Graphics"="x11,null"
-
-[HKEY_CURRENT_USER\Software\Wine\DllOverrides]
-"winemenubuilder.exe"=""
-)";
 
 std::string contentOf(const std::string &file)
 {
@@ -178,7 +160,7 @@ private:
         caller.tell(("Verdanth: a Wine prefix is made in " + folder + ", once; this takes half a minute").c_str());
         fs::remove(folder + ".log", failure);
         const std::string settings = folder + "/verdanth.reg";
-        std::ofstream(settings) << setup;
+        std::ofstream(settings) << prefixSetup;
         if (runHere({"wineboot", "-i"}, "wineboot", error) &&
             runHere({"regedit", "/S", WindowsPath(settings)}, "regedit", error))
             return true;
