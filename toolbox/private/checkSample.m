@@ -89,15 +89,19 @@ end
 
 function s = withStates(s)
 solved = any(cellfun(@isempty, {s.flashes.problem}));
+some = s.flashes;
+if solved
+    some = some(wholeFlashes(s, some));
+end
 for k = 1:numel(s.phases)
     [T, P, X] = deal([]);
-    for flash = s.flashes
+    for flash = some
         if ~solved
             [T(end + 1, 1), P(end + 1, 1), X(end + 1, :)] = deal(flash.T, flash.P, flash.Z); %#ok<AGROW>
         end
         for phase = find(strcmpi(flash.phases(:), s.phases{k})).'
             x = flash.X(phase, :);
-            if all(isfinite(x)) && all(x >= 0) && sum(x) > 0.5 && flash.fractions(phase) >= 0
+            if all(x >= 0) && sum(x) > 0.5 && flash.fractions(phase) >= 0
                 [T(end + 1, 1), P(end + 1, 1), X(end + 1, :)] = deal(flash.T, flash.P, x / sum(x)); %#ok<AGROW>
             end
         end

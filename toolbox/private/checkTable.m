@@ -25,8 +25,11 @@ table = {
         t) checkIdentities(s, t, identityTable('heatCapacities'))
     'fugacities', 'Fugacities fit together and with the volume', @(s, t) checkIdentities(s, t, ...
         identityTable('fugacities'))
+    'lowPressures', 'A vapor at low pressure becomes an ideal gas', @checkLowPressures
     'moles', 'Derivatives by moles obey Euler, Gibbs-Duhem and symmetry', @checkEuler
     'flashes', 'Flashes at temperature and pressure are balanced equilibria', @checkFlashes
+    'stability', 'Phases of flashes are stable by their own fugacities', @checkStability
+    'boundaries', 'Dew and bubble points are where the phases of flashes change', @checkBoundaries
     'roundTrips', 'Flashes by other specifications meet them, and come out the same again', @checkTrips
     'bases', 'Values in mass basis are those in mole basis over the molar mass', @checkBases
     'errors', 'What is wrong is refused, with words that say why', @checkErrors

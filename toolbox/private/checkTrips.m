@@ -5,7 +5,8 @@ function tally = checkTrips(s, tally)
 %   or one that fails, in other order, and with a trace in place of nothing. A specification is met to 1e-6 of its
 %   size, of which enthalpies, energies and entropies have at least R * T or R; the state may be another that has
 %   the same. What is done again is the same to 1e-9, and to the bit if it is repeated.
-good = find(cellfun(@isempty, {s.flashes.problem}) & cellfun(@(Z) nnz(Z) > 1 || s.n == 1, {s.flashes.Z}));
+good = wholeFlashes(s, s.flashes);
+good = good(cellfun(@(Z) nnz(Z) > 1 || s.n == 1, {s.flashes(good).Z}));
 good = good(evenly(numel(good), 12 - 8 * s.quick));
 names = s.flashProps;
 names = names(ismember(lower(names), {'temperature', 'pressure', 'vaporfraction', 'volume', 'enthalpy', 'entropy', ...

@@ -3,7 +3,8 @@ function tally = checkTwoPhase(s, tally)
 %
 %   They are there; K-values are those of the fugacity coefficients, to 1e-9 of their size as in checkIdentities; and
 %   derivatives by temperature and pressure are those of differences, to the limit of the function extrapolated.
-pairs = find(arrayfun(@(flash) numel(flash.phases) > 1, s.flashes));
+pairs = wholeFlashes(s, s.flashes);
+pairs = pairs(cellfun(@numel, {s.flashes(pairs).phases}) > 1);
 pairs = pairs(evenly(numel(pairs), 40 - 32 * s.quick));
 for k = pairs
     flash = s.flashes(k);
