@@ -32,7 +32,11 @@ for name = reshape(names, 1, [])
     tally.asked = tally.asked + 1;
     values = pureValues(s, name{1}, at, kind);
     lines = {s.opening; sprintf('value = capeOpen%sProp(handle, ''%s'', %.17g)', kind, name{1}, at(1))};
-    if all(isnan(values))
+    count = numberOfValues(s, name{1}, kind, at(1));
+    if ~isnan(count) && count ~= s.n
+        tally = checkFound(tally, 'failure', sprintf('%s has %d values for %d compounds', name{1}, count, s.n), ...
+            sprintf('%.6g', at(1)), [lines; {'numbers = numel(value)'}]);
+    elseif all(isnan(values))
         tally = checkFound(tally, 'failure', sprintf('%s is listed, but no compound has it', name{1}), ...
             sprintf('%s at %.6g', s.compounds{1}, at(1)), lines);
     elseif any(isinf(values) | imag(values) ~= 0)
@@ -44,6 +48,17 @@ for name = reshape(names, 1, [])
         tally = checkFound(tally, 'failure', sprintf('%s is not positive', name{1}), sprintf('%s at %.6g', ...
             s.compounds{k}, at(k)), lines);
     end
+end
+end
+
+% NaN where it fails.
+function count = numberOfValues(s, name, kind, at)
+ask = struct('TDependent', @capeOpenTDependentProp, 'PDependent', @capeOpenPDependentProp);
+count = NaN;
+try
+    count = numel(ask.(kind)(s.handle, name, at));
+catch
+    % it is told otherwise
 end
 end
 
