@@ -9,10 +9,9 @@ function tally = checkBoundaries(s, tally)
 if isempty(s.vapor) || ~any(strcmpi(s.flashProps, 'vaporFraction'))
     return
 end
-ends = asked(s);
-results = repmat(sampledFlash(s, s.Z(1, :), NaN, NaN), 1, 0);
-for k = 1:numel(ends)
-    results(k) = endFlash(s, ends(k));
+[ends, results] = asked(s);
+if isempty(ends)
+    return
 end
 tally = failures(s, tally, ends, results);
 solved = cellfun(@isempty, {results.problem});
@@ -31,24 +30,37 @@ tally = checkFugacities(s, tally, results, @(flash) endLines(s, ends([results.pr
 tally = sides(s, tally, ends, results);
 end
 
-% The ends to ask for: at temperatures and pressures of flashes that found a vapor and more, and retrograde ones.
-function ends = asked(s)
-ends = struct('Z', {}, 'held', {}, 'value', {}, 'fraction', {}, 'type', {}, 'sure', {});
+% Dew points at temperatures and pressures of flashes that found a vapor and more, bubble points at these temperatures
+% and at the pressures that they have, and dew points where condensation is retrograde.
+function [ends, results] = asked(s)
+ends = repmat(oneEnd([], '', NaN, NaN, '', false), 1, 0);
 some = wholeFlashes(s, s.flashes);
-both = arrayfun(@(f) any(strcmpi(f.phases, s.vapor)) && numel(f.phases) > 1, s.flashes(some));
-some = some(both);
+some = some(arrayfun(@(f) any(strcmpi(f.phases, s.vapor)) && numel(f.phases) > 1, s.flashes(some)));
+results = repmat(sampledFlash(s, s.Z(1, :), NaN, NaN), 1, 0);
+without = 0;
 for flash = s.flashes(some(evenly(numel(some), 24 - 20 * s.quick)))
-    for fraction = [0, 1]
-        % Below the pressure of a state of two phases of which one is a vapor there is a dew point.
-        ends(end + 1) = oneEnd(flash.Z, 'Temperature', flash.T, fraction, 'Unspecified', fraction == 1); %#ok<AGROW>
-        ends(end + 1) = oneEnd(flash.Z, 'Pressure', flash.P, fraction, 'Unspecified', false); %#ok<AGROW>
+    % Less pressure leads to a vapor; heat need not, above the critical pressure.
+    new = [oneEnd(flash.Z, 'Temperature', flash.T, 1, 'Unspecified', true), ...
+           oneEnd(flash.Z, 'Pressure', flash.P, 1, 'Unspecified', false)];
+    found = [endFlash(s, new(1)), endFlash(s, new(2))];
+    if without < 4 % above its critical temperature a mixture has none, and a package may search long for it
+        new(3) = oneEnd(flash.Z, 'Temperature', flash.T, 0, 'Unspecified', false);
+        found(3) = endFlash(s, new(3));
+        if isempty(found(3).problem)
+            new(4) = oneEnd(flash.Z, 'Pressure', found(3).P, 0, 'Unspecified', true);
+            found(4) = endFlash(s, new(4));
+        else
+            without = without + 1;
+        end
     end
+    [ends, results] = deal([ends, new], [results, found]);
 end
 mixed = find(sum(s.Z > 0, 2) > 1);
 for row = reshape(mixed(evenly(numel(mixed), 6 - 4 * s.quick)), 1, [])
     for T = retrograde(s, s.Z(row, :))
         for type = {'Unspecified', 'Normal', 'Retrograde'}
             ends(end + 1) = oneEnd(s.Z(row, :), 'Temperature', T, 1, type{1}, true); %#ok<AGROW>
+            results(end + 1) = endFlash(s, ends(end)); %#ok<AGROW>
         end
     end
 end
@@ -58,28 +70,45 @@ function e = oneEnd(Z, held, value, fraction, type, sure)
 e = struct('Z', Z, 'held', held, 'value', value, 'fraction', fraction, 'type', type, 'sure', sure);
 end
 
-% Temperatures at which, as pressure rises, a liquid comes and goes again: by the flashes at temperature and pressure.
+% Temperatures at which, as pressure rises, a liquid comes and goes again: by the flashes at temperature and pressure,
+% once more between the last pressure at which there are two phases and the next.
 function some = retrograde(s, Z)
-T = (Z * s.T0.') * (0.9:0.1:1.5).';
-P = exp(linspace(log(1e4), log(3 * (Z * s.P0.')), 24));
-[rows, columns] = ndgrid(T, P);
-try
-    fraction = capeOpenMultiFlash(s.handle, Z, 'Temperature', rows(:), 'Pressure', columns(:), 'Unspecified', ...
-                                  'vaporFraction');
-catch
-    some = zeros(1, 0);
-    return
-end
-fraction = reshape(fraction, size(rows));
-inside = fraction > 0 & fraction < 1;
-again = false(1, numel(T));
+T = (Z * s.T0.') * (0.85:0.05:1.4).';
+P = repmat(exp(linspace(log(1e4), log(3 * (Z * s.P0.')), 24)), numel(T), 1);
+fraction = vaporAt(s, Z, T, P);
+upper = zeros(size(T));
 for k = 1:numel(T)
-    last = find(inside(k, :), 1, 'last');
-    again(k) = numel(last) == 1 && last < numel(P) && all(inside(k, find(inside(k, :), 1):last)) ...
-        && fraction(k, last) > 0.5 && fraction(k, last) > min(fraction(k, inside(k, :)));
+    last = find(fraction(k, :) > 0 & fraction(k, :) < 1, 1, 'last');
+    if numel(last) == 1 && last < size(P, 2) && any(fraction(k, 1:last) == 1)
+        upper(k) = last;
+    end
+end
+T = T(upper > 0);
+P = P(upper > 0, :);
+first = P(sub2ind(size(P), (1:numel(T)).', upper(upper > 0)));
+next = P(sub2ind(size(P), (1:numel(T)).', upper(upper > 0) + 1));
+P = bsxfun(@plus, first, (next - first) * linspace(0, 1, 24));
+fraction = vaporAt(s, Z, T, P);
+again = false(size(T));
+for k = 1:numel(T)
+    last = find(fraction(k, :) > 0 & fraction(k, :) < 1, 1, 'last');
+    again(k) = numel(last) == 1 && fraction(k, last) > 0.6; % of a bubble point it would be near 0
 end
 some = T(again).';
 some = some(evenly(numel(some), 3 - 2 * s.quick));
+end
+
+function fraction = vaporAt(s, Z, T, P)
+T = repmat(T, 1, size(P, 2));
+fraction = NaN(size(P));
+if isempty(P)
+    return
+end
+try
+    fraction(:) = capeOpenMultiFlash(s.handle, Z, 'Temperature', T(:), 'Pressure', P(:), 'Unspecified', 'vaporFraction');
+catch
+    % no flash, no dew point
+end
 end
 
 function flash = endFlash(s, e)
@@ -102,19 +131,19 @@ lines = {s.opening; numbersText('X', e.Z)
          'Tr = T; Pr = P;'};
 end
 
-% Dew points that have to be there, but are not found.
+% Ends that have to be there, but are not found.
 function tally = failures(s, tally, ends, results)
 tally.asked = tally.asked + sum([ends.sure]);
 failed = ~cellfun(@isempty, {results.problem});
-for type = {'Unspecified', 'Normal', 'Retrograde'}
-    same = strcmp({ends.type}, type{1}) & [ends.sure];
+for kind = {'Bubble', 'Bubble', 'Bubble', 'Dew', 'Dew', 'Dew'; 'Unspecified', 'Normal', 'Retrograde', 'Unspecified', ...
+            'Normal', 'Retrograde'}
+    same = strcmp({ends.type}, kind{2}) & [ends.sure] & [ends.fraction] == strcmp(kind{1}, 'Dew');
     bad = find(same & failed);
     if ~isempty(bad)
         first = ends(bad(1));
-        what = sprintf('Dew points, solution type %s, are not found: %s', type{1}, results(bad(1)).problem);
-        values = [ends(bad).value].';
-        tally = checkFound(tally, 'note', what, sprintf('%s %.6g', lower(first.held), first.value), ...
-                           endLines(s, first), values, NaN(size(values)), sum(same));
+        what = sprintf('%s points, solution type %s, are not found: %s', kind{:}, results(bad(1)).problem);
+        tally = checkFound(tally, 'note', what, sprintf('%s %.6g', lower(first.held), first.value), endLines(s, first));
+        [tally.findings(end).count, tally.findings(end).asked] = deal(numel(bad), sum(same));
     end
 end
 end
@@ -141,12 +170,22 @@ for k = 1:size(tests, 1)
     lines = @(row) [endLines(s, ends(row)); {['deviation = ', text(row)]; sprintf('limit = %g', limit)}];
     tally = checkCompared(tally, 'failure', what, deviation(:), limit, at, lines);
 end
-alone = cellfun(@numel, {results.phases}) < 2;
-if any(alone)
-    e = ends(find(alone, 1));
-    tally = checkFound(tally, 'note', 'The phase of which there is nothing is not reported at a vapor fraction of 0 or 1', ...
-                       stateText(at, find(alone, 1)), endLines(s, e), at.T(alone), at.P(alone), numel(results));
+tally = incipient(s, tally, ends, results, at);
 end
+
+% A package may leave out the phase of which there is nothing, but not sometimes.
+function tally = incipient(s, tally, ends, results, at)
+alone = find(cellfun(@numel, {results.phases}) < 2);
+if isempty(alone)
+    return
+end
+severity = 'failure';
+if numel(alone) == numel(results)
+    severity = 'note';
+end
+lines = [endLines(s, ends(alone(1))); {'deviation = double(numel(phases) < 2)'; 'limit = 0'}];
+what = 'The phase of which there is nothing is not reported at a dew or bubble point';
+tally = checkFound(tally, severity, what, stateText(at, alone(1)), lines, at.T(alone), at.P(alone), numel(results));
 end
 
 % How far from the end the phases change, and, for the types Normal and Retrograde, on which side of it there are more.
