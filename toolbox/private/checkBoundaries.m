@@ -26,7 +26,9 @@ if isempty(results)
     return
 end
 tally = amounts(s, tally, ends, results);
-tally = checkFugacities(s, tally, results, @(flash) endLines(s, ends([results.problem] == flash.problem)));
+again = @(flash) endLines(s, ends([results.problem] == flash.problem));
+tally = checkDistinct(s, tally, results, again);
+tally = checkFugacities(s, tally, results, again);
 tally = sides(s, tally, ends, results);
 end
 

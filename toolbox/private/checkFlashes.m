@@ -40,5 +40,6 @@ for k = 1:size(tests, 1)
                     {sprintf('deviation = %s', tests{k, 3}); sprintf('limit = %g', tests{k, 4})}];
     tally = checkCompared(tally, 'failure', tests{k, 1}, deviation, tests{k, 4}, at, lines);
 end
+tally = checkDistinct(s, tally, flashes, @(flash) flashLines(s, flash));
 tally = checkFugacities(s, tally, flashes, @(flash) flashLines(s, flash));
 end

@@ -81,12 +81,13 @@ for k = 1:numel(states)
     if ~isempty(ideal)
         more([2, 5]) = {idealOf(s, ideal, T, X), idealOf(s, ideal, 1.1 * T, X)};
     end
-    if any(cellfun('size', values, 1) ~= 3) || any(cellfun(@isempty, more))
+    width = 1 + (s.n - 1) * ~isempty(strfind(zero, '(:, X > 0)')); %#ok<STREMP>
+    if ~all(cellfun(@(v) isequal(size(v), [3, width]), values)) || isempty(more{4})
         continue % found elsewhere
     end
-    all = [{'M', 'ideal', 'pure', 'warm', 'warmIdeal'}, names];
-    q = evaluated(zero, all, [more, values], T, P, X, s.R);
-    scale = max(evaluated(terms, all, [more, values], T, P, X, s.R));
+    known = [{'M', 'ideal', 'pure', 'warm', 'warmIdeal'}, names];
+    q = evaluated(zero, known, [more, values], T, P, X, s.R);
+    scale = max(evaluated(terms, known, [more, values], T, P, X, s.R));
     [off, allowed] = deal(abs([1 / 3, -2, 8 / 3] * q), abs([1, -3, 2] * q) + 5e-9 * scale);
     [~, worst] = max(off ./ allowed);
     [deviation(k), limit(k)] = deal(off(worst), allowed(worst));

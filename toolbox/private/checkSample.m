@@ -19,7 +19,7 @@ s = withStates(s);
 s.R = gasConstant(s);
 end
 
-% Equal fractions, random ones, one with a trace and nothing of another compound, and pure compounds.
+% Equal fractions, random ones, one with a trace and nothing of another compound, pairs of neighbors, pure compounds.
 function Z = compositions(s, given, among)
 if ~isempty(given)
     if isstruct(given) || iscell(given)
@@ -39,9 +39,11 @@ if n == 1
 end
 more = 6;
 pure = min(n, 12);
+pairs = min(n - 2, 4);
 if s.quick
     more = 2;
     pure = 2;
+    pairs = min(n - 2, 1);
 end
 [x, next] = uniformNumbers(s.seed, (more + 1) * n);
 x = -log(reshape(x, more + 1, n));
@@ -50,7 +52,9 @@ if n > 2
     x(more + 1, 1 + mod(next + 1, n)) = 1e-8;
 end
 which = 1 + round((0:pure - 1) * (n - 1) / max(1, pure - 1));
-x = [ones(1, n); x; double(bsxfun(@eq, which(:), 1:n))];
+first = evenly(n - 1, pairs).'; % where a package knows not how all compounds mix, it may know of two
+both = 0.7 * bsxfun(@eq, first, 1:n) + 0.3 * bsxfun(@eq, first + 1, 1:n);
+x = [ones(1, n); x; both; double(bsxfun(@eq, which(:), 1:n))];
 Z(size(x, 1), 1) = 0;
 Z(:, among) = bsxfun(@rdivide, x, sum(x, 2));
 end
