@@ -244,6 +244,29 @@ function every_fault_is_found(toolbox)
     fault = [];
 end
 
+% Two liquids of a sound flash are told as one, which has the composition of both: only the fugacities tell it.
+function a_liquid_too_few_is_found(toolbox)
+    global fault
+    behind_the_faulty_one();
+    ask = @() capeOpenCheck('Verdanth Reference Packages', 'Wet gas and hydrocarbons', 'Level', 'quick', ...
+        'Compositions', {'water', 0.5, 'n-hexane', 0.5}, 'TRange', [280, 320], 'PRange', [5e6, 6e6], ...
+        'Checks', {'flashes', 'stability'}, 'Quiet', true);
+    fault = [];
+    check(strcmp(ask().verdict, 'passed'), 'a sound one is told of');
+    fault = struct('command', 24, 'property', '', 'alter', @one_liquid);
+    report = ask();
+    check(numel(report.findings) == 1 && strcmp(report.findings.check, 'stability'), '%d findings', ...
+          numel(report.findings));
+    check(report.findings.count == 6 && ~isempty(regexp(report.findings.where, 'would lower the Gibbs energy', 'once')), ...
+          report.findings.where);
+    check(reproduces(report.findings), '%s', strjoin(report.findings.lines(:).', sprintf('\n')));
+    fault = [];
+end
+
+function v = one_liquid(v, given)
+    v(1:3) = {{'Liquid'}, 1, given{3}(:).'};
+end
+
 function a_sound_package_has_no_failure(toolbox)
     report = quick_check();
     bad = report.findings(strcmp({report.findings.severity}, 'failure'));

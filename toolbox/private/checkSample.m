@@ -52,7 +52,7 @@ if n > 2
     x(more + 1, 1 + mod(next + 1, n)) = 1e-8;
 end
 which = 1 + round((0:pure - 1) * (n - 1) / max(1, pure - 1));
-first = evenly(n - 1, pairs).'; % where a package knows not how all compounds mix, it may know of two
+first = reshape(evenly(n - 1, pairs), [], 1); % where a package knows not how all compounds mix, it may know of two
 both = 0.7 * bsxfun(@eq, first, 1:n) + 0.3 * bsxfun(@eq, first + 1, 1:n);
 x = [ones(1, n); x; both; double(bsxfun(@eq, which(:), 1:n))];
 Z(size(x, 1), 1) = 0;

@@ -35,8 +35,9 @@ for k = pairs
                 tally = byComposition(tally, at, name{1}, composed, value, pairValue, X, two, head);
             end
         elseif ~any(numel(value) == [1, s.n])
-            tally = checkFound(tally, 'failure', sprintf('%s has %d values', name{1}, numel(value)), stateText(at, 1), ...
-                               [head; {['value = ', call(name{1}, 'T', 'P')]; 'numbers = numel(value)'}], at.T, at.P, 1);
+            lines = [head; {['value = ', call(name{1}, 'T', 'P')]; 'numbers = numel(value)'}];
+            tally = checkFound(tally, 'failure', sprintf('%s has %d values', name{1}, numel(value)), ...
+                               stateText(at, 1), lines, at.T, at.P, 1);
         elseif isnumeric(value) && any(~isfinite(value(:))) && (isscalar(value) || all(flash.Z > 0))
             tally = checkFound(tally, 'failure', sprintf('%s is no number', name{1}), stateText(at, 1), ...
                                [head; {['value = ', call(name{1}, 'T', 'P')]}], at.T, at.P, 1);
@@ -88,8 +89,8 @@ catch
     return % told of the property itself
 end
 for phase = 1:2
-    call = @(name, X1, X2) sprintf('capeOpenTwoPhaseProp(handle, ''%s'', T, P, %s, %s, ''%s'', ''%s'')', name, X1, X2, ...
-        two{:});
+    call = @(name, X1, X2) sprintf('capeOpenTwoPhaseProp(handle, ''%s'', T, P, %s, %s, ''%s'', ''%s'')', name, X1, ...
+        X2, two{:});
     lines = [head; {['given = ', call(name, 'X', 'X2'), ';']}];
     if ~whole || numel(value{phase}) ~= numel(f0) * size(X, 2)
         tally = checkFound(tally, 'failure', sprintf('%s has not a value for each compound of both phases', name), ...

@@ -1,5 +1,5 @@
 function compounds = compoundsToMove(x)
-%compoundsToMove  Those of the largest, the smallest and a middle fraction, and one of nothing; of a pure compound others.
+%compoundsToMove  Of the largest, a middle and the smallest fraction, and one of nothing; of a pure one others.
 [~, order] = sort(-x);
 some = order(x(order) > 0);
 none = order(x(order) == 0);

@@ -24,8 +24,8 @@ near = near(1:min(end, 3));
 near = near(:).';
 end
 
-% How many letters have to be put in, taken out, changed or swapped with the next (Damerau, Levenshtein); Inf if they are
-% more than ALLOWED, which the first letters tell of most names.
+% How many letters have to be put in, taken out, changed or swapped with the next (Damerau, Levenshtein); Inf if they
+% are more than ALLOWED, which the first letters tell of most names.
 function distance = editDistance(a, b, allowed)
 D = zeros(numel(a) + 1, numel(b) + 1);
 D(:, 1) = 0:numel(a);
