@@ -94,7 +94,9 @@ fraction = vaporAt(s, Z, T, P);
 again = false(size(T));
 for k = 1:numel(T)
     last = find(fraction(k, :) > 0 & fraction(k, :) < 1, 1, 'last');
-    again(k) = numel(last) == 1 && fraction(k, last) > 0.6; % of a bubble point it would be near 0
+    % Beyond a dew point all is vapor, if a package calls it so; beyond a bubble point, or where another liquid comes in
+    % the place of the vapor, it is not.
+    again(k) = numel(last) == 1 && fraction(k, last) > 0.9 - 0.3 * (fraction(k, min(end, last + 1)) == 1);
 end
 some = T(again).';
 some = some(evenly(numel(some), 3 - 2 * s.quick));
