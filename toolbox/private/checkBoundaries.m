@@ -41,8 +41,8 @@ some = some(arrayfun(@(f) any(strcmpi(f.phases, s.vapor)) && numel(f.phases) > 1
 results = repmat(sampledFlash(s, s.Z(1, :), NaN, NaN), 1, 0);
 without = 0;
 for flash = s.flashes(some(evenly(numel(some), 24 - 20 * s.quick)))
-    % Less pressure leads to a vapor; heat need not, above the critical pressure.
-    new = [oneEnd(flash.Z, 'Temperature', flash.T, 1, 'Unspecified', true), ...
+    isVapor = any(vaporAt(s, flash.Z, flash.T, flash.P * [0.3, 0.1, 0.01, 1e-3]) == 1); % then there is a dew point
+    new = [oneEnd(flash.Z, 'Temperature', flash.T, 1, 'Unspecified', isVapor), ...
            oneEnd(flash.Z, 'Pressure', flash.P, 1, 'Unspecified', false)];
     found = [endFlash(s, new(1)), endFlash(s, new(2))];
     if without < 4 % above its critical temperature a mixture has none, and a package may search long for it
@@ -94,9 +94,9 @@ fraction = vaporAt(s, Z, T, P);
 again = false(size(T));
 for k = 1:numel(T)
     last = find(fraction(k, :) > 0 & fraction(k, :) < 1, 1, 'last');
-    % Beyond a dew point all is vapor, if a package calls it so; beyond a bubble point, or where another liquid comes in
-    % the place of the vapor, it is not.
-    again(k) = numel(last) == 1 && fraction(k, last) > 0.9 - 0.3 * (fraction(k, min(end, last + 1)) == 1);
+    % Of a bubble point it would be near 0; and what was the vapor may be a second liquid beyond.
+    again(k) = numel(last) == 1 && last < size(P, 2) && fraction(k, last) > 0.6 ...
+        && numel(sampledFlash(s, Z, T(k), P(k, last + 1)).phases) == 1;
 end
 some = T(again).';
 some = some(evenly(numel(some), 3 - 2 * s.quick));
@@ -117,15 +117,8 @@ end
 end
 
 function flash = endFlash(s, e)
-flash = struct('Z', e.Z, 'T', NaN, 'P', NaN, 'phases', {{}}, 'fractions', [], 'X', [], 'Tr', NaN, 'Pr', NaN, ...
-               'problem', '');
-try
-    [flash.phases, flash.fractions, flash.X, flash.Tr, flash.Pr] = capeOpenFlash(s.handle, e.Z, e.held, e.value, ...
-        'vaporFraction', e.fraction, e.type);
-    [flash.T, flash.P] = deal(flash.Tr, flash.Pr);
-catch problem
-    flash.problem = strtok(problem.message, sprintf('\n'));
-end
+flash = sampledFlash(s, e.Z, NaN, NaN, {e.held, e.value, 'vaporFraction', e.fraction, e.type});
+[flash.T, flash.P] = deal(flash.Tr, flash.Pr);
 end
 
 function lines = endLines(s, e)
