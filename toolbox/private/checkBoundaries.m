@@ -38,7 +38,7 @@ function [ends, results] = asked(s)
 ends = repmat(oneEnd([], '', NaN, NaN, '', false), 1, 0);
 some = wholeFlashes(s, s.flashes);
 some = some(arrayfun(@(f) any(strcmpi(f.phases, s.vapor)) && numel(f.phases) > 1, s.flashes(some)));
-results = repmat(sampledFlash(s, s.Z(1, :), NaN, NaN), 1, 0);
+results = s.flashes(zeros(1, 0));
 without = 0;
 for flash = s.flashes(some(evenly(numel(some), 24 - 20 * s.quick)))
     isVapor = any(vaporAt(s, flash.Z, flash.T, flash.P * [0.3, 0.1, 0.01, 1e-3]) == 1); % then there is a dew point

@@ -10,6 +10,7 @@ good = wholeFlashes(s, s.flashes);
 good = good(cellfun(@(Z) nnz(Z) > 1 || s.n == 1, {s.flashes(good).Z}));
 good = good(evenly(numel(good), 12 - 8 * s.quick));
 names = specifications(s);
+given = ismember(lower(names), {'temperature', 'pressure'}); % without these a package may search for long
 solved = zeros(numel(names));
 asked = solved;
 failed = cell(numel(names));
@@ -27,7 +28,8 @@ for k = good
     values(fraction & (values <= 0 | values >= 1)) = NaN; % of one phase it tells nothing
     for first = 1:numel(names)
         for second = first + 1:numel(names)
-            if solved(first, second) == 0 && asked(first, second) > 2
+            enough = s.quick && solved(first, second) > 0 && ~any(given([first, second]));
+            if enough || (solved(first, second) == 0 && asked(first, second) > 2)
                 continue
             end
             [tally, did] = oneTrip(s, tally, flash, names([first, second]), values([first, second]));
