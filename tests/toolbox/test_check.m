@@ -281,6 +281,15 @@ function a_sound_package_has_no_failure(toolbox)
           'the same seed gives another sample');
 end
 
+function no_reference_package_has_a_failure(toolbox)
+    for package = reshape(capeOpenPackageList('Verdanth Reference Packages'), 1, [])
+        report = capeOpenCheck('Verdanth Reference Packages', package{1}, 'Level', 'quick', 'Seed', 2, 'Quiet', true);
+        bad = report.findings(strcmp({report.findings.severity}, 'failure'));
+        check(isempty(bad), '%s: %s', package{1}, strjoin([{''}, {bad.what}], '; '));
+        check(all([report.checks.asked] > 0), '%s: a check asks nothing', package{1});
+    end
+end
+
 % Well-formed but for what HTML lets stand open, without anything from elsewhere, and with all findings.
 function the_report_is_one_file_with_every_finding(toolbox)
     global fault

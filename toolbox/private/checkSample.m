@@ -81,13 +81,31 @@ for k = 1:size(s.Z, 1)
     end
     T = TRange(1) + u(1, :) * (TRange(2) - TRange(1));
     P = exp(log(PRange(1)) + u(2, :) * log(PRange(2) / PRange(1)));
-    if isempty(options.TRange) && isempty(options.PRange) && nnz(s.Z(k, :)) > 1
-        T(1) = 0.98 * T0; % near the critical point
-        P(1) = 0.9 * P0;
+    if isempty(options.TRange) && isempty(options.PRange)
+        if nnz(s.Z(k, :)) > 1
+            T(1) = 0.98 * T0; % near the critical point
+            P(1) = 0.9 * P0;
+        end
+        [T(2), P(2)] = nearSaturation(s, s.Z(k, :), 0.8 * T0, T(2), P(2));
     end
     for l = 1:count
         s.flashes(end + 1) = sampledFlash(s, s.Z(k, :), T(l), P(l));
     end
+end
+end
+
+% Where a mixture is half vapor, and a pure compound nearly boils; the other T and P, if the package does not tell.
+function [T, P] = nearSaturation(s, Z, T, otherT, otherP)
+P = NaN;
+try
+    P = capeOpenMultiFlash(s.handle, Z, 'Temperature', T, 'vaporFraction', 0.5, 'Unspecified', 'Pressure');
+catch
+    % it does not
+end
+if ~(P > 0)
+    [T, P] = deal(otherT, otherP);
+elseif nnz(Z) == 1
+    P = 0.999 * P;
 end
 end
 
