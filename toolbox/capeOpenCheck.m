@@ -23,10 +23,11 @@ function report = capeOpenCheck(varargin)
 %     'Compositions'
 %             compositions of the sample, double m-by-n, mole fractions; by
 %             default equal and random fractions, one with a trace and a zero,
-%             and pure compounds
+%             pairs, and pure compounds
 %     'TRange', 'PRange'
 %             lowest and highest temperature in K and pressure in Pa of the
-%             sample; by default around the critical ones of each composition
+%             sample; by default around the critical ones of each composition,
+%             with one near saturation
 %     'Level' 'quick' for a small sample, or 'full', which is the default
 %     'Seed'  a number from which the random parts of the sample come; 1 by
 %             default

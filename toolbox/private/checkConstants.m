@@ -8,7 +8,10 @@ for name = reshape(s.constants, 1, [])
     lines = {s.opening; sprintf('capeOpenConstant(handle, ''%s'')', name{1})};
     try
         values = capeOpenConstant(s.handle, name{1});
-        if isnumeric(values) && all(isnan(values))
+        if numel(values) ~= s.n
+            what = sprintf('%s has %d values for %d compounds', name{1}, numel(values), s.n);
+            tally = checkFound(tally, 'failure', what, '', [lines(1); {['numbers = ', lines{2}]}]);
+        elseif isnumeric(values) && all(isnan(values))
             tally = checkFound(tally, 'note', sprintf('%s is listed, but no compound has it', name{1}), '', lines);
         end
     catch problem

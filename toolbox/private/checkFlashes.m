@@ -18,7 +18,7 @@ if any(~solved)
             stateText(flashStates(s, same), 1), flashLines(s, same(1)), [same.T], [same.P], numel(solved));
     end
 end
-flashes = s.flashes(solved);
+[tally, flashes] = checkShapes(s, tally, s.flashes(solved), @(flash) flashLines(s, flash));
 if isempty(flashes)
     return
 end
@@ -40,31 +40,6 @@ for k = 1:size(tests, 1)
                     {sprintf('deviation = %s', tests{k, 3}); sprintf('limit = %g', tests{k, 4})}];
     tally = checkCompared(tally, 'failure', tests{k, 1}, deviation, tests{k, 4}, at, lines);
 end
-several = find(cellfun(@numel, {flashes.phases}) > 1);
-if any(strcmpi(s.single, 'logFugacityCoefficient')) && ~isempty(several)
-    tally = fugacities(s, tally, flashes(several));
-end
-end
-
-function tally = fugacities(s, tally, flashes)
-at = flashStates(s, flashes);
-deviation = NaN(numel(flashes), 1);
-for k = 1:numel(flashes)
-    flash = flashes(k);
-    f = zeros(numel(flash.phases), s.n);
-    for phase = 1:numel(flash.phases)
-        x = flash.X(phase, :);
-        value = phaseValues(s, 'logFugacityCoefficient', flash.T, flash.P, x, flash.phases{phase});
-        f(phase, :) = log(x) + [value, NaN(1, s.n - numel(value))];
-    end
-    there = min(flash.X, [], 1) > 1e-12; % of less, the number itself is not known to this
-    deviation(k) = max([0, max(f(:, there), [], 1) - min(f(:, there), [], 1)]);
-end
-lines = @(row) [flashLines(s, flashes(row))
-                {'f = zeros(size(Y));'
-                 'ask = @(x, phase) capeOpenSinglePhaseProp(handle, ''logFugacityCoefficient'', T, P, x, phase);'
-                 'for k = 1:numel(phases), f(k, :) = log(Y(k, :)) + ask(Y(k, :), phases{k}); end'
-                 'f = f(:, min(Y, [], 1) > 1e-12);'
-                 'deviation = max(max(f, [], 1) - min(f, [], 1))'; 'limit = 1e-6'}];
-tally = checkCompared(tally, 'failure', 'Fugacities differ between the phases of a flash', deviation, 1e-6, at, lines);
+tally = checkDistinct(s, tally, flashes, @(flash) flashLines(s, flash));
+tally = checkFugacities(s, tally, flashes, @(flash) flashLines(s, flash));
 end

@@ -41,7 +41,7 @@ end
 % In a row for each compound, the largest deviation as a part of its limit among what depends on it, and that limit.
 function [deviation, limit, compounds] = compared(s, at, row, name, base, suffix, whole)
 [T, P, x] = deal(at.T(row), at.P(row), at.X(row, :));
-compounds = someCompounds(x);
+compounds = compoundsToMove(x);
 [deviation, limit] = deal(NaN(numel(compounds), 1));
 given = phaseValues(s, name, T, P, x, at.phase);
 f0 = phaseValues(s, base, T, P, x, at.phase);
@@ -54,9 +54,9 @@ end
 some = x > 0;
 for k = 1:numel(compounds)
     j = compounds(k);
-    h = stepOf(x(j));
+    h = fractionStep(x(j));
     [steps, weights] = differenceSteps(x(j) == 0);
-    f = phaseValues(s, base, T, P, moved(x, j, h * steps), at.phase);
+    f = phaseValues(s, base, T, P, movedFractions(x, j, h * steps), at.phase);
     if numel(f) ~= numel(steps) * numel(f0)
         continue
     end
@@ -78,27 +78,6 @@ for k = 1:numel(compounds)
 end
 end
 
-function X = moved(x, j, steps)
-X = repmat(x, numel(steps), 1) - steps(:) * x;
-X(:, j) = X(:, j) + steps(:);
-end
-
-function h = stepOf(x)
-h = 1e-4;
-if x > 0
-    h = 1e-3 * min(x, 1 - x);
-end
-end
-
-% The largest and the smallest fraction, and one of nothing; pure compounds have the others alone.
-function compounds = someCompounds(x)
-[~, order] = sort(-x);
-some = order(x(order) > 0);
-none = order(x(order) == 0);
-compounds = unique([some(1), some(end), some(ceil(end / 2)), none(1:min(1, end))]).';
-compounds(x(compounds) == 1) = [];
-end
-
 function lines = linesOf(s, at, row, j, name, base, suffix, whole)
 [steps, weights] = differenceSteps(at.X(row, j) == 0);
 ask = @(name, X) sprintf('capeOpenSinglePhaseProp(handle, ''%s'', T, P, %s, ''%s'')', name, X, at.phase);
@@ -109,7 +88,7 @@ elseif whole
     value = [value, ' - f0'];
 end
 lines = [stateLines(s, at.T(row), at.P(row), at.X(row, :))
-         {sprintf('R = %.17g; j = %d; h = %.17g;', s.R, j, stepOf(at.X(row, j)))
+         {sprintf('R = %.17g; j = %d; h = %.17g;', s.R, j, fractionStep(at.X(row, j)))
           [numbersText('steps', steps), sprintf(' X2 = repmat(X, %d, 1) - h * steps.'' * X;', numel(steps))]
           'X2(:, j) = X2(:, j) + h * steps.'';'
           sprintf('f = %s; f0 = %s;', ask(base, 'X2'), ask(base, 'X')); sprintf('given = %s;', ask(name, 'X'))

@@ -19,7 +19,7 @@ s = withStates(s);
 s.R = gasConstant(s);
 end
 
-% Equal fractions, random ones, one with a trace and nothing of another compound, and pure compounds.
+% Equal fractions, random ones, one with a trace and nothing of another compound, pairs of neighbors, pure compounds.
 function Z = compositions(s, given, among)
 if ~isempty(given)
     if isstruct(given) || iscell(given)
@@ -39,9 +39,11 @@ if n == 1
 end
 more = 6;
 pure = min(n, 12);
+pairs = min(n - 2, 4);
 if s.quick
     more = 2;
     pure = 2;
+    pairs = min(n - 2, 1);
 end
 [x, next] = uniformNumbers(s.seed, (more + 1) * n);
 x = -log(reshape(x, more + 1, n));
@@ -50,7 +52,9 @@ if n > 2
     x(more + 1, 1 + mod(next + 1, n)) = 1e-8;
 end
 which = 1 + round((0:pure - 1) * (n - 1) / max(1, pure - 1));
-x = [ones(1, n); x; double(bsxfun(@eq, which(:), 1:n))];
+first = reshape(evenly(n - 1, pairs), [], 1); % where a package knows not how all compounds mix, it may know of two
+both = 0.7 * bsxfun(@eq, first, 1:n) + 0.3 * bsxfun(@eq, first + 1, 1:n);
+x = [ones(1, n); x; both; double(bsxfun(@eq, which(:), 1:n))];
 Z(size(x, 1), 1) = 0;
 Z(:, among) = bsxfun(@rdivide, x, sum(x, 2));
 end
@@ -77,9 +81,12 @@ for k = 1:size(s.Z, 1)
     end
     T = TRange(1) + u(1, :) * (TRange(2) - TRange(1));
     P = exp(log(PRange(1)) + u(2, :) * log(PRange(2) / PRange(1)));
-    if isempty(options.TRange) && isempty(options.PRange) && nnz(s.Z(k, :)) > 1
-        T(1) = 0.98 * T0; % near the critical point
-        P(1) = 0.9 * P0;
+    if isempty(options.TRange) && isempty(options.PRange)
+        if nnz(s.Z(k, :)) > 1
+            T(1) = 0.98 * T0; % near the critical point
+            P(1) = 0.9 * P0;
+        end
+        [T(2), P(2)] = nearSaturation(s, s.Z(k, :), 0.8 * T0, T(2), P(2));
     end
     for l = 1:count
         s.flashes(end + 1) = sampledFlash(s, s.Z(k, :), T(l), P(l));
@@ -87,17 +94,36 @@ for k = 1:size(s.Z, 1)
 end
 end
 
+% Where a mixture is half vapor, and a pure compound nearly boils; the other T and P, if the package does not tell.
+function [T, P] = nearSaturation(s, Z, T, otherT, otherP)
+P = NaN;
+try
+    P = capeOpenMultiFlash(s.handle, Z, 'Temperature', T, 'vaporFraction', 0.5, 'Unspecified', 'Pressure');
+catch
+    % it does not
+end
+if ~(P > 0)
+    [T, P] = deal(otherT, otherP);
+elseif nnz(Z) == 1
+    P = 0.999 * P;
+end
+end
+
 function s = withStates(s)
 solved = any(cellfun(@isempty, {s.flashes.problem}));
+some = s.flashes;
+if solved
+    some = some(wholeFlashes(s, some));
+end
 for k = 1:numel(s.phases)
     [T, P, X] = deal([]);
-    for flash = s.flashes
+    for flash = some
         if ~solved
             [T(end + 1, 1), P(end + 1, 1), X(end + 1, :)] = deal(flash.T, flash.P, flash.Z); %#ok<AGROW>
         end
         for phase = find(strcmpi(flash.phases(:), s.phases{k})).'
             x = flash.X(phase, :);
-            if all(isfinite(x)) && all(x >= 0) && sum(x) > 0.5 && flash.fractions(phase) >= 0
+            if all(x >= 0) && sum(x) > 0.5 && flash.fractions(phase) >= 0
                 [T(end + 1, 1), P(end + 1, 1), X(end + 1, :)] = deal(flash.T, flash.P, x / sum(x)); %#ok<AGROW>
             end
         end

@@ -25,9 +25,14 @@ table = {
         t) checkIdentities(s, t, identityTable('heatCapacities'))
     'fugacities', 'Fugacities fit together and with the volume', @(s, t) checkIdentities(s, t, ...
         identityTable('fugacities'))
+    'lowPressures', 'A vapor at low pressure becomes an ideal gas', @checkLowPressures
     'moles', 'Derivatives by moles obey Euler, Gibbs-Duhem and symmetry', @checkEuler
     'flashes', 'Flashes at temperature and pressure are balanced equilibria', @checkFlashes
+    'stability', 'Phases of flashes are stable by their own fugacities', @checkStability
+    'boundaries', 'Dew and bubble points are where the phases of flashes change', @checkBoundaries
     'roundTrips', 'Flashes by other specifications meet them, and come out the same again', @checkTrips
+    'massFlashes', 'Flashes in mass basis give the states of those in mole basis', @checkMassFlashes
+    'batches', 'Values are the same alone, among others and in any order', @checkBatches
     'bases', 'Values in mass basis are those in mole basis over the molar mass', @checkBases
     'errors', 'What is wrong is refused, with words that say why', @checkErrors
     };

@@ -1,15 +1,16 @@
 function tally = checkTrips(s, tally)
-%checkTrips  Flashes by pairs of specifications, one of them temperature or pressure, and flashes that are done again.
+%checkTrips  Flashes by all pairs of specifications, and flashes that are done again.
 %
-%   The specifications come from the results at temperature and pressure. Again means: repeated, after another flash
+%   The specifications come from the results at temperature and pressure. A pair that fails at the first three states is
+%   taken for one that the package does not solve. Again means: repeated, after another flash
 %   or one that fails, in other order, and with a trace in place of nothing. A specification is met to 1e-6 of its
 %   size, of which enthalpies, energies and entropies have at least R * T or R; the state may be another that has
 %   the same. What is done again is the same to 1e-9, and to the bit if it is repeated.
-good = find(cellfun(@isempty, {s.flashes.problem}) & cellfun(@(Z) nnz(Z) > 1 || s.n == 1, {s.flashes.Z}));
+good = wholeFlashes(s, s.flashes);
+good = good(cellfun(@(Z) nnz(Z) > 1 || s.n == 1, {s.flashes(good).Z}));
 good = good(evenly(numel(good), 12 - 8 * s.quick));
-names = s.flashProps;
-names = names(ismember(lower(names), {'temperature', 'pressure', 'vaporfraction', 'volume', 'enthalpy', 'entropy', ...
-    'internalenergy'}));
+names = specifications(s);
+given = ismember(lower(names), {'temperature', 'pressure'}); % without these a package may search for long
 solved = zeros(numel(names));
 asked = solved;
 failed = cell(numel(names));
@@ -23,10 +24,14 @@ for k = good
     catch
         values = NaN(1, numel(names));
     end
-    fraction = strcmpi(names, 'vaporFraction').';
+    fraction = strcmpi(names, 'vaporFraction');
     values(fraction & (values <= 0 | values >= 1)) = NaN; % of one phase it tells nothing
     for first = 1:numel(names)
-        for second = first + 1:numel(names) * any(strcmpi(names{first}, {'Temperature', 'Pressure'}))
+        for second = first + 1:numel(names)
+            enough = s.quick && solved(first, second) > 0 && ~any(given([first, second]));
+            if enough || (solved(first, second) == 0 && asked(first, second) > 2)
+                continue
+            end
             [tally, did] = oneTrip(s, tally, flash, names([first, second]), values([first, second]));
             solved(first, second) = solved(first, second) + did;
             asked(first, second) = asked(first, second) + all(isfinite(values([first, second])));
@@ -44,6 +49,13 @@ for pair = find(solved > 0 & solved < asked).'
     tally = checkFound(tally, 'note', sprintf('Flashes by %s and %s fail at %d of %d states', names{first}, ...
         names{second}, asked(pair) - solved(pair), asked(pair)), '', flashLines(s, failed{pair}));
 end
+end
+
+% The names that flashes take, without those that another reference state of enthalpies and entropies adds.
+function names = specifications(s)
+names = reshape(s.flashProps, 1, []);
+other = regexpi(names, '^(enthalpy|entropy)(F|NF)$', 'tokens', 'once');
+names = names(cellfun(@(base) isempty(base) || ~any(strcmpi(names, base{1})), other));
 end
 
 function [tally, did] = oneTrip(s, tally, flash, names, given)
