@@ -7,7 +7,7 @@ report = struct('package', capeOpenName(handle), 'opening', opening, 'verdict', 
                 'checks', struct('name', {}, 'title', {}, 'asked', {}, 'skipped', {}, 'failures', {}, 'notes', {}, ...
                                  'seconds', {}, 'bars', {}), ...
                 'compounds', {capeOpenCompoundList(handle)}, 'level', lower(options.Level), 'seed', options.Seed, ...
-                'flashes', [], 'pairs', [], 'complete', false, 'seconds', 0);
+                'flashes', [], 'pairs', [], 'times', [], 'memory', [], 'complete', false, 'seconds', 0);
 tally = checkTally('');
 report.findings = tally.findings;
 s = checkSample(handle, opening, options);
@@ -25,8 +25,10 @@ for k = 1:size(table, 1)
                            {opening; sprintf('capeOpenCheck(handle, ''Checks'', {''%s''});', table{k, 1})});
     end
     report.findings = [report.findings, tally.findings];
-    if isfield(tally, 'pairs')
-        report.pairs = tally.pairs;
+    for part = {'pairs', 'times', 'memory'}
+        if isfield(tally, part{1})
+            report.(part{1}) = tally.(part{1});
+        end
     end
     report.checks(k) = struct('name', table{k, 1}, 'title', table{k, 2}, 'asked', tally.asked, ...
                               'skipped', tally.skipped, 'failures', numberOf(tally, 'failure'), ...

@@ -29,6 +29,9 @@ table = {
     'flashes', 'Flashes at temperature and pressure are balanced equilibria', @checkFlashes
     'roundTrips', 'Flashes by other specifications meet them, and come out the same again', @checkTrips
     'bases', 'Values in mass basis are those in mole basis over the molar mass', @checkBases
-    'errors', 'What is wrong is refused, with words that say why', @checkErrors
+    'errors', 'What is wrong is refused, with words that say why, and leaves the rest as it was', @checkErrors
+    'warnings', 'Calls with nothing wrong in them do not warn', @checkWarnings
+    'times', 'No state is much slower than others, and rows of a batch are no slower than calls', @checkTimes
+    'manyCalls', 'Many calls take no more memory each, and no more time', @checkManyCalls
     };
 end
