@@ -24,7 +24,9 @@ for k = 1:size(table, 1)
         tally = checkFound(tally, 'failure', ['The check ended with: ', problem.message], '', ...
                            {opening; sprintf('capeOpenCheck(handle, ''Checks'', {''%s''});', table{k, 1})});
     end
-    report.findings = [report.findings, tally.findings];
+    if ~isempty(tally.findings) % Octave forgets the fields of nothing and nothing
+        report.findings = [report.findings, tally.findings];
+    end
     for part = {'pairs', 'times', 'memory'}
         if isfield(tally, part{1})
             report.(part{1}) = tally.(part{1});
