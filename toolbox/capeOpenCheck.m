@@ -12,6 +12,7 @@ function report = capeOpenCheck(varargin)
 %   A finding tells what does not hold, where, how far it is off, which limit
 %   that is beyond, and the lines to type that show it. Limits come from the
 %   arithmetic of each comparison and stand in the finding. A summary is shown.
+%   The time of calls, and the memory that many of them take, is measured, too.
 %
 %   Arguments:
 %     manager  text, a name that capeOpenManagerList gives
@@ -47,6 +48,14 @@ function report = capeOpenCheck(varargin)
 %             checks    struct array with name, title, asked, skipped,
 %                       failures, notes, seconds, and bars: the largest
 %                       deviations as parts of their limits
+%             times     struct array with a kind of call each: kind, calls
+%                       (how many for one state were timed), median and worst
+%                       in s, and what a batch takes once (call) and for each
+%                       state (row), NaN where there are no batches
+%             memory    struct array with a kind of call each: kind, calls,
+%                       perCall (bytes by which the process has grown), and
+%                       why it is NaN: packages are in another process, or the
+%                       system does not tell
 %             package, opening (the line that opens it), compounds, level,
 %             seed, flashes (the sample), pairs (of specifications that were
 %             solved), complete, seconds

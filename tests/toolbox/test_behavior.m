@@ -54,7 +54,7 @@ function wait_for(seconds)
     end
 end
 
-function every_fault_is_found(toolbox)
+function every_behavior_is_found(toolbox)
     global fault
     behind_the_faulty_one();
     faults = fault_table();

@@ -11,7 +11,10 @@ elseif strcmp(action, 'last')
     report = kept;
 elseif ~isempty(kept) && ~kept.complete
     progressLine('');
-    fprintf('capeOpenCheck was stopped after %d %s; capeOpenCheck(''last'') gives what was done\n', ...
-            numel(kept.checks), plural(numel(kept.checks), 'check'));
+    done = sprintf('%d %s', numel(kept.checks), plural(numel(kept.checks), 'check'));
+    if isempty(kept.checks)
+        done = sprintf('%d flashes of its sample', numel(kept.flashes));
+    end
+    fprintf('capeOpenCheck was stopped after %s; capeOpenCheck(''last'') gives what was done\n', done);
 end
 end

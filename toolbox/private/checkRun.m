@@ -10,10 +10,11 @@ report = struct('package', capeOpenName(handle), 'opening', opening, 'verdict', 
                 'flashes', [], 'pairs', [], 'times', [], 'memory', [], 'complete', false, 'seconds', 0);
 tally = checkTally('');
 report.findings = tally.findings;
-s = checkSample(handle, opening, options);
-report.flashes = s.flashes;
 checkKept('keep', report);
 ending = onCleanup(@() checkKept('stopped'));
+s = checkSample(handle, opening, options, [], @(flashes, count) sampled(report, flashes, count));
+report.flashes = s.flashes;
+checkKept('keep', report);
 for k = 1:size(table, 1)
     progressLine(sprintf('%d of %d: %s', k, size(table, 1), table{k, 1}));
     since = tic();
@@ -43,6 +44,12 @@ report.complete = true;
 progressLine('');
 checkKept('keep', report);
 clear('ending');
+end
+
+function sampled(report, flashes, count)
+progressLine(sprintf('flash %d of %d of the sample', numel(flashes), count));
+report.flashes = flashes;
+checkKept('keep', report);
 end
 
 function count = numberOf(tally, severity)
