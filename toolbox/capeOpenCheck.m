@@ -35,6 +35,10 @@ function report = capeOpenCheck(varargin)
 %             names of checks, cell array of texts; all by default
 %     'Report'
 %             name of an HTML file to write, with everything in it
+%     'Parallel'
+%             true to have the checks done by the workers that there are for
+%             capeOpenMultiFlashParallel, each with a package of its own; what
+%             measures time and memory is done afterwards, alone
 %     'Quiet' true to show no summary
 %
 %   Results:
@@ -76,7 +80,8 @@ function report = capeOpenCheck(varargin)
 %     'Expected 'quick' or 'full' as Level'
 %     'Expected the lowest and the highest value as ...'
 %     'Expected a number as Seed'
-%             Level, TRange, PRange or Seed is something else.
+%     'Expected true or false as Parallel'
+%             Level, TRange, PRange, Seed or Parallel is something else.
 %     '"..." can not be written: ...'
 %             The file of Report; capeOpenCheck('last') gives what was found.
 %     'Expected an option and its value, not ...'
@@ -93,11 +98,17 @@ if nargin == 1 && isequal(capeopen.internal.charsOf(varargin{1}), 'last')
     return
 end
 defaults = struct('Compositions', [], 'TRange', [], 'PRange', [], 'Level', 'full', 'Seed', 1, 'Checks', {{}}, ...
-                  'Report', '', 'Quiet', false);
+                  'Report', '', 'Quiet', false, 'Parallel', false);
 [given, options] = capeopen.internal.options(varargin, defaults);
 options = checkOptions(options);
-[handle, opening, owner] = checkedPackage(given); %#ok<ASGLU> the owner closes it
-report = checkRun(handle, opening, options, askedFor(options.Checks));
+if ~isscalar(options.Parallel) || ~(islogical(options.Parallel) || isnumeric(options.Parallel))
+    error('Verdanth:error', 'Expected true or false as Parallel');
+end
+[handle, opening, owner, names] = checkedPackage(given); %#ok<ASGLU> the owner closes it
+if ~options.Parallel
+    names = {};
+end
+report = checkRun(handle, opening, options, askedFor(options.Checks), names);
 if ~isempty(options.Report)
     checkReport(report, capeopen.internal.charsOf(options.Report));
 end

@@ -157,4 +157,77 @@ function mistakes_have_to_leave_the_rest_as_it_was(toolbox)
     fault = [];
 end
 
+% Without what is measured, which no two reports have in common.
+function report = without_times(report)
+    report = rmfield(report, {'seconds', 'times', 'memory'});
+    report.checks = rmfield(report.checks, 'seconds');
+    measured = ismember({report.checks.name}, {'times', 'manyCalls'});
+    [report.checks(measured).bars] = deal([]);
+    [report.checks(measured).asked] = deal(0); % as many as there was time for
+end
+
+% Options of a check of which workers can do most.
+function options = for_workers()
+    names = {'volumes', 'times', 'moleDerivatives', 'errors', 'casNumbers', 'pureProperties', 'flashes', 'roundTrips'};
+    options = {'Level', 'quick', 'Quiet', true, 'Checks', names};
+end
+
+function workers_give_the_same_report(toolbox)
+    options = for_workers();
+    h = capeOpenCreate('Verdanth Reference Packages', 'Natural gas');
+    expected = without_times(capeOpenCheck(h, options{:}));
+    check(numel(expected.checks) == 8 && strcmp(expected.verdict, 'notes'), 'there is nothing to compare');
+    check(nproc() == 1 || ~isempty(pkg('list', 'parallel')), 'the package parallel is missing');
+    check(isequaln(without_times(capeOpenCheck(h, options{:}, 'Parallel', true)), expected), 'workers give another report');
+    check(isequal(capeOpenHandleList(), h), 'another package is open');
+    warning('off', 'Octave:shadowed-function');
+    addpath(fullfile(fileparts(mfilename('fullpath')), 'one_processor'));
+    check(isequaln(without_times(capeOpenCheck(h, options{:}, 'Parallel', true)), expected), 'without workers there is another');
+end
+
+function a_matlab_pool_gives_the_same_report(toolbox)
+    global size_of_pool messages_left late_messages
+    options = for_workers();
+    names = {'Natural gas', 'Air'};
+    for k = 1:2
+        serial = @() capeOpenCheck('Verdanth Reference Packages', names{k}, options{:});
+        expected{k} = without_times(serial());
+        parallel{k} = @() capeOpenCheck('Verdanth Reference Packages', names{k}, options{:}, 'Parallel', true);
+    end
+    warning('off', 'Octave:shadowed-function');
+    addpath(fullfile(fileparts(mfilename('fullpath')), 'matlab_pool'));
+    check(isequaln(without_times(parallel{1}()), expected{1}), 'a pool gives another report');
+    [messages_left, size_of_pool] = deal(3, [3, 3]);
+    shown = evalc('found = parallel{1}();');
+    check(messages_left == 0 && isequaln(without_times(found), expected{1}), 'a pool that is lost gives another report');
+    [messages_left, late_messages] = deal([], {});
+    check(isequaln(without_times(parallel{1}()), expected{1}), 'late messages are needed');
+    check(numel(late_messages) == 7, '%d messages', numel(late_messages));
+    check(isequaln(without_times(parallel{2}()), expected{2}), 'late messages of another package count');
+end
+
+function times_and_memory_are_told(toolbox)
+    file = [tempname(), '.html'];
+    shown = evalc('report = capeOpenCheck(''Verdanth Reference Packages'', ''Natural gas'', ''Level'', ''quick'', ''Checks'', {''times'', ''manyCalls''}, ''Report'', file);');
+    text = fileread(file);
+    delete(file);
+    times = report.times;
+    check(all([times.calls] >= 3) && all([times.median] > 0) && all([times.worst] >= [times.median]), 'times are none');
+    for start = {'constant ', 'TDependent ', 'PDependent ', 'phase ', 'two phases ', 'flash Temperature Pressure', 'flash Pressure enthalpy'}
+        check(any(strncmp({times.kind}, start{1}, numel(start{1}))), 'no %s', start{1});
+    end
+    batch = ~isnan([times.row]);
+    check(sum(batch) >= numel(times) - 2 && all([times(batch).call] >= 0) && all([times(batch).row] >= 0), 'batches');
+    [~, k] = ismember('phase density', {times.kind});
+    check(times(k).row < times(k).call, 'a row of densities takes %g s, a call %g s', times(k).row, times(k).call);
+    memory = report.memory;
+    check(all([memory.calls] >= 120) && all(isfinite([memory.perCall])) && isempty([memory.why]), 'memory');
+    for kind = [{times.kind}, {memory.kind}]
+        check(numel(regexp(text, ['<td>', kind{1}, '</td><td>\d+</td><td>[\d.e+]+ (us|ms|s)</td>'])) == 1, '%s is not in the report', kind{1});
+    end
+    check(numel(strfind(text, ' bytes</td>')) == numel(memory), 'memory is not in the report');
+    check(~isempty(regexp(shown, 'Calls take [\d.]+ us \(.*\) to .*, the worst .*\nMemory grows by \d+ bytes a call at most', 'once')), shown);
+    check(isempty(strfind(evalc('quick_check(''Checks'', {''volumes''}, ''Quiet'', false);'), 'Calls take')), 'times of nothing');
+end
+
 run_test(argv());

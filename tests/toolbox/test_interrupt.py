@@ -150,6 +150,27 @@ printf('the same as without: %d\\n', sum([again.checks.asked]) == sum([last.chec
         self.assertIn("0 packages, basis mol / m3", said)
         self.assertNotIn("not stopped", said)
 
+    def test_keeps_what_workers_have_done(self):
+        with tempfile.TemporaryDirectory() as folder: # what a worker shows is not seen
+            begun = pathlib.Path(folder, "begun")
+            code = self.CODE.replace("'Quiet', true,", "'Quiet', true, 'Parallel', true,")
+            code = code.replace("@waiting)", "@(v, g) v + numel([evalc('pause(1)'), fclose(fopen('%s', 'w')), evalc('pause(100)')]))"
+                                % begun) # the others are done meanwhile
+            octave = started(self)
+            octave.stdin.write(code)
+            octave.stdin.flush()
+            for _ in range(300):
+                time.sleep(0.1)
+                if begun.exists():
+                    break
+            os.killpg(octave.pid, signal.SIGINT)
+            said = octave.communicate(self.AFTERWARDS, timeout=60)[0]
+        self.assertIn("capeOpenCheck was stopped after 2 checks; capeOpenCheck('last') gives what was done", said)
+        self.assertRegex(said, r"kept: casNumbers constants, complete: 0, verdict: passed, [1-9]\d+ asked")
+        self.assertIn("0 packages, basis mol / m3", said)
+        self.assertIn("the same as without: 1", said)
+        self.assertNotIn("not stopped", said)
+
 
 class Plain(unittest.TestCase):
     """The client for Octave on Windows, which has its answer before Ctrl-C takes effect, and asks another host then."""

@@ -14,10 +14,10 @@ for kind = callKinds(s)
     if rare && s.quick
         continue
     end
-    blocks = 334 - 300 * rare - 294 * s.quick; % in each round
+    blocks = 334 - 300 * rare - 294 * s.quick;
     since = tic();
     block(kind, 1);
-    blocks = max(4, min(blocks, floor((3 - 2.5 * s.quick) / toc(since))));
+    blocks = max(4, min(blocks, floor((1.5 - s.quick) / toc(since)))); % in each round
     [used, seconds] = deal(processMemory(), zeros(1, 0));
     for round = 1:4
         [used(end + 1), seconds(end + 1)] = oneRound(kind, blocks); %#ok<AGROW>

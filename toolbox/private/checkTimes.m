@@ -62,7 +62,8 @@ count = max(4, min(100, round(2.5e-3 / median(shortest)))); % short enough to be
 rows = 1 + mod(0:count - 1, kind.states).';
 [alone, together] = deal(zeros(0, 1));
 begun = tic();
-while numel(alone) < 3 || (toc(begun) < 2 * budget && numel(alone) < 7)
+while numel(alone) < 3 || (toc(begun) < 2 * budget && numel(alone) < 7) ...
+        || (min(together ./ alone) > 1.5 && numel(alone) < 30) % many trials for what would be found
     since = tic();
     for k = rows.'
         kind.ask(k);
