@@ -26,7 +26,7 @@ if exist('OCTAVE_VERSION', 'builtin')
             end
         end
     catch problem
-        interrupted = ~isempty(strfind(problem.message, 'could not receive')) && ~anyWasLost(servers);
+        interrupted = any(regexp(problem.message, 'could not (receive|send)', 'once')) && ~anyWasLost(servers);
         parcellfun_set_nproc(0); % the next call has workers that do nothing else
         if interrupted
             kill(getpid(), 2);
