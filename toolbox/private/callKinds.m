@@ -72,7 +72,7 @@ end
 
 % Fugacities first: they are what derivatives are mostly used for.
 function names = ending(list, suffix)
-names = list(~cellfun(@isempty, regexpi(list, [regexptranslate('escape', suffix), '$'], 'once')));
+names = list(~cellfun(@isempty, regexpi(list, [strrep(suffix, '.', '\.'), '$'], 'once')));
 names = [{['logFugacityCoefficient', suffix], ['enthalpy', suffix]}, reshape(names, 1, [])];
 end
 

@@ -6,7 +6,7 @@ function tally = checkErrors(s, tally)
 %   may be refused, or stand for the one with the sum 1.
 [mistakes, sound] = wrongCalls(s);
 before = answerTo(s, sound);
-steady = ~isempty(before) && all(isfinite(before)) && isequal(before, answerTo(s, sound)); % roundTrips tells what is not
+steady = ~isempty(before) && all(isfinite(before)) && isequal(before, answerTo(s, sound)); % else see roundTrips
 outcomes = struct('severity', {}, 'said', {}, 'mistake', {});
 for mistake = mistakes
     tally.asked = tally.asked + 1;
@@ -24,8 +24,8 @@ tally = mergedFindings(tally);
 for k = 1:numel(first)
     same = outcomes(kind == k);
     mistake = same(1).mistake;
-    all_of_them = arrayfun(@(one) one.mistake.what, same, 'UniformOutput', false);
-    what = sprintf('%s with %s %s', mistake.subject, strjoin(all_of_them, ', '), same(1).said);
+    allOfThem = arrayfun(@(one) one.mistake.what, same, 'UniformOutput', false);
+    what = sprintf('%s with %s %s', mistake.subject, strjoin(allOfThem, ', '), same(1).said);
     tally = checkFound(tally, same(1).severity, what, '', [stateLines(s, mistake.T, mistake.P, mistake.X)
                                                            {['value = ', mistake.call]}]);
     [tally.findings(end).count, tally.findings(end).asked] = deal(numel(same), numel(mistakes));

@@ -20,7 +20,7 @@ switch action
     case 'last'
         report = kept;
     case 'stopped'
-        if ~isempty(kept) && ~kept.complete
+        if ~isempty(kept) && ~kept.complete && ~isempty(kept.flashes) % else an error tells what is wrong
             tellStopped(kept);
         end
 end

@@ -71,7 +71,7 @@ while numel(alone) < 3 || (toc(begun) < 2 * budget && numel(alone) < 7) ...
     alone(end + 1) = toc(since); %#ok<AGROW>
     together(end + 1) = secondsOf(kind, rows); %#ok<AGROW>
 end
-one = mean(shortest(rows));
+one = sum(shortest(rows)) / count;
 row = max(0, (min(together) - one) / (count - 1));
 call = max(0, one - row);
 lines = @(k) [kind.setting(1)

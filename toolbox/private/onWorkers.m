@@ -2,8 +2,8 @@ function onWorkers(work, jobs, workers, servers, take)
 %onWorkers  Has workers do jobs, each in its own process, and TAKE what they give as it comes, in any order.
 %
 %   An outcome is WORK(job). SERVERS are connections of Octave, or [] for the workers of this machine or of the pool, of
-%   which there are WORKERS; there have to be two or more. Raises an error if a worker is lost: what was taken until then
-%   is done, and the rest is not. TAKE may get an outcome twice.
+%   which there are WORKERS; there have to be two or more. Raises an error if a worker is lost: what was taken until
+%   then is done, and the rest is not. TAKE may get an outcome twice.
 if exist('OCTAVE_VERSION', 'builtin')
     onOctave(work, jobs, workers, servers, take);
 else

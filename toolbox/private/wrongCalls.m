@@ -2,16 +2,16 @@ function [mistakes, sound] = wrongCalls(s)
 %wrongCalls  Calls with a mistake that reach a package, and SOUND, a call without one.
 %
 %   A struct array: SUBJECT is what is asked for, and WHAT the mistake; T, P and X are what stands in CALL, its text;
-%   ANSWERED tells what an answer is: a 'failure', or a 'note' of correlations, which may have a value where nothing can
-%   be; RIGHT is the text of a call that may give the same, if there is one; NaN is then a refusal, too. Lengths, phases, specifications, and names
-%   that the vocabulary of phases does not have are not among them: the library refuses these itself. A number that is
-%   not set is NaN, which a package finds missing when it asks for it.
+%   ANSWERED tells what an answer is: a 'failure', or a 'note' of correlations, which may have a value where nothing
+%   can be; RIGHT is the text of a call that may give the same, if there is one; NaN is then a refusal, too. Lengths,
+%   phases, specifications, and names that the vocabulary of phases does not have are not among them: the library
+%   refuses these itself. A number that is not set is NaN, which a package finds missing when it asks for it.
 flash = s.flashes([find(cellfun(@isempty, {s.flashes.problem}), 1), 1]);
 [T, P, X] = deal(flash(1).T, flash(1).P, flash(1).Z);
 byTP = 'capeOpenMultiFlash(handle, X, ''Temperature'', T, ''Pressure'', P, ''Unspecified'', ''%s'')';
 names = {'vaporFraction', 'volume', 'enthalpy'};
-names = names(ismember(lower(names), lower(s.flashProps)));
-parts = cellfun(@(name) sprintf(byTP, name), [names, repmat({'Temperature'}, 1, isempty(names))], 'UniformOutput', false);
+names = [names(ismember(lower(names), lower(s.flashProps))), {'Temperature'}];
+parts = cellfun(@(name) sprintf(byTP, name), names, 'UniformOutput', false);
 mistakes = struct('subject', {}, 'what', {}, 'T', {}, 'P', {}, 'X', {}, 'call', {}, 'answered', {}, 'right', {});
 mistakes = atNothing(mistakes, 'A flash', T, P, X, 'capeOpenFlash(handle, X, ''Temperature'', T, ''Pressure'', P)', ...
                      parts{1});
