@@ -3,8 +3,9 @@ function tally = checkTimes(s, tally)
 %
 %   Each state is asked several times, one call a state, in turn. A state is slow if all of its calls are: the
 %   shortest takes more than 50 times that of the state in the middle, and 20 ms. A machine that does other things makes
-%   some calls slower, but hardly all, and the shortest is as long as the package needs. Rows are slow if
-%   a batch takes half as much again as a loop of calls for the same states, each time that one follows the other.
+%   some calls slower, but hardly all, and the shortest is as long as the package needs. Rows are slow if the shortest
+%   batch takes half as much again as the shortest loop of calls for the same states, of twenty of both where
+%   they seem to be.
 %
 %   TALLY gets TIMES: the line through calls of one row and a batch, of which the shortest were taken, gives the cost
 %   of a call and of a row.
@@ -63,7 +64,7 @@ rows = 1 + mod(0:count - 1, kind.states).';
 [alone, together] = deal(zeros(0, 1));
 begun = tic();
 while numel(alone) < 3 || (toc(begun) < 2 * budget && numel(alone) < 7) ...
-        || (min(together ./ alone) > 1.5 && numel(alone) < 30) % many trials for what would be found
+        || (min(together) > 1.5 * min(min(alone), sum(shortest(rows))) && numel(alone) < 20)
     since = tic();
     for k = rows.'
         kind.ask(k);
@@ -79,5 +80,5 @@ lines = @(k) [kind.setting(1)
                sprintf('%s = repmat(%s, %d, 1);', kind.rowed, kind.rowed, count)
                sprintf('since = tic(); value = %s; deviation = toc(since) / alone', kind.call); 'limit = 1.5'}];
 tally = checkCompared(tally, 'note', [kind.kind, ': rows of a batch take longer than calls of one row each'], ...
-                      min(together ./ alone), 1.5, [], lines);
+                      min(together) / min(alone), 1.5, [], lines);
 end
