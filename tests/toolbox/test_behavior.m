@@ -13,7 +13,7 @@ function faults = fault_table()
         'calls that become slower', 22, 'density', @slower_and_slower, 'manyCalls', 'failure', '^phase density: calls become slower'
         'a slow flash', 25, 'Temperature', @slow_at_one_state, 'times', 'note', '^flash Temperature Pressure: a call takes much longer'
         'a slow property', 22, 'density', @slow_at_one_state, 'times', 'note', '^phase density: a call takes much longer'
-        'slow batches', 22, 'density', @slow_in_batches, 'times', 'note', '^phase density: rows of a batch take longer'
+        'slow batches', 22, 'density', @slow_in_batches, 'times', 'note', '^phase density: rows of a batch take much longer'
         'warnings', 22, 'enthalpy', @warned, 'warnings', 'note', 'warn, in 1 different words: parameters are estimated'
         };
 end
