@@ -12,6 +12,7 @@ function report = capeOpenCheck(varargin)
 %   A finding tells what does not hold, where, how far it is off, which limit
 %   that is beyond, and the lines to type that show it. Limits come from the
 %   arithmetic of each comparison and stand in the finding. A summary is shown.
+%   The time of calls, and the memory that many of them take, is measured, too.
 %
 %   Arguments:
 %     manager  text, a name that capeOpenManagerList gives
@@ -35,6 +36,10 @@ function report = capeOpenCheck(varargin)
 %             names of checks, cell array of texts; all by default
 %     'Report'
 %             name of an HTML file to write, with everything in it
+%     'Parallel'
+%             true to have the checks done by the workers that there are for
+%             capeOpenMultiFlashParallel, each with a package of its own; what
+%             measures time and memory is done afterwards, alone
 %     'Quiet' true to show no summary
 %
 %   Results:
@@ -48,6 +53,14 @@ function report = capeOpenCheck(varargin)
 %             checks    struct array with name, title, asked, skipped,
 %                       failures, notes, seconds, and bars: the largest
 %                       deviations as parts of their limits
+%             times     struct array with a kind of call each: kind, calls
+%                       (how many for one state were timed), median and worst
+%                       in s, and what a batch takes once (call) and for each
+%                       state (row), NaN where there are no batches
+%             memory    struct array with a kind of call each: kind, calls,
+%                       perCall (bytes by which the process has grown), and
+%                       why it is NaN: packages are in another process, or the
+%                       system does not tell
 %             package, opening (the line that opens it), compounds, level,
 %             seed, flashes (the sample), pairs (of specifications that were
 %             solved), complete, seconds
@@ -68,7 +81,8 @@ function report = capeOpenCheck(varargin)
 %     'Expected 'quick' or 'full' as Level'
 %     'Expected the lowest and the highest value as ...'
 %     'Expected a number as Seed'
-%             Level, TRange, PRange or Seed is something else.
+%     'Expected true or false as Parallel'
+%             Level, TRange, PRange, Seed or Parallel is something else.
 %     '"..." can not be written: ...'
 %             The file of Report; capeOpenCheck('last') gives what was found.
 %     'Expected an option and its value, not ...'
@@ -85,11 +99,17 @@ if nargin == 1 && isequal(capeopen.internal.charsOf(varargin{1}), 'last')
     return
 end
 defaults = struct('Compositions', [], 'TRange', [], 'PRange', [], 'Level', 'full', 'Seed', 1, 'Checks', {{}}, ...
-                  'Report', '', 'Quiet', false);
+                  'Report', '', 'Quiet', false, 'Parallel', false);
 [given, options] = capeopen.internal.options(varargin, defaults);
 options = checkOptions(options);
-[handle, opening, owner] = checkedPackage(given); %#ok<ASGLU> the owner closes it
-report = checkRun(handle, opening, options, askedFor(options.Checks));
+if ~isscalar(options.Parallel) || ~(islogical(options.Parallel) || isnumeric(options.Parallel))
+    error('Verdanth:error', 'Expected true or false as Parallel');
+end
+[handle, opening, owner, names] = checkedPackage(given); %#ok<ASGLU> the owner closes it
+if ~options.Parallel
+    names = {};
+end
+report = checkRun(handle, opening, options, askedFor(options.Checks), names);
 if ~isempty(options.Report)
     checkReport(report, capeopen.internal.charsOf(options.Report));
 end

@@ -185,41 +185,6 @@ function v = noise(v, given)
     v{3} = v{3} * (1 + mod(count, 7) * 2 * eps);
 end
 
-function report = quick_check(varargin)
-    report = capeOpenCheck('Verdanth Reference Packages', 'Natural gas', 'Level', 'quick', 'Quiet', true, varargin{:});
-end
-
-% What is typed raises an error, or shows a deviation beyond its limit, or a value that is none.
-function answer = reproduces(finding)
-    deviation = [];
-    limit = [];
-    value = [];
-    numbers = [];
-    text = strjoin(finding.lines(:).', sprintf('\n'));
-    try
-        evalc(text);
-    catch problem
-        answer = ~isempty(strfind(finding.what, strtok(problem.message, sprintf('\n'))));
-        return
-    end
-    if ~isempty(deviation)
-        answer = any(~(deviation(:) <= limit(:)));
-    else
-        answer = any(~isfinite(value(:))) || any(value(:) < 0) || ~isempty(numbers);
-    end
-end
-
-% A flash that solves anything, where the library refuses it.
-function what_is_wrong_has_to_be_refused(toolbox)
-    global fault
-    behind_the_faulty_one();
-    fault = struct('command', -24);
-    report = quick_check('Checks', {'errors'});
-    fault = [];
-    check(numel(report.findings) == 3 && strcmp(report.verdict, 'failures'), '%d findings', numel(report.findings));
-    check(strcmp(quick_check('Checks', {'errors'}).verdict, 'passed'), 'a refusal is a finding');
-end
-
 function every_fault_is_found(toolbox)
     global fault
     behind_the_faulty_one();

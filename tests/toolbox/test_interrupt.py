@@ -115,24 +115,59 @@ fault = [];
 last = capeOpenCheck('last');
 printf('kept: %s, complete: %d, verdict: %s, %d asked\\n', strjoin({last.checks.name}, ' '), last.complete, last.verdict, ...
        sum([last.checks.asked]));
+printf('%d flashes kept, %d solved\\n', numel(last.flashes), sum(cellfun(@isempty, {last.flashes.problem})));
 printf('%d packages, basis %s\\n', numel(capeOpenHandleList()), capeOpenPropUnit('density'));
 again = capeOpenCheck('Verdanth Reference Packages', 'Natural gas', 'Level', 'quick', 'Quiet', true, ...
                       'Checks', {'casNumbers', 'constants'});
 printf('the same as without: %d\\n', sum([again.checks.asked]) == sum([last.checks.asked]) && again.complete);
 """
 
-    def test_keeps_what_a_check_has_done(self):
+    def stopped(self, code):
         octave = started(self)
-        octave.stdin.write(self.CODE)
+        octave.stdin.write(code)
         octave.stdin.flush()
         read_until(octave.stdout, "begun")
         os.killpg(octave.pid, signal.SIGINT)
         said = octave.communicate(self.AFTERWARDS, timeout=60)[0]
         self.assertEqual(octave.returncode, 0, said)
+        return said
+
+    def test_keeps_what_a_check_has_done(self):
+        said = self.stopped(self.CODE)
         self.assertIn("capeOpenCheck was stopped after 2 checks; capeOpenCheck('last') gives what was done", said)
         self.assertRegex(said, r"kept: casNumbers constants, complete: 0, verdict: passed, [1-9]\d+ asked")
         self.assertIn("0 packages, basis mol / m3", said)
         self.assertIn("the same as without: 1", said)
+        self.assertNotIn("not stopped", said)
+
+    def test_keeps_what_a_sample_has_done(self):
+        code = self.CODE.replace("'command', 22, 'property', 'density'", "'command', 24, 'property', ''")
+        code = code.replace("    disp('begun')", "    persistent n, n = sum([n, 1]); if n < 5, return, end\n    disp('begun')")
+        said = self.stopped(code)
+        self.assertIn("capeOpenCheck was stopped after 4 flashes of its sample; capeOpenCheck('last') gives what was done", said)
+        self.assertIn("kept: , complete: 0, verdict: passed, 0 asked", said)
+        self.assertIn("4 flashes kept, 4 solved", said)
+        self.assertIn("0 packages, basis mol / m3", said)
+        self.assertNotIn("not stopped", said)
+
+    def test_keeps_what_workers_have_done(self):
+        octave = started(self)
+        octave.stdin.write(f"""
+addpath('{sys.argv[3]}', '{sys.argv[4]}'); fault = [];
+report = capeOpenCheck('Verdanth Reference Packages', 'All compounds (Peng-Robinson)', 'Parallel', true, ...
+    'Checks', {{'casNumbers', 'constants', 'moleDerivatives'}}); disp('not stopped');
+""")
+        octave.stdin.flush()
+        while not pathlib.Path(f"/proc/{octave.pid}/task/{octave.pid}/children").read_text(encoding="ascii").strip():
+            self.assertIsNone(octave.poll())
+            time.sleep(0.05)
+        time.sleep(2.5) # one of them is at the derivatives, and the other has done the rest
+        os.killpg(octave.pid, signal.SIGINT)
+        said = octave.communicate(self.AFTERWARDS, timeout=60)[0]
+        self.assertIn("capeOpenCheck was stopped after 2 checks; capeOpenCheck('last') gives what was done", said)
+        self.assertRegex(said, r"kept: casNumbers constants, complete: 0, verdict: passed, [1-9]\d+ asked")
+        self.assertIn("320 flashes kept", said)
+        self.assertIn("0 packages, basis mol / m3", said)
         self.assertNotIn("not stopped", said)
 
 

@@ -19,6 +19,7 @@ worst(out, findings);
 asked(out, report);
 fprintf(out, '<h2>Checks</h2>\n');
 checks(out, report.checks);
+fprintf(out, '%s', checkCallsTable(report));
 fprintf(out, '<h2>Where it was asked, and what failed</h2>\n%s\n<h2>Findings</h2>\n', checkMap(report));
 for k = 1:numel(findings)
     section(out, findings(k), k);

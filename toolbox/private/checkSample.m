@@ -1,20 +1,24 @@
-function s = checkSample(handle, opening, options, among)
+function s = checkSample(handle, opening, options, among, sampled)
 %checkSample  What a package is checked at: its lists, compositions, flashes at T and P, and the phases that they give.
 %
 %   The phases of flashes are the states at which values are compared: there a package has to have them. S.STATES has a
 %   struct array with an element for each phase label, S.FLASHES one with an element for each flash that was asked for.
 %   If no flash succeeds, every phase is taken everywhere. Compositions that are not told are of the compounds AMONG
-%   alone, numbers of them, if these are given.
+%   alone, numbers of them, if these are given. SAMPLED, if given, is called with the flashes that are done and the
+%   number that there will be.
 s = packageLists(handle);
 s.opening = opening;
 s.quick = strcmpi(options.Level, 'quick');
 s.seed = options.Seed;
-if nargin < 4
+if nargin < 4 || isempty(among)
     among = 1:s.n;
+end
+if nargin < 5
+    sampled = @(flashes, count) [];
 end
 s.R = 8.31446261815324;
 s.Z = compositions(s, options.Compositions, among);
-s = withFlashes(s, options);
+s = withFlashes(s, options, sampled);
 s = withStates(s);
 s.R = gasConstant(s);
 end
@@ -60,7 +64,7 @@ Z(:, among) = bsxfun(@rdivide, x, sum(x, 2));
 end
 
 % Temperatures and pressures around the critical ones of each composition, or in the ranges that were told.
-function s = withFlashes(s, options)
+function s = withFlashes(s, options, sampled)
 count = 16;
 if s.quick
     count = 6;
@@ -90,6 +94,7 @@ for k = 1:size(s.Z, 1)
     end
     for l = 1:count
         s.flashes(end + 1) = sampledFlash(s, s.Z(k, :), T(l), P(l));
+        sampled(s.flashes, count * size(s.Z, 1));
     end
 end
 end

@@ -34,6 +34,9 @@ table = {
     'massFlashes', 'Flashes in mass basis give the states of those in mole basis', @checkMassFlashes
     'batches', 'Values are the same alone, among others and in any order', @checkBatches
     'bases', 'Values in mass basis are those in mole basis over the molar mass', @checkBases
-    'errors', 'What is wrong is refused, with words that say why', @checkErrors
+    'errors', 'What is wrong is refused, with words that say why, and leaves the rest as it was', @checkErrors
+    'warnings', 'Calls with nothing wrong in them do not warn', @checkWarnings
+    'times', 'No state is much slower than others, and no batch than calls of one row', @checkTimes
+    'manyCalls', 'Many calls take no more memory each, and no more time', @checkManyCalls
     };
 end

@@ -1,6 +1,9 @@
-function [handle, opening, owner] = checkedPackage(given)
+function [handle, opening, owner, names] = checkedPackage(given)
 %checkedPackage  The handle of a package to check, the line that opens it, and what closes it behind the check.
+%
+%   NAMES are those of its manager and itself in a cell array, {} if they can not be told.
 owner = [];
+names = {};
 if isempty(given)
     error('Verdanth:error', 'Expected a package: its manager and its name, or a handle');
 end
@@ -23,10 +26,13 @@ name = capeOpenName(handle); % it says what is wrong with a handle
 opening = sprintf('handle = int32(%d); %% the package is open', handle);
 for manager = reshape(capeOpenManagerList(), 1, [])
     if strcmp(manager{1}, name)
-        opening = openingLine({name, ''});
+        names = manager;
     elseif strncmp([manager{1}, ':'], name, numel(manager{1}) + 1)
-        opening = openingLine({manager{1}, name(numel(manager{1}) + 2:end)});
+        names = {manager{1}, name(numel(manager{1}) + 2:end)};
     end
+end
+if ~isempty(names)
+    opening = openingLine(names);
 end
 end
 

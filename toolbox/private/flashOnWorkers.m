@@ -16,11 +16,7 @@ for attempt = 1:2 % the second with workers in the place of those that were lost
     end
     try
         jobs = jobsFor(job, given, left, secondsPerRow, workers);
-        if exist('OCTAVE_VERSION', 'builtin')
-            onOctave(jobs, workers, servers, take);
-        else
-            onPool(jobs, take);
-        end
+        onWorkers(@(job) capeopen.internal.flashBlock(job), jobs, workers, servers, take);
         return
     catch problem
         left = keptRows('left');
@@ -45,64 +41,6 @@ for k = 1:size(left, 1)
 end
 end
 
-function onOctave(jobs, workers, servers, take)
-if exist('OCTAVE_VERSION', 'builtin')
-    try
-        if isempty(servers)
-            together = @(one, other) taken(one, other, take);
-            together(parcellfun(workers, @capeopen.internal.flashBlock, jobs, 'CumFunc', together), []);
-        else
-            reval(pathForServers(), servers);
-            for k = 1:4 * workers:numel(jobs) % what servers have done comes back with the last of a call
-                some = jobs(k:min(k + 4 * workers - 1, end));
-                outcomes = netcellfun(servers, @(job) capeopen.internal.flashBlock(job), some, 'UniformOutput', false);
-                cellfun(take, outcomes);
-            end
-        end
-    catch problem
-        interrupted = ~isempty(strfind(problem.message, 'could not receive')) && ~anyWasLost(servers);
-        parcellfun_set_nproc(0); % the next call has workers that do nothing else
-        if interrupted
-            kill(getpid(), 2);
-            pause(1); % ends here
-        end
-        rethrow(problem);
-    end
-end
-end
-
-% Where the folders of this machine are there on a server, too, nothing has to be installed.
-function code = pathForServers()
-folders = {fileparts(fileparts(mfilename('fullpath'))), fileparts(which('Verdanth'))};
-code = sprintf('if exist(''%s'', ''dir''), addpath(''%s''); end\n', folders{[1, 1, 2, 2]});
-end
-
-% An interrupt breaks the connections, too, and looks the same. It lets workers live, or has them end by themselves.
-function answer = anyWasLost(servers)
-pause(0.05);
-answer = false;
-pid = 1;
-if exist('OCTAVE_VERSION', 'builtin') && ~isempty(servers)
-    try
-        reval('true;', servers);
-    catch
-        answer = true;
-    end
-elseif exist('OCTAVE_VERSION', 'builtin')
-    while pid > 0 && ~answer
-        [pid, status] = waitpid(-1, WNOHANG());
-        answer = pid > 0 && WIFSIGNALED(status);
-    end
-end
-end
-
-% Of two outcomes, or of none in the place of those that were taken.
-function none = taken(one, other, take)
-take(one);
-take(other);
-none = [];
-end
-
 function kept(outcome, given)
 if ~isempty(outcome) && ~isempty(outcome.values)
     last = outcome.first + size(outcome.values, 1) - 1;
@@ -114,20 +52,4 @@ if ~isempty(outcome) && ~isempty(outcome.values)
     end
     keptRows('add', outcome.batch, outcome.first, outcome.values, notes);
 end
-end
-
-function onPool(jobs, take)
-outcomes = cell(1, numel(jobs));
-queue = [];
-if exist('parallel.pool.DataQueue', 'class')
-    queue = parallel.pool.DataQueue();
-    afterEach(queue, take); % what is done outlives an interrupt and the loss of a worker
-end
-parfor k = 1:numel(jobs)
-    outcomes{k} = capeopen.internal.flashBlock(jobs{k});
-    if ~isempty(queue)
-        send(queue, outcomes{k});
-    end
-end
-cellfun(take, outcomes);
 end

@@ -69,6 +69,14 @@ class Pages(unittest.TestCase):
             self.assertEqual(anchors, {f"finding{k + 1}" for k in range(min(3, len(self.found[page]["findings"])))})
             self.assertLessEqual(anchors, read.anchors)
 
+    def test_times_and_memory_are_a_table(self):
+        for page, shown in (("sound", True), ("numbers", True), ("words", False)):
+            text = browse((self.folder / f"{page}.html").as_uri())
+            rows = re.findall(r"<tr><td>(?:constant|TDependent|PDependent|phase|two phases|flash) [^<]*</td>"
+                              r"<td>\d+</td><td>[\d.e+]+ (?:us|ms|s)</td>", text)
+            self.assertEqual("<h2>Time and memory</h2>" in text, shown, page)
+            self.assertEqual(len(rows) > 20, shown, f"{page}: {len(rows)} rows")
+
     def test_a_report_is_dark_where_the_system_is(self):
         for options, ground in (((), "rgb(255, 255, 255)"), ((DARK,), "rgb(21, 24, 28)")):
             self.assertEqual({report["ground"] for report in self.inspect(1280, *options)}, {ground})
