@@ -1,5 +1,6 @@
 #include "reference/engine/flash/quality_line.h"
 
+#include "reference/engine/flash/fraction_trace.h"
 #include "reference/engine/flash/line_sample.h"
 #include "reference/engine/flash/quality_estimate.h"
 #include "reference/engine/flash/quality_newton.h"
@@ -45,7 +46,7 @@ public:
         if (started && offer(start.point))
             return LineStatus::solved;
         FlashConditions guess;
-        if (n > 1 && isCondition(other.variable) && (started || estimate(other, guess)) &&
+        if (n > 1 && isCondition(other.variable) && (started || estimateConditions(feed, fraction.value, other, guess)) &&
             offerNear(started ? placeOf(start.point) : guess))
             return LineStatus::solved;
         for (const double pressure : {1e5, 1e3, 1e6, 1e1, 1e7})
@@ -97,16 +98,6 @@ private:
                isWithinLimits(point.totals);
     }
 
-    bool estimate(const FlashSpecification &at, FlashConditions &conditions) const
-    {
-        TwoPhasePoint point;
-        if (!estimatePoint(feed, fraction.value, at, point))
-            return false;
-        conditions = {std::exp(point.unknowns[TwoPhasePoint::temperatureAt(n)]),
-                      std::exp(point.unknowns[TwoPhasePoint::pressureAt(n)])};
-        return true;
-    }
-
     // A feed can have several lines of one vapor fraction: those of two liquids do not meet the one of boiling, and
     // a gas that dissolves can leave a gap in that one. Looks for starts on all of them by flashes at given conditions.
     bool lookAround(bool &started)
@@ -127,7 +118,7 @@ private:
     bool lookAlong(const FlashSpecification &at, int intervals, bool isAnswer, bool &started)
     {
         const bool atTemperature = at.variable == FlashVariable::temperature;
-        const double low = atTemperature ? lowestSearchPressure : lowestFlashTemperature;
+        const double low = atTemperature ? lowestSearchPressure : coldestWithPhases(feed);
         const double high = atTemperature ? highestFlashPressure : highestFlashTemperature;
         const LineSampler sampler(feed, fraction);
         QualitySearch quality(feed, fraction);
@@ -157,7 +148,7 @@ private:
         for (const double ratio : {0.99, 1.01, 0.96, 1.04}) {
             const FlashSpecification beside{other.variable, other.value * ratio};
             if (!(atTemperature ? quality.scan(beside, lowestSearchPressure, highestFlashPressure, 40)
-                                : quality.scan(beside, lowestFlashTemperature, highestFlashTemperature, 40)) ||
+                                : quality.scan(beside, coldestWithPhases(feed), highestFlashTemperature, 40)) ||
                 quality.found().liquid2Present || !quality.found().liquidPresent)
                 continue;
             LinePoint start;
@@ -177,10 +168,13 @@ private:
             return true;
         for (const double pressure : {1e5, 1e6, 1e7, 1e4}) {
             FlashConditions guess;
-            if (estimate({FlashVariable::pressure, pressure}, guess) &&
+            if (estimateConditions(feed, fraction.value, {FlashVariable::pressure, pressure}, guess) &&
                 findFractionNear(feed, fraction, other, guess, result, anyType))
                 return true;
         }
+        if (fraction.value > 0.0 && fraction.value < 1.0)
+            if (findOnFractionTrace(feed, fraction, other, result))
+                return true;
         return findByQuality(feed, fraction, other, result);
     }
 

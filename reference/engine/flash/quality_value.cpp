@@ -62,7 +62,7 @@ private:
         const bool found = (other > 0.0 && quality.beside(at, other, SolutionType::unspecified)) ||
                            (along == FlashVariable::temperature
                                 ? quality.scan(at, lowestSearchPressure, highestFlashPressure, 16)
-                                : quality.scan(at, highestFlashTemperature, lowestFlashTemperature, 48));
+                                : quality.scan(at, highestFlashTemperature, coldestWithPhases(feed), 48));
         if (found)
             result = quality.found();
         return found;
@@ -80,7 +80,7 @@ bool findByQuality(const Feed &feed, const FlashSpecification &fraction, const F
         QualityStates states(feed, along, fraction, other, result);
         return RootSearch(states, std::log(lowest), std::log(highest)).scan(intervals) == SearchStatus::found;
     };
-    return search(FlashVariable::temperature, 1.0 / highestFlashTemperature, 1.0 / lowestFlashTemperature, 100) ||
+    return search(FlashVariable::temperature, 1.0 / highestFlashTemperature, 1.0 / coldestWithPhases(feed), 100) ||
            search(FlashVariable::pressure, lowestSearchPressure, highestFlashPressure, 60);
 }
 
