@@ -94,17 +94,24 @@ double coldestWithPhases(const Feed &feed)
     if (coldest > 0.0)
         return coldest;
     constexpr double warm = 400.0; // K
-    constexpr double ratio = 0.8;
+    constexpr double ratio = 0.85;
     FlashResult state;
-    coldest = warm;
-    for (int failures = 0; failures < 2 && coldest > lowestFlashTemperature;
-         coldest = std::max(coldest * ratio, lowestFlashTemperature)) {
-        bool known = false;
+    const auto fails = [&](double temperature) {
         for (const double pressure : {1e5, 1e7})
-            known = known || flashWithinBudget(feed, coldest, pressure, state) == FlashStatus::solved;
-        failures = known ? 0 : failures + 1;
+            if (flashWithinBudget(feed, temperature, pressure, state) != FlashStatus::notConverged)
+                return false;
+        return true;
+    };
+    bool failed = false;
+    for (double temperature = warm; temperature > lowestFlashTemperature; temperature *= ratio) {
+        const bool failsAgain = fails(temperature);
+        if (failed && failsAgain)
+            return coldest;
+        if (!failsAgain)
+            coldest = temperature;
+        failed = failsAgain;
     }
-    return coldest;
+    return coldest = lowestFlashTemperature;
 }
 
 FlashStatus Equilibrium::find(const Feed &feed, double temperature, double pressure)

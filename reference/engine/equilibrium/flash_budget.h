@@ -9,7 +9,7 @@ namespace reference {
 // phases, and so ends. A count, unlike a clock, gives the same answer each time.
 class FlashBudget {
 public:
-    // For a mixture of so many compounds: a flash takes about as long as the square of their number, and all together
+    // For a mixture of so many compounds: a flash takes about as long as the square of their number. All together take
     // some tenths of a second.
     explicit FlashBudget(int compounds);
 

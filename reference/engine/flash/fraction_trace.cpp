@@ -39,12 +39,17 @@ public:
 
     bool find()
     {
-        for (const double pressure : {1e5, 1e6, 1e7, 1e4, 1e3, 3e7}) {
+        const auto from = [&](FlashVariable condition, double value) {
             FractionPlace start;
-            if (startAt({FlashVariable::pressure, pressure}, start) && !isTraced(start) &&
-                (follow(start, 1.0) || follow(start, -1.0)))
+            return startAt({condition, value}, start) && !isTraced(start) &&
+                   (follow(start, 1.0) || follow(start, -1.0));
+        };
+        for (const double pressure : {1e5, 1e6, 1e7, 1e4, 1e3, 3e7})
+            if (from(FlashVariable::pressure, pressure))
                 return true;
-        }
+        for (const double temperature : {250.0, 150.0, 110.0, 80.0})
+            if (temperature > coldestWithPhases(feed) && from(FlashVariable::temperature, temperature))
+                return true;
         return false;
     }
 
@@ -76,7 +81,10 @@ private:
             findFractionNear(feed, fraction, at, guess, state, type))
             return take(state);
         QualitySearch quality(feed, fraction);
-        return quality.scan(at, highestFlashTemperature, coldestWithPhases(feed), 48) && take(quality.found());
+        const bool found = at.variable == FlashVariable::pressure
+                               ? quality.scan(at, highestFlashTemperature, coldestWithPhases(feed), 48)
+                               : quality.scan(at, highestFlashPressure, lowestSearchPressure, 20);
+        return found && take(quality.found());
     }
 
     bool isTraced(const FractionPlace &place) const

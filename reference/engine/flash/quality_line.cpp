@@ -59,6 +59,10 @@ public:
             return LineStatus::solved;
         if (!haveSecondChoice && lookAround(started))
             return LineStatus::solved;
+        // A dew point has one liquid: all of them are on lines of two phases.
+        if (!haveSecondChoice && n > 1 && !isCondition(other.variable) && fraction.value < 1.0 &&
+            findByQuality(feed, fraction, other, result))
+            return LineStatus::solved;
         if (!haveSecondChoice && n > 1 && sawBoiling && isCondition(other.variable) && comeFromBeside())
             return LineStatus::solved;
         if (haveSecondChoice)
@@ -104,13 +108,14 @@ private:
     {
         if (isCondition(other.variable))
             return lookAlong(other, 150, true, started);
-        for (const int pressures : {16, 40})
-            for (int i = 0; i <= pressures; ++i) {
-                const double pressure = lowestSearchPressure * std::pow(highestFlashPressure / lowestSearchPressure,
-                                                                        static_cast<double>(i) / pressures);
-                if (lookAlong({FlashVariable::pressure, pressure}, 3 * pressures, false, started))
-                    return true;
-            }
+        constexpr int pressures = 12;
+        constexpr int temperatures = 40;
+        for (int i = 0; i <= pressures; ++i) {
+            const double pressure = lowestSearchPressure * std::pow(highestFlashPressure / lowestSearchPressure,
+                                                                    static_cast<double>(i) / pressures);
+            if (lookAlong({FlashVariable::pressure, pressure}, temperatures, false, started))
+                return true;
+        }
         return false;
     }
 
@@ -118,7 +123,7 @@ private:
     bool lookAlong(const FlashSpecification &at, int intervals, bool isAnswer, bool &started)
     {
         const bool atTemperature = at.variable == FlashVariable::temperature;
-        const double low = atTemperature ? lowestSearchPressure : coldestWithPhases(feed);
+        const double low = atTemperature ? lowestSearchPressure : isAnswer ? lowestFlashTemperature : coldestWithPhases(feed);
         const double high = atTemperature ? highestFlashPressure : highestFlashTemperature;
         const LineSampler sampler(feed, fraction);
         QualitySearch quality(feed, fraction);
@@ -148,7 +153,7 @@ private:
         for (const double ratio : {0.99, 1.01, 0.96, 1.04}) {
             const FlashSpecification beside{other.variable, other.value * ratio};
             if (!(atTemperature ? quality.scan(beside, lowestSearchPressure, highestFlashPressure, 40)
-                                : quality.scan(beside, coldestWithPhases(feed), highestFlashTemperature, 40)) ||
+                                : quality.scan(beside, lowestFlashTemperature, highestFlashTemperature, 40)) ||
                 quality.found().liquid2Present || !quality.found().liquidPresent)
                 continue;
             LinePoint start;
@@ -172,10 +177,7 @@ private:
                 findFractionNear(feed, fraction, other, guess, result, anyType))
                 return true;
         }
-        if (fraction.value > 0.0 && fraction.value < 1.0)
-            if (findOnFractionTrace(feed, fraction, other, result))
-                return true;
-        return findByQuality(feed, fraction, other, result);
+        return fraction.value > 0.0 && fraction.value < 1.0 && findOnFractionTrace(feed, fraction, other, result);
     }
 
     // Looks for a state with any number of liquids near a guess.

@@ -76,12 +76,16 @@ bool findByQuality(const Feed &feed, const FlashSpecification &fraction, const F
 {
     // States of nearly one fraction can fill a wide range of pressures and a narrow one of temperatures, or the other
     // way.
+    bool hopeless = false;
     const auto search = [&](FlashVariable along, double lowest, double highest, int intervals) {
         QualityStates states(feed, along, fraction, other, result);
-        return RootSearch(states, std::log(lowest), std::log(highest)).scan(intervals) == SearchStatus::found;
+        RootSearch values(states, std::log(lowest), std::log(highest));
+        const bool found = values.scan(intervals) == SearchStatus::found;
+        hopeless = values.isHopeless();
+        return found;
     };
-    return search(FlashVariable::temperature, 1.0 / highestFlashTemperature, 1.0 / coldestWithPhases(feed), 100) ||
-           search(FlashVariable::pressure, lowestSearchPressure, highestFlashPressure, 60);
+    return search(FlashVariable::temperature, 1.0 / highestFlashTemperature, 1.0 / coldestWithPhases(feed), 60) ||
+           (!hopeless && search(FlashVariable::pressure, lowestSearchPressure, highestFlashPressure, 60));
 }
 
 } // namespace reference
