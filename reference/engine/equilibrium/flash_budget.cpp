@@ -6,13 +6,13 @@ namespace reference {
 
 namespace {
 
-constexpr int mostFlashes = 10000;
+constexpr int mostFlashes = 15000;
 constexpr int mostPairs = 1000000; // flashes times compounds times compounds
 
 // A flash that finds no phases has tried all ways to do so; one that finds phases that may not be is quicker.
 int costOf(FlashStatus status)
 {
-    return status == FlashStatus::solved ? 1 : status == FlashStatus::otherPhases ? 3 : 20;
+    return status == FlashStatus::solved ? 1 : status == FlashStatus::otherPhases ? 3 : 12;
 }
 
 } // namespace

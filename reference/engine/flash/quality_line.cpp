@@ -59,9 +59,9 @@ public:
             return LineStatus::solved;
         if (!haveSecondChoice && lookAround(started))
             return LineStatus::solved;
-        // A dew point has one liquid: all of them are on lines of two phases.
-        if (!haveSecondChoice && n > 1 && !isCondition(other.variable) && fraction.value < 1.0 &&
-            findByQuality(feed, fraction, other, result))
+        // Of two phases, which those of a dew point always are, all states are on the lines that have been followed.
+        const bool canBeThree = (sawUnstable || sawThreePhases) && fraction.value < 1.0;
+        if (!haveSecondChoice && canBeThree && !isCondition(other.variable) && findByQuality(feed, fraction, other, result))
             return LineStatus::solved;
         if (!haveSecondChoice && n > 1 && sawBoiling && isCondition(other.variable) && comeFromBeside())
             return LineStatus::solved;
@@ -85,6 +85,7 @@ private:
     bool sawUnstable = false;
     FlashConditions unstable; // of the last one seen
     bool sawBoiling = false;
+    bool sawThreePhases = false;
     struct Place {
         double lnT, lnP;
     };
@@ -132,6 +133,7 @@ private:
             LineSample now;
             now.take(feed, at, low * std::pow(high / low, static_cast<double>(i) / intervals));
             sawBoiling |= now.known && now.isTwo();
+            sawThreePhases |= now.known && now.state.phaseCount() > 2;
             LinePoint start;
             if (i > 0 && sampler.startBetween(last, now, at, start.point)) {
                 started = true;
