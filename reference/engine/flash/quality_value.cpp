@@ -81,7 +81,7 @@ bool findByQuality(const Feed &feed, const FlashSpecification &fraction, const F
         QualityStates states(feed, along, fraction, other, result);
         RootSearch values(states, std::log(lowest), std::log(highest));
         const bool found = values.scan(intervals) == SearchStatus::found;
-        hopeless = values.isHopeless();
+        hopeless = values.sawValue() && values.isHopeless();
         return found;
     };
     return search(FlashVariable::temperature, 1.0 / highestFlashTemperature, 1.0 / coldestWithPhases(feed), 60) ||
