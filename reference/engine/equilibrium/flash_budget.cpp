@@ -7,7 +7,7 @@ namespace reference {
 namespace {
 
 constexpr int mostFlashes = 15000;
-constexpr int mostPairs = 1000000; // flashes times compounds times compounds
+constexpr int mostPairs[] = {600000, 1000000}; // flashes times compounds times compounds, by Search
 
 // A flash that finds no phases has tried all ways to do so; one that finds phases that may not be is quicker.
 int costOf(FlashStatus status)
@@ -17,7 +17,10 @@ int costOf(FlashStatus status)
 
 } // namespace
 
-FlashBudget::FlashBudget(int compounds) : most(std::min(mostFlashes, mostPairs / (compounds * compounds))) {}
+FlashBudget::FlashBudget(int compounds, Search search)
+    : most(std::min(mostFlashes, mostPairs[static_cast<int>(search)] / (compounds * compounds)))
+{
+}
 
 void FlashBudget::charge(FlashStatus status)
 {

@@ -10,8 +10,10 @@ namespace reference {
 class FlashBudget {
 public:
     // For a mixture of so many compounds: a flash takes about as long as the square of their number. All together take
-    // some tenths of a second.
-    explicit FlashBudget(int compounds);
+    // some tenths of a second, and more where two values are searched for that are no vapor fraction: what leads there
+    // is a search within a search.
+    enum class Search { fraction, values };
+    explicit FlashBudget(int compounds, Search search = Search::fraction);
 
     bool isSpent() const { return spent >= most; }
     int flashes() const { return count; } // made so far

@@ -187,7 +187,8 @@ FlashStatus flash(const MixtureModel &model, const FlashRequest &request, std::s
         std::swap(first, second);
 
     const PresentCompounds present(z.first(model.size), negligibleFraction);
-    FlashBudget budget(present.count);
+    const bool hasFraction = isFraction(first.variable) || isFraction(second.variable);
+    FlashBudget budget(present.count, hasFraction ? FlashBudget::Search::fraction : FlashBudget::Search::values);
     const auto solve = [&](const MixtureModel &few) {
         return flashPresent({few, present.amounts.data(), request.phases, &budget}, first, second, request.solution, result,
                             reason);

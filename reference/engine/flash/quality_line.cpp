@@ -59,9 +59,13 @@ public:
             return LineStatus::solved;
         if (!haveSecondChoice && lookAround(started))
             return LineStatus::solved;
-        // Of two phases, which those of a dew point always are, all states are on the lines that have been followed.
+        // Of two phases, which those of a dew point always are, all states are on the lines that have been followed, and
+        // of three on the trace, unless there is so little of one that states beside it have fewer.
+        constexpr double little = 1e-3;
         const bool canBeThree = (sawUnstable || sawThreePhases) && fraction.value < 1.0;
-        if (!haveSecondChoice && canBeThree && !isCondition(other.variable) && findByQuality(feed, fraction, other, result))
+        const bool isNearEnd = std::min(fraction.value, 1.0 - fraction.value) < little;
+        if (!haveSecondChoice && ((canBeThree && isNearEnd) || !started) && n > 1 && !isCondition(other.variable) &&
+            findByQuality(feed, fraction, other, result))
             return LineStatus::solved;
         if (!haveSecondChoice && n > 1 && sawBoiling && isCondition(other.variable) && comeFromBeside())
             return LineStatus::solved;
