@@ -1,6 +1,6 @@
 // The longest flash of each pair of specifications over random states of every package: two values of one state, values
-// of two states, and a vapor fraction with a value of another state, as a fraction of one and the enthalpy of what is far
-// above its dew point. Ends with 1 if an answer is wrong or a flash takes longer than allowed.
+// of two states, and a vapor fraction with a value of another state, as a fraction of one and the enthalpy of what is
+// far above its dew point. Ends with 1 if an answer is wrong or a flash takes longer than allowed.
 #include "reference/engine/equilibrium/flash_tp.h"
 #include "reference/package/package_table.h"
 #include "tests/reference/engine/flash_check.h"
@@ -153,7 +153,8 @@ int main(int count, char **arguments)
                 }
         }
         std::printf("%.*s\n%-20s %-20s %7s %9s %9s %7s %9s %9s %6s\n", static_cast<int>(package.name.size()),
-                    package.name.data(), "", "", "solved", "ms each", "longest", "refused", "ms each", "longest", "wrong");
+                    package.name.data(), "", "", "solved", "ms each", "longest", "refused", "ms each", "longest",
+                    "wrong");
         for (int a = 0; a < flashVariableCount; ++a)
             for (int b = a + 1; b < flashVariableCount; ++b) {
                 const PairTimes &pair = times[a][b];

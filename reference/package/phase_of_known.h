@@ -17,8 +17,8 @@ public:
     // The phase, made of the compounds that are left; this object must outlive it.
     PhasePoint point(Root root) const;
 
-    // Calculates the values for all compounds, as `calculate` orders them: NaN for what belongs to one that is left out.
-    // False where a present compound lacks a constant, or the model has no such quantity.
+    // Calculates the values for all compounds, as `calculate` orders them: NaN for what belongs to one that is left
+    // out. False where a present compound lacks a constant, or the model has no such quantity.
     bool calculate(Root root, Differential differential, std::span<double> values) const;
 
 private:

@@ -87,8 +87,8 @@ FlashStatus explainSearch(const SearchFindings &findings, const FlashSpecificati
     return FlashStatus::noSolution;
 }
 
-FlashStatus explainBudget(const FlashBudget &budget, const FlashSpecification &first,
-                          const FlashSpecification &second, FlashReason &reason)
+FlashStatus explainBudget(const FlashBudget &budget, const FlashSpecification &first, const FlashSpecification &second,
+                          FlashReason &reason)
 {
     const PairText text(first, second);
     giveReason(reason, "No state with %s and %s was found by %d flashes at temperatures and pressures",
@@ -190,8 +190,8 @@ FlashStatus flash(const MixtureModel &model, const FlashRequest &request, std::s
     const bool hasFraction = isFraction(first.variable) || isFraction(second.variable);
     FlashBudget budget(present.count, hasFraction ? FlashBudget::Search::fraction : FlashBudget::Search::values);
     const auto solve = [&](const MixtureModel &few) {
-        return flashPresent({few, present.amounts.data(), request.phases, &budget}, first, second, request.solution, result,
-                            reason);
+        return flashPresent({few, present.amounts.data(), request.phases, &budget}, first, second, request.solution,
+                            result, reason);
     };
     const FlashStatus status = present.isAll() ? solve(model) : solve(model.subset(present.members()));
     if (status != FlashStatus::solved && budget.isSpent())

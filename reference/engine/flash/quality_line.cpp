@@ -46,7 +46,8 @@ public:
         if (started && offer(start.point))
             return LineStatus::solved;
         FlashConditions guess;
-        if (n > 1 && isCondition(other.variable) && (started || estimateConditions(feed, fraction.value, other, guess)) &&
+        if (n > 1 && isCondition(other.variable) &&
+            (started || estimateConditions(feed, fraction.value, other, guess)) &&
             offerNear(started ? placeOf(start.point) : guess))
             return LineStatus::solved;
         for (const double pressure : {1e5, 1e3, 1e6, 1e1, 1e7})
@@ -59,8 +60,8 @@ public:
             return LineStatus::solved;
         if (!haveSecondChoice && lookAround(started))
             return LineStatus::solved;
-        // Of two phases, which those of a dew point always are, all states are on the lines that have been followed, and
-        // of three on the trace, unless there is so little of one that states beside it have fewer.
+        // Of two phases, which those of a dew point always are, all states are on the lines that have been followed,
+        // and of three on the trace, unless there is so little of one that states beside it have fewer.
         constexpr double little = 1e-3;
         const bool canBeThree = (sawUnstable || sawThreePhases) && fraction.value < 1.0;
         const bool isNearEnd = std::min(fraction.value, 1.0 - fraction.value) < little;
@@ -128,7 +129,9 @@ private:
     bool lookAlong(const FlashSpecification &at, int intervals, bool isAnswer, bool &started)
     {
         const bool atTemperature = at.variable == FlashVariable::temperature;
-        const double low = atTemperature ? lowestSearchPressure : isAnswer ? lowestFlashTemperature : coldestWithPhases(feed);
+        const double low = atTemperature ? lowestSearchPressure
+                           : isAnswer    ? lowestFlashTemperature
+                                         : coldestWithPhases(feed);
         const double high = atTemperature ? highestFlashPressure : highestFlashTemperature;
         const LineSampler sampler(feed, fraction);
         QualitySearch quality(feed, fraction);

@@ -86,8 +86,7 @@ TEST_P(ListedProperties, AreThereForEveryCompoundButForAReason)
         for (const std::string phase : {"Vapor", "Liquid", "Liquid2"})
             for (const std::string &name : names) {
                 package.material.written.clear();
-                const HRESULT result =
-                    package.properties->CalcSinglePhaseProp(texts({name}).get(), Bstr(phase).get());
+                const HRESULT result = package.properties->CalcSinglePhaseProp(texts({name}).get(), Bstr(phase).get());
                 if (const std::string reason = expectedReason(name, ids[i], phase); !reason.empty()) {
                     EXPECT_EQ(result, errors::propertyNotAvailable.result) << name << " of " << ids[i];
                     EXPECT_EQ(lastFailure(package.properties.get()).description,

@@ -13,9 +13,9 @@ using namespace reference;
 
 namespace {
 
-const std::vector<std::string_view> wetGas = {"methane",   "ethane",   "propane",   "isobutane",      "n-butane",
-                                              "isopentane", "n-pentane", "n-hexane",  "n-heptane",      "n-octane",
-                                              "n-nonane",  "n-decane", "benzene",   "toluene",        "nitrogen",
+const std::vector<std::string_view> wetGas = {"methane",        "ethane",           "propane",  "isobutane", "n-butane",
+                                              "isopentane",     "n-pentane",        "n-hexane", "n-heptane", "n-octane",
+                                              "n-nonane",       "n-decane",         "benzene",  "toluene",   "nitrogen",
                                               "carbon dioxide", "hydrogen sulfide", "water"};
 
 std::vector<double> equalFractions(int count)
@@ -78,8 +78,7 @@ TEST(FlashBudget, KnowsBelowWhichTemperatureNoPhasesAreFound)
         const MixtureModel model = modelOf(compounds);
         const std::vector<double> z = equalFractions(model.size);
         FlashBudget budget(model.size);
-        const double coldest =
-            coldestWithPhases({model, z.data(), FlashPhases::vaporAndTwoLiquids, &budget});
+        const double coldest = coldestWithPhases({model, z.data(), FlashPhases::vaporAndTwoLiquids, &budget});
         const int flashes = budget.flashes();
         EXPECT_EQ(coldestWithPhases({model, z.data(), FlashPhases::vaporAndTwoLiquids, &budget}), coldest);
         EXPECT_EQ(budget.flashes(), flashes); // once
@@ -155,6 +154,7 @@ TEST(FractionTrace, EndsWithoutAStateWhereThereIsNone)
     FlashBudget budget(model.size);
     const Feed feed{model, z.data(), FlashPhases::vaporAndTwoLiquids, &budget};
     FlashResult result;
-    EXPECT_FALSE(findOnFractionTrace(feed, {FlashVariable::vaporFraction, 0.5}, {FlashVariable::enthalpy, 1e5}, result));
+    EXPECT_FALSE(
+        findOnFractionTrace(feed, {FlashVariable::vaporFraction, 0.5}, {FlashVariable::enthalpy, 1e5}, result));
     EXPECT_FALSE(budget.isSpent());
 }
