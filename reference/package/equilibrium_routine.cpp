@@ -2,7 +2,7 @@
 #include "reference/engine/quantities/phase_calculation.h"
 #include "reference/package/allowed_phases.h"
 #include "reference/package/flash_input.h"
-#include "reference/package/phase_of_present.h"
+#include "reference/package/phase_of_known.h"
 #include "reference/package/phase_table.h"
 #include "reference/package/property_package.h"
 
@@ -136,8 +136,8 @@ HRESULT PropertyPackage::leaveOutFormation(const Call &call, const FlashInput &i
     const PhaseQuantity without = isEnthalpy ? PhaseQuantity::enthalpyNF : PhaseQuantity::entropyNF;
     // The difference is the same at all conditions.
     const PhasePoint whole(model, 298.15, 1e5, {feed.data(), static_cast<std::size_t>(model.size)}, Root::vapor);
-    const PhaseOfPresent present(whole);
-    const PhasePoint point = present.point(Root::vapor);
+    const PhaseOfKnown known(whole, with);
+    const PhasePoint point = known.point(Root::vapor);
     double withFormation = 0.0;
     double withoutFormation = 0.0;
     if (!calculate(point, with, Differential::none, {&withFormation, 1}) ||

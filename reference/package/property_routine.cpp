@@ -3,13 +3,14 @@
 #include "reference/engine/phase/phase_point.h"
 #include "reference/engine/quantities/phase_calculation.h"
 #include "reference/engine/quantities/phase_pair.h"
-#include "reference/package/phase_of_present.h"
+#include "reference/package/phase_of_known.h"
 #include "reference/package/phase_table.h"
 #include "reference/package/property_name.h"
 #include "reference/package/property_package.h"
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 
 namespace reference {
 
@@ -41,16 +42,27 @@ HRESULT giveNames(const std::vector<std::string> &list, VARIANT *properties)
     return names.give(properties);
 }
 
-// The values of a phase. A single value can be had even where absent compounds lack a constant that it needs.
+// The values of a phase. They can be had, too, where absent compounds lack a constant that they need: what belongs to
+// these is NaN.
 bool calculateValues(const PhasePoint &phase, Root root, PhaseQuantity quantity, Differential differential,
                      std::span<double> values)
 {
-    if (calculate(phase, quantity, differential, values))
-        return true;
-    if (values.size() != 1)
-        return false;
-    const PhaseOfPresent present(phase);
-    return calculate(present.point(root), quantity, differential, values);
+    return calculate(phase, quantity, differential, values) ||
+           PhaseOfKnown(phase, quantity).calculate(root, differential, values);
+}
+
+// Why a phase has no such property.
+WideString reasonOf(const PhasePoint &phase, Root root, PhaseQuantity quantity)
+{
+    if (needsCompressibility(quantity) && !yieldsToPressure(phase.model(), root))
+        return OLESTR("a liquid of this model does not yield to pressure");
+    for (int i = 0; i < phase.model().size; ++i) {
+        const CompoundData &compound = *phase.model().compounds[i].data;
+        const char *missing = phase.fractions()[i] > 0.0 ? missingConstant(compound, quantity) : nullptr;
+        if (missing)
+            return OLESTR("the ") + wide(missing) + OLESTR(" of ") + wide(compound.id) + OLESTR(" is not known");
+    }
+    return OLESTR("the model does not have it for this phase");
 }
 
 // The properties that a call asks for; the names are those of the argument.
@@ -76,7 +88,7 @@ template <class Quantity> struct Requests {
     }
 
     // Calculates all values before it gives any to `write`, so that the material stays as it is when one
-    // of them is not available. `calculate` fills the values of a request, or refuses.
+    // of them is not available. `calculate` fills the values of a request, or says why there are none.
     template <class Calculate, class Write>
     HRESULT answer(const Component::Call &call, int compounds, Calculate calculate, Write write) const
     {
@@ -86,10 +98,11 @@ template <class Quantity> struct Requests {
             double *elements = values[i].makeNumbers(count);
             if (!elements)
                 return E_OUTOFMEMORY;
-            if (!calculate(list[i], std::span<double>(elements, static_cast<std::size_t>(count))))
-                return call.refuse(errors::propertyNotAvailable,
-                                   OLESTR("The property ") + quoted(names[static_cast<int>(i)]) +
-                                       OLESTR(" is not available for this phase and these compounds"));
+            const std::span<double> found(elements, static_cast<std::size_t>(count));
+            if (const std::optional<WideString> reason = calculate(list[i], found))
+                return call.refuse(errors::propertyNotAvailable, OLESTR("There is no ") +
+                                                                     quoted(names[static_cast<int>(i)]) +
+                                                                     OLESTR(" here: ") + *reason);
         }
         for (std::size_t i = 0; i < list.size(); ++i)
             if (const HRESULT written = write(list[i], names[static_cast<int>(i)], values[i].get()); FAILED(written))
@@ -204,8 +217,10 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcSinglePhaseProp(VARIANT propertie
         const PhasePoint phase = conditions.point(model, phaseRow->root);
         return requests.answer(
             call, model.size,
-            [&](const auto &request, std::span<double> values) {
-                return calculateValues(phase, phaseRow->root, request.quantity, request.differential, values);
+            [&](const auto &request, std::span<double> values) -> std::optional<WideString> {
+                if (calculateValues(phase, phaseRow->root, request.quantity, request.differential, values))
+                    return std::nullopt;
+                return reasonOf(phase, phaseRow->root, request.quantity);
             },
             [&](const auto &request, BSTR name, const VARIANT &values) {
                 const BSTR basis = shapeOf(request.quantity).molarBasis ? words.mole.get() : nullptr;
@@ -246,8 +261,10 @@ HRESULT STDMETHODCALLTYPE PropertyPackage::CalcTwoPhaseProp(VARIANT properties, 
         const PhasePoint second = conditions[1].point(model, rows[1]->root);
         return requests.answer(
             call, model.size,
-            [&](const auto &request, std::span<double> values) {
-                return calculatePair(first, second, request.quantity, request.differential, values);
+            [&](const auto &request, std::span<double> values) -> std::optional<WideString> {
+                if (calculatePair(first, second, request.quantity, request.differential, values))
+                    return std::nullopt;
+                return WideString(OLESTR("a constant of a compound is not known"));
             },
             [&](const auto &, BSTR name, const VARIANT &values) {
                 return refuseWrite(call, material->SetTwoPhaseProp(name, phaseLabels, nullptr, values));

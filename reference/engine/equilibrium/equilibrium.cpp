@@ -4,7 +4,23 @@
 #include "reference/engine/equilibrium/flash_tp.h"
 #include "reference/engine/equilibrium/split_curvature.h"
 
+#include <algorithm>
+
 namespace reference {
+
+namespace {
+
+FlashStatus flashWithinBudget(const Feed &feed, double temperature, double pressure, FlashResult &result)
+{
+    if (feed.budget && feed.budget->isSpent())
+        return FlashStatus::notConverged;
+    const FlashStatus status = flashTP(feed.model, temperature, pressure, feed.fractions(), feed.phases, result);
+    if (feed.budget)
+        feed.budget->charge(status);
+    return status;
+}
+
+} // namespace
 
 // A phase of a result, with what it holds.
 struct Equilibrium::HeldPhase {
@@ -67,12 +83,40 @@ void Equilibrium::addTransfer(const Feed &feed, const Isotherm &isotherm, int co
 FlashStatus flashAt(const Feed &feed, const FlashSpecification &one, double other, FlashResult &result)
 {
     const auto [temperature, pressure] = bothConditions(one, other);
-    return flashTP(feed.model, temperature, pressure, feed.fractions(), feed.phases, result);
+    return flashWithinBudget(feed, temperature, pressure, result);
+}
+
+double coldestWithPhases(const Feed &feed)
+{
+    if (!feed.budget)
+        return lowestFlashTemperature;
+    double &coldest = feed.budget->coldest;
+    if (coldest > 0.0)
+        return coldest;
+    constexpr double warm = 400.0; // K
+    constexpr double ratio = 0.85;
+    FlashResult state;
+    const auto fails = [&](double temperature) {
+        for (const double pressure : {1e5, 1e7})
+            if (flashWithinBudget(feed, temperature, pressure, state) != FlashStatus::notConverged)
+                return false;
+        return true;
+    };
+    bool failed = false;
+    for (double temperature = warm; temperature > lowestFlashTemperature; temperature *= ratio) {
+        const bool failsAgain = fails(temperature);
+        if (failed && failsAgain)
+            return coldest;
+        if (!failsAgain)
+            coldest = temperature;
+        failed = failsAgain;
+    }
+    return coldest = lowestFlashTemperature;
 }
 
 FlashStatus Equilibrium::find(const Feed &feed, double temperature, double pressure)
 {
-    const FlashStatus status = flashTP(feed.model, temperature, pressure, feed.fractions(), feed.phases, phases);
+    const FlashStatus status = flashWithinBudget(feed, temperature, pressure, phases);
     if (status == FlashStatus::solved)
         findTotals(feed);
     return status;

@@ -87,6 +87,15 @@ FlashStatus explainSearch(const SearchFindings &findings, const FlashSpecificati
     return FlashStatus::noSolution;
 }
 
+FlashStatus explainBudget(const FlashBudget &budget, const FlashSpecification &first, const FlashSpecification &second,
+                          FlashReason &reason)
+{
+    const PairText text(first, second);
+    giveReason(reason, "No state with %s and %s was found by %d flashes at temperatures and pressures",
+               text.first.text.data(), text.second.text.data(), budget.flashes());
+    return FlashStatus::notConverged;
+}
+
 // A pure compound's vapor and liquid of the same Gibbs energy.
 bool boils(const Feed &feed, const FlashResult &result)
 {
@@ -178,11 +187,15 @@ FlashStatus flash(const MixtureModel &model, const FlashRequest &request, std::s
         std::swap(first, second);
 
     const PresentCompounds present(z.first(model.size), negligibleFraction);
+    const bool hasFraction = isFraction(first.variable) || isFraction(second.variable);
+    FlashBudget budget(present.count, hasFraction ? FlashBudget::Search::fraction : FlashBudget::Search::values);
     const auto solve = [&](const MixtureModel &few) {
-        return flashPresent({few, present.amounts.data(), request.phases}, first, second, request.solution, result,
-                            reason);
+        return flashPresent({few, present.amounts.data(), request.phases, &budget}, first, second, request.solution,
+                            result, reason);
     };
     const FlashStatus status = present.isAll() ? solve(model) : solve(model.subset(present.members()));
+    if (status != FlashStatus::solved && budget.isSpent())
+        return explainBudget(budget, first, second, reason);
     if (status == FlashStatus::solved && result.vaporPresent)
         present.spread(result.vapor);
     if (status == FlashStatus::solved && result.liquidPresent)

@@ -106,4 +106,15 @@ bool estimatePoint(const Feed &feed, double vapor, const FlashSpecification &at,
     return Estimate(feed, vapor, at, point).make();
 }
 
+bool estimateConditions(const Feed &feed, double vapor, const FlashSpecification &at, FlashConditions &conditions)
+{
+    TwoPhasePoint point;
+    if (!estimatePoint(feed, vapor, at, point))
+        return false;
+    const int n = feed.size();
+    conditions = {std::exp(point.unknowns[TwoPhasePoint::temperatureAt(n)]),
+                  std::exp(point.unknowns[TwoPhasePoint::pressureAt(n)])};
+    return true;
+}
+
 } // namespace reference

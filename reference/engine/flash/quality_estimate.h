@@ -10,4 +10,7 @@ namespace reference {
 // of flashes.
 bool estimatePoint(const Feed &feed, double vapor, const FlashSpecification &at, TwoPhasePoint &point);
 
+// The temperature and pressure of that estimate.
+bool estimateConditions(const Feed &feed, double vapor, const FlashSpecification &at, FlashConditions &conditions);
+
 } // namespace reference

@@ -1,5 +1,6 @@
 #include "reference/engine/flash/quality_line.h"
 
+#include "reference/engine/flash/fraction_trace.h"
 #include "reference/engine/flash/line_sample.h"
 #include "reference/engine/flash/quality_estimate.h"
 #include "reference/engine/flash/quality_newton.h"
@@ -45,7 +46,8 @@ public:
         if (started && offer(start.point))
             return LineStatus::solved;
         FlashConditions guess;
-        if (n > 1 && isCondition(other.variable) && (started || estimate(other, guess)) &&
+        if (n > 1 && isCondition(other.variable) &&
+            (started || estimateConditions(feed, fraction.value, other, guess)) &&
             offerNear(started ? placeOf(start.point) : guess))
             return LineStatus::solved;
         for (const double pressure : {1e5, 1e3, 1e6, 1e1, 1e7})
@@ -57,6 +59,14 @@ public:
         if (!haveSecondChoice && n > 1 && !isCondition(other.variable) && findWithMoreLiquids())
             return LineStatus::solved;
         if (!haveSecondChoice && lookAround(started))
+            return LineStatus::solved;
+        // Of two phases, which those of a dew point always are, all states are on the lines that have been followed,
+        // and of three on the trace, unless there is so little of one that states beside it have fewer.
+        constexpr double little = 1e-3;
+        const bool canBeThree = (sawUnstable || sawThreePhases) && fraction.value < 1.0;
+        const bool isNearEnd = std::min(fraction.value, 1.0 - fraction.value) < little;
+        if (!haveSecondChoice && ((canBeThree && isNearEnd) || !started) && n > 1 && !isCondition(other.variable) &&
+            findByQuality(feed, fraction, other, result))
             return LineStatus::solved;
         if (!haveSecondChoice && n > 1 && sawBoiling && isCondition(other.variable) && comeFromBeside())
             return LineStatus::solved;
@@ -80,6 +90,7 @@ private:
     bool sawUnstable = false;
     FlashConditions unstable; // of the last one seen
     bool sawBoiling = false;
+    bool sawThreePhases = false;
     struct Place {
         double lnT, lnP;
     };
@@ -97,29 +108,20 @@ private:
                isWithinLimits(point.totals);
     }
 
-    bool estimate(const FlashSpecification &at, FlashConditions &conditions) const
-    {
-        TwoPhasePoint point;
-        if (!estimatePoint(feed, fraction.value, at, point))
-            return false;
-        conditions = {std::exp(point.unknowns[TwoPhasePoint::temperatureAt(n)]),
-                      std::exp(point.unknowns[TwoPhasePoint::pressureAt(n)])};
-        return true;
-    }
-
     // A feed can have several lines of one vapor fraction: those of two liquids do not meet the one of boiling, and
     // a gas that dissolves can leave a gap in that one. Looks for starts on all of them by flashes at given conditions.
     bool lookAround(bool &started)
     {
         if (isCondition(other.variable))
             return lookAlong(other, 150, true, started);
-        for (const int pressures : {16, 40})
-            for (int i = 0; i <= pressures; ++i) {
-                const double pressure = lowestSearchPressure * std::pow(highestFlashPressure / lowestSearchPressure,
-                                                                        static_cast<double>(i) / pressures);
-                if (lookAlong({FlashVariable::pressure, pressure}, 3 * pressures, false, started))
-                    return true;
-            }
+        constexpr int pressures = 12;
+        constexpr int temperatures = 40;
+        for (int i = 0; i <= pressures; ++i) {
+            const double pressure = lowestSearchPressure * std::pow(highestFlashPressure / lowestSearchPressure,
+                                                                    static_cast<double>(i) / pressures);
+            if (lookAlong({FlashVariable::pressure, pressure}, temperatures, false, started))
+                return true;
+        }
         return false;
     }
 
@@ -127,7 +129,9 @@ private:
     bool lookAlong(const FlashSpecification &at, int intervals, bool isAnswer, bool &started)
     {
         const bool atTemperature = at.variable == FlashVariable::temperature;
-        const double low = atTemperature ? lowestSearchPressure : lowestFlashTemperature;
+        const double low = atTemperature ? lowestSearchPressure
+                           : isAnswer    ? lowestFlashTemperature
+                                         : coldestWithPhases(feed);
         const double high = atTemperature ? highestFlashPressure : highestFlashTemperature;
         const LineSampler sampler(feed, fraction);
         QualitySearch quality(feed, fraction);
@@ -136,6 +140,7 @@ private:
             LineSample now;
             now.take(feed, at, low * std::pow(high / low, static_cast<double>(i) / intervals));
             sawBoiling |= now.known && now.isTwo();
+            sawThreePhases |= now.known && now.state.phaseCount() > 2;
             LinePoint start;
             if (i > 0 && sampler.startBetween(last, now, at, start.point)) {
                 started = true;
@@ -177,11 +182,11 @@ private:
             return true;
         for (const double pressure : {1e5, 1e6, 1e7, 1e4}) {
             FlashConditions guess;
-            if (estimate({FlashVariable::pressure, pressure}, guess) &&
+            if (estimateConditions(feed, fraction.value, {FlashVariable::pressure, pressure}, guess) &&
                 findFractionNear(feed, fraction, other, guess, result, anyType))
                 return true;
         }
-        return findByQuality(feed, fraction, other, result);
+        return fraction.value > 0.0 && fraction.value < 1.0 && findOnFractionTrace(feed, fraction, other, result);
     }
 
     // Looks for a state with any number of liquids near a guess.

@@ -62,7 +62,7 @@ private:
         const bool found = (other > 0.0 && quality.beside(at, other, SolutionType::unspecified)) ||
                            (along == FlashVariable::temperature
                                 ? quality.scan(at, lowestSearchPressure, highestFlashPressure, 16)
-                                : quality.scan(at, highestFlashTemperature, lowestFlashTemperature, 48));
+                                : quality.scan(at, highestFlashTemperature, coldestWithPhases(feed), 48));
         if (found)
             result = quality.found();
         return found;
@@ -76,12 +76,16 @@ bool findByQuality(const Feed &feed, const FlashSpecification &fraction, const F
 {
     // States of nearly one fraction can fill a wide range of pressures and a narrow one of temperatures, or the other
     // way.
+    bool hopeless = false;
     const auto search = [&](FlashVariable along, double lowest, double highest, int intervals) {
         QualityStates states(feed, along, fraction, other, result);
-        return RootSearch(states, std::log(lowest), std::log(highest)).scan(intervals) == SearchStatus::found;
+        RootSearch values(states, std::log(lowest), std::log(highest));
+        const bool found = values.scan(intervals) == SearchStatus::found;
+        hopeless = values.sawValue() && values.isHopeless();
+        return found;
     };
-    return search(FlashVariable::temperature, 1.0 / highestFlashTemperature, 1.0 / lowestFlashTemperature, 100) ||
-           search(FlashVariable::pressure, lowestSearchPressure, highestFlashPressure, 60);
+    return search(FlashVariable::temperature, 1.0 / highestFlashTemperature, 1.0 / coldestWithPhases(feed), 60) ||
+           (!hopeless && search(FlashVariable::pressure, lowestSearchPressure, highestFlashPressure, 60));
 }
 
 } // namespace reference

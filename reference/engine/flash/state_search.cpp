@@ -16,6 +16,10 @@ namespace {
 FlashSpecification conditionOf(FlashVariable variable, double logarithm) { return {variable, std::exp(logarithm)}; }
 
 double lowestOf(FlashVariable condition) { return std::log(flashLimitsOf(condition).lowest); }
+double lowestWithPhases(const Feed &feed, FlashVariable condition)
+{
+    return condition == FlashVariable::temperature ? std::log(coldestWithPhases(feed)) : lowestOf(condition);
+}
 double highestOf(FlashVariable condition) { return std::log(flashLimitsOf(condition).highest); }
 
 // Whether a variable rises or falls all the way (but for small jumps where the model has two liquids) along a line of
@@ -228,11 +232,12 @@ SearchStatus solveAtCondition(const Feed &feed, const FlashSpecification &fixed,
         findQuickly(feed, fixed, wanted, std::log(start), state))
         return SearchStatus::found;
     ConditionLine line(feed, fixed, wanted, state, findings);
-    RootSearch search(line, lowestOf(free), highestOf(free));
+    RootSearch near(line, lowestOf(free), highestOf(free));
     const double longestStep = free == FlashVariable::temperature ? 0.4 : 3.0;
-    const SearchStatus status = search.from(std::log(start), longestStep);
-    if (status == SearchStatus::found || (search.endedFarOff() && isMonotone(fixed.variable, wanted.variable)))
+    const SearchStatus status = near.from(std::log(start), longestStep);
+    if (status == SearchStatus::found || (near.endedFarOff() && isMonotone(fixed.variable, wanted.variable)))
         return status;
+    RootSearch search(line, lowestWithPhases(feed, free), highestOf(free));
     const SearchStatus scanned = search.scan(free == FlashVariable::temperature ? 30 : 40);
     if (scanned == SearchStatus::found || !thorough || search.isHopeless())
         return scanned;
@@ -265,7 +270,8 @@ SearchStatus solveWithoutCondition(const Feed &feed, const FlashSpecification &f
             if (!keepFirst && way.kept != second.variable)
                 continue;
             ValueLine line(feed, way.along, keepFirst ? first : second, keepFirst ? second : first, state, findings);
-            RootSearch search(line, lowestOf(way.along), highestOf(way.along));
+            RootSearch search(line, intervals == 0 ? lowestOf(way.along) : lowestWithPhases(feed, way.along),
+                              highestOf(way.along));
             const bool alongTemperature = way.along == FlashVariable::temperature;
             const SearchStatus status =
                 intervals == 0 ? search.from(std::log(alongTemperature ? 300.0 : 1e6), alongTemperature ? 0.4 : 3.0)

@@ -216,29 +216,41 @@ bool calculate(const PhasePoint &point, PhaseQuantity quantity, Differential dif
 
 bool isAvailable(const MixtureModel &model, Root root, PhaseQuantity quantity)
 {
-    const bool incompressible = !model.isCubic() && root == Root::liquid;
-    const auto allHave = [&](double CompoundData::*constant) {
-        for (int i = 0; i < model.size; ++i)
-            if (std::isnan(model.compounds[i].data->*constant))
-                return false;
-        return true;
+    if (needsCompressibility(quantity) && !yieldsToPressure(model, root))
+        return false;
+    for (int i = 0; i < model.size; ++i)
+        if (missingConstant(*model.compounds[i].data, quantity))
+            return false;
+    return true;
+}
+
+bool needsCompressibility(PhaseQuantity quantity)
+{
+    return quantity == PhaseQuantity::heatCapacityCv || quantity == PhaseQuantity::speedOfSound;
+}
+
+bool yieldsToPressure(const MixtureModel &model, Root root) { return model.isCubic() || root != Root::liquid; }
+
+const char *missingConstant(const CompoundData &compound, PhaseQuantity quantity)
+{
+    struct Need {
+        PhaseQuantity quantity;
+        double CompoundData::*constant;
+        const char *name;
     };
-    switch (quantity) {
-    case PhaseQuantity::heatCapacityCv:
-    case PhaseQuantity::speedOfSound:
-        return !incompressible;
-    case PhaseQuantity::enthalpyF:
-        return allHave(&CompoundData::formationEnthalpy);
-    case PhaseQuantity::entropyF:
-        return allHave(&CompoundData::formationEnthalpy) && allHave(&CompoundData::formationGibbsEnergy);
-    case PhaseQuantity::viscosity:
-    case PhaseQuantity::thermalConductivity:
-        return allHave(&CompoundData::criticalVolume);
-    case PhaseQuantity::diffusionCoefficient:
-        return allHave(&CompoundData::criticalVolume) && allHave(&CompoundData::diffusionVolume);
-    default:
-        return true;
-    }
+    constexpr Need needs[] = {
+        {PhaseQuantity::enthalpyF, &CompoundData::formationEnthalpy, "enthalpy of formation"},
+        {PhaseQuantity::entropyF, &CompoundData::formationEnthalpy, "enthalpy of formation"},
+        {PhaseQuantity::entropyF, &CompoundData::formationGibbsEnergy, "Gibbs energy of formation"},
+        {PhaseQuantity::viscosity, &CompoundData::criticalVolume, "critical volume"},
+        {PhaseQuantity::thermalConductivity, &CompoundData::criticalVolume, "critical volume"},
+        {PhaseQuantity::diffusionCoefficient, &CompoundData::criticalVolume, "critical volume"},
+        {PhaseQuantity::diffusionCoefficient, &CompoundData::diffusionVolume, "diffusion volume"},
+    };
+    for (const Need &need : needs)
+        if (need.quantity == quantity && std::isnan(compound.*need.constant))
+            return need.name;
+    return nullptr;
 }
 
 } // namespace reference

@@ -11,6 +11,12 @@ namespace reference {
 // speedOfSound; other quantities are missing where a compound lacks a constant that they need.
 bool isAvailable(const MixtureModel &model, Root root, PhaseQuantity quantity);
 
+// Why it may not be: the quantity is one of a fluid that yields to pressure, which the phase is not; or a compound
+// lacks a constant, whose name this is (null for none).
+bool needsCompressibility(PhaseQuantity quantity);
+bool yieldsToPressure(const MixtureModel &model, Root root);
+const char *missingConstant(const CompoundData &compound, PhaseQuantity quantity);
+
 // Writes the values, as many as valueCount says. False, with nothing written, for what is not
 // available. Logarithms and partial entropies of a compound of fraction zero are infinite; nothing
 // is NaN.
