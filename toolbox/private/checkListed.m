@@ -4,7 +4,6 @@ function tally = checkListed(s, tally)
 %   It has to be positive where its nature says so.
 positive = {'density', 'volume', 'heatCapacityCp', 'heatCapacityCv', 'speedOfSound', 'compressibility', ...
     'viscosity', 'thermalConductivity', 'compressibilityFactor', 'molecularWeight', 'fugacityCoefficient'};
-partly = {}; % the properties that are refused somewhere
 for name = reshape(s.single, 1, [])
     before = numel(tally.findings);
     asked = tally.asked;
@@ -20,21 +19,16 @@ for name = reshape(s.single, 1, [])
             tally = together(s, tally, at, some, name{1}, any(strcmpi(name{1}, positive)));
         end
     end
-    ofOne = any(strcmpi(partly, strtok(name{1}, '.')));
-    [tally, refused] = onceForAllPhases(tally, before, asked, ofOne);
-    if refused
-        partly{end + 1} = name{1}; %#ok<AGROW>
-    end
+    tally = onceForAllPhases(tally, before, asked);
 end
 end
 
 % What a package refuses in words for some phases or compounds, and gives for others, is a note: there is one list for
-% all. So is what it refuses of a derivative of such a property, as one by moles needs it of all compounds.
-function [tally, some] = onceForAllPhases(tally, before, asked, ofOne)
+% all.
+function tally = onceForAllPhases(tally, before, asked)
 new = tally.findings(before + 1:end);
 refused = ~cellfun(@isempty, regexp({new.what}, ' fails: ', 'once'));
-some = any(refused);
-if some && (ofOne || sum([new(refused).count]) < tally.asked - asked)
+if any(refused) && sum([new(refused).count]) < tally.asked - asked
     [new(refused).severity] = deal('note');
     tally.findings = [tally.findings(1:before), new];
 end
