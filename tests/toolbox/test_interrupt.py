@@ -34,7 +34,9 @@ disp('prompt again'); fflush(stdout);
 if exist('v', 'var'), disp('assigned after all'), end
 [kept, done] = capeOpenLastResults();
 printf('%d rows kept\\n', sum(done));
-printf('the same rows: %d\\n', isequal(kept(1:100, :), [expected{:}]) && isequal(any(isnan(kept), 2), !done));
+some = find(done)(1:100); % of workers any may be the first
+v = Verdanth(25, h, X, 'Temperature', T(some), 'Pressure', 40e5, 'Unspecified', 2, 'vaporFraction enthalpy');
+printf('the same rows: %d\\n', isequal(kept(some, :), [v{:}]) && isequal(any(isnan(kept), 2), !done));
 v = Verdanth(25, h, X, 'Temperature', T(1:100), 'Pressure', 40e5, 'Unspecified', 2, 'vaporFraction enthalpy');
 printf('%d package, the same: %d\\n', numel(capeOpenHandleList()), isequal(v, expected));
 v = capeOpenMultiFlash(h, X, 'Temperature', T(1:100), 'Pressure', 40e5, 'Unspecified', 'vaporFraction');
