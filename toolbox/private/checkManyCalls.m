@@ -3,8 +3,8 @@ function tally = checkManyCalls(s, tally)
 %
 %   A round is warmed up with, and three follow. There is a leak if each of the three takes 256 kB more of memory, twice
 %   what an allocator asks the system for at a time, and three further rounds do the same; calls become slower
-%   if each round takes two fifths of the first more than the one before last, by the shortest of its blocks of ten rows,
-%   and further rounds do the same. Other work of a machine comes and goes, and leaves some of the blocks alone.
+%   if each round takes two fifths of the first more than the one before last, by the shortest of its blocks of ten
+%   rows, and further rounds do the same. Other work of a machine comes and goes, and leaves some of the blocks alone.
 %
 %   Full, there are 10^4 calls in three rounds, of flashes by other pairs than temperature and pressure a tenth; fewer
 %   of what is slow. TALLY gets MEMORY.
