@@ -168,7 +168,7 @@ report = capeOpenCheck('Verdanth Reference Packages', 'All compounds (Peng-Robin
         said = octave.communicate(self.AFTERWARDS, timeout=60)[0]
         self.assertIn("capeOpenCheck was stopped after 2 checks; capeOpenCheck('last') gives what was done", said)
         self.assertRegex(said, r"kept: casNumbers constants, complete: 0, verdict: passed, [1-9]\d+ asked")
-        self.assertIn("320 flashes kept", said)
+        self.assertRegex(said, r"[1-9]\d\d flashes kept")
         self.assertIn("0 packages, basis mol / m3", said)
         self.assertNotIn("not stopped", said)
 
