@@ -14,8 +14,7 @@ flock -n 8 || {
     flock 8
 }
 
-next_build=
-trap '[ -z "$next_build" ] || kill -- -"$next_build" 2>/dev/null; scripts/wine.sh --down 2>/dev/null 8>&-' EXIT
+trap 'scripts/wine.sh --down 2>/dev/null 8>&-' EXIT
 trap 'exit 130' INT TERM HUP
 
 passed=0
@@ -47,32 +46,9 @@ EOF
     skipped=$((skipped + left_out))
 }
 
-# Builds the next preset beside the tests of this one, which wait for Wine and for each other: with what they leave of the
-# processors, into a file, as a group of processes that can be ended as one.
-build_next() {
-    nice -n 10 setsid scripts/build.sh "$1" >"build/$1.log" 2>&1 8>&- &
-    next_build=$!
-}
-
-# The build of a preset: the first in the open, the others, which are on already, when they are done.
-built() {
-    if [ -z "$next_build" ]; then
-        scripts/build.sh "$1" 8>&-
-        return
-    fi
-    wait "$next_build"
-    status=$?
-    next_build=
-    cat "build/$1.log"
-    return $status
-}
-
 run_preset() {
     echo "== $1 =="
-    built "$1"
-    status=$?
-    [ -z "$2" ] || build_next "$2"
-    if [ $status -ne 0 ]; then
+    if ! scripts/build.sh "$1"; then
         echo "$1: the build failed."
         failed=$((failed + 1))
         return
@@ -82,12 +58,8 @@ run_preset() {
     add_results "$1" $?
 }
 
-# The tests under Wine wait most, and go first: there is a build beside them.
-[ $# -gt 0 ] || set -- windows-x64 linux-sanitize linux windows-x86
-while [ $# -gt 0 ]; do
-    run_preset "$1" "${2:-}"
-    shift
-done
+[ $# -gt 0 ] || set -- linux-sanitize linux windows-x86 windows-x64
+for preset in "$@"; do run_preset "$preset"; done
 
 [ $skipped -eq 0 ] || echo "$skipped skipped"
 echo "$passed passed, $failed failed"
