@@ -5,13 +5,9 @@ function outcome = flashBlock(job)
 %   the first), exact, batch, and first, the number of its first row. OUTCOME has the last two, the VALUES (rows by
 %   outputs), and the TEXTS of those ROWS that have one if EXACT, otherwise what the library has SHOWN. Without values
 %   the block was not done: the caller comes upon the same error, or does it.
-persistent held name
 outcome = struct('batch', job.batch, 'first', job.first, 'values', [], 'rows', [], 'texts', {{}}, 'shown', '');
 try
-    if isempty(held) || ~isequal(name, {job.manager, job.package}) || ~any(capeOpenHandleList() == held.Handle)
-        held = capeopen.Package(job.manager, job.package);
-        name = {job.manager, job.package};
-    end
+    handle = capeopen.internal.heldPackage({job.manager, job.package});
     bases = {'mole', 'mass'};
     before = bases{1 + capeopen.internal.isMassBasis()};
     restore = onCleanup(@() capeOpenBasis(before)); %#ok<NASGU>
@@ -19,10 +15,10 @@ try
     values = cell(1, job.outputs);
     texts = {};
     if job.exact
-        evalc('[values{:}, texts] = capeOpenMultiFlash(held.Handle, job.given{:});');
+        evalc('[values{:}, texts] = capeOpenMultiFlash(handle, job.given{:});');
     else
         written = capeopen.internal.capturedWarnings(); %#ok<NASGU>
-        outcome.shown = evalc('values = Verdanth(25, held.Handle, job.given{1:6}, job.outputs, job.given{7});');
+        outcome.shown = evalc('values = Verdanth(25, handle, job.given{1:6}, job.outputs, job.given{7});');
     end
     outcome.values = [values{:}];
     outcome.rows = find(~cellfun('isempty', texts));
