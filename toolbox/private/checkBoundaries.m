@@ -9,67 +9,51 @@ function tally = checkBoundaries(s, tally)
 if isempty(s.vapor) || ~any(strcmpi(s.flashProps, 'vaporFraction'))
     return
 end
-[ends, results] = asked(s);
-if isempty(ends)
+flashes = asked(s);
+if isempty(flashes)
     return
 end
-tally = failures(s, tally, ends, results);
-solved = cellfun(@isempty, {results.problem});
-ends = ends(solved);
-tagged = results(solved);
-for k = 1:numel(ends)
-    tagged(k).problem = k; % its number stays with it
-end
-[tally, results] = checkShapes(s, tally, tagged, @(flash) endLines(s, ends(flash.problem)));
-ends = ends([results.problem]);
-if isempty(results)
+tally = failures(s, tally, flashes);
+again = @(flash) endLines(s, flash.given);
+[tally, flashes] = checkShapes(s, tally, flashes(cellfun(@isempty, {flashes.problem})), again);
+if isempty(flashes)
     return
 end
-tally = amounts(s, tally, ends, results);
-again = @(flash) endLines(s, ends([results.problem] == flash.problem));
-tally = checkDistinct(s, tally, results, again);
-tally = checkFugacities(s, tally, results, again);
-tally = sides(s, tally, ends, results);
+tally = amounts(s, tally, flashes);
+tally = checkDistinct(s, tally, flashes, again);
+tally = checkFugacities(s, tally, flashes, again);
+tally = sides(s, tally, flashes);
 end
 
 % Dew points at temperatures and pressures of flashes that found a vapor and more, bubble points at these temperatures
-% and at the pressures that they have, and dew points where condensation is retrograde.
-function [ends, results] = asked(s)
-ends = repmat(oneEnd([], '', NaN, NaN, '', false), 1, 0);
+% and at the pressures that they have, and dew points where condensation is retrograde: flashes with what was GIVEN.
+function flashes = asked(s)
+flashes = [];
 some = wholeFlashes(s, s.flashes);
 some = some(arrayfun(@(f) any(strcmpi(f.phases, s.vapor)) && numel(f.phases) > 1, s.flashes(some)));
-results = s.flashes(zeros(1, 0));
 without = 0;
 for flash = s.flashes(some(evenly(numel(some), 24 - 20 * s.quick)))
     isVapor = any(vaporAt(s, flash.Z, flash.T, flash.P * [0.3, 0.1, 0.01, 1e-3]) == 1); % then there is a dew point
-    new = [oneEnd(flash.Z, 'Temperature', flash.T, 1, 'Unspecified', isVapor), ...
-           oneEnd(flash.Z, 'Pressure', flash.P, 1, 'Unspecified', false)];
-    found = [endFlash(s, new(1)), endFlash(s, new(2))];
+    flashes = [flashes, endFlash(s, flash.Z, 'Temperature', flash.T, 1, 'Unspecified', isVapor), ...
+               endFlash(s, flash.Z, 'Pressure', flash.P, 1, 'Unspecified', false)]; %#ok<AGROW>
     if without < 4 % above its critical temperature a mixture has none, and a package may search long for it
-        new(3) = oneEnd(flash.Z, 'Temperature', flash.T, 0, 'Unspecified', false);
-        found(3) = endFlash(s, new(3));
-        if isempty(found(3).problem)
-            new(4) = oneEnd(flash.Z, 'Pressure', found(3).P, 0, 'Unspecified', true);
-            found(4) = endFlash(s, new(4));
+        bubble = endFlash(s, flash.Z, 'Temperature', flash.T, 0, 'Unspecified', false);
+        flashes = [flashes, bubble]; %#ok<AGROW>
+        if isempty(bubble.problem)
+            flashes = [flashes, endFlash(s, flash.Z, 'Pressure', bubble.P, 0, 'Unspecified', true)]; %#ok<AGROW>
         else
             without = without + 1;
         end
     end
-    [ends, results] = deal([ends, new], [results, found]);
 end
 mixed = find(sum(s.Z > 0, 2) > 1);
 for row = reshape(mixed(evenly(numel(mixed), 6 - 4 * s.quick)), 1, [])
     for T = retrograde(s, s.Z(row, :))
         for type = {'Unspecified', 'Normal', 'Retrograde'}
-            ends(end + 1) = oneEnd(s.Z(row, :), 'Temperature', T, 1, type{1}, true); %#ok<AGROW>
-            results(end + 1) = endFlash(s, ends(end)); %#ok<AGROW>
+            flashes = [flashes, endFlash(s, s.Z(row, :), 'Temperature', T, 1, type{1}, true)]; %#ok<AGROW>
         end
     end
 end
-end
-
-function e = oneEnd(Z, held, value, fraction, type, sure)
-e = struct('Z', Z, 'held', held, 'value', value, 'fraction', fraction, 'type', type, 'sure', sure);
 end
 
 % Temperatures at which, as pressure rises, a liquid comes and goes again: by the flashes at temperature and pressure,
@@ -116,29 +100,32 @@ catch
 end
 end
 
-function flash = endFlash(s, e)
-flash = sampledFlash(s, e.Z, NaN, NaN, {e.held, e.value, 'vaporFraction', e.fraction, e.type});
+% SURE tells that there has to be one.
+function flash = endFlash(s, Z, held, value, fraction, type, sure)
+flash = sampledFlash(s, Z, NaN, NaN, {held, value, 'vaporFraction', fraction, type});
 [flash.T, flash.P] = deal(flash.Tr, flash.Pr);
+flash.given = struct('Z', Z, 'held', held, 'value', value, 'fraction', fraction, 'type', type, 'sure', sure);
 end
 
-function lines = endLines(s, e)
-lines = {s.opening; numbersText('X', e.Z)
-         sprintf('value = %.17g;', e.value)
+function lines = endLines(s, given)
+lines = {s.opening; numbersText('X', given.Z)
+         sprintf('value = %.17g;', given.value)
          sprintf(['[phases, fractions, Y, T, P] = capeOpenFlash(handle, X, ''%s'', value, ''vaporFraction'', %g, ', ...
-                  '''%s'')'], e.held, e.fraction, e.type)
+                  '''%s'')'], given.held, given.fraction, given.type)
          'Tr = T; Pr = P;'};
 end
 
 % Ends that have to be there, but are not found.
-function tally = failures(s, tally, ends, results)
-tally.asked = tally.asked + sum([ends.sure]);
-failed = ~cellfun(@isempty, {results.problem});
+function tally = failures(s, tally, flashes)
+given = [flashes.given];
+tally.asked = tally.asked + sum([given.sure]);
+failed = ~cellfun(@isempty, {flashes.problem});
 for kind = {'Bubble', 'Dew', 'Dew', 'Dew'; 'Unspecified', 'Unspecified', 'Normal', 'Retrograde'}
-    same = strcmp({ends.type}, kind{2}) & [ends.sure] & [ends.fraction] == strcmp(kind{1}, 'Dew');
+    same = strcmp({given.type}, kind{2}) & [given.sure] & [given.fraction] == strcmp(kind{1}, 'Dew');
     bad = find(same & failed);
     if ~isempty(bad)
-        first = ends(bad(1));
-        what = sprintf('%s points, solution type %s, are not found: %s', kind{:}, results(bad(1)).problem);
+        first = given(bad(1));
+        what = sprintf('%s points, solution type %s, are not found: %s', kind{:}, flashes(bad(1)).problem);
         tally = checkFound(tally, 'note', what, sprintf('%s %.6g', lower(first.held), first.value), endLines(s, first));
         [tally.findings(end).count, tally.findings(end).asked] = deal(numel(bad), sum(same));
     end
@@ -146,61 +133,61 @@ end
 end
 
 % What was specified, and how much there is of which phase.
-function tally = amounts(s, tally, ends, results)
-at = flashStates(s, results);
-held = @(k) char(84 * strcmp(ends(k).held, 'Temperature') + 80 * strcmp(ends(k).held, 'Pressure')); % T or P
-vapor = @(f) strcmpi(f.phases(:), s.vapor);
-list = 1:numel(ends);
+function tally = amounts(s, tally, flashes)
+at = flashStates(s, flashes);
+held = @(f) f.given.held(1); % T or P
 tests = {
-    'A flash at a vapor fraction does not meet the temperature or pressure', 1e-9, ...
-        arrayfun(@(k) abs(results(k).(held(k)) / ends(k).value - 1), list), @(k) sprintf('abs(%s / value - 1)', held(k))
-    'The vapor is not the fraction that was specified', 1e-9, ...
-        arrayfun(@(k) abs(sum(results(k).fractions(vapor(results(k)))) - ends(k).fraction), list), ...
-        @(k) sprintf('abs(sum(fractions(strcmpi(phases, ''%s''))) - %g)', s.vapor, ends(k).fraction)
-    'Phase fractions at a vapor fraction do not add up to 1', 1e-9, ...
-        arrayfun(@(f) abs(sum(f.fractions) - 1), results), @(k) 'abs(sum(fractions) - 1)'
-    'The material balance is not met at a vapor fraction', 1e-9, ...
-        arrayfun(@(f) max(abs(f.fractions(:).' * f.X - f.Z)), results), @(k) 'max(abs(fractions(:).'' * Y - X))'
+    'A flash at a vapor fraction does not meet the temperature or pressure', ...
+        @(f) abs(f.(held(f)) / f.given.value - 1), @(f) sprintf('abs(%s / value - 1)', held(f))
+    'The vapor is not the fraction that was specified', ...
+        @(f) abs(sum(f.fractions(strcmpi(f.phases(:), s.vapor))) - f.given.fraction), ...
+        @(f) sprintf('abs(sum(fractions(strcmpi(phases, ''%s''))) - %g)', s.vapor, f.given.fraction)
+    'Phase fractions at a vapor fraction do not add up to 1', @(f) abs(sum(f.fractions) - 1), ...
+        @(f) 'abs(sum(fractions) - 1)'
+    'The material balance is not met at a vapor fraction', @(f) max(abs(f.fractions(:).' * f.X - f.Z)), ...
+        @(f) 'max(abs(fractions(:).'' * Y - X))'
     };
 for k = 1:size(tests, 1)
-    [what, limit, deviation, text] = tests{k, :};
-    lines = @(row) [endLines(s, ends(row)); {['deviation = ', text(row)]; sprintf('limit = %g', limit)}];
-    tally = checkCompared(tally, 'failure', what, deviation(:), limit, at, lines);
+    [what, deviation, text] = tests{k, :};
+    lines = @(row) [endLines(s, flashes(row).given)
+                    {['deviation = ', text(flashes(row))]; 'limit = 1e-9'}];
+    tally = checkCompared(tally, 'failure', what, arrayfun(deviation, flashes(:)), 1e-9, at, lines);
 end
-tally = incipient(s, tally, ends, results, at);
+tally = incipient(s, tally, flashes, at);
 end
 
 % A package may leave out the phase of which there is nothing, but not sometimes.
-function tally = incipient(s, tally, ends, results, at)
-alone = find(cellfun(@numel, {results.phases}) < 2);
+function tally = incipient(s, tally, flashes, at)
+alone = find(cellfun(@numel, {flashes.phases}) < 2);
 if isempty(alone)
     return
 end
 severity = 'failure';
-if numel(alone) == numel(results)
+if numel(alone) == numel(flashes)
     severity = 'note';
 end
-lines = [endLines(s, ends(alone(1))); {'deviation = double(numel(phases) < 2)'; 'limit = 0'}];
+lines = [endLines(s, flashes(alone(1)).given); {'deviation = double(numel(phases) < 2)'; 'limit = 0'}];
 what = 'The phase of which there is nothing is not reported at a dew or bubble point';
-tally = checkFound(tally, severity, what, stateText(at, alone(1)), lines, at.T(alone), at.P(alone), numel(results));
+tally = checkFound(tally, severity, what, stateText(at, alone(1)), lines, at.T(alone), at.P(alone), numel(flashes));
 end
 
 % How far from the end the phases change, and, for the types Normal and Retrograde, on which side of it there are more.
-function tally = sides(s, tally, ends, results)
-[deviation, wrong] = deal(NaN(numel(ends), 1));
-for k = 1:numel(ends)
-    [deviation(k), more] = nearest(s, results(k), strcmp(ends(k).held, 'Temperature'));
-    if more ~= 0 && ~strcmp(ends(k).type, 'Unspecified')
-        wrong(k) = double(more ~= sideOf(ends(k)));
+function tally = sides(s, tally, flashes)
+given = [flashes.given];
+[deviation, wrong] = deal(NaN(numel(given), 1));
+for k = 1:numel(given)
+    [deviation(k), more] = nearest(s, flashes(k), strcmp(given(k).held, 'Temperature'));
+    if more ~= 0 && ~strcmp(given(k).type, 'Unspecified')
+        wrong(k) = double(more ~= sideOf(given(k)));
     end
 end
-lines = @(row, last) [endLines(s, ends(row)); sideLines(strcmp(ends(row).held, 'Temperature')); last(:)];
+lines = @(row, last) [endLines(s, given(row)); sideLines(strcmp(given(row).held, 'Temperature')); last(:)];
 for type = {'Unspecified', 'Normal', 'Retrograde'}
-    some = find(strcmp({ends.type}, type{1}));
+    some = find(strcmp({given.type}, type{1}));
     if isempty(some)
         continue
     end
-    at = flashStates(s, results(some));
+    at = flashStates(s, flashes(some));
     limit = 1e-5 * ones(numel(some), 1);
     limit(isnan(deviation(some))) = NaN;
     what = sprintf('Beside a dew or bubble point, solution type %s, the phases are the same', type{1});
@@ -210,13 +197,14 @@ for type = {'Unspecified', 'Normal', 'Retrograde'}
     limit(isnan(wrong(some))) = NaN;
     what = sprintf('A dew or bubble point is not of the solution type %s', type{1});
     tally = checkCompared(tally, 'failure', what, wrong(some), limit, at, @(row) lines(some(row), ...
-        {sprintf('deviation = double(more ~= %d)', sideOf(ends(some(row)))); 'limit = 0'}));
+        {sprintf('deviation = double(more ~= %d)', sideOf(given(some(row)))); 'limit = 0'}));
 end
 end
 
 % Whether more phases are expected at the higher (1) or the lower (-1) pressure or temperature, whichever is not given.
-function side = sideOf(e)
-side = (2 * e.fraction - 1) * (2 * strcmp(e.held, 'Temperature') - 1) * (1 - 2 * strcmp(e.type, 'Retrograde'));
+function side = sideOf(given)
+side = (2 * given.fraction - 1) * (2 * strcmp(given.held, 'Temperature') - 1) * ...
+    (1 - 2 * strcmp(given.type, 'Retrograde'));
 end
 
 % The smallest step, as a part of pressure or temperature, between both sides of which the phases differ; Inf if there
