@@ -88,15 +88,16 @@ limit = 1e-9;
 if deviation <= limit
     [severity, limit] = deal('note', 0);
 end
-lines = [stateLines(s, sound.T, sound.P, sound.X)
-         {['before = ', sound.call, ';']}
-         regexprep(stateLines(s, mistake.T, mistake.P, mistake.X), '^handle = .*', '')
-         {['try, value = ', mistake.call, ', catch, end']}
-         regexprep(stateLines(s, sound.T, sound.P, sound.X), '^handle = .*', '')
-         {['after = ', sound.call, ';']; 'deviation = max(abs(after - before) ./ max(abs(before), 1e-300))'
-          sprintf('limit = %g', limit)}];
-lines(cellfun(@isempty, lines)) = [];
+lines = [{s.opening}; conditions(s, sound); {['before = ', sound.call, ';']}
+         conditions(s, mistake); {['try, value = ', mistake.call, ', catch, end']}
+         conditions(s, sound); {['after = ', sound.call, ';']}
+         {'deviation = max(abs(after - before) ./ max(abs(before), 1e-300))'; sprintf('limit = %g', limit)}];
 what = 'What is right gives another result after a call with a mistake';
 tally = checkCompared(tally, severity, what, deviation, limit, {[mistake.subject, ' with ', mistake.what]}, ...
                       @(row) lines);
+end
+
+function lines = conditions(s, call)
+lines = stateLines(s, call.T, call.P, call.X);
+lines(1) = []; % the package is open
 end
