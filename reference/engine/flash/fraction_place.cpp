@@ -13,21 +13,20 @@ bool FractionPlace::evaluate(const Feed &feed, const FlashSpecification &fractio
 {
     const double temperature = std::exp(lnT);
     const double pressure = std::exp(lnP);
-    Equilibrium &state = equilibrium;
     if (!flashLimitsOf(FlashVariable::temperature).contain(temperature) ||
         !flashLimitsOf(FlashVariable::pressure).contain(pressure) ||
-        state.find(feed, temperature, pressure) != FlashStatus::solved || !state.phases.vaporPresent ||
-        state.phases.phaseCount() < 2)
+        equilibrium.find(feed, temperature, pressure) != FlashStatus::solved || !equilibrium.phases.vaporPresent ||
+        equilibrium.phases.phaseCount() < 2)
         return false;
     const Equilibrium::Growth &growth =
-        fraction.variable == FlashVariable::vaporMassFraction ? state.vaporMass : state.vaporMoles;
-    residual[0] = vaporPart(feed.model, state.phases, fraction.variable) - fraction.value;
+        fraction.variable == FlashVariable::vaporMassFraction ? equilibrium.vaporMass : equilibrium.vaporMoles;
+    residual[0] = vaporPart(feed.model, equilibrium.phases, fraction.variable) - fraction.value;
     byT[0] = temperature * growth.byT;
     byP[0] = pressure * growth.byP;
-    residual[1] = residualOf(state.totals, other);
-    const double unit = unitOf(state.totals, other);
-    byT[1] = unit * temperature * state.totals.byTemperature(other.variable);
-    byP[1] = unit * pressure * state.totals.byPressure(other.variable);
+    residual[1] = residualOf(equilibrium.totals, other);
+    const double unit = unitOf(equilibrium.totals, other);
+    byT[1] = unit * temperature * equilibrium.totals.byTemperature(other.variable);
+    byP[1] = unit * pressure * equilibrium.totals.byPressure(other.variable);
     return std::isfinite(residual[0]) && std::isfinite(residual[1]);
 }
 
