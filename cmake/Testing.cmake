@@ -18,9 +18,22 @@ if(VERDANTH_SANITIZE)
     list(APPEND test_options -fno-sanitize=null,alignment,vptr,object-size)
 endif()
 target_compile_options(gtest PRIVATE ${test_options})
+
 add_library(test_code INTERFACE)
 target_link_libraries(test_code INTERFACE GTest::gtest)
 target_compile_options(test_code INTERFACE ${test_options})
+
+# Half of the time of compiling tests goes into what the sources of a program share, templates of GoogleTest and of the
+# standard library: those of a directory that calls this are compiled eight at once. Their unnamed namespaces become one,
+# hence one name can't be two things in a program; where it has to be, SKIP_UNITY_BUILD_INCLUSION keeps a source for itself.
+# linux-clang compiles each for itself, so that none lives on the headers of another.
+option(VERDANTH_TEST_BATCHES "Compile eight test sources at once" ON)
+macro(compile_in_batches)
+    set(CMAKE_UNITY_BUILD ${VERDANTH_TEST_BATCHES})
+    if(VERDANTH_TEST_BATCHES AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+        add_compile_options(-Wno-subobject-linkage) # it warns of unnamed namespaces outside of the main file
+    endif()
+endmacro()
 
 # All targets below a directory.
 function(targets_below directory result)

@@ -1,12 +1,12 @@
 // What command 25 refuses, with which words and in which order.
+#include "tests/mex/flash/list_hint.h"
 #include "tests/support/package_test.h"
 
 using namespace support;
 
 namespace {
 
-const std::string listHint = " (use capeOpenFlashPropList for list of valid properties)";
-const char *const inconsistent = "Inconsistent number of rows for compositions and constraint values";
+const char *const inconsistentRows = "Inconsistent number of rows for compositions and constraint values";
 
 class BatchFlashArguments : public PackageTest {
 protected:
@@ -68,18 +68,18 @@ TEST_F(BatchFlashArguments, RefuseValuesThatAreNoColumnOfDoubles)
 
 TEST_F(BatchFlashArguments, RefuseColumnsOfThreeAndTenRows)
 {
-    EXPECT_EQ(refusal(1, batch({.values1 = Zeros({3, 1}), .values2 = Zeros({10, 1})})), inconsistent);
-    EXPECT_EQ(refusal(1, batch({.compositions = Zeros({10, 2}), .values1 = Zeros({3, 1})})), inconsistent);
-    EXPECT_EQ(refusal(1, batch({.compositions = Zeros({3, 2}), .values2 = Zeros({10, 1})})), inconsistent);
+    EXPECT_EQ(refusal(1, batch({.values1 = Zeros({3, 1}), .values2 = Zeros({10, 1})})), inconsistentRows);
+    EXPECT_EQ(refusal(1, batch({.compositions = Zeros({10, 2}), .values1 = Zeros({3, 1})})), inconsistentRows);
+    EXPECT_EQ(refusal(1, batch({.compositions = Zeros({3, 2}), .values2 = Zeros({10, 1})})), inconsistentRows);
     EXPECT_EQ(flashes(), 0);
 }
 
 TEST_F(BatchFlashArguments, OfInconsistentRowsAreRefusedBeforeWhatIsCheckedNext)
 {
     EXPECT_EQ(refusal(1, batch({.compositions = Zeros({2, 2}), .values1 = Zeros({3, 1}), .values2 = Empty()})),
-              inconsistent);
+              inconsistentRows);
     EXPECT_EQ(refusal(1, batch({.values1 = Zeros({3, 1}), .values2 = Zeros({2, 1}), .names = Scalar(1)})),
-              inconsistent);
+              inconsistentRows);
 }
 
 TEST_F(BatchFlashArguments, RefuseNamesThatAreNoStrings)

@@ -8,7 +8,7 @@ using namespace support;
 
 namespace {
 
-const char *const inconsistent = "Inconsistent return data type from GetCompoundConstant";
+const char *const inconsistentType = "Inconsistent return data type from GetCompoundConstant";
 const std::string invalid = "Invalid return values from GetCompoundConstant: ";
 
 class Constant : public PackageTest {
@@ -128,9 +128,9 @@ TEST_F(Constant, ThatIsTextKeepsTheNamesInFrontOfWhatWasNoName)
 TEST_F(Constant, ThatMixesTextAndNumbersIsRefusedWhicheverComesFirst)
 {
     answer(ArrayOfVariants({TextVariant("x"), RealVariant(1)}));
-    EXPECT_EQ(refusedConstant("charge"), inconsistent);
+    EXPECT_EQ(refusedConstant("charge"), inconsistentType);
     answer(ArrayOfVariants({RealVariant(1), TextVariant("x")}));
-    EXPECT_EQ(refusedConstant("charge"), inconsistent);
+    EXPECT_EQ(refusedConstant("charge"), inconsistentType);
     answer(Numbers(1, 2));
     EXPECT_EQ(constant("charge").numbers(), (std::vector<double>{1, 2}));
 }
@@ -140,9 +140,9 @@ TEST_F(Constant, ThatMixesTextAndNumbersAroundAMissingValueIsRefused)
     package.compoundIds = TextArray({"A", "B", "C"});
     package.molecularWeights = NumberArray({18, 36, 54});
     answer(ArrayOfVariants({TextVariant("x"), Variant(), RealVariant(1)}));
-    EXPECT_EQ(refusedConstant("charge"), inconsistent);
+    EXPECT_EQ(refusedConstant("charge"), inconsistentType);
     answer(ArrayOfVariants({RealVariant(1), Variant(), TextVariant("x")}));
-    EXPECT_EQ(refusedConstant("charge"), inconsistent);
+    EXPECT_EQ(refusedConstant("charge"), inconsistentType);
 }
 
 TEST_F(Constant, OfAnotherElementTypeIsRefusedWhereverItStands)
@@ -155,9 +155,9 @@ TEST_F(Constant, OfAnotherElementTypeIsRefusedWhereverItStands)
     for (const Variant &element :
          {LongVariant(1), null, single, NumberArray({1, 2}), InterfaceVariant(package.context.get())}) {
         answer(ArrayOfVariants({element, RealVariant(1)}));
-        EXPECT_EQ(refusedConstant("charge"), inconsistent);
+        EXPECT_EQ(refusedConstant("charge"), inconsistentType);
         answer(ArrayOfVariants({TextVariant("x"), element}));
-        EXPECT_EQ(refusedConstant("charge"), inconsistent);
+        EXPECT_EQ(refusedConstant("charge"), inconsistentType);
     }
     EXPECT_EQ(ReferencesOn(package.context.get()), 4) << "the process, the package, the script and the last answer";
     answer(Variant());

@@ -9,8 +9,8 @@ using namespace support;
 
 namespace {
 
-constexpr const char *firstId = "{0000A001-3B1C-4D0A-9E55-216B0C5FA810}";
-constexpr const char *secondId = "{0000A002-3B1C-4D0A-9E55-216B0C5FA810}";
+constexpr const char *counterId1 = "{0000A001-3B1C-4D0A-9E55-216B0C5FA810}";
+constexpr const char *counterId2 = "{0000A002-3B1C-4D0A-9E55-216B0C5FA810}";
 constexpr const char *oldId = "{0000A003-3B1C-4D0A-9E55-216B0C5FA810}";
 constexpr LSTATUS accessDenied = 5;
 
@@ -82,8 +82,8 @@ protected:
     void SetUp() override
     {
         MexTest::SetUp();
-        world.registry().add(PackageClass("first", firstId));
-        world.registry().add(PackageClass("second", secondId));
+        world.registry().add(PackageClass("first", counterId1));
+        world.registry().add(PackageClass("second", counterId2));
         world.registry().add(In32BitView(PackageClass("old", oldId)));
     }
 
@@ -120,15 +120,15 @@ TEST_F(RegistryUse, AsksForEachClassItsNameItsCategoriesAndItsDescription)
     RegistryCalls calls;
     listed();
     EXPECT_EQ(calls.made, (std::vector<std::string>{"open CLSID",
-                                                    std::string("name ") + firstId,
-                                                    managerKey(firstId),
-                                                    packageKey(firstId),
-                                                    descriptionKey(firstId),
+                                                    std::string("name ") + counterId1,
+                                                    managerKey(counterId1),
+                                                    packageKey(counterId1),
+                                                    descriptionKey(counterId1),
                                                     "value Name of 1024",
-                                                    std::string("name ") + secondId,
-                                                    managerKey(secondId),
-                                                    packageKey(secondId),
-                                                    descriptionKey(secondId),
+                                                    std::string("name ") + counterId2,
+                                                    managerKey(counterId2),
+                                                    packageKey(counterId2),
+                                                    descriptionKey(counterId2),
                                                     "value Name of 1024",
                                                     "name " + managerId,
                                                     managerKey(managerId),
@@ -178,22 +178,22 @@ TEST_F(RegistryUse, A32BitRootThatCannotBeOpenedLeavesTheNativeView)
 
 TEST_F(RegistryUse, ASubKeyThatCannotBeReadIsSkippedAndTheNextIsTried)
 {
-    EXPECT_EQ(listedWithout(std::string("name ") + firstId), Names({"second", "old"}));
+    EXPECT_EQ(listedWithout(std::string("name ") + counterId1), Names({"second", "old"}));
 }
 
 TEST_F(RegistryUse, ACategoryThatCannotBeOpenedIsNoCategory)
 {
-    EXPECT_EQ(listedWithout(packageKey(firstId)), Names({"second", "old"}));
+    EXPECT_EQ(listedWithout(packageKey(counterId1)), Names({"second", "old"}));
 }
 
 TEST_F(RegistryUse, ADescriptionThatCannotBeOpenedLeavesTheClassId)
 {
-    EXPECT_EQ(listedWithout(descriptionKey(firstId)), Names({firstId, "second", "old"}));
+    EXPECT_EQ(listedWithout(descriptionKey(counterId1)), Names({counterId1, "second", "old"}));
 }
 
 TEST_F(RegistryUse, ANameThatCannotBeReadLeavesTheClassId)
 {
-    EXPECT_EQ(listedWithout("value Name of 1024"), Names({firstId, secondId, oldId}));
+    EXPECT_EQ(listedWithout("value Name of 1024"), Names({counterId1, counterId2, oldId}));
 }
 
 TEST_F(RegistryUse, WhateverCallFailsTheListIsMadeAndEveryKeyIsClosed)

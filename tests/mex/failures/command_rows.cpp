@@ -151,7 +151,7 @@ const std::vector<CommandRow> &CommandRows()
 
 namespace {
 
-auto find(std::string_view name)
+auto findCommand(std::string_view name)
 {
     const auto found = std::find_if(CommandRows().begin(), CommandRows().end(),
                                     [&](const CommandRow &row) { return row.name == name; });
@@ -162,11 +162,11 @@ auto find(std::string_view name)
 
 } // namespace
 
-const CommandRow &RowOf(std::string_view name) { return *find(name); }
+const CommandRow &RowOf(std::string_view name) { return *findCommand(name); }
 
 std::vector<CommandRow> RowsBetween(std::string_view first, std::string_view behind)
 {
-    return {find(first), behind.empty() ? CommandRows().end() : find(behind)};
+    return {findCommand(first), behind.empty() ? CommandRows().end() : findCommand(behind)};
 }
 
 } // namespace support

@@ -72,7 +72,7 @@ const std::vector<FailedMethod> failedMethods = {
       "CAPE-OPEN: Flash failed at 350, 100000: "}},
 };
 
-const FailedMethod *find(const std::string &method)
+const FailedMethod *findMethod(const std::string &method)
 {
     for (const FailedMethod &row : failedMethods)
         if (method.ends_with(row.method))
@@ -107,7 +107,7 @@ std::vector<std::string> TextsOfFailedMethod(const std::string &method, HRESULT 
     const bool mayBeMissing = method.ends_with(".InitNew") || method.ends_with(".Initialize");
     if (SUCCEEDED(result) || (mayBeMissing && result == E_NOTIMPL))
         return {};
-    const FailedMethod *row = find(method);
+    const FailedMethod *row = findMethod(method);
     EXPECT_NE(row, nullptr) << method;
     if (!row || row->words == Words::none)
         return {};
@@ -122,7 +122,7 @@ std::vector<std::string> MethodsOfNone(const std::vector<std::string> &calls)
 {
     std::set<const FailedMethod *> called;
     for (const std::string &call : calls)
-        called.insert(find(call));
+        called.insert(findMethod(call));
     std::vector<std::string> others;
     for (const FailedMethod &row : failedMethods)
         if (!called.contains(&row))
@@ -170,7 +170,7 @@ std::vector<std::string> TextsOfFailedCalculation(HRESULT result)
 {
     std::vector<std::string> texts;
     for (const char *method : {".CalcSinglePhaseProp", ".CalcTwoPhaseProp", ".CalcEquilibrium"})
-        for (const char *beginning : find(method)->beginnings)
+        for (const char *beginning : findMethod(method)->beginnings)
             texts.push_back(beginning + WordsFor(result, {}));
     return texts;
 }

@@ -1,11 +1,10 @@
 // What command 24 refuses, with which words and in which order.
+#include "tests/mex/flash/list_hint.h"
 #include "tests/support/package_test.h"
 
 using namespace support;
 
 namespace {
-
-const std::string listHint = " (use capeOpenFlashPropList for list of valid properties)";
 
 class FlashArguments : public PackageTest {
 protected:

@@ -18,7 +18,7 @@ struct ListCommand {
 
 // Names in other case than the vocabulary's, names of the other tables, derivatives that a kind
 // allows and those that it does not.
-const ListCommand commands[] = {
+const ListCommand listCommands[] = {
     {10,
      "GetConstPropList",
      &PackageScript::constantProperties,
@@ -170,7 +170,7 @@ TEST_P(PropertyList, NeedsWhatIsLoadedFirst)
     EXPECT_EQ(package.calls(command().method), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(OfCommand, PropertyList, testing::ValuesIn(commands),
+INSTANTIATE_TEST_SUITE_P(OfCommand, PropertyList, testing::ValuesIn(listCommands),
                          [](const auto &info) { return std::to_string(info.param.code); });
 
 namespace {

@@ -24,7 +24,7 @@ struct Command {
 // Without it the test's name would hold the bytes of the structure.
 void PrintTo(const Command &command, std::ostream *out) { *out << command.name; }
 
-const Command commands[] = {
+const Command dependentCommands[] = {
     {"Temperature", 20, "GetTDependentProperty", "K", "vaporPressure", "Expected column array for temperatures",
      "Expected double precision vector for temperatures", "Zero temperatures specified",
      &PackageScript::temperatureDependent},
@@ -51,7 +51,7 @@ protected:
 
 std::string nameOf(const testing::TestParamInfo<Command> &info) { return info.param.name; }
 
-INSTANTIATE_TEST_SUITE_P(Dependent, PureCompoundCommand, testing::ValuesIn(commands), nameOf);
+INSTANTIATE_TEST_SUITE_P(Dependent, PureCompoundCommand, testing::ValuesIn(dependentCommands), nameOf);
 
 } // namespace
 

@@ -9,7 +9,7 @@ namespace {
 
 constexpr const char *packageName = "Water and light alcohols";
 
-enum class Pair {
+enum class PairKind {
     fitted,  // has parameters
     ideal,   // has none: alcohols with each other are nearly ideal
     refused, // has none
@@ -19,25 +19,25 @@ enum class Pair {
 const struct {
     const char *first;
     const char *second;
-    Pair pair;
+    PairKind pair;
     double b12, b21; // K
     double alpha;
 } pairs[] = {
-    {"methanol", "water", Pair::fitted, -95.1321, 398.9535, 0.2999},
-    {"ethanol", "water", Pair::fitted, -29.1667, 624.8676, 0.2937},
-    {"water", "1-butanol", Pair::fitted, 1325.3268, 253.6418, 0.4447},
-    {"methanol", "ethanol", Pair::fitted, 33.8617, -35.4816, 0.3009},
-    {"methanol", "1-propanol", Pair::fitted, 12.5303, 4.7981, 0.3011},
-    {"methanol", "1-butanol", Pair::fitted, 399.4644, -244.7307, 0.2483},
-    {"ethanol", "2-propanol", Pair::fitted, 347.2915, -266.3779, 0.3125},
-    {"2-propanol", "1-propanol", Pair::fitted, 84.1635, -88.2108, 0.3057},
-    {"water", "1-propanol", Pair::refused, 0.0, 0.0, 0.0},
-    {"water", "2-propanol", Pair::refused, 0.0, 0.0, 0.0},
-    {"methanol", "2-propanol", Pair::ideal, 0.0, 0.0, 0.0},
-    {"ethanol", "1-propanol", Pair::ideal, 0.0, 0.0, 0.0},
-    {"ethanol", "1-butanol", Pair::ideal, 0.0, 0.0, 0.0},
-    {"1-propanol", "1-butanol", Pair::ideal, 0.0, 0.0, 0.0},
-    {"2-propanol", "1-butanol", Pair::ideal, 0.0, 0.0, 0.0},
+    {"methanol", "water", PairKind::fitted, -95.1321, 398.9535, 0.2999},
+    {"ethanol", "water", PairKind::fitted, -29.1667, 624.8676, 0.2937},
+    {"water", "1-butanol", PairKind::fitted, 1325.3268, 253.6418, 0.4447},
+    {"methanol", "ethanol", PairKind::fitted, 33.8617, -35.4816, 0.3009},
+    {"methanol", "1-propanol", PairKind::fitted, 12.5303, 4.7981, 0.3011},
+    {"methanol", "1-butanol", PairKind::fitted, 399.4644, -244.7307, 0.2483},
+    {"ethanol", "2-propanol", PairKind::fitted, 347.2915, -266.3779, 0.3125},
+    {"2-propanol", "1-propanol", PairKind::fitted, 84.1635, -88.2108, 0.3057},
+    {"water", "1-propanol", PairKind::refused, 0.0, 0.0, 0.0},
+    {"water", "2-propanol", PairKind::refused, 0.0, 0.0, 0.0},
+    {"methanol", "2-propanol", PairKind::ideal, 0.0, 0.0, 0.0},
+    {"ethanol", "1-propanol", PairKind::ideal, 0.0, 0.0, 0.0},
+    {"ethanol", "1-butanol", PairKind::ideal, 0.0, 0.0, 0.0},
+    {"1-propanol", "1-butanol", PairKind::ideal, 0.0, 0.0, 0.0},
+    {"2-propanol", "1-butanol", PairKind::ideal, 0.0, 0.0, 0.0},
 };
 
 // The equation for two compounds: Renon, Prausnitz, AIChE J. 14 (1968) 135, eqs. 15 and 16.
@@ -70,7 +70,7 @@ TEST(AlcoholPackage, HasThePublishedActivityCoefficientsOfEachPairOrRefuses)
             }
             package.setMaterial(ids, temperature, 101325.0, x);
             package.material.ownCompositions["Liquid"] = x;
-            if (row.pair == Pair::refused) {
+            if (row.pair == PairKind::refused) {
                 EXPECT_EQ(package.properties->CalcSinglePhaseProp(texts({"activityCoefficient"}).get(),
                                                                   Bstr(std::string_view("Liquid")).get()),
                           errors::limitedImplementation.result)

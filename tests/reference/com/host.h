@@ -6,6 +6,7 @@
 #include "reference/com/automation.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 // The library under test, loaded as long as the object lives.
@@ -34,6 +35,9 @@ public:
 private:
     HMODULE module;
 };
+
+// The key of the package manager's class below HKEY_CLASSES_ROOT.
+inline constexpr std::string_view managerKey = "CLSID\\{F0FB3725-917D-4D88-B616-196260C727EA}";
 
 // An argument of a call.
 class Argument : public reference::Value {

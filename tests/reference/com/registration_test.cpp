@@ -12,7 +12,6 @@ using support::registeredText;
 
 namespace {
 
-constexpr std::string_view managerKey = "CLSID\\{F0FB3725-917D-4D88-B616-196260C727EA}";
 constexpr std::string_view packageKey = "CLSID\\{8337DA1D-2C46-4715-9C96-CFCE8AE51506}";
 
 // The keys of classes are apart by the width of the library, those of program ids are not: the id tells.

@@ -10,8 +10,6 @@ using namespace reference;
 
 namespace {
 
-const CompoundData &named(std::string_view id) { return *findCompound(id); }
-
 } // namespace
 
 // The values themselves are compared with others by reference/data/check.py.

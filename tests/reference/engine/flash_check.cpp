@@ -53,7 +53,7 @@ double gibbsOf(const MixtureModel &model, const std::vector<Part> &parts)
     return sum;
 }
 
-double molecularWeight(const MixtureModel &model, const CompoundArray &x)
+double meanWeight(const MixtureModel &model, const CompoundArray &x)
 {
     double sum = 0.0;
     for (int i = 0; i < model.size; ++i)
@@ -96,7 +96,7 @@ double valueOf(const MixtureModel &model, const std::vector<double> &z, const Fl
             return 0.0;
         CompoundArray feed{};
         std::copy(z.begin(), z.end(), feed.begin());
-        return result.vaporFraction * molecularWeight(model, result.vapor) / molecularWeight(model, feed);
+        return result.vaporFraction * meanWeight(model, result.vapor) / meanWeight(model, feed);
     }
     case FlashVariable::enthalpy:
         return enthalpy;

@@ -14,6 +14,8 @@ namespace reference {
 inline constexpr EquationOfState equations[] = {EquationOfState::pengRobinson, EquationOfState::soaveRedlichKwong,
                                                 EquationOfState::idealMixture};
 
+inline const CompoundData &named(std::string_view id) { return *findCompound(id); }
+
 inline MixtureModel modelOf(const std::vector<std::string_view> &ids,
                             EquationOfState equation = EquationOfState::pengRobinson)
 {

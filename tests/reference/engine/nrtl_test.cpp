@@ -14,8 +14,8 @@ namespace {
 
 MixtureModel nrtlOf(const std::vector<std::string_view> &ids) { return modelOf(ids, EquationOfState::nrtl); }
 
-const std::vector<std::string_view> alcohols = {"water",      "methanol",   "ethanol",
-                                                "1-propanol", "2-propanol", "1-butanol"};
+const std::vector<std::string_view> ofThePackage = {"water",      "methanol",   "ethanol",
+                                                    "1-propanol", "2-propanol", "1-butanol"};
 const std::vector<double> blend = {0.3, 0.2, 0.2, 0.1, 0.05, 0.15};
 
 struct Binary {
@@ -80,7 +80,7 @@ TEST(Nrtl, TakesAPairWithoutParametersForAnIdealOne)
 
 TEST(Nrtl, HasTheDerivativesThatDifferencesGive)
 {
-    const MixtureModel model = nrtlOf(alcohols);
+    const MixtureModel model = nrtlOf(ofThePackage);
     const double T = 345.0;
     const double P = 2e5;
     const auto liquidAt = [&](double kelvin, const std::vector<double> &x) {
@@ -115,7 +115,7 @@ TEST(Nrtl, HasTheDerivativesThatDifferencesGive)
 // Enthalpy, entropy and heat capacity follow from ln phi at all temperatures, so do their slopes.
 TEST(Nrtl, HasPropertiesThatFollowFromTheFugacities)
 {
-    const MixtureModel model = nrtlOf(alcohols);
+    const MixtureModel model = nrtlOf(ofThePackage);
     const double T = 345.0;
     constexpr double h = 1e-3;
     const auto bulkAt = [&](double kelvin, Differential differential) {

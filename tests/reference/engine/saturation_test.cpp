@@ -1,6 +1,8 @@
 #include "reference/engine/compounds/saturation.h"
 #include "reference/engine/eos/gas_constant.h"
 
+#include "tests/reference/engine/mixtures.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -10,8 +12,6 @@
 using namespace reference;
 
 namespace {
-
-const CompoundData &named(std::string_view id) { return *findCompound(id); }
 
 // Fourth-order central differences of a function and of its slope.
 void expectDerivatives(const std::function<TemperatureFunction(double)> &function, double T, double step,

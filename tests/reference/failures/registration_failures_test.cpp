@@ -12,8 +12,6 @@ using support::Lead;
 
 namespace {
 
-constexpr std::string_view managerKey = "CLSID\\{F0FB3725-917D-4D88-B616-196260C727EA}";
-
 // Leaves the registry as it was found.
 class RegistrationFailures : public testing::Test {
 protected:

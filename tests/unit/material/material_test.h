@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 inline const LPCWSTR none = nullptr; // no basis
 inline const LPCWSTR mole = OLESTR("mole");
 inline const LPCWSTR mass = OLESTR("mass");
@@ -14,6 +16,12 @@ inline const LPCWSTR liquid = OLESTR("Liquid");
 
 // The number by which a package may say that it has none.
 inline constexpr double undefinedValue = -1.7976931348623157e308;
+
+// The error state of a material after a method refused something.
+inline std::string refusedBy(const std::string &method, const std::string &name, const std::string &description)
+{
+    return name + " | " + description + " | ICapeThermoMaterialObject | " + method;
+}
 
 // A material of two compounds, 18 and 36 g/mol, and the phases "Vapor" and "Liquid". An equimolar
 // mixture has a mean molar mass of 27 g/mol and mass fractions 1/3 and 2/3.

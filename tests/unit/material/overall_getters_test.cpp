@@ -6,12 +6,7 @@
 
 namespace {
 
-std::string refusedBy(const std::string &method, const std::string &name, const std::string &description)
-{
-    return name + " | " + description + " | ICapeThermoMaterialObject | " + method;
-}
-
-std::string refused(const std::string &name, const std::string &description)
+std::string refusedByGetOverall(const std::string &name, const std::string &description)
 {
     return refusedBy("GetOverallProp", name, description);
 }
@@ -27,7 +22,7 @@ TEST_F(GetOverallProp, RefusesANullOutPointer)
 
 TEST_F(GetOverallProp, RefusesAnUnknownBasisBeforeAnythingElse)
 {
-    const std::string text = refused("Invalid basis", "Invalid or unsupported basis: volume");
+    const std::string text = refusedByGetOverall("Invalid basis", "Invalid or unsupported basis: volume");
     EXPECT_EQ(view.overall(OLESTR("flow"), OLESTR("volume")).refusal, text);
     EXPECT_EQ(view.overall(nullptr, OLESTR("volume")).refusal, text);
     EXPECT_EQ(view.overall(OLESTR("temperature"), OLESTR("volume")).refusal, text);
@@ -44,36 +39,38 @@ TEST_F(GetOverallProp, GivesTheConditionsUnderTheirNamesInAnyCase)
 
 TEST_F(GetOverallProp, RefusesConditionsThatAreNotSet)
 {
-    EXPECT_EQ(view.overall(OLESTR("temperature"), none).refusal, refused("Missing value", "Temperature is not set"));
-    EXPECT_EQ(view.overall(OLESTR("pressure"), none).refusal, refused("Missing value", "Pressure is not set"));
+    EXPECT_EQ(view.overall(OLESTR("temperature"), none).refusal,
+              refusedByGetOverall("Missing value", "Temperature is not set"));
+    EXPECT_EQ(view.overall(OLESTR("pressure"), none).refusal,
+              refusedByGetOverall("Missing value", "Pressure is not set"));
 }
 
 TEST_F(GetOverallProp, RefusesABasisForConditionsEvenWhenTheyAreNotSet)
 {
     EXPECT_EQ(view.overall(OLESTR("temperature"), mole).refusal,
-              refused("Invalid basis", "Invalid basis for temperature; no basis expected"));
+              refusedByGetOverall("Invalid basis", "Invalid basis for temperature; no basis expected"));
     EXPECT_EQ(view.overall(OLESTR("pressure"), mass).refusal,
-              refused("Invalid basis", "Invalid basis for pressure; no basis expected"));
+              refusedByGetOverall("Invalid basis", "Invalid basis for pressure; no basis expected"));
 }
 
 TEST_F(GetOverallProp, LeavesDerivativesOfReservedNamesToTheParser)
 {
     material->temperature = 300;
     EXPECT_EQ(view.overall(OLESTR("temperature.Dpressure"), none).refusal,
-              refused("Invalid property", "Invalid or unsupported single phase property: temperature"));
+              refusedByGetOverall("Invalid property", "Invalid or unsupported single phase property: temperature"));
     EXPECT_EQ(view.overall(OLESTR("Fraction.Dmoles"), mole).refusal,
-              refused("Invalid property", "Invalid or unsupported single phase property: fraction"));
+              refusedByGetOverall("Invalid property", "Invalid or unsupported single phase property: fraction"));
 }
 
 TEST_F(GetOverallProp, HasNoFlowWithAnyBasis)
 {
     for (LPCWSTR basis : {none, mole, mass}) {
         EXPECT_EQ(view.overall(OLESTR("Flow"), basis).refusal,
-                  refused("Not supported", "Flow is not supported by this material object"));
+                  refusedByGetOverall("Not supported", "Flow is not supported by this material object"));
         EXPECT_EQ(view.overall(OLESTR("totalflow"), basis).refusal,
-                  refused("Not supported", "Total flow is not supported by this material object"));
+                  refusedByGetOverall("Not supported", "Total flow is not supported by this material object"));
         EXPECT_EQ(view.overall(OLESTR("phaseFraction"), basis).refusal,
-                  refused("Not supported", "Phase fraction is not supported for the Overall phase"));
+                  refusedByGetOverall("Not supported", "Phase fraction is not supported for the Overall phase"));
     }
 }
 
@@ -81,14 +78,14 @@ TEST_F(GetOverallProp, RefusesFractionsWithoutBasisEvenWhenTheyAreSet)
 {
     material.setOverallComposition({0.5, 0.5}, 0);
     EXPECT_EQ(view.overall(OLESTR("fraction"), none).refusal,
-              refused("Invalid basis", "Invalid basis for fraction; expected mole or mass basis"));
+              refusedByGetOverall("Invalid basis", "Invalid basis for fraction; expected mole or mass basis"));
     EXPECT_EQ(view.overall(OLESTR("fraction"), OLESTR("")).refusal,
-              refused("Invalid basis", "Invalid basis for fraction; expected mole or mass basis"));
+              refusedByGetOverall("Invalid basis", "Invalid basis for fraction; expected mole or mass basis"));
 }
 
 TEST_F(GetOverallProp, RefusesFractionsOfWhichOneIsMissing)
 {
-    const std::string text = refused("Missing values", "One or more missing values for composition");
+    const std::string text = refusedByGetOverall("Missing values", "One or more missing values for composition");
     EXPECT_EQ(view.overall(OLESTR("fraction"), mole).refusal, text);
     material.setOverallComposition({0.5, -1.7976931348623157e308}, 0);
     EXPECT_EQ(view.overall(OLESTR("fraction"), mole).refusal, text);
@@ -121,39 +118,39 @@ TEST_F(GetOverallProp, RefusesFractionsThatCannotBeConverted)
 {
     material.setOverallComposition({0, 0}, 0);
     EXPECT_EQ(view.overall(OLESTR("fraction"), mass).refusal,
-              refused("Conversion error", "Zero or negative total composition in basis conversion"));
+              refusedByGetOverall("Conversion error", "Zero or negative total composition in basis conversion"));
     material.setOverallComposition({0.5, 0.5}, 1);
     material.package().molecularWeights[1] = QuietNaN;
     EXPECT_EQ(view.overall(OLESTR("fraction"), mole).refusal,
-              refused("Conversion error", "One or more missing molecular weights in basis conversion"));
+              refusedByGetOverall("Conversion error", "One or more missing molecular weights in basis conversion"));
 }
 
 TEST_F(GetOverallProp, RefusesNamesOutsideTheVocabulary)
 {
     EXPECT_EQ(view.overall(OLESTR("Nonsense"), none).refusal,
-              refused("Invalid property", "Invalid or unsupported single phase property: nonsense"));
+              refusedByGetOverall("Invalid property", "Invalid or unsupported single phase property: nonsense"));
     EXPECT_EQ(view.overall(OLESTR("kvalue"), none).refusal,
-              refused("Invalid property", "Invalid or unsupported single phase property: kvalue"));
+              refusedByGetOverall("Invalid property", "Invalid or unsupported single phase property: kvalue"));
     EXPECT_EQ(view.overall(OLESTR("enthalpy.Dfoo"), mole).refusal,
-              refused("Invalid property", "Invalid or unsuppored derivative \"Dfoo\""));
-    EXPECT_EQ(view.overall(nullptr, none).refusal, refused("Invalid property", "Property name is empty"));
+              refusedByGetOverall("Invalid property", "Invalid or unsuppored derivative \"Dfoo\""));
+    EXPECT_EQ(view.overall(nullptr, none).refusal, refusedByGetOverall("Invalid property", "Property name is empty"));
     EXPECT_EQ(view.overall(OLESTR(""), none).refusal,
-              refused("Invalid property", "Invalid or unsupported single phase property: "));
+              refusedByGetOverall("Invalid property", "Invalid or unsupported single phase property: "));
 }
 
 TEST_F(GetOverallProp, NamesAnUnsetPropertyAsTheCallerWroteIt)
 {
     EXPECT_EQ(view.overall(OLESTR("Enthalpy.DTemperature"), none).refusal,
-              refused("No values", "Values not set for property Enthalpy.DTemperature"));
+              refusedByGetOverall("No values", "Values not set for property Enthalpy.DTemperature"));
 }
 
 TEST_F(GetOverallProp, RefusesABasisWhereNoneBelongsButOnlyOnceAValueIsStored)
 {
     EXPECT_EQ(view.overall(OLESTR("Viscosity"), mole).refusal,
-              refused("No values", "Values not set for property Viscosity"));
+              refusedByGetOverall("No values", "Values not set for property Viscosity"));
     EXPECT_EQ(view.setOverall(OLESTR("viscosity"), none, DoubleArgument({1e-3})), "");
     EXPECT_EQ(view.overall(OLESTR("Viscosity"), mole).refusal,
-              refused("Invalid property", "Invalid basis for Viscosity; expected no basis"));
+              refusedByGetOverall("Invalid property", "Invalid basis for Viscosity; expected no basis"));
     EXPECT_EQ(view.overall(OLESTR("Viscosity"), none).values, std::vector<double>{1e-3});
 }
 
@@ -161,7 +158,7 @@ TEST_F(GetOverallProp, RefusesToDoWithoutABasisWhereOneBelongs)
 {
     EXPECT_EQ(view.setOverall(OLESTR("enthalpy"), mole, DoubleArgument({1800})), "");
     EXPECT_EQ(view.overall(OLESTR("enthalpY"), none).refusal,
-              refused("Invalid property", "Invalid basis for enthalpY; expected mole or mass basis"));
+              refusedByGetOverall("Invalid property", "Invalid basis for enthalpY; expected mole or mass basis"));
 }
 
 // 1800 J/mol and 0.027 kg/mol: 66666.67 J/kg.
@@ -223,8 +220,9 @@ TEST_F(GetOverallProp, LooksAtTheLowBitOfTheBasisOnly)
 TEST_F(GetOverallProp, RefusesAConversionWithoutComposition)
 {
     EXPECT_EQ(view.setOverall(OLESTR("enthalpy"), mole, DoubleArgument({1800})), "");
-    EXPECT_EQ(view.overall(OLESTR("enthalpy"), mass).refusal,
-              refused("Basis conversion error", "One or more missing composition values in basis conversion"));
+    EXPECT_EQ(
+        view.overall(OLESTR("enthalpy"), mass).refusal,
+        refusedByGetOverall("Basis conversion error", "One or more missing composition values in basis conversion"));
 }
 
 // (9, 18) J/mol, each divided by 0.027 kg/mol, without the chain rule's second term.

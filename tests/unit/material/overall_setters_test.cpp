@@ -3,9 +3,9 @@
 
 namespace {
 
-std::string refused(const std::string &name, const std::string &description)
+std::string refusedBySetOverall(const std::string &name, const std::string &description)
 {
-    return name + " | " + description + " | ICapeThermoMaterialObject | SetOverallProp";
+    return refusedBy("SetOverallProp", name, description);
 }
 
 using SetOverallProp = SetterTest;
@@ -14,35 +14,37 @@ TEST_F(SetOverallProp, RefusesInTheOrderBasisValuesName)
 {
     const TextArgument texts({OLESTR("1")});
     EXPECT_EQ(view.setOverall(OLESTR("flow"), OLESTR("volume"), texts),
-              refused("Invalid basis", "Invalid or unsupported basis: volume"));
+              refusedBySetOverall("Invalid basis", "Invalid or unsupported basis: volume"));
     const std::string badValues =
-        refused("Invalid values", "Invalid values: Expected an array of type double precision");
+        refusedBySetOverall("Invalid values", "Invalid values: Expected an array of type double precision");
     EXPECT_EQ(view.setOverall(OLESTR("flow"), none, texts), badValues);
     EXPECT_EQ(view.setOverall(OLESTR("nonsense"), none, texts), badValues);
     EXPECT_EQ(view.setOverall(nullptr, none, texts), badValues);
     EXPECT_EQ(view.setOverall(OLESTR("flow"), none, one),
-              refused("Not supported", "Flow is not supported by this material object"));
+              refusedBySetOverall("Not supported", "Flow is not supported by this material object"));
     EXPECT_EQ(view.setOverall(OLESTR("TOTALFLOW"), mole, one),
-              refused("Not supported", "Total flow is not supported by this material object"));
+              refusedBySetOverall("Not supported", "Total flow is not supported by this material object"));
     EXPECT_EQ(view.setOverall(OLESTR("phasefraction"), mole, one),
-              refused("Not supported", "Phase fraction is not supported for the Overall phase"));
+              refusedBySetOverall("Not supported", "Phase fraction is not supported for the Overall phase"));
     EXPECT_EQ(view.setOverall(OLESTR("Nonsense"), none, one),
-              refused("Invalid property", "Invalid or unsupported single phase property: nonsense"));
-    EXPECT_EQ(view.setOverall(nullptr, none, one), refused("Invalid property", "Property name is empty"));
+              refusedBySetOverall("Invalid property", "Invalid or unsupported single phase property: nonsense"));
+    EXPECT_EQ(view.setOverall(nullptr, none, one), refusedBySetOverall("Invalid property", "Property name is empty"));
     EXPECT_EQ(view.setOverall(OLESTR("temperature.Dpressure"), none, one),
-              refused("Invalid property", "Invalid or unsupported single phase property: temperature"));
+              refusedBySetOverall("Invalid property", "Invalid or unsupported single phase property: temperature"));
 }
 
 TEST_F(SetOverallProp, RefusesArraysOfOtherTypesAndDimensions)
 {
-    const std::string type = refused("Invalid values", "Invalid values: Expected an array of type double precision");
+    const std::string type =
+        refusedBySetOverall("Invalid values", "Invalid values: Expected an array of type double precision");
     EXPECT_EQ(view.setOverall(OLESTR("temperature"), none, Int32Argument({300})), type);
     OwnedVariant scalar;
     scalar.value.vt = VT_R8;
     scalar.value.dblVal = 300;
     EXPECT_EQ(view.setOverall(OLESTR("temperature"), none, scalar), type);
-    EXPECT_EQ(view.setOverall(OLESTR("temperature"), none, TwoDimensionalArgument(VT_R8)),
-              refused("Invalid values", "Invalid values: unexpected dimension; 1-dimensional array expected"));
+    EXPECT_EQ(
+        view.setOverall(OLESTR("temperature"), none, TwoDimensionalArgument(VT_R8)),
+        refusedBySetOverall("Invalid values", "Invalid values: unexpected dimension; 1-dimensional array expected"));
     EXPECT_TRUE(IsMissing(material->temperature));
 }
 
@@ -57,15 +59,15 @@ TEST_F(SetOverallProp, TakesTheConditions)
 TEST_F(SetOverallProp, RefusesConditionsWithABasisOrInAnyNumberButOne)
 {
     EXPECT_EQ(view.setOverall(OLESTR("temperature"), mole, two),
-              refused("Invalid basis", "Invalid basis for temperature; no basis expected"));
+              refusedBySetOverall("Invalid basis", "Invalid basis for temperature; no basis expected"));
     EXPECT_EQ(view.setOverall(OLESTR("pressure"), mass, two),
-              refused("Invalid basis", "Invalid basis for pressure; no basis expected"));
+              refusedBySetOverall("Invalid basis", "Invalid basis for pressure; no basis expected"));
     const OwnedVariant *const wrongCounts[] = {&two, &empty};
     for (const OwnedVariant *values : wrongCounts) {
         EXPECT_EQ(view.setOverall(OLESTR("temperature"), none, *values),
-                  refused("Invalid values", "Invalid number of values for temperature: scalar expected"));
+                  refusedBySetOverall("Invalid values", "Invalid number of values for temperature: scalar expected"));
         EXPECT_EQ(view.setOverall(OLESTR("pressure"), none, *values),
-                  refused("Invalid values", "Invalid number of values for pressure: scalar expected"));
+                  refusedBySetOverall("Invalid values", "Invalid number of values for pressure: scalar expected"));
     }
     EXPECT_TRUE(IsMissing(material->temperature));
     EXPECT_TRUE(IsMissing(material->pressure));
@@ -75,13 +77,13 @@ TEST_F(SetOverallProp, RefusesMissingConditionsButKeepsThem)
 {
     material->temperature = 300;
     material->pressure = 1e5;
-    const std::string text = refused("Invalid values", "Invalid value for temperature, NaN");
+    const std::string text = refusedBySetOverall("Invalid values", "Invalid value for temperature, NaN");
     EXPECT_EQ(view.setOverall(OLESTR("temperature"), none, DoubleArgument({undefinedValue})), text);
     EXPECT_EQ(material->temperature, undefinedValue);
     EXPECT_EQ(view.setOverall(OLESTR("temperature"), none, DoubleArgument({QuietNaN})), text);
     EXPECT_TRUE(std::isnan(material->temperature));
     EXPECT_EQ(view.setOverall(OLESTR("pressure"), none, DoubleArgument({undefinedValue})),
-              refused("Invalid values", "Invalid value for pressure, NaN"));
+              refusedBySetOverall("Invalid values", "Invalid value for pressure, NaN"));
     EXPECT_EQ(material->pressure, undefinedValue);
 }
 
@@ -89,15 +91,15 @@ TEST_F(SetOverallProp, RefusesFractionsInTheOrderBasisCountMissing)
 {
     material->overallCompositionBasis = 0;
     EXPECT_EQ(view.setOverall(OLESTR("fraction"), none, one),
-              refused("Invalid basis", "Invalid basis for fraction; expected mole or mass basis"));
-    const std::string count =
-        refused("Invalid values", "Invalid number of values for fraction: expected one value for each compound");
+              refusedBySetOverall("Invalid basis", "Invalid basis for fraction; expected mole or mass basis"));
+    const std::string count = refusedBySetOverall(
+        "Invalid values", "Invalid number of values for fraction: expected one value for each compound");
     EXPECT_EQ(view.setOverall(OLESTR("fraction"), mole, DoubleArgument({QuietNaN})), count);
     EXPECT_EQ(view.setOverall(OLESTR("fraction"), mole, empty), count);
     EXPECT_EQ(view.setOverall(OLESTR("fraction"), mole, DoubleArgument({1, 2, 3})), count);
     EXPECT_TRUE(IsMissing(material->overallComposition[0]));
     EXPECT_EQ(view.setOverall(OLESTR("fraction"), mass, DoubleArgument({0.5, undefinedValue})),
-              refused("Invalid values", "Invalid values, one or more missing values"));
+              refusedBySetOverall("Invalid values", "Invalid values, one or more missing values"));
     EXPECT_EQ(material->overallCompositionBasis, 0);
 }
 
@@ -107,7 +109,7 @@ TEST_F(SetOverallProp, KeepsTheFractionsInFrontOfAMissingOne)
     three.setOverallComposition({0.1, 0.2, 0.3}, 0);
     const PackageView threeView(static_cast<ICapeThermoMaterial *>(&three.material()));
     EXPECT_EQ(threeView.setOverall(OLESTR("fraction"), mass, DoubleArgument({0.5, QuietNaN, 0.6})),
-              refused("Invalid values", "Invalid values, one or more missing values"));
+              refusedBySetOverall("Invalid values", "Invalid values, one or more missing values"));
     EXPECT_EQ(three->overallComposition[0], 0.5);
     EXPECT_TRUE(std::isnan(three->overallComposition[1]));
     EXPECT_EQ(three->overallComposition[2], 0.3);
@@ -128,14 +130,14 @@ TEST_F(SetOverallProp, TakesFractionsAsTheyAreWithTheirBasis)
 TEST_F(SetOverallProp, RefusesABasisThatDoesNotFitTheProperty)
 {
     EXPECT_EQ(view.setOverall(OLESTR("viscosity"), mole, two),
-              refused("Invalid basis", "Invalid basis; expected no basis"));
+              refusedBySetOverall("Invalid basis", "Invalid basis; expected no basis"));
     EXPECT_EQ(view.setOverall(OLESTR("enthalpy"), none, two),
-              refused("Invalid basis", "Invalid basis; expected mole or mass basis"));
+              refusedBySetOverall("Invalid basis", "Invalid basis; expected mole or mass basis"));
 }
 
 TEST_F(SetOverallProp, RefusesAnyOtherNumberOfValuesThanTheShapeHas)
 {
-    const std::string text = refused("Invalid values", "Unexpected number of values");
+    const std::string text = refusedBySetOverall("Invalid values", "Unexpected number of values");
     const DoubleArgument four({1, 2, 3, 4});
     EXPECT_EQ(view.setOverall(OLESTR("viscosity"), none, two), text);
     EXPECT_EQ(view.setOverall(OLESTR("viscosity"), none, empty), text);
@@ -151,7 +153,7 @@ TEST_F(SetOverallProp, RefusesAnyOtherNumberOfValuesThanTheShapeHas)
     EXPECT_EQ(view.setOverall(OLESTR("enthalpy.DmolFraction"), mole, one), text);
     EXPECT_EQ(view.setOverall(OLESTR("enthalpy.DmolFraction"), mole, two), "");
     EXPECT_EQ(view.setOverall(OLESTR("diffusionCoefficient.Dmoles"), none, four),
-              refused("Invalid property", "composition derivatives of matrix properties not supported"));
+              refusedBySetOverall("Invalid property", "composition derivatives of matrix properties not supported"));
     EXPECT_EQ(material->overallProps.all().size(), 6u);
 }
 

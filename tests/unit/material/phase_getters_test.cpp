@@ -4,9 +4,9 @@
 
 namespace {
 
-std::string refused(const std::string &name, const std::string &description)
+std::string refusedByGetPhase(const std::string &name, const std::string &description)
 {
-    return name + " | " + description + " | ICapeThermoMaterialObject | GetSingleProp";
+    return refusedBy("GetSingleProp", name, description);
 }
 
 class GetSinglePhaseProp : public MaterialTest {
@@ -25,25 +25,28 @@ TEST_F(GetSinglePhaseProp, RefusesANullOutPointer)
 TEST_F(GetSinglePhaseProp, RefusesInTheOrderBasisPhasePresence)
 {
     EXPECT_EQ(view.phase(OLESTR("flow"), OLESTR("Solid"), OLESTR("volume")).refusal,
-              refused("Invalid basis", "Invalid or unsupported basis: volume"));
+              refusedByGetPhase("Invalid basis", "Invalid or unsupported basis: volume"));
     EXPECT_EQ(view.phase(OLESTR("flow"), OLESTR("Solid"), none).refusal,
-              refused("Invalid phase", "Invalid phase: Solid"));
-    EXPECT_EQ(view.phase(OLESTR("flow"), nullptr, none).refusal, refused("Invalid phase", "Invalid phase: NULL"));
-    EXPECT_EQ(view.phase(OLESTR("flow"), OLESTR(""), none).refusal, refused("Invalid phase", "Invalid phase: "));
-    EXPECT_EQ(view.phase(OLESTR("flow"), vapor, none).refusal, refused("Invalid phase", "Phase not present"));
+              refusedByGetPhase("Invalid phase", "Invalid phase: Solid"));
+    EXPECT_EQ(view.phase(OLESTR("flow"), nullptr, none).refusal,
+              refusedByGetPhase("Invalid phase", "Invalid phase: NULL"));
+    EXPECT_EQ(view.phase(OLESTR("flow"), OLESTR(""), none).refusal,
+              refusedByGetPhase("Invalid phase", "Invalid phase: "));
+    EXPECT_EQ(view.phase(OLESTR("flow"), vapor, none).refusal, refusedByGetPhase("Invalid phase", "Phase not present"));
 }
 
 TEST_F(GetSinglePhaseProp, RefusesAnAbsentPhaseEvenForTheTemperature)
 {
     material->temperature = 300;
-    EXPECT_EQ(view.phase(OLESTR("temperature"), vapor, none).refusal, refused("Invalid phase", "Phase not present"));
+    EXPECT_EQ(view.phase(OLESTR("temperature"), vapor, none).refusal,
+              refusedByGetPhase("Invalid phase", "Phase not present"));
     EXPECT_EQ(view.phase(OLESTR("temperature"), liquid, none).values, std::vector<double>{300});
 }
 
 TEST_F(GetSinglePhaseProp, HasNoPhaseCalledOverallUnlessThePackageHasOne)
 {
     EXPECT_EQ(view.phase(OLESTR("temperature"), OLESTR("Overall"), none).refusal,
-              refused("Invalid phase", "Invalid phase: Overall"));
+              refusedByGetPhase("Invalid phase", "Invalid phase: Overall"));
     TestMaterial other({18}, {OLESTR("Overall")});
     other->phasePresent[0] = 1;
     other->temperature = 300;
@@ -54,16 +57,17 @@ TEST_F(GetSinglePhaseProp, HasNoPhaseCalledOverallUnlessThePackageHasOne)
 TEST_F(GetSinglePhaseProp, TreatsConditionsAndFlowsAsOverallDoes)
 {
     EXPECT_EQ(view.phase(OLESTR("temperature"), liquid, none).refusal,
-              refused("Missing value", "Temperature is not set"));
-    EXPECT_EQ(view.phase(OLESTR("pressure"), liquid, none).refusal, refused("Missing value", "Pressure is not set"));
+              refusedByGetPhase("Missing value", "Temperature is not set"));
+    EXPECT_EQ(view.phase(OLESTR("pressure"), liquid, none).refusal,
+              refusedByGetPhase("Missing value", "Pressure is not set"));
     EXPECT_EQ(view.phase(OLESTR("temperature"), liquid, mass).refusal,
-              refused("Invalid basis", "Invalid basis for temperature; no basis expected"));
+              refusedByGetPhase("Invalid basis", "Invalid basis for temperature; no basis expected"));
     EXPECT_EQ(view.phase(OLESTR("pressure"), liquid, mole).refusal,
-              refused("Invalid basis", "Invalid basis for pressure; no basis expected"));
+              refusedByGetPhase("Invalid basis", "Invalid basis for pressure; no basis expected"));
     EXPECT_EQ(view.phase(OLESTR("flow"), liquid, mole).refusal,
-              refused("Not supported", "Flow is not supported by this material object"));
+              refusedByGetPhase("Not supported", "Flow is not supported by this material object"));
     EXPECT_EQ(view.phase(OLESTR("totalFlow"), liquid, mole).refusal,
-              refused("Not supported", "Total flow is not supported by this material object"));
+              refusedByGetPhase("Not supported", "Total flow is not supported by this material object"));
     material->pressure = 2e5;
     EXPECT_EQ(view.phase(OLESTR("pressure"), OLESTR("LIQUID"), none).values, std::vector<double>{2e5});
 }
@@ -72,9 +76,9 @@ TEST_F(GetSinglePhaseProp, GivesTheCompositionOfThePhase)
 {
     material.setOverallComposition({0.9, 0.1}, 0);
     EXPECT_EQ(view.phase(OLESTR("fraction"), liquid, none).refusal,
-              refused("Invalid basis", "Invalid basis for fraction; expected mole or mass basis"));
+              refusedByGetPhase("Invalid basis", "Invalid basis for fraction; expected mole or mass basis"));
     EXPECT_EQ(view.phase(OLESTR("fraction"), liquid, mole).refusal,
-              refused("Missing values", "One or more missing values for composition"));
+              refusedByGetPhase("Missing values", "One or more missing values for composition"));
     material.setPhaseComposition(1, {0.5, 0.5}, 0);
     EXPECT_EQ(view.phase(OLESTR("fraction"), liquid, mole).values, (std::vector<double>{0.5, 0.5}));
     const auto values = view.phase(OLESTR("fraction"), liquid, mass).values;
@@ -83,15 +87,15 @@ TEST_F(GetSinglePhaseProp, GivesTheCompositionOfThePhase)
     EXPECT_DOUBLE_EQ(values[1], 2.0 / 3);
     material.setPhaseComposition(1, {0, 0}, 1);
     EXPECT_EQ(view.phase(OLESTR("fraction"), liquid, mole).refusal,
-              refused("Conversion error", "Zero or negative total composition in basis conversion"));
+              refusedByGetPhase("Conversion error", "Zero or negative total composition in basis conversion"));
 }
 
 TEST_F(GetSinglePhaseProp, GivesThePhaseFractionInItsOwnBasisUnchanged)
 {
     EXPECT_EQ(view.phase(OLESTR("phaseFraction"), liquid, none).refusal,
-              refused("Invalid basis", "Invalid basis for phase fraction; expected mole or mass basis"));
+              refusedByGetPhase("Invalid basis", "Invalid basis for phase fraction; expected mole or mass basis"));
     EXPECT_EQ(view.phase(OLESTR("phaseFraction"), liquid, mole).refusal,
-              refused("Missing values", "phase fraction is not set"));
+              refusedByGetPhase("Missing values", "phase fraction is not set"));
     material.setPhaseFraction(1, 0.3, 0);
     EXPECT_EQ(view.phase(OLESTR("PHASEFRACTION"), liquid, mole).values, std::vector<double>{0.3});
     material.setPhaseFraction(1, 0.3, 1);
@@ -120,30 +124,31 @@ TEST_F(GetSinglePhaseProp, RefusesAPhaseFractionThatCannotBeConverted)
 {
     material.setPhaseFraction(1, 0.5, 0);
     EXPECT_EQ(view.phase(OLESTR("phaseFraction"), liquid, mass).refusal,
-              refused("Conversion error", "One or more missing compositions in basis conversion"));
+              refusedByGetPhase("Conversion error", "One or more missing compositions in basis conversion"));
     material.setPhaseComposition(1, {0, 1}, 0);
     material.setPhaseComposition(0, {1, 0}, 0);
     material.setPhaseFraction(0, 0.5, 1);
     EXPECT_EQ(view.phase(OLESTR("phaseFraction"), liquid, mass).refusal,
-              refused("Conversion error", "Phase fractions are in inconsistent bases in basis conversion"));
+              refusedByGetPhase("Conversion error", "Phase fractions are in inconsistent bases in basis conversion"));
     EXPECT_EQ(view.phase(OLESTR("phaseFraction"), vapor, mole).refusal,
-              refused("Conversion error", "Phase fractions are in inconsistent bases in basis conversion"));
+              refusedByGetPhase("Conversion error", "Phase fractions are in inconsistent bases in basis conversion"));
 }
 
 TEST_F(GetSinglePhaseProp, LooksForValuesInTheMapOfThePhase)
 {
     EXPECT_EQ(view.setOverall(OLESTR("viscosity"), none, DoubleArgument({1})), "");
     EXPECT_EQ(view.phase(OLESTR("viscosity"), liquid, none).refusal,
-              refused("No values", "Values not set for property viscosity"));
+              refusedByGetPhase("No values", "Values not set for property viscosity"));
     EXPECT_EQ(view.setPhase(OLESTR("viscosity"), vapor, none, DoubleArgument({2})), "");
     EXPECT_EQ(view.setPhase(OLESTR("Viscosity"), liquid, none, DoubleArgument({3})), "");
     EXPECT_EQ(view.phase(OLESTR("viscosity"), vapor, none).values, std::vector<double>{2});
     EXPECT_EQ(view.phase(OLESTR("viscosity"), liquid, none).values, std::vector<double>{3});
     EXPECT_EQ(view.phase(OLESTR("Viscosity"), liquid, mass).refusal,
-              refused("Invalid property", "Invalid basis for Viscosity; expected no basis"));
+              refusedByGetPhase("Invalid property", "Invalid basis for Viscosity; expected no basis"));
     EXPECT_EQ(view.phase(OLESTR("viscositee"), liquid, none).refusal,
-              refused("Invalid property", "Invalid or unsupported single phase property: viscositee"));
-    EXPECT_EQ(view.phase(nullptr, liquid, none).refusal, refused("Invalid property", "Property name is empty"));
+              refusedByGetPhase("Invalid property", "Invalid or unsupported single phase property: viscositee"));
+    EXPECT_EQ(view.phase(nullptr, liquid, none).refusal,
+              refusedByGetPhase("Invalid property", "Property name is empty"));
 }
 
 // Pure heavy liquid, 0.036 kg/mol: 3600 J/mol are 100000 J/kg, and 1000 mol/m3 36 kg/m3.
@@ -151,10 +156,11 @@ TEST_F(GetSinglePhaseProp, ConvertsWithTheCompositionOfThePhase)
 {
     material.setOverallComposition({1, 0}, 0);
     EXPECT_EQ(view.setPhase(OLESTR("enthalpy"), liquid, mole, DoubleArgument({3600})), "");
-    EXPECT_EQ(view.phase(OLESTR("enthalpy"), liquid, mass).refusal,
-              refused("Basis conversion error", "One or more missing composition values in basis conversion"));
+    EXPECT_EQ(
+        view.phase(OLESTR("enthalpy"), liquid, mass).refusal,
+        refusedByGetPhase("Basis conversion error", "One or more missing composition values in basis conversion"));
     EXPECT_EQ(view.phase(OLESTR("enthalpy"), liquid, none).refusal,
-              refused("Invalid property", "Invalid basis for enthalpy; expected mole or mass basis"));
+              refusedByGetPhase("Invalid property", "Invalid basis for enthalpy; expected mole or mass basis"));
     material.setPhaseComposition(1, {0, 1}, 1);
     auto values = view.phase(OLESTR("enthalpy"), liquid, mass).values;
     ASSERT_EQ(values.size(), 1u);

@@ -3,9 +3,9 @@
 
 namespace {
 
-std::string refused(const std::string &name, const std::string &description)
+std::string refusedBySetPhase(const std::string &name, const std::string &description)
 {
-    return name + " | " + description + " | ICapeThermoMaterialObject | SetSinglePhaseProp";
+    return refusedBy("SetSinglePhaseProp", name, description);
 }
 
 using SetSinglePhaseProp = SetterTest;
@@ -15,29 +15,32 @@ TEST_F(SetSinglePhaseProp, RefusesInTheOrderBasisPhaseValuesName)
 {
     const TextArgument texts({OLESTR("1")});
     EXPECT_EQ(view.setPhase(OLESTR("flow"), OLESTR("Solid"), OLESTR("volume"), texts),
-              refused("Invalid basis", "Invalid or unsupported basis: volume"));
+              refusedBySetPhase("Invalid basis", "Invalid or unsupported basis: volume"));
     EXPECT_EQ(view.setPhase(OLESTR("flow"), OLESTR("Solid"), none, texts),
-              refused("Invalid phase", "Invalid phase: Solid"));
-    EXPECT_EQ(view.setPhase(OLESTR("flow"), nullptr, none, texts), refused("Invalid phase", "Invalid phase: NULL"));
+              refusedBySetPhase("Invalid phase", "Invalid phase: Solid"));
+    EXPECT_EQ(view.setPhase(OLESTR("flow"), nullptr, none, texts),
+              refusedBySetPhase("Invalid phase", "Invalid phase: NULL"));
     EXPECT_EQ(view.setPhase(OLESTR("flow"), OLESTR("Overall"), none, one),
-              refused("Invalid phase", "Invalid phase: Overall"));
+              refusedBySetPhase("Invalid phase", "Invalid phase: Overall"));
     EXPECT_EQ(view.setPhase(OLESTR("flow"), liquid, none, texts),
-              refused("Invalid values", "Invalid values: Expected an array of type double precision"));
+              refusedBySetPhase("Invalid values", "Invalid values: Expected an array of type double precision"));
     EXPECT_EQ(view.setPhase(OLESTR("flow"), liquid, none, one),
-              refused("Not supported", "Flow is not supported by this material object"));
+              refusedBySetPhase("Not supported", "Flow is not supported by this material object"));
     EXPECT_EQ(view.setPhase(OLESTR("totalflow"), liquid, none, one),
-              refused("Not supported", "Total flow is not supported by this material object"));
+              refusedBySetPhase("Not supported", "Total flow is not supported by this material object"));
     EXPECT_EQ(view.setPhase(OLESTR("nonsense"), liquid, none, one),
-              refused("Invalid property", "Invalid or unsupported single phase property: nonsense"));
-    EXPECT_EQ(view.setPhase(nullptr, liquid, none, one), refused("Invalid property", "Property name is empty"));
+              refusedBySetPhase("Invalid property", "Invalid or unsupported single phase property: nonsense"));
+    EXPECT_EQ(view.setPhase(nullptr, liquid, none, one),
+              refusedBySetPhase("Invalid property", "Property name is empty"));
     EXPECT_EQ(view.setPhase(OLESTR("viscosity"), liquid, mole, two),
-              refused("Invalid basis", "Invalid basis; expected no basis"));
+              refusedBySetPhase("Invalid basis", "Invalid basis; expected no basis"));
     EXPECT_EQ(view.setPhase(OLESTR("enthalpy"), liquid, none, two),
-              refused("Invalid basis", "Invalid basis; expected mole or mass basis"));
+              refusedBySetPhase("Invalid basis", "Invalid basis; expected mole or mass basis"));
     EXPECT_EQ(view.setPhase(OLESTR("viscosity"), liquid, none, two),
-              refused("Invalid values", "Unexpected number of values"));
-    EXPECT_EQ(view.setPhase(OLESTR("fugacity"), liquid, none, TwoDimensionalArgument(VT_R8)),
-              refused("Invalid values", "Invalid values: unexpected dimension; 1-dimensional array expected"));
+              refusedBySetPhase("Invalid values", "Unexpected number of values"));
+    EXPECT_EQ(
+        view.setPhase(OLESTR("fugacity"), liquid, none, TwoDimensionalArgument(VT_R8)),
+        refusedBySetPhase("Invalid values", "Invalid values: unexpected dimension; 1-dimensional array expected"));
     EXPECT_EQ(material->phasePresent[1], 0);
 }
 
@@ -55,17 +58,17 @@ TEST_F(SetSinglePhaseProp, WritesTheOneTemperatureAndPressureAndMarksThePhasePre
 TEST_F(SetSinglePhaseProp, RefusesBadConditionsWithTheWordsOfOverall)
 {
     EXPECT_EQ(view.setPhase(OLESTR("temperature"), liquid, mole, two),
-              refused("Invalid basis", "Invalid basis for temperature; no basis expected"));
+              refusedBySetPhase("Invalid basis", "Invalid basis for temperature; no basis expected"));
     EXPECT_EQ(view.setPhase(OLESTR("pressure"), liquid, mole, two),
-              refused("Invalid basis", "Invalid basis for pressure; no basis expected"));
+              refusedBySetPhase("Invalid basis", "Invalid basis for pressure; no basis expected"));
     EXPECT_EQ(view.setPhase(OLESTR("temperature"), liquid, none, empty),
-              refused("Invalid values", "Invalid number of values for temperature: scalar expected"));
+              refusedBySetPhase("Invalid values", "Invalid number of values for temperature: scalar expected"));
     EXPECT_EQ(view.setPhase(OLESTR("pressure"), liquid, none, two),
-              refused("Invalid values", "Invalid number of values for pressure: scalar expected"));
+              refusedBySetPhase("Invalid values", "Invalid number of values for pressure: scalar expected"));
     EXPECT_EQ(view.setPhase(OLESTR("temperature"), liquid, none, DoubleArgument({undefinedValue})),
-              refused("Invalid values", "Invalid value for temperature, NaN"));
+              refusedBySetPhase("Invalid values", "Invalid value for temperature, NaN"));
     EXPECT_EQ(view.setPhase(OLESTR("pressure"), liquid, none, DoubleArgument({QuietNaN})),
-              refused("Invalid values", "Invalid value for pressure, NaN"));
+              refusedBySetPhase("Invalid values", "Invalid value for pressure, NaN"));
     EXPECT_EQ(material->temperature, undefinedValue);
     EXPECT_EQ(material->phasePresent[1], 0);
 }
@@ -86,11 +89,12 @@ TEST_F(SetSinglePhaseProp, WritesTheCompositionOfThePhaseOnly)
 TEST_F(SetSinglePhaseProp, RefusesBadFractionsAndKeepsTheLeadingOnes)
 {
     EXPECT_EQ(view.setPhase(OLESTR("fraction"), liquid, none, one),
-              refused("Invalid basis", "Invalid basis for fraction; expected mole or mass basis"));
+              refusedBySetPhase("Invalid basis", "Invalid basis for fraction; expected mole or mass basis"));
     EXPECT_EQ(view.setPhase(OLESTR("fraction"), liquid, mole, one),
-              refused("Invalid values", "Invalid number of values for fraction: expected one value for each compound"));
+              refusedBySetPhase("Invalid values",
+                                "Invalid number of values for fraction: expected one value for each compound"));
     EXPECT_EQ(view.setPhase(OLESTR("fraction"), liquid, mass, DoubleArgument({0.5, QuietNaN})),
-              refused("Invalid values", "Invalid values, one or more missing values"));
+              refusedBySetPhase("Invalid values", "Invalid values, one or more missing values"));
     EXPECT_EQ(material->phaseComposition[1][0], 0.5);
     EXPECT_TRUE(std::isnan(material->phaseComposition[1][1]));
     EXPECT_EQ(material->phaseCompositionBasis[1], 0);
@@ -112,14 +116,14 @@ TEST_F(SetSinglePhaseProp, RefusesABadPhaseFractionButKeepsAMissingOne)
 {
     material->phaseFraction[1] = 0.5;
     EXPECT_EQ(view.setPhase(OLESTR("phaseFraction"), liquid, none, two),
-              refused("Invalid basis", "Invalid basis for phase fraction; mole or mass basis expected"));
+              refusedBySetPhase("Invalid basis", "Invalid basis for phase fraction; mole or mass basis expected"));
     EXPECT_EQ(view.setPhase(OLESTR("phaseFraction"), liquid, mole, two),
-              refused("Invalid values", "Invalid number of values for phase fraction: scalar expected"));
+              refusedBySetPhase("Invalid values", "Invalid number of values for phase fraction: scalar expected"));
     EXPECT_EQ(view.setPhase(OLESTR("phaseFraction"), liquid, mole, empty),
-              refused("Invalid values", "Invalid number of values for phase fraction: scalar expected"));
+              refusedBySetPhase("Invalid values", "Invalid number of values for phase fraction: scalar expected"));
     EXPECT_EQ(material->phaseFraction[1], 0.5);
     EXPECT_EQ(view.setPhase(OLESTR("phaseFraction"), liquid, mass, DoubleArgument({undefinedValue})),
-              refused("Invalid values", "Invalid value for phase fraction, NaN"));
+              refusedBySetPhase("Invalid values", "Invalid value for phase fraction, NaN"));
     EXPECT_EQ(material->phaseFraction[1], undefinedValue);
     EXPECT_EQ(material->phaseFractionBasis[1], 0);
     EXPECT_EQ(material->phasePresent[1], 0);

@@ -1,17 +1,14 @@
 #include "properties/basis_conversion.h"
 
 #include "cape/missing_value.h"
+#include "tests/unit/properties/sentinels.h"
 #include "tests/unit/support/test_material.h"
 
-#include <limits>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 namespace {
-
-constexpr double minusLargest = -std::numeric_limits<double>::max();
-constexpr double untouched = -77;
 
 const LPCWSTR missingWeights = OLESTR("One or more missing molecular weights in basis conversion");
 const LPCWSTR zeroComposition = OLESTR("Zero or negative total composition in basis conversion");

@@ -1,9 +1,9 @@
 #include "properties/chain_rule.h"
 
 #include "cape/missing_value.h"
+#include "tests/unit/properties/sentinels.h"
 #include "tests/unit/support/allocation_watch.h"
 
-#include <limits>
 #include <utility>
 #include <vector>
 
@@ -25,9 +25,6 @@ struct Compounds {
     std::vector<double> weights; // g/mol
     std::vector<double> scratch;
 };
-
-constexpr double minusLargest = -std::numeric_limits<double>::max();
-constexpr double untouched = -77;
 
 // Half each of 10 and 40 g/mol: M = 0.025 kg/mol. The same mixture has the mass fractions
 // 0.2 and 0.8.

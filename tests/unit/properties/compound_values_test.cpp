@@ -1,16 +1,14 @@
 #include "properties/chain_rule.h"
 
 #include "cape/missing_value.h"
+#include "tests/unit/properties/sentinels.h"
 
 #include <cmath>
-#include <limits>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 namespace {
-
-constexpr double minusLargest = -std::numeric_limits<double>::max();
 
 const LPCWSTR missingWeight = OLESTR("missing molecular weight for one or more compounds in basis conversion");
 
