@@ -3,6 +3,16 @@ set(ROOMS_TABLE ${PROJECT_SOURCE_DIR}/rooms.txt)
 set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${ROOMS_TABLE})
 file(STRINGS ${ROOMS_TABLE} ROOMS_LINES REGEX "^[^#]")
 
+# The headers of the standard library that most sources include, for rooms that don't see the platform; and those for rooms
+# that do.
+set(COMMON_HEADERS <algorithm> <cmath> <cstring> <limits> <memory> <span> <string> <string_view> <utility> <vector>)
+add_library(standard_headers OBJECT cmake/headers.cpp)
+target_link_libraries(standard_headers PRIVATE project_options)
+target_precompile_headers(standard_headers PRIVATE ${COMMON_HEADERS})
+add_library(system_headers OBJECT cmake/headers.cpp)
+target_link_libraries(system_headers PRIVATE platform)
+target_precompile_headers(system_headers PRIVATE platform/platform.h ${COMMON_HEADERS})
+
 # The target of a room: gateway_state for gateway/state.
 function(room_target room result)
     string(REPLACE "/" "_" target ${room})
@@ -33,8 +43,12 @@ function(add_room)
         room_target(${other} other_target)
         target_link_libraries(${target} PUBLIC ${other_target})
     endforeach()
-    if(WIN32 AND "platform" IN_LIST below)
-        target_precompile_headers(${target} REUSE_FROM system_headers)
+    if(VERDANTH_QUICK_BUILD)
+        if("platform" IN_LIST below)
+            target_precompile_headers(${target} REUSE_FROM system_headers)
+        else()
+            target_precompile_headers(${target} REUSE_FROM standard_headers)
+        endif()
     endif()
     file(GENERATE OUTPUT ${PROJECT_BINARY_DIR}/objects/${target}.txt
          CONTENT "${room}\n$<JOIN:$<TARGET_OBJECTS:${target}>,\n>\n")

@@ -23,14 +23,12 @@ add_library(test_code INTERFACE)
 target_link_libraries(test_code INTERFACE GTest::gtest)
 target_compile_options(test_code INTERFACE ${test_options})
 
-# Half of the time of compiling tests goes into what the sources of a program share, templates of GoogleTest and of the
-# standard library: those of a directory that calls this are compiled eight at once. Their unnamed namespaces become one,
-# hence one name can't be two things in a program; where it has to be, SKIP_UNITY_BUILD_INCLUSION keeps a source for itself.
-# linux-clang compiles each for itself, so that none lives on the headers of another.
-option(VERDANTH_TEST_BATCHES "Compile eight test sources at once" ON)
+# The sources of a directory that calls this are compiled eight at once: half of the time goes into templates of GoogleTest
+# and of the standard library that they share. Their unnamed namespaces become one, hence one name can't be two things in a
+# program; where it has to be, SKIP_UNITY_BUILD_INCLUSION keeps a source for itself.
 macro(compile_in_batches)
-    set(CMAKE_UNITY_BUILD ${VERDANTH_TEST_BATCHES})
-    if(VERDANTH_TEST_BATCHES AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+    set(CMAKE_UNITY_BUILD ${VERDANTH_QUICK_BUILD})
+    if(VERDANTH_QUICK_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
         add_compile_options(-Wno-subobject-linkage) # it warns of unnamed namespaces outside of the main file
     endif()
 endmacro()
@@ -46,7 +44,7 @@ function(targets_below directory result)
     set(${result} ${targets} PARENT_SCOPE)
 endfunction()
 
-# Most of the time goes into headers: what is test code below a directory shares them, compiled once as `test_headers`.
+# What is test code below a directory shares headers, compiled once as `test_headers`.
 function(share_test_headers directory)
     targets_below(${directory} targets)
     foreach(target IN LISTS targets)

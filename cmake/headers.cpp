@@ -1,0 +1,1 @@
+// What is compiled here are the headers before it.

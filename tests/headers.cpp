@@ -1,1 +1,0 @@
-// What is compiled here are the headers before it: see CMakeLists.txt.
