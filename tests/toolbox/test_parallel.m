@@ -72,7 +72,11 @@ function given = many_rows(seconds)
     [manager, package, Z] = natural_gas();
     h = capeOpenCreate(manager, package);
     given = {Z, 'Temperature', linspace(200, 300, 5000).', 'Pressure', 40e5, 'Unspecified', 'vaporFraction enthalpy'};
-    rows = ceil(5 * seconds / seconds_of(@() capeOpenMultiFlash(h, given{:}))) * 1000;
+    shortest = Inf;
+    for k = 1:3 % as long on a machine that nothing else slows
+        shortest = min(shortest, seconds_of(@() capeOpenMultiFlash(h, given{:})));
+    end
+    rows = ceil(5 * seconds / shortest) * 1000;
     capeOpenRelease(h);
     T = linspace(200, 300, rows).';
     T(500:1000:end) = -3;
@@ -152,7 +156,7 @@ function messages_of_a_matlab_pool_that_come_late_do_no_harm(~)
     evalc('expected = capeOpenMultiFlashParallel(manager, package, given{:});');
     late_messages = {};
     other = given;
-    other{5} = 10e5;
+    other{5} = 39e5;
     evalc('capeOpenMultiFlashParallel(manager, package, other{:});');
     check(numel(late_messages) > 3, '%d messages', numel(late_messages));
     evalc('found = capeOpenMultiFlashParallel(manager, package, given{:});');

@@ -7,7 +7,7 @@
 
 namespace {
 
-const LibraryView &library()
+const LibraryView &capeOpenLibrary()
 {
     static const LibraryView view(OLESTR("CapeOpen11.tlb"));
     return view;
@@ -126,15 +126,15 @@ class CapeOpenInterface : public testing::TestWithParam<shape::Interface> {};
 
 TEST(CapeOpenLibrary, IsTheStandards)
 {
-    const TLIBATTR attributes = library().attributes();
+    const TLIBATTR attributes = capeOpenLibrary().attributes();
     EXPECT_EQ(identifierText(attributes.guid), "{4A5E2E81-C093-11D4-9F1B-0010A4D198C2}");
     EXPECT_EQ(identifierText(attributes.guid), identifierText(LIBID_CAPEOPEN110));
     EXPECT_EQ(attributes.wMajorVerNum, 1);
     EXPECT_EQ(attributes.wMinorVerNum, 1);
     EXPECT_EQ(attributes.lcid, 0u);
     EXPECT_EQ(attributes.syskind, SYS_WIN32) << "programs of both kinds find only those";
-    EXPECT_EQ(library().name(), "CAPEOPEN110");
-    EXPECT_EQ(library().helpText(), "CAPE-OPEN 1.1 Type Library");
+    EXPECT_EQ(capeOpenLibrary().name(), "CAPEOPEN110");
+    EXPECT_EQ(capeOpenLibrary().helpText(), "CAPE-OPEN 1.1 Type Library");
 }
 
 TEST(CapeOpenLibrary, HasTheDeclaredInterfacesAndTheKindsOfErrors)
@@ -143,13 +143,13 @@ TEST(CapeOpenLibrary, HasTheDeclaredInterfacesAndTheKindsOfErrors)
     for (const shape::Interface &declared : declarations)
         expected[declared.name] = identifierText(declared.iid);
     EXPECT_EQ(expected.size(), undeclared.size() + std::size(declarations));
-    EXPECT_EQ(library().interfaces(), expected);
+    EXPECT_EQ(capeOpenLibrary().interfaces(), expected);
 }
 
 TEST_P(CapeOpenInterface, IsDescribedAsItIsDeclared)
 {
     const shape::Interface &declared = GetParam();
-    const shape::Interface described = library().interfaceOf(declared.iid);
+    const shape::Interface described = capeOpenLibrary().interfaceOf(declared.iid);
     EXPECT_EQ(described.name, declared.name);
     EXPECT_EQ(identifierText(described.iid), identifierText(declared.iid));
     EXPECT_EQ(described.members, declared.members);
@@ -161,7 +161,7 @@ INSTANTIATE_TEST_SUITE_P(, CapeOpenInterface, testing::ValuesIn(declarations),
 
 TEST(CapeOpenLibrary, HasTheValuesOfTheStandard)
 {
-    const auto values = library().enumerations();
+    const auto values = capeOpenLibrary().enumerations();
     EXPECT_EQ(values.at("eCapePhaseStatus"),
               (std::map<std::string, long>{
                   {"CAPE_UNKNOWNPHASESTATUS", 0}, {"CAPE_ATEQUILIBRIUM", 1}, {"CAPE_ESTIMATES", 2}}));
@@ -182,7 +182,7 @@ TEST(CapeOpenLibrary, HasTheValuesOfTheStandard)
 
 TEST(CapeOpenLibrary, HasTheResultCodesInOneBlock)
 {
-    const auto codes = library().enumerations().at("eCapeErrorInterfaceHR_tag");
+    const auto codes = capeOpenLibrary().enumerations().at("eCapeErrorInterfaceHR_tag");
     std::map<long, std::string> byCode;
     for (const auto &[name, code] : codes)
         byCode[code] = name;
@@ -197,7 +197,7 @@ TEST(CapeOpenLibrary, HasTheResultCodesInOneBlock)
 
 TEST(CapeOpenLibrary, GivesEnumerationsTheNamesThatArgumentsUse)
 {
-    EXPECT_EQ(library().aliases(),
+    EXPECT_EQ(capeOpenLibrary().aliases(),
               (std::map<std::string, std::string>{
                   {"CapeErrorInterfaceHR", "eCapeErrorInterfaceHR_tag {678C0B01-7D66-11D2-A67D-00105A42887F}"},
                   {"CapeParamType", "eCapeParamType {678C0B02-7D66-11D2-A67D-00105A42887F}"},

@@ -10,7 +10,7 @@ using namespace support;
 
 namespace {
 
-constexpr HRESULT refused = CapeFailure(0x01);
+constexpr HRESULT refusedToScript = CapeFailure(0x01);
 
 // What a call by name gave.
 struct Outcome {
@@ -209,7 +209,7 @@ TEST_F(ScriptedContext, IsReadByName)
 TEST_F(ScriptedContext, RefusesAsItDoesToOthersAndTellsWhyByName)
 {
     const auto identification = as<ICapeIdentification>();
-    expectException(ScriptObject(identification.get()).put("ComponentName", TextVariant("mine")), refused);
+    expectException(ScriptObject(identification.get()).put("ComponentName", TextVariant("mine")), refusedToScript);
     EXPECT_EQ(textOf(ScriptObject(as<ECapeRoot>().get()).get("name")), Wide("Access denied"));
     const auto user = as<ECapeUser>();
     EXPECT_EQ(textOf(ScriptObject(user.get()).get("description")),
@@ -317,7 +317,7 @@ TEST_F(ScriptedMaterial, RefusesWhatIsNotAMaterialsBusiness)
         ComPointer<ICapeThermoUniversalConstant> constants;
         ASSERT_EQ(constants.queryFrom(material), S_OK);
         expectException(ScriptObject(constants.get()).call("GetUniversalConstant", {TextVariant("molarGasConstant")}),
-                        refused);
+                        refusedToScript);
         ComPointer<ECapeUser> user;
         ASSERT_EQ(user.queryFrom(material), S_OK);
         EXPECT_EQ(textOf(ScriptObject(user.get()).get("scope")), Wide("GetUniversalConstant"));
