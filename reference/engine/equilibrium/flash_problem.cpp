@@ -1,5 +1,6 @@
 #include "reference/engine/equilibrium/flash_problem.h"
 
+#include "reference/engine/equilibrium/rachford_rice.h"
 #include "reference/engine/phase/phase_evaluation.h"
 
 #include <algorithm>
@@ -13,8 +14,11 @@ FlashProblem::FlashProblem(const MixtureModel &mixture, double temperature, doub
 {
     evaluatePhase(model, isotherm, pressure, z, bestRoot(), feed);
     gibbs = 0.0;
-    for (int i = 0; i < model.size; ++i)
-        gibbs += z[i] * (std::log(z[i]) + feed.lnPhi[i]);
+    for (int i = 0; i < model.size; ++i) {
+        const double lnZ = std::log(z[i]);
+        gibbs += z[i] * (lnZ + feed.lnPhi[i]);
+        largestLnK[i] = limitOfLnK + lnZ;
+    }
 }
 
 bool FlashProblem::looksLiquid(const PhaseState &state) const

@@ -11,10 +11,11 @@ struct FlashProblem {
     const MixtureModel &model;
     Isotherm isotherm;
     double pressure;
-    const double *z;   // mole fractions of the feed, summing to one
-    bool vaporAllowed; // otherwise every phase stands at its liquid root
-    PhaseState feed;   // the feed as one phase, at its best root
-    double gibbs;      // sum z_i (ln z_i + ln phi_i) of that phase
+    const double *z;          // mole fractions of the feed, summing to one
+    bool vaporAllowed;        // otherwise every phase stands at its liquid root
+    PhaseState feed;          // the feed as one phase, at its best root
+    double gibbs;             // sum z_i (ln z_i + ln phi_i) of that phase
+    CompoundArray largestLnK; // |ln K|: with more, a compound's fraction in a phase would be too small for a number
 
     FlashProblem(const MixtureModel &mixture, double temperature, double pressure, const double *z,
                  bool vaporAllowed = true);

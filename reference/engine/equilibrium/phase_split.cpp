@@ -17,7 +17,8 @@ bool divideInTwo(const FlashProblem &problem, std::array<SplitPhase, maximumPhas
     const int n = problem.size();
     CompoundArray K{};
     for (int i = 0; i < n; ++i) {
-        const double lnK = std::clamp(phases[1].lnE[i] - phases[0].lnE[i], -limitOfLnK, limitOfLnK);
+        const double limit = problem.largestLnK[i];
+        const double lnK = std::clamp(phases[1].lnE[i] - phases[0].lnE[i], -limit, limit);
         phases[0].lnE[i] = 0.0;
         phases[1].lnE[i] = lnK;
         K[i] = std::exp(lnK);
@@ -89,7 +90,7 @@ bool PhaseSplit::divide(const FlashProblem &problem)
         for (int k = 1; k < count; ++k)
             highest = std::max(highest, phases[k].lnE[i]);
         for (int k = 0; k < count; ++k) {
-            phases[k].lnE[i] = std::max(phases[k].lnE[i] - highest, -limitOfLnK);
+            phases[k].lnE[i] = std::max(phases[k].lnE[i] - highest, -problem.largestLnK[i]);
             E[k][i] = std::exp(phases[k].lnE[i]);
         }
     }

@@ -3,7 +3,7 @@
 
 namespace reference {
 
-inline constexpr double limitOfLnK = 500.0; // largest |ln K|: with more, fractions vanish
+inline constexpr double limitOfLnK = 700.0; // largest |ln K|: with more, fractions vanish
 
 struct PhaseAmounts {
     double vapor;  // moles of vapor in one mole of feed

@@ -4,6 +4,7 @@
 #include "reference/engine/flash/flash.h"
 #include "reference/engine/phase/phase_evaluation.h"
 #include "tests/reference/engine/campaign.h"
+#include "tests/reference/engine/flash_check.h"
 #include "tests/reference/engine/mixtures.h"
 #include "tests/reference/engine/phase_judge.h"
 
@@ -228,6 +229,27 @@ TEST(StablePhases, AreFoundWhereOneBeginsToPart)
             least = present ? std::min(least, amount) : least;
         EXPECT_NEAR(least, each.least, each.tolerance) << each.temperature;
     }
+}
+
+// Ice-cold water beside hydrocarbons of which it takes up next to nothing: the fractions there are as small as numbers
+// can be.
+TEST(StablePhases, AreFoundWithTheSmallestFractions)
+{
+    const MixtureModel model = modelOf({"water", "n-undecane", "n-pentane", "R-32", "isobutane"});
+    const std::vector<double> z = {0.49194224918352492, 0.34250481141208572, 0.025581891913077318,
+                                   2.2450469292995616e-09, 0.13997104524626525};
+    constexpr double temperature = 80.752169;
+    constexpr double pressure = 21627.131821;
+    const FlashResult result = stateOf(model, temperature, pressure, z);
+    ASSERT_TRUE(!result.vaporPresent && result.liquidPresent && result.liquid2Present);
+    EXPECT_LT(result.liquid2[1], 1e-250);
+    EXPECT_EQ(
+        faultOf({model, z, {{FlashVariable::temperature, temperature}, {FlashVariable::pressure, pressure}}}, result),
+        "");
+    const JudgedState judged = judge(model, temperature, pressure, z);
+    ASSERT_EQ(judged.phases.size(), 2U);
+    EXPECT_NEAR(result.liquidFraction, judged.phases[0].amount, 1e-9);
+    EXPECT_NEAR(result.liquid[1], judged.phases[0].x[1], 1e-9);
 }
 
 // A vapor and three liquids, one of which is a small amount of what lies between the water and the alcohols.
