@@ -61,9 +61,10 @@ public:
         if (!haveSecondChoice && lookAround(started))
             return LineStatus::solved;
         // Of two phases, which those of a dew point always are, all states are on the lines that have been followed,
-        // and of three on the trace, unless there is so little of one that states beside it have fewer.
+        // and of three on the trace, unless there is so little of one that states beside it have fewer. Where two
+        // liquids are seen there can be three phases, too.
         constexpr double little = 1e-3;
-        const bool canBeThree = (sawUnstable || sawThreePhases) && fraction.value < 1.0;
+        const bool canBeThree = (sawUnstable || sawTwoLiquids) && fraction.value < 1.0;
         const bool isNearEnd = std::min(fraction.value, 1.0 - fraction.value) < little;
         if (!haveSecondChoice && ((canBeThree && isNearEnd) || !started) && n > 1 && !isCondition(other.variable) &&
             findByQuality(feed, fraction, other, result))
@@ -90,7 +91,7 @@ private:
     bool sawUnstable = false;
     FlashConditions unstable; // of the last one seen
     bool sawBoiling = false;
-    bool sawThreePhases = false;
+    bool sawTwoLiquids = false;
     struct Place {
         double lnT, lnP;
     };
@@ -140,7 +141,7 @@ private:
             LineSample now;
             now.take(feed, at, low * std::pow(high / low, static_cast<double>(i) / intervals));
             sawBoiling |= now.known && now.isTwo();
-            sawThreePhases |= now.known && now.state.phaseCount() > 2;
+            sawTwoLiquids |= now.known && now.state.liquid2Present;
             LinePoint start;
             if (i > 0 && sampler.startBetween(last, now, at, start.point)) {
                 started = true;

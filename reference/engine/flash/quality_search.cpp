@@ -173,22 +173,25 @@ bool QualitySearch::acceptEnd(const Sample &inside, const Sample &outside)
 {
     const FlashResult &beyond = outside.state;
     constexpr double smallest = 1e-5; // next to a critical point the last amounts that flashes find
-    if (!(std::fabs(inside.surplus) < smallest))
-        return false;
+    const bool vanishes = std::fabs(inside.surplus) < smallest;
     result = inside.state;
     result.temperature = beyond.temperature;
     result.pressure = beyond.pressure;
     if (fraction.value == 0.0) {
-        if (result.liquid2Present != beyond.liquid2Present)
+        // Where two compounds are in three phases a liquid becomes vapor at once, whatever its amount: then the vapor
+        // is the phase that boiling begins with if it has the fugacities of the liquids there.
+        if (vanishes ? result.liquid2Present != beyond.liquid2Present : beyond.vaporPresent)
             return false;
+        result.liquid2Present = beyond.liquid2Present;
         result.vaporFraction = 0.0;
         result.liquidFraction = result.liquid2Present ? beyond.liquidFraction : 1.0;
         result.liquid2Fraction = result.liquid2Present ? beyond.liquid2Fraction : 0.0;
         result.liquid = beyond.vaporPresent ? beyond.vapor : beyond.liquid;
         result.liquid2 = beyond.liquid2;
-        return polish(beyond, Root::vapor, result.vapor) && differ(result.vapor, result.liquid);
+        return polish(beyond, Root::vapor, result.vapor) && differ(result.vapor, result.liquid) &&
+               (!result.liquid2Present || differ(result.vapor, result.liquid2));
     }
-    if (beyond.phaseCount() != 1)
+    if (!vanishes || beyond.phaseCount() != 1)
         return false;
     result.vapor = beyond.vaporPresent ? beyond.vapor : beyond.liquid;
     result.vaporFraction = 1.0;

@@ -1,7 +1,7 @@
 #include "reference/engine/flash/vapor_liquid_point.h"
 
-#include "reference/engine/eos/gas_constant.h"
 #include "reference/engine/equilibrium/flash_tp.h"
+#include "reference/engine/phase/phase_evaluation.h"
 
 #include <algorithm>
 #include <cmath>
@@ -39,6 +39,29 @@ bool isWithinLimits(const Totals &totals)
            totals.pressure < highestFlashPressure * (1.0 + slack);
 }
 
+namespace {
+
+// Whether one mole of a phase has less Gibbs energy than the same compounds have in the two phases. However little of
+// it there would be: what a trace of a heavy compound gains by a phase of its own hardly shows in the whole.
+bool wouldFormFrom(const Feed &feed, const Isotherm &isotherm, const TwoPhasePoint &point, const CompoundArray &x,
+                   Root root)
+{
+    constexpr double metastable = 1e-8; // a Gibbs energy over R T too high by this is no round-off
+    PhaseState state;
+    evaluatePhase(feed.model, isotherm, point.totals.pressure, x.data(), root, state);
+    double gain = 0.0;
+    double gibbs = 0.0;
+    for (int i = 0; i < feed.size(); ++i) {
+        const double potential = std::log(point.x[i]) + point.liquid.state.lnPhi[i];
+        gibbs += x[i] * potential;
+        if (x[i] > 0.0)
+            gain += x[i] * (potential - std::log(x[i]) - state.lnPhi[i]);
+    }
+    return gain > metastable * (1.0 + 1e-3 * std::fabs(gibbs));
+}
+
+} // namespace
+
 bool isStable(const Feed &feed, const TwoPhasePoint &point)
 {
     FlashResult pair;
@@ -47,17 +70,19 @@ bool isStable(const Feed &feed, const TwoPhasePoint &point)
     if (nameStablePair(feed.model, pair, feed.fractions(), feed.phases, named))
         return named.vaporPresent && named.vaporFraction == pair.vaporFraction;
     // That is strict, and a flash takes longer.
-    constexpr double metastable = 1e-8; // a Gibbs energy over R T too high by this is no round-off
-    Equilibrium found;
-    if (found.find(feed, point.totals.temperature, point.totals.pressure) != FlashStatus::solved)
+    FlashResult found;
+    if (flashAt(feed, {FlashVariable::temperature, point.totals.temperature}, point.totals.pressure, found) !=
+        FlashStatus::solved)
         return false; // more phases than are allowed, or none that are known
-    if (found.phases.phaseCount() > 1 && !found.phases.vaporPresent)
+    if (found.phaseCount() > 1 && !found.vaporPresent)
         return false; // two liquids
-    const auto gibbsOf = [](const Totals &totals) {
-        return totals.value(FlashVariable::gibbsEnergy) / (gasConstant * totals.temperature);
+    const Isotherm isotherm(feed.model, point.totals.temperature);
+    const auto wouldForm = [&](bool present, const CompoundArray &x, Root root) {
+        return present && wouldFormFrom(feed, isotherm, point, x, root);
     };
-    const double gibbs = gibbsOf(point.totals);
-    return gibbsOf(found.totals) > gibbs - metastable * (1.0 + 1e-3 * std::fabs(gibbs));
+    return !wouldForm(found.vaporPresent, found.vapor, Root::vapor) &&
+           !wouldForm(found.liquidPresent, found.liquid, Root::liquid) &&
+           !wouldForm(found.liquid2Present, found.liquid2, Root::liquid);
 }
 
 void giveResult(const Feed &feed, const TwoPhasePoint &point, FlashResult &result)

@@ -116,6 +116,23 @@ double valueOf(const MixtureModel &model, const std::vector<double> &z, const Fl
 
 double gibbsOf(const MixtureModel &model, const FlashResult &result) { return gibbsOf(model, partsOf(model, result)); }
 
+double distanceOf(const MixtureModel &model, const FlashResult &result, const FlashResult &other)
+{
+    const Part plane = partsOf(model, result).front();
+    double least = 0.0;
+    for (const Part &part : partsOf(model, other)) {
+        double distance = 0.0;
+        for (int i = 0; i < model.size; ++i) {
+            const double x = (*part.fractions)[i];
+            if (x > 0.0)
+                distance += x * (std::log(x) + part.properties.state.lnPhi[i] - std::log((*plane.fractions)[i]) -
+                                 plane.properties.state.lnPhi[i]);
+        }
+        least = std::min(least, distance);
+    }
+    return least;
+}
+
 double sizeOf(FlashVariable variable, double value, double temperature)
 {
     switch (variable) {

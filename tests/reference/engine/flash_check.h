@@ -29,6 +29,11 @@ double valueOf(const MixtureModel &model, const std::vector<double> &z, const Fl
 // the sum of n_i (ln x_i + ln phi_i).
 double gibbsOf(const MixtureModel &model, const FlashResult &result);
 
+// The Gibbs energy over R T, per mole of phase, that a mixture in `result` gains by the phases of another state at the
+// same temperature and pressure: the least of these phases' distances from its tangent plane. Below zero by more than
+// round-off where one of them would form, however little of it there would be.
+double distanceOf(const MixtureModel &model, const FlashResult &result, const FlashResult &other);
+
 // What differences of a variable's values are measured by.
 double sizeOf(FlashVariable variable, double value, double temperature);
 

@@ -230,28 +230,33 @@ private:
                        FlashPhases::vaporAndTwoLiquids, state) == FlashStatus::solved;
     }
 
-    // Whether two phases that are nearly one are an answer where a flash has two that are not.
-    static bool isNearlyOne(const FlashCase &problem, const FlashResult &result)
+    // What is wrong with an answer, and beyond that with its phases beside those that a flash finds at its temperature
+    // and pressure: another one would form, or two are nearly one where there are two that are not.
+    static std::string faultBesideFlash(const FlashCase &problem, const FlashResult &result)
     {
+        if (const std::string what = faultOf(problem, result); !what.empty())
+            return what;
+        FlashResult there;
+        if (flashTP(problem.model, result.temperature, result.pressure, problem.z, problem.request.phases, there) !=
+            FlashStatus::solved)
+            return "";
+        constexpr double noRoundOff = -1e-6;
+        if (distanceOf(problem.model, result, there) < noRoundOff)
+            return "another phase would form";
         const auto apart = [&](const FlashResult &state) {
             return sumOfDifferences(problem.model.size, state.vapor, state.liquid);
         };
         const auto areTwo = [](const FlashResult &state) {
             return state.vaporPresent && state.liquidPresent && state.phaseCount() == 2;
         };
-        FlashResult there;
-        return areTwo(result) &&
-               flashTP(problem.model, result.temperature, result.pressure, problem.z, problem.request.phases, there) ==
-                   FlashStatus::solved &&
-               areTwo(there) && apart(result) < 0.1 * apart(there);
+        const bool nearlyOne = areTwo(result) && areTwo(there) && apart(result) < 0.1 * apart(there);
+        return nearlyOne ? "its phases would go further apart" : "";
     }
 
     void accept(const FlashCase &problem, const FlashResult &result)
     {
-        if (const std::string what = faultOf(problem, result); !what.empty())
+        if (const std::string what = faultBesideFlash(problem, result); !what.empty())
             return fault(problem, what);
-        if (isNearlyOne(problem, result))
-            return fault(problem, "its phases would go further apart");
         ++countOf(problem).solved;
     }
 
@@ -310,7 +315,7 @@ private:
         if (status == FlashStatus::solved) {
             if (isCondition(asked))
                 return accept(problem, result);
-            if (const std::string what = faultOf(problem, result); !what.empty()) {
+            if (const std::string what = faultBesideFlash(problem, result); !what.empty()) {
                 other.variable = asked;
                 return fault(problem, "at the point asked for first: " + what);
             }

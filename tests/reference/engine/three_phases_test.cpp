@@ -2,6 +2,7 @@
 #include "tests/reference/engine/feed_families.h"
 #include "tests/reference/engine/flash_check.h"
 #include "tests/reference/engine/mixtures.h"
+#include "tests/reference/engine/phase_judge.h"
 
 #include <gtest/gtest.h>
 
@@ -154,6 +155,54 @@ TEST(ThreePhases, HaveBubblePointsWhereTheLiquidIsCalledVaporBeyond)
                   FlashStatus::solved);
         EXPECT_EQ(beside.phaseCount(), factor < 1.0 ? 3 : 2);
     }
+}
+
+namespace {
+
+// Boiling nitrogen with a trace of n-undecane, more than it dissolves: what does not is a liquid of its own, whose
+// Gibbs energy is nothing to that of the whole.
+class NitrogenWithATrace {
+public:
+    const MixtureModel model = modelOf({"nitrogen", "n-undecane"}, EquationOfState::soaveRedlichKwong);
+    const std::vector<double> z = {1.0 - 1.124939520535506e-9, 1.124939520535506e-9};
+
+    FlashResult boil(const FlashSpecification &fraction, const FlashSpecification &other) const
+    {
+        const FlashRequest request{other, fraction};
+        FlashResult result{};
+        FlashReason reason{};
+        EXPECT_EQ(flash(model, request, z, result, reason), FlashStatus::solved) << reason.data();
+        EXPECT_EQ(faultOf({model, z, request}, result), "");
+        return result;
+    }
+};
+
+} // namespace
+
+TEST(BubblePoints, HaveTheLiquidOfATrace)
+{
+    const NitrogenWithATrace mixture;
+    for (const Variable variable : {Variable::vaporFraction, Variable::vaporMassFraction})
+        for (const FlashSpecification &other :
+             {FlashSpecification{Variable::temperature, 62.4}, FlashSpecification{Variable::pressure, 10520.55},
+              FlashSpecification{Variable::entropy, -124.90571947715119}}) {
+            const FlashResult result = mixture.boil({variable, 0.0}, other);
+            ASSERT_EQ(result.phaseCount(), 3);
+            EXPECT_EQ(result.vaporFraction, 0.0);
+            // Beside it the slow judge finds the liquids there are, and boiling.
+            const JudgedState colder =
+                judge(mixture.model, result.temperature * (1.0 - 1e-5), result.pressure, mixture.z);
+            ASSERT_EQ(colder.phases.size(), 2U);
+            const double judged = std::min(colder.phases[0].amount, colder.phases[1].amount);
+            EXPECT_NEAR(std::min(result.liquidFraction, result.liquid2Fraction), judged, 1e-3 * judged);
+            FlashResult beside;
+            for (const double factor : {1.0 - 1e-6, 1.0 + 1e-6}) {
+                ASSERT_EQ(flashTP(mixture.model, factor * result.temperature, result.pressure, mixture.z,
+                                  FlashPhases::vaporAndTwoLiquids, beside),
+                          FlashStatus::solved);
+                EXPECT_EQ(beside.vaporPresent, factor > 1.0);
+            }
+        }
 }
 
 namespace {
