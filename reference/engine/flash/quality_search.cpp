@@ -81,8 +81,6 @@ bool QualitySearch::liesBetween(const FlashResult &one, const FlashResult &other
 
 bool QualitySearch::differ(Sample &low, Sample &high) const
 {
-    if (!low.known || !high.known)
-        return false;
     nameAsNeighbor(feed.size(), low.state, high.state);
     nameAsNeighbor(feed.size(), high.state, low.state);
     if (!liesBetween(low.state, high.state))
@@ -92,9 +90,41 @@ bool QualitySearch::differ(Sample &low, Sample &high) const
     return true;
 }
 
+// Between a liquid and a vapor of all the feed there mostly are both, in a narrow range perhaps, with an end on either
+// side: leaves the samples on two sides of the one that is wanted.
+void QualitySearch::enclose(const FlashSpecification &at, Sample &low, Sample &high) const
+{
+    const auto isAllVapor = [](const Sample &sample) {
+        return sample.state.vaporPresent && sample.state.phaseCount() == 1;
+    };
+    const auto isAllLiquid = [](const Sample &sample) { return !sample.state.vaporPresent; };
+    const bool vaporIsLow = isAllVapor(low);
+    Sample &vapor = vaporIsLow ? low : high;
+    Sample &liquid = vaporIsLow ? high : low;
+    if (!isAllVapor(vapor) || !isAllLiquid(liquid))
+        return;
+    constexpr int mostHalvings = 20;
+    Sample middle;
+    for (int halving = 0; halving < mostHalvings; ++halving) {
+        take(at, 0.5 * (low.free + high.free), middle);
+        if (!middle.known)
+            return;
+        if (isBoth(middle.state)) {
+            (fraction.value == 0.0 ? vapor : liquid) = middle;
+            return;
+        }
+        (middle.state.vaporPresent ? vapor : liquid) = middle;
+    }
+}
+
+// Between two samples, if the vapor fraction is.
 bool QualitySearch::close(const FlashSpecification &at, Sample &low, Sample &high)
 {
-    return isEnd() ? closeEnd(at, low, high) : closeInside(at, low, high);
+    if (!low.known || !high.known)
+        return false;
+    if (isEnd())
+        enclose(at, low, high);
+    return differ(low, high) && (isEnd() ? closeEnd(at, low, high) : closeInside(at, low, high));
 }
 
 bool QualitySearch::accept(const Sample &sample)
@@ -271,7 +301,7 @@ bool QualitySearch::between(const FlashSpecification &at, const FlashResult &fir
     Sample high = sampleOf(second);
     if (high.free < low.free)
         std::swap(low, high);
-    return differ(low, high) && close(at, low, high);
+    return close(at, low, high);
 }
 
 bool QualitySearch::scan(const FlashSpecification &at, double first, double end, int intervals)
@@ -283,7 +313,7 @@ bool QualitySearch::scan(const FlashSpecification &at, double first, double end,
         take(at, std::log(first) + std::log(end / first) * i / intervals, next);
         Sample low = first < end ? last : next;
         Sample high = first < end ? next : last;
-        if (differ(low, high) && close(at, low, high))
+        if (close(at, low, high))
             return true;
         last = next;
     }
@@ -313,7 +343,7 @@ bool QualitySearch::beside(const FlashSpecification &at, double guess, SolutionT
                 break;
             Sample low = up ? last : next;
             Sample high = up ? next : last;
-            if (differ(low, high) && close(at, low, high) && (wanted == SolutionType::unspecified || wanted == type))
+            if (close(at, low, high) && (wanted == SolutionType::unspecified || wanted == type))
                 return true;
             last = next;
         }

@@ -44,6 +44,7 @@ private:
     double surplusOf(const FlashResult &state, const FlashResult &neighbor) const;
     bool liesBetween(const FlashResult &one, const FlashResult &other) const;
     bool differ(Sample &low, Sample &high) const;
+    void enclose(const FlashSpecification &at, Sample &low, Sample &high) const;
     bool close(const FlashSpecification &at, Sample &low, Sample &high);
     bool closeInside(const FlashSpecification &at, Sample &low, Sample &high);
     bool closeEnd(const FlashSpecification &at, Sample &low, Sample &high);

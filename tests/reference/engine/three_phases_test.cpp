@@ -159,50 +159,70 @@ TEST(ThreePhases, HaveBubblePointsWhereTheLiquidIsCalledVaporBeyond)
 
 namespace {
 
-// Boiling nitrogen with a trace of n-undecane, more than it dissolves: what does not is a liquid of its own, whose
-// Gibbs energy is nothing to that of the whole.
-class NitrogenWithATrace {
-public:
-    const MixtureModel model = modelOf({"nitrogen", "n-undecane"}, EquationOfState::soaveRedlichKwong);
-    const std::vector<double> z = {1.0 - 1.124939520535506e-9, 1.124939520535506e-9};
-
-    FlashResult boil(const FlashSpecification &fraction, const FlashSpecification &other) const
-    {
-        const FlashRequest request{other, fraction};
-        FlashResult result{};
-        FlashReason reason{};
-        EXPECT_EQ(flash(model, request, z, result, reason), FlashStatus::solved) << reason.data();
-        EXPECT_EQ(faultOf({model, z, request}, result), "");
+// Where two liquids begin to boil: all three phases are there, and flashes beside show the boundary.
+FlashResult expectTwoLiquidsToBoil(const MixtureModel &model, const std::vector<double> &z, Variable fraction,
+                                   const FlashSpecification &other)
+{
+    const FlashRequest request{other, {fraction, 0.0}};
+    const FlashCase problem{model, z, request};
+    FlashResult result{};
+    FlashReason reason{};
+    EXPECT_EQ(flash(model, request, z, result, reason), FlashStatus::solved) << reason.data() << describe(problem);
+    if (testing::Test::HasFailure())
         return result;
+    EXPECT_EQ(faultOf(problem, result), "") << describe(problem);
+    EXPECT_EQ(result.phaseCount(), 3) << describe(problem);
+    EXPECT_EQ(result.vaporFraction, 0.0);
+    FlashResult beside;
+    for (const double factor : {1.0 - 1e-6, 1.0 + 1e-6}) {
+        EXPECT_EQ(flashTP(model, factor * result.temperature, result.pressure, z, request.phases, beside),
+                  FlashStatus::solved);
+        EXPECT_EQ(beside.vaporPresent, factor > 1.0) << describe(problem);
     }
-};
+    return result;
+}
 
 } // namespace
 
+// Nitrogen with more n-undecane than it dissolves: what it does not is a liquid of its own, whose Gibbs energy is
+// nothing to that of the whole.
 TEST(BubblePoints, HaveTheLiquidOfATrace)
 {
-    const NitrogenWithATrace mixture;
-    for (const Variable variable : {Variable::vaporFraction, Variable::vaporMassFraction})
+    const MixtureModel model = modelOf({"nitrogen", "n-undecane"}, EquationOfState::soaveRedlichKwong);
+    const std::vector<double> z = {1.0 - 1.124939520535506e-9, 1.124939520535506e-9};
+    for (const Variable fraction : {Variable::vaporFraction, Variable::vaporMassFraction})
         for (const FlashSpecification &other :
              {FlashSpecification{Variable::temperature, 62.4}, FlashSpecification{Variable::pressure, 10520.55},
               FlashSpecification{Variable::entropy, -124.90571947715119}}) {
-            const FlashResult result = mixture.boil({variable, 0.0}, other);
-            ASSERT_EQ(result.phaseCount(), 3);
-            EXPECT_EQ(result.vaporFraction, 0.0);
-            // Beside it the slow judge finds the liquids there are, and boiling.
-            const JudgedState colder =
-                judge(mixture.model, result.temperature * (1.0 - 1e-5), result.pressure, mixture.z);
+            const FlashResult result = expectTwoLiquidsToBoil(model, z, fraction, other);
+            const JudgedState colder = judge(model, result.temperature * (1.0 - 1e-5), result.pressure, z);
             ASSERT_EQ(colder.phases.size(), 2U);
             const double judged = std::min(colder.phases[0].amount, colder.phases[1].amount);
             EXPECT_NEAR(std::min(result.liquidFraction, result.liquid2Fraction), judged, 1e-3 * judged);
-            FlashResult beside;
-            for (const double factor : {1.0 - 1e-6, 1.0 + 1e-6}) {
-                ASSERT_EQ(flashTP(mixture.model, factor * result.temperature, result.pressure, mixture.z,
-                                  FlashPhases::vaporAndTwoLiquids, beside),
-                          FlashStatus::solved);
-                EXPECT_EQ(beside.vaporPresent, factor > 1.0);
-            }
         }
+}
+
+// Two compounds are in three phases at one temperature of a pressure: all of a liquid becomes vapor there.
+TEST(BubblePoints, AreThereWhereALiquidOfTwoCompoundsBoilsAtOnce)
+{
+    const MixtureModel model = modelOf({"1-propanol", "carbon monoxide"});
+    const std::vector<double> z = {0.3743, 0.6257};
+    expectTwoLiquidsToBoil(model, z, Variable::vaporFraction, {Variable::temperature, 105.0});
+    const FlashResult result = expectTwoLiquidsToBoil(model, z, Variable::vaporFraction, {Variable::pressure, 7.8e5});
+    for (const Variable variable : {Variable::enthalpy, Variable::entropy, Variable::internalEnergy}) {
+        const FlashSpecification held{variable, valueOf(model, z, result, variable)};
+        const FlashResult again = expectTwoLiquidsToBoil(model, z, Variable::vaporFraction, held);
+        EXPECT_NEAR(again.temperature, result.temperature, 1e-8 * result.temperature);
+    }
+}
+
+// With traces the three phases have a range of 1e-5 K, and all of boiling is within four: steps from outside go across.
+TEST(BubblePoints, AreFoundBetweenALiquidAndAVaporOfAllTheFeed)
+{
+    const MixtureModel model = modelOf({"n-butane", "cyclohexane", "xenon", "ammonia"});
+    const std::vector<double> z = {0.046043268350812211, 6.7692844593845599e-09, 1.7920950666459912e-08,
+                                   0.95395670695895263};
+    expectTwoLiquidsToBoil(model, z, Variable::vaporFraction, {Variable::pressure, 323173.40523405437});
 }
 
 namespace {
