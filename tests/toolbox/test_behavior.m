@@ -26,7 +26,7 @@ end
 function v = slower_and_slower(v, given)
     global calls_made
     calls_made = sum([calls_made, 1]);
-    wait_for(5e-6 * calls_made);
+    wait_for(1.5e-5 * calls_made);
 end
 
 function v = slow_at_one_state(v, given)
