@@ -36,12 +36,12 @@ bool isOfTheDead(HRESULT hr)
 }
 
 // A relay's process that is about to end may give its class to one more client and be gone when that asks for an
-// instance. The next one comes from another process.
+// instance; Wine then calls this E_FAIL, too. The next one comes from another process.
 HRESULT createRelay(IVerdanth6432Relay *&relay)
 {
     constexpr int mostTries = 3;
     HRESULT hr = S_OK;
-    for (int tries = 0; tries == 0 || (isOfTheDead(hr) && tries < mostTries); ++tries)
+    for (int tries = 0; tries == 0 || ((isOfTheDead(hr) || hr == E_FAIL) && tries < mostTries); ++tries)
         hr = CoCreateInstance(CLSID_Verdanth6432Relay, nullptr, CLSCTX_LOCAL_SERVER, InterfaceId<IVerdanth6432Relay>,
                               reinterpret_cast<void **>(&relay));
     if (FAILED(hr))

@@ -110,7 +110,7 @@ TEST_F(RelayClient, KeepsAnInstanceThatLivesWhateverItAnswers)
 TEST_F(RelayClient, IsAskedForAgainWhenItDiesBeforeItIsThere)
 {
     registerPackage(TextValue("Old"));
-    for (const std::uint32_t result : {0x80010108u, 0x800706BAu})
+    for (const std::uint32_t result : {0x80010108u, 0x800706BAu, 0x80004005u})
         for (const int instance : {1, 2}) {
             const int before = relay.calls("created");
             relay.answer("created", static_cast<HRESULT>(result), before + instance);
@@ -120,7 +120,7 @@ TEST_F(RelayClient, IsAskedForAgainWhenItDiesBeforeItIsThere)
             EXPECT_EQ(relay.calls("created") - before, 4);
             EXPECT_EQ(relay.references(), 1);
             mustReturn(0, {Scalar(4), opened[0]});
-            relay.answer("GetTypeInfoCount", static_cast<HRESULT>(result)); // so that there are two again
+            relay.answer("GetTypeInfoCount", static_cast<HRESULT>(0x80010108u)); // so that there are two again
         }
 }
 
