@@ -5,13 +5,15 @@ file(STRINGS ${ROOMS_TABLE} ROOMS_LINES REGEX "^[^#]")
 
 # The headers of the standard library that most sources include, for rooms that don't see the platform; and those for rooms
 # that do.
-set(COMMON_HEADERS <algorithm> <cmath> <cstring> <limits> <memory> <span> <string> <string_view> <utility> <vector>)
-add_library(standard_headers OBJECT cmake/headers.cpp)
-target_link_libraries(standard_headers PRIVATE project_options)
-target_precompile_headers(standard_headers PRIVATE ${COMMON_HEADERS})
-add_library(system_headers OBJECT cmake/headers.cpp)
-target_link_libraries(system_headers PRIVATE platform)
-target_precompile_headers(system_headers PRIVATE platform/platform.h ${COMMON_HEADERS})
+if(VERDANTH_QUICK_BUILD)
+    set(common_headers <algorithm> <cmath> <cstring> <limits> <memory> <span> <string> <string_view> <utility> <vector>)
+    add_library(standard_headers OBJECT cmake/headers.cpp)
+    target_link_libraries(standard_headers PRIVATE project_options)
+    target_precompile_headers(standard_headers PRIVATE ${common_headers})
+    add_library(system_headers OBJECT cmake/headers.cpp)
+    target_link_libraries(system_headers PRIVATE platform)
+    target_precompile_headers(system_headers PRIVATE platform/platform.h ${common_headers})
+endif()
 
 # The target of a room: gateway_state for gateway/state.
 function(room_target room result)

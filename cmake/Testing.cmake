@@ -18,7 +18,6 @@ if(VERDANTH_SANITIZE)
     list(APPEND test_options -fno-sanitize=null,alignment,vptr,object-size)
 endif()
 target_compile_options(gtest PRIVATE ${test_options})
-
 add_library(test_code INTERFACE)
 target_link_libraries(test_code INTERFACE GTest::gtest)
 target_compile_options(test_code INTERFACE ${test_options})

@@ -6,6 +6,8 @@
 
 namespace support {
 
+inline constexpr double third = 1.0 / 3; // a mass fraction of A in equal parts by mole
+
 struct SinglePhaseInput {
     Array outputs = Scalar(1);
     Array names = Text("volume");

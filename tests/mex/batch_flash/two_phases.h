@@ -1,13 +1,11 @@
 // What packages find and calculate in tests of the batch flash.
 #pragma once
 
-#include "tests/support/scripted_package.h"
+#include "tests/support/package_test.h"
 
 #include <string_view>
 
 namespace support {
-
-inline constexpr double third = 1.0 / 3;
 
 // A vapor and a liquid of compounds of 18 and 36 g/mol, by either basis the same. Of the vapor the mole fractions are
 // 2/3 and 1/3, the mass fractions 1/2 and 1/2, at 24 g/mol; of the liquid 1/3 and 2/3, 1/5 and 4/5, at 30 g/mol.

@@ -10,7 +10,6 @@ using namespace support;
 
 namespace {
 
-const double oneThird = 1.0 / 3;
 const double largest = 1.7976931348623157e308;
 
 class FlashBasis : public PackageTest {
@@ -42,7 +41,7 @@ TEST_F(FlashBasis, OfMoleRepairsPhasesStoredPerMass)
 {
     find({{"Vapor", 0.4, {0.5, 0.5}}, {"Liquid", 0.6, {0.2, 0.8}}}, "mass");
     const CallResult result = mustReturn(5, flash());
-    ExpectNear(result[2].matrix(), {{2 * oneThird, oneThird}, {oneThird, 2 * oneThird}});
+    ExpectNear(result[2].matrix(), {{2 * third, third}, {third, 2 * third}});
     // 0.4 / 24 and 0.6 / 30 are as 5 to 6.
     ExpectNear(result[1].matrix(), {{5.0 / 11}, {6.0 / 11}});
 }
@@ -50,7 +49,7 @@ TEST_F(FlashBasis, OfMoleRepairsPhasesStoredPerMass)
 TEST_F(FlashBasis, OfMassRepairsPhasesStoredPerMole)
 {
     useBasis("mass");
-    find({{"Vapor", 0.5, {2 * oneThird, oneThird}}, {"Liquid", 0.5, {oneThird, 2 * oneThird}}}, "mole");
+    find({{"Vapor", 0.5, {2 * third, third}}, {"Liquid", 0.5, {third, 2 * third}}}, "mole");
     const CallResult result = mustReturn(5, flash());
     ExpectNear(result[2].matrix(), {{0.5, 0.5}, {0.2, 0.8}});
     // 0.5 * 24 and 0.5 * 30 are as 4 to 5.
@@ -89,7 +88,7 @@ TEST_F(FlashBasis, RepairMakesTheFractionOfTheOnlyPhaseExactlyOne)
         find({{"Liquid", 0.01 * i, {0.2, 0.8}}}, "mass");
         EXPECT_EQ(mustReturn(5, flash())[1].number(), 1) << i;
         useBasis("mass");
-        find({{"Liquid", 0.01 * i, {oneThird, 2 * oneThird}}}, "mole");
+        find({{"Liquid", 0.01 * i, {third, 2 * third}}}, "mole");
         EXPECT_EQ(mustReturn(5, flash())[1].number(), 1) << i;
     }
 }
@@ -254,7 +253,7 @@ TEST_F(FlashBasis, RepairTakesAPhaseMolecularWeightBelowZero)
     find({{"Vapor", 0.5, {2, -3}}, {"Liquid", 0.5, {0.5, 0.5}}}, "mass");
     const CallResult result = mustReturn(5, flash());
     ExpectNear(result[1].matrix(), {{-2}, {3}});
-    ExpectNear(result[2].matrix(), {{4, -3}, {2 * oneThird, oneThird}});
+    ExpectNear(result[2].matrix(), {{4, -3}, {2 * third, third}});
 }
 
 TEST_F(FlashBasis, RepairNeedsFractionsThatSumToSomething)
@@ -282,5 +281,5 @@ TEST_F(FlashBasis, RepairOfAMissingFractionGivesNaN)
     const CallResult result = mustReturn(5, flash());
     EXPECT_TRUE(std::isnan(result[1].numbers().at(0)));
     EXPECT_TRUE(std::isnan(result[1].numbers().at(1)));
-    ExpectNear(result[2].matrix(), {{2 * oneThird, oneThird}, {oneThird, 2 * oneThird}});
+    ExpectNear(result[2].matrix(), {{2 * third, third}, {third, 2 * third}});
 }

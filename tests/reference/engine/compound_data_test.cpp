@@ -8,10 +8,6 @@
 
 using namespace reference;
 
-namespace {
-
-} // namespace
-
 // The values themselves are compared with others by reference/data/check.py.
 
 TEST(CompoundTable, HoldsDifferentCompounds)

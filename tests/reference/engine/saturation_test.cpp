@@ -1,6 +1,5 @@
 #include "reference/engine/compounds/saturation.h"
 #include "reference/engine/eos/gas_constant.h"
-
 #include "tests/reference/engine/mixtures.h"
 
 #include <gtest/gtest.h>

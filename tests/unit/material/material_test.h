@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tests/unit/material/package_view.h"
+#include "tests/unit/support/sentinels.h"
 #include "tests/unit/support/test_material.h"
 
 #include <gtest/gtest.h>
@@ -13,9 +14,6 @@ inline const LPCWSTR mole = OLESTR("mole");
 inline const LPCWSTR mass = OLESTR("mass");
 inline const LPCWSTR vapor = OLESTR("Vapor");
 inline const LPCWSTR liquid = OLESTR("Liquid");
-
-// The number by which a package may say that it has none.
-inline constexpr double undefinedValue = -1.7976931348623157e308;
 
 // The error state of a material after a method refused something.
 inline std::string refusedBy(const std::string &method, const std::string &name, const std::string &description)

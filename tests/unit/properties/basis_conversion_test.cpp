@@ -1,7 +1,7 @@
 #include "properties/basis_conversion.h"
 
 #include "cape/missing_value.h"
-#include "tests/unit/properties/sentinels.h"
+#include "tests/unit/support/sentinels.h"
 #include "tests/unit/support/test_material.h"
 
 #include <vector>
@@ -137,7 +137,7 @@ TEST(FractionConversions, RefuseAMissingFractionAsATotalThatIsNotAboveZero)
     TestMaterial test({18, 36});
     for (const FractionConversion convert : bothFractionConversions) {
         EXPECT_EQ(zeroComposition, fractionRefusal(convert, test, {0.5, QuietNaN}));
-        EXPECT_EQ(zeroComposition, fractionRefusal(convert, test, {0.5, minusLargest}));
+        EXPECT_EQ(zeroComposition, fractionRefusal(convert, test, {0.5, undefinedValue}));
     }
 }
 
@@ -150,7 +150,7 @@ TEST(FractionConversions, RefuseAMaterialWithoutCompounds)
 
 TEST(FractionConversions, StopAtTheFirstMissingWeightWithTheEntriesBeforeItWritten)
 {
-    for (const double missing : {QuietNaN, minusLargest}) {
+    for (const double missing : {QuietNaN, undefinedValue}) {
         TestMaterial test({20, missing, 40});
         const double source[] = {0.5, 0.25, 0.25};
         double target[] = {untouched, untouched, untouched};
@@ -241,7 +241,7 @@ TEST_F(TwoPhases, AreRefusedWhenBothStandInTheOtherBasis)
 
 TEST_F(TwoPhases, MustBothHaveAFraction)
 {
-    for (const double missing : {QuietNaN, minusLargest})
+    for (const double missing : {QuietNaN, undefinedValue})
         for (const PhaseCase &phaseCase : bothPhaseConversions) {
             setFractions(0.5, missing, phaseCase.basis);
             EXPECT_EQ(missingFractions, phaseRefusal(phaseCase.convert, test));
@@ -250,7 +250,7 @@ TEST_F(TwoPhases, MustBothHaveAFraction)
 
 TEST_F(TwoPhases, MustBothHaveAComposition)
 {
-    for (const double missing : {QuietNaN, minusLargest})
+    for (const double missing : {QuietNaN, undefinedValue})
         for (const std::int32_t compositionBasis : {0, 1})
             for (const PhaseCase &phaseCase : bothPhaseConversions) {
                 setFractions(0.5, 0.5, phaseCase.basis);
@@ -287,7 +287,7 @@ TEST(PhaseFractionConversions, GiveOneForTheOnlyPhase)
 
 TEST(PhaseFractionConversions, LookAtAllWeightsBeforeAnyPhase)
 {
-    for (const double missing : {QuietNaN, minusLargest})
+    for (const double missing : {QuietNaN, undefinedValue})
         for (const PhaseCase &phaseCase : bothPhaseConversions) {
             TestMaterial test({18, missing});
             test->phasePresent[0] = 1; // its fraction and composition are missing too

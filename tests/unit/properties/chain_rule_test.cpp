@@ -1,8 +1,8 @@
 #include "properties/chain_rule.h"
 
 #include "cape/missing_value.h"
-#include "tests/unit/properties/sentinels.h"
 #include "tests/unit/support/allocation_watch.h"
+#include "tests/unit/support/sentinels.h"
 
 #include <utility>
 #include <vector>
@@ -253,7 +253,7 @@ TEST_F(ChainRule, WritesNothingForNoValues)
 
 TEST_F(ChainRule, WritesNothingWhenACompositionEntryIsMissing)
 {
-    for (const double missing : {QuietNaN, minusLargest})
+    for (const double missing : {QuietNaN, undefinedValue})
         for (const std::int32_t basis : {0, 1}) {
             const double composition[] = {0.5, missing};
             const double source = 1000;
@@ -267,7 +267,7 @@ TEST_F(ChainRule, WritesNothingWhenACompositionEntryIsMissing)
 
 TEST(ChainRuleConvert, WritesNothingWhenAMolecularWeightIsMissing)
 {
-    for (const double missing : {QuietNaN, minusLargest})
+    for (const double missing : {QuietNaN, undefinedValue})
         for (const std::int32_t basis : {0, 1}) {
             Compounds test({10, missing});
             const double composition[] = {1, 0};

@@ -1,7 +1,7 @@
 #include "properties/chain_rule.h"
 
 #include "cape/missing_value.h"
-#include "tests/unit/properties/sentinels.h"
+#include "tests/unit/support/sentinels.h"
 
 #include <cmath>
 #include <vector>
@@ -54,24 +54,24 @@ TEST_F(ConvertCompoundValuesTest, StepsByTheStride)
 
 TEST_F(ConvertCompoundValuesTest, LeavesMissingValuesAloneAndConvertsTheOthers)
 {
-    std::vector<double> values = {QuietNaN, 1000, minusLargest, 1000};
+    std::vector<double> values = {QuietNaN, 1000, undefinedValue, 1000};
     ASSERT_TRUE(convert({10, 20, 30, 40}, 1, values));
     EXPECT_TRUE(std::isnan(values[0]));
     EXPECT_DOUBLE_EQ(20, values[1]);
-    EXPECT_EQ(minusLargest, values[2]);
+    EXPECT_EQ(undefinedValue, values[2]);
     EXPECT_DOUBLE_EQ(40, values[3]);
 }
 
 TEST_F(ConvertCompoundValuesTest, NeedsNoWeightForAMissingValue)
 {
-    std::vector<double> values = {QuietNaN, minusLargest, 1000};
-    ASSERT_TRUE(convert({QuietNaN, minusLargest, 40}, 1, values));
+    std::vector<double> values = {QuietNaN, undefinedValue, 1000};
+    ASSERT_TRUE(convert({QuietNaN, undefinedValue, 40}, 1, values));
     EXPECT_DOUBLE_EQ(40, values[2]);
 }
 
 TEST_F(ConvertCompoundValuesTest, StopsAtAMissingWeightWithTheValuesBeforeItConverted)
 {
-    for (const double missing : {QuietNaN, minusLargest}) {
+    for (const double missing : {QuietNaN, undefinedValue}) {
         std::vector<double> values = {1000, 1000, 1000};
         EXPECT_FALSE(convert({10, missing, 40}, 1, values));
         EXPECT_EQ(missingWeight, message);
@@ -100,7 +100,7 @@ TEST_F(ConvertCompoundValuesTest, LooksAtTheWeightBeforeThePower)
 
 TEST_F(ConvertCompoundValuesTest, SucceedsWithAnyPowerWhenAllValuesAreMissing)
 {
-    std::vector<double> values = {QuietNaN, minusLargest};
+    std::vector<double> values = {QuietNaN, undefinedValue};
     EXPECT_TRUE(convert({10, 20}, 0, values));
     EXPECT_TRUE(message.empty());
 }
