@@ -6,6 +6,7 @@
 #   scripts/wine.sh --apart PROGRAM.exe [ARGUMENT...]
 #                                               runs it in a copy of the prefix with a server of its own, both of which
 #                                               then go: for what spoils the session for others
+#   scripts/wine.sh --copy FROM TO              makes a copy of the prefix FROM, in which nothing runs
 #   scripts/wine.sh --up                        only makes ready
 #   scripts/wine.sh --down                      stops the servers in which no program is running
 #   scripts/wine.sh --kill                      stops the servers and whatever runs in the prefixes
@@ -94,7 +95,7 @@ make_prefix() {
 copy_prefix() { # FROM TO
     mkdir -p "$2"
     cp -al "$1/." "$2"
-    rm -f "$2"/*.reg "$2/.ready" "$2/.window"
+    rm -f "$2"/*.reg "$2/.ready" "$2/.window" "$2/.verdanth"
     cp "$1"/*.reg "$2"
 }
 
@@ -159,6 +160,9 @@ case ${1-} in
 --up)
     ensure_up
     ;;
+--copy)
+    copy_prefix "$2" "$3"
+    ;;
 --down)
     for WINEPREFIX in "$first" "$second"; do
         exec 9>>"$WINEPREFIX.lock"
@@ -183,7 +187,7 @@ case ${1-} in
     "$wine" "$@" 9>&-
     ;;
 "" | --*)
-    echo "usage: wine.sh [--apart] PROGRAM [ARGUMENT...] | --up | --down | --kill" >&2
+    echo "usage: wine.sh [--apart] PROGRAM [ARGUMENT...] | --copy FROM TO | --up | --down | --kill" >&2
     exit 2
     ;;
 *)

@@ -24,15 +24,35 @@ half=/usr/local/lib/verdanth-wine # as scripts/wine.sh has it
 wine=/usr/lib/wine/wine64
 [ -x $wine ] || wine=$(command -v wine64 || command -v wine)
 
+regsvr32_in() { # PREFIX FOLDER_OF_SYSTEM ARGUMENT...
+    WINEPREFIX=$1
+    program="C:\\windows\\$2\\regsvr32.exe"
+    export WINEPREFIX
+    shift 2
+    WINEDEBUG=-all setarch -R "$wine" "$program" /s "$@" </dev/null >/dev/null 2>&1
+    wineserver -w # until then the registry is in its memory
+    unset WINEPREFIX
+}
+
 register_in() { # PREFIX FOLDER_OF_SYSTEM LIBRARY BUILD
     [ -n "$(find "$1/.$3" -newer "$build/$4/$3" 2>/dev/null)" ] || {
-        WINEPREFIX=$1 WINEDEBUG=-all setarch -R "$wine" "C:\\windows\\$2\\regsvr32.exe" /s "Z:$build/$4/$3" </dev/null >/dev/null 2>&1
-        WINEPREFIX=$1 wineserver -w # until then the registry is in its memory
+        regsvr32_in "$1" "$2" "Z:$build/$4/$3"
         touch "$1/.$3"
     }
 }
 
+# Octave makes one; the others are copies of it, which spares them half a minute.
 managers_in "$build/wine-octave"
+for copy in "$build/wine-octave-32" "$build/wine-octave-ill"; do
+    [ -d "$copy" ] || {
+        WINEPREFIX=$build/wine-octave wineserver -k || true # until then the registry is in its memory
+        rm -rf "$copy.made"
+        "$source/scripts/wine.sh" --copy "$build/wine-octave" "$copy.made"
+        [ "$copy" = "$build/wine-octave-ill" ] ||
+            regsvr32_in "$copy.made" system32 /u "Z:$build/windows-x64/VerdanthReference.dll"
+        mv "$copy.made" "$copy"
+    }
+done
 
 # The same files but for the packages.
 files=$build/windows-octave-32
