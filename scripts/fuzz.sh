@@ -27,7 +27,7 @@ case $task in
         rm -rf "$kept"
         mkdir -p "$kept" "$build/corpus/$name"
         # Features without how often: a file for each place that is reached, not for each number of times.
-        "$build/fuzz_$name" -set_cover_merge=1 -use_counters=0 -timeout=30 "$kept" "fuzz/corpus/$name" "$build/corpus/$name" \
+        "$build/fuzz_$name" -set_cover_merge=1 -use_counters=0 -timeout=120 "$kept" "fuzz/corpus/$name" "$build/corpus/$name" \
             2>"$build/kept/$name.log"
         [ -n "$(ls "$kept")" ] || {
             echo "$name: nothing was kept; see $build/kept/$name.log" >&2

@@ -3,6 +3,7 @@
 In a browser without a window; without one on this machine the tests of pages end with 77.
 """
 
+import functools
 import json
 import pathlib
 import re
@@ -32,8 +33,15 @@ class Pages(unittest.TestCase):
                         cls.folder], check=True)
         cls.found = {page: json.loads((cls.folder / f"{page}.json").read_text(encoding="utf-8")) for page in PAGES}
 
-    def inspect(self, width, *options):
-        return inspected(self.folder, width, [page + ".html" for page in PAGES], *options)
+    @classmethod
+    @functools.cache
+    def inspect(cls, width, *options):
+        return inspected(cls.folder, width, [page + ".html" for page in PAGES], *options)
+
+    @classmethod
+    @functools.cache
+    def shown(cls, page):
+        return browse((cls.folder / f"{page}.html").as_uri())
 
     def test_nothing_of_a_report_runs_out_of_its_box(self):
         for width in (1280, 360):
@@ -55,11 +63,11 @@ class Pages(unittest.TestCase):
     def test_every_finding_is_in_a_report_as_text(self):
         for page in PAGES:
             shown = self.folder / "shown.html"
-            shown.write_text(browse((self.folder / f"{page}.html").as_uri()), encoding="utf-8")
+            shown.write_text(self.shown(page), encoding="utf-8")
             read = Page(shown, "utf-8")
             self.assertEqual(read.open_tags, [])
-            self.assertIn("<title>Check of Verdanth Reference Packages:Natural gas</title>", shown.read_text(encoding="utf-8"))
-            self.assertNotRegex(shown.read_text(encoding="utf-8"), "<b>|<script")
+            self.assertIn("<title>Check of Verdanth Reference Packages:Natural gas</title>", self.shown(page))
+            self.assertNotRegex(self.shown(page), "<b>|<script")
             self.assertTrue(self.found[page]["findings"], page)
             for finding in self.found[page]["findings"]:
                 self.assertIn(f"{finding['severity'].capitalize()}: {finding['what']}", read.text)
@@ -71,7 +79,7 @@ class Pages(unittest.TestCase):
 
     def test_times_and_memory_are_a_table(self):
         for page, shown in (("sound", True), ("numbers", True), ("words", False)):
-            text = browse((self.folder / f"{page}.html").as_uri())
+            text = self.shown(page)
             rows = re.findall(r"<tr><td>(?:constant|TDependent|PDependent|phase|two phases|flash) [^<]*</td>"
                               r"<td>\d+</td><td>[\d.e+]+ (?:us|ms|s)</td>", text)
             self.assertEqual("<h2>Time and memory</h2>" in text, shown, page)
