@@ -7,6 +7,7 @@ import pathlib
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 
 
@@ -53,6 +54,15 @@ class Runner(unittest.TestCase):
     def test_a_case_that_hangs_is_ended(self):
         self.assertEqual(self.run_suite("Hanging", 1, seconds=2), (1, ["failed Hanging.Hangs"]))
         self.assertIn("[  FAILED  ] Hanging.Hangs: the program took longer than 2 s", self.said)
+
+    def test_what_a_program_leaves_behind_is_not_waited_for(self):
+        global COMMAND
+        alone, COMMAND = COMMAND, ["sh", "-c", 'sleep 60 & exec "$0" "$@"', *COMMAND]
+        self.addCleanup(globals().update, COMMAND=alone)
+        begun = time.monotonic()
+        self.assertEqual(self.run_suite("Failing", 2), (1, ["passed Failing.Passes", "failed Failing.Fails"]))
+        self.assertLess(time.monotonic() - begun, 30)
+        self.assertIn("on purpose", self.said)
 
     def test_cases_that_do_not_bear_each_other_fail_as_a_suite(self):
         expected = ["passed Quarrelling.First", "passed Quarrelling.Second", "failed Quarrelling.* in one process"]
