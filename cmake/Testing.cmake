@@ -10,7 +10,7 @@ set(CMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE PRE_TEST)
 # What every program of tests is compiled with: a test is run once, hence no optimization and just the line numbers.
 if(WIN32)
     # Without inlining each function of a template has three sections of its own, and the time of binutils' linker grows with
-    # the square of their number: 29 s for mex_tests.exe, 4 s with -Og.
+    # the square of their number: 30 s for mex_tests.exe, 6 s with -Og.
     set(test_options -Og -g1)
 else()
     set(test_options -O0 -g1 -fPIC) # programs, too, so that they can share compiled headers with libraries
