@@ -22,6 +22,11 @@ class Runner(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name).resolve()
 
+    def start_by(self, *command):
+        """Has the rest of a test start the program in another way."""
+        self.addCleanup(globals().update, COMMAND=COMMAND)
+        globals().update(COMMAND=list(command))
+
     def run_suite(self, suite, count, seconds=60):
         """The exit code, and what is noted of the suite."""
         cases = self.folder / "cases" / f"{suite.replace('/', '_')}.txt"
@@ -56,9 +61,7 @@ class Runner(unittest.TestCase):
         self.assertIn("[  FAILED  ] Hanging.Hangs: the program took longer than 2 s", self.said)
 
     def test_what_a_program_leaves_behind_is_not_waited_for(self):
-        global COMMAND
-        alone, COMMAND = COMMAND, ["sh", "-c", 'sleep 60 & exec "$0" "$@"', *COMMAND]
-        self.addCleanup(globals().update, COMMAND=alone)
+        self.start_by("sh", "-c", 'sleep 60 & exec "$0" "$@"', *COMMAND)
         begun = time.monotonic()
         self.assertEqual(self.run_suite("Failing", 2), (1, ["passed Failing.Passes", "failed Failing.Fails"]))
         self.assertLess(time.monotonic() - begun, 30)
@@ -77,9 +80,7 @@ class Runner(unittest.TestCase):
         self.assertIn("ran 2 cases of 3", self.said)
 
     def test_a_program_that_does_not_start_has_failed_with_all_its_cases(self):
-        global COMMAND
-        sound, COMMAND = COMMAND, ["false"]
-        self.addCleanup(globals().update, COMMAND=sound)
+        self.start_by("false")
         self.assertEqual(self.run_suite("Sound", 2), (1, ["failed Sound.*"] * 2))
 
 

@@ -40,7 +40,7 @@ class Pages(unittest.TestCase):
 
     @classmethod
     @functools.cache
-    def shown(cls, page):
+    def dom_of(cls, page):
         return browse((cls.folder / f"{page}.html").as_uri())
 
     def test_nothing_of_a_report_runs_out_of_its_box(self):
@@ -63,11 +63,11 @@ class Pages(unittest.TestCase):
     def test_every_finding_is_in_a_report_as_text(self):
         for page in PAGES:
             shown = self.folder / "shown.html"
-            shown.write_text(self.shown(page), encoding="utf-8")
+            shown.write_text(self.dom_of(page), encoding="utf-8")
             read = Page(shown, "utf-8")
             self.assertEqual(read.open_tags, [])
-            self.assertIn("<title>Check of Verdanth Reference Packages:Natural gas</title>", self.shown(page))
-            self.assertNotRegex(self.shown(page), "<b>|<script")
+            self.assertIn("<title>Check of Verdanth Reference Packages:Natural gas</title>", self.dom_of(page))
+            self.assertNotRegex(self.dom_of(page), "<b>|<script")
             self.assertTrue(self.found[page]["findings"], page)
             for finding in self.found[page]["findings"]:
                 self.assertIn(f"{finding['severity'].capitalize()}: {finding['what']}", read.text)
@@ -79,7 +79,7 @@ class Pages(unittest.TestCase):
 
     def test_times_and_memory_are_a_table(self):
         for page, shown in (("sound", True), ("numbers", True), ("words", False)):
-            text = self.shown(page)
+            text = self.dom_of(page)
             rows = re.findall(r"<tr><td>(?:constant|TDependent|PDependent|phase|two phases|flash) [^<]*</td>"
                               r"<td>\d+</td><td>[\d.e+]+ (?:us|ms|s)</td>", text)
             self.assertEqual("<h2>Time and memory</h2>" in text, shown, page)
