@@ -26,7 +26,7 @@ end
 function v = slower_and_slower(v, given)
     global calls_made
     calls_made = sum([calls_made, 1]);
-    wait_for(1.5e-5 * calls_made);
+    pause(1.5e-5 * calls_made);
 end
 
 function v = slow_at_one_state(v, given)
@@ -36,22 +36,16 @@ function v = slow_at_one_state(v, given)
         slow = T(1);
     end
     if any(T == slow)
-        wait_for(0.1);
+        pause(0.1);
     end
 end
 
 function v = slow_in_batches(v, given)
-    wait_for(5e-3 * numel(v) * (numel(v) > 1));
+    pause(5e-3 * numel(v) * (numel(v) > 1));
 end
 
 function v = warned(v, given)
     warning('Verdanth:warning', 'CAPE-OPEN: parameters are estimated');
-end
-
-function wait_for(seconds)
-    begun = tic();
-    while toc(begun) < seconds
-    end
 end
 
 function every_behavior_is_found(toolbox)
