@@ -39,16 +39,14 @@ public:
 
     bool find()
     {
-        const auto from = [&](FlashVariable condition, double value) {
-            FractionPlace start;
-            return startAt({condition, value}, start) && !isTraced(start) &&
-                   (follow(start, 1.0) || follow(start, -1.0));
-        };
         for (const double pressure : {1e5, 1e6, 1e7, 1e4, 1e3, 3e7})
-            if (from(FlashVariable::pressure, pressure))
+            if (findFrom({FlashVariable::pressure, pressure}))
                 return true;
-        for (const double temperature : {250.0, 150.0, 110.0, 80.0})
-            if (temperature > coldestWithPhases(feed) && from(FlashVariable::temperature, temperature))
+        for (const double temperature : {400.0, 250.0, 150.0, 110.0, 80.0})
+            if (temperature > coldestWithPhases(feed) && findFrom({FlashVariable::temperature, temperature}))
+                return true;
+        for (const double pressure : {1e6, 1e7})
+            if (findFromAll({FlashVariable::pressure, pressure}))
                 return true;
         return false;
     }
@@ -67,24 +65,48 @@ private:
 
     bool evaluate(FractionPlace &place) const { return place.evaluate(feed, fraction, other); }
 
+    bool findFrom(const FlashSpecification &at)
+    {
+        FractionPlace start;
+        return startAt(at, start) && findAlong(start);
+    }
+
+    // There can be a line of dense phases below the one of boiling.
+    bool findFromAll(const FlashSpecification &pressure)
+    {
+        QualitySearch quality(feed, fraction);
+        FractionPlace start;
+        for (int interval = 0; quality.scan(pressure, highestFlashTemperature, coldestWithPhases(feed), 48, &interval);)
+            if (startWith(quality.found(), start) && findAlong(start))
+                return true;
+        return false;
+    }
+
+    bool findAlong(const FractionPlace &start)
+    {
+        return !isTraced(start) && (follow(start, 1.0) || follow(start, -1.0));
+    }
+
+    bool startWith(const FlashResult &state, FractionPlace &start) const
+    {
+        start.lnT = std::log(state.temperature);
+        start.lnP = std::log(state.pressure);
+        return evaluate(start) && settle(start);
+    }
+
     bool startAt(const FlashSpecification &at, FractionPlace &start) const
     {
-        const auto take = [&](const FlashResult &state) {
-            start.lnT = std::log(state.temperature);
-            start.lnP = std::log(state.pressure);
-            return evaluate(start) && settle(start);
-        };
         FlashResult state;
         SolutionType type = SolutionType::normal;
         FlashConditions guess;
         if (estimateConditions(feed, fraction.value, at, guess) &&
             findFractionNear(feed, fraction, at, guess, state, type))
-            return take(state);
+            return startWith(state, start);
         QualitySearch quality(feed, fraction);
         const bool found = at.variable == FlashVariable::pressure
                                ? quality.scan(at, highestFlashTemperature, coldestWithPhases(feed), 48)
                                : quality.scan(at, highestFlashPressure, lowestSearchPressure, 20);
-        return found && take(quality.found());
+        return found && startWith(quality.found(), start);
     }
 
     bool isTraced(const FractionPlace &place) const

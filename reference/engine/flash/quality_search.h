@@ -21,8 +21,9 @@ public:
     // Looks between two states at it that flashes found: false when both have too much vapor, or too little.
     bool between(const FlashSpecification &at, const FlashResult &first, const FlashResult &second);
 
-    // Looks in so many intervals, of equal ratio, upward or downward, for the first one that has such a state.
-    bool scan(const FlashSpecification &at, double first, double end, int intervals);
+    // Looks in so many intervals, of equal ratio, upward or downward, for the first one that has such a state; with
+    // `from` beginning there, and leaving there the one with which to go on.
+    bool scan(const FlashSpecification &at, double first, double end, int intervals, int *from = nullptr);
 
     const FlashResult &found() const { return result; }
     SolutionType foundType() const { return type; }
@@ -39,13 +40,17 @@ private:
         double surplus = 0.0;
         FlashResult state;
     };
+    static constexpr double edgeWidth = 2e-15; // of the logarithm of a temperature or pressure
     bool isEnd() const { return fraction.value == 0.0 || fraction.value == 1.0; }
+    static bool isBoth(const FlashResult &state) { return state.vaporPresent && state.phaseCount() > 1; }
+    void nameAsNeighbor(FlashResult &state, const FlashResult &neighbor) const;
     void take(const FlashSpecification &at, double free, Sample &sample) const;
     double surplusOf(const FlashResult &state, const FlashResult &neighbor) const;
     bool liesBetween(const FlashResult &one, const FlashResult &other) const;
     bool differ(Sample &low, Sample &high) const;
     void enclose(const FlashSpecification &at, Sample &low, Sample &high) const;
     bool close(const FlashSpecification &at, Sample &low, Sample &high);
+    bool closeBeforeGap(const FlashSpecification &at, const Sample &low, const Sample &high);
     bool closeInside(const FlashSpecification &at, Sample &low, Sample &high);
     bool closeEnd(const FlashSpecification &at, Sample &low, Sample &high);
     bool accept(const Sample &sample);
