@@ -88,10 +88,9 @@ TEST(ThreePhases, OfOneVaporFractionAreFoundOnEachLine)
         ASSERT_EQ(flashTP(model, given.temperature, given.pressure, given.z, FlashPhases::vaporAndTwoLiquids, state),
                   FlashStatus::solved);
         ASSERT_EQ(state.phaseCount(), 3) << given.temperature;
-        for (const Variable fraction : {Variable::vaporFraction, Variable::vaporMassFraction})
-            for (const Variable other :
-                 {Variable::enthalpy, Variable::entropy, Variable::volume, Variable::internalEnergy})
-                expectRoundTrip(model, given.z, state, fraction, other);
+        expectRoundTrip(model, given.z, state, Variable::vaporFraction, Variable::enthalpy);
+        expectRoundTrip(model, given.z, state, Variable::vaporFraction, Variable::volume);
+        expectRoundTrip(model, given.z, state, Variable::vaporMassFraction, Variable::entropy);
     }
 }
 
