@@ -53,6 +53,7 @@ EOF
 
 # Builds a preset as soon as process $2 has ended, if there is one.
 build_after() {
+    # shellcheck disable=SC2016  # what the inner shell is given
     setsid sh -c '[ -z "$2" ] || tail -f /dev/null --pid="$2"; exec nice scripts/build.sh "$1"' build "$1" "$2" \
         >"build/$1.log" 2>&1 8>&- &
     builders="$builders $!"

@@ -65,8 +65,8 @@ INSTANTIATE_TEST_SUITE_P(
         std::pair{Variable::vaporFraction, Variable::enthalpy}, std::pair{Variable::enthalpy, Variable::entropy},
         std::pair{Variable::volume, Variable::internalEnergy}, std::pair{Variable::entropy, Variable::volume}));
 
-// A vapor fraction has more than one line of states where dense phases, too, are a vapor and two liquids; and the one of
-// boiling can lie at nearly one pressure, at temperatures far apart.
+// A vapor fraction has more than one line of states where dense phases, too, are a vapor and two liquids; and the one
+// of boiling can lie at nearly one pressure, at temperatures far apart.
 TEST(ThreePhases, OfOneVaporFractionAreFoundOnEachLine)
 {
     struct Case {
@@ -76,12 +76,21 @@ TEST(ThreePhases, OfOneVaporFractionAreFoundOnEachLine)
         double temperature, pressure;
     };
     const std::vector<Case> cases{
-        {{"methane", "carbon dioxide", "hydrogen sulfide"}, EquationOfState::pengRobinson, {0.6993, 0.1725, 0.1282},
-         150.6, 4.43e6},
+        {{"methane", "carbon dioxide", "hydrogen sulfide"},
+         EquationOfState::pengRobinson,
+         {0.6993, 0.1725, 0.1282},
+         150.6,
+         4.43e6},
         {{"methane", "n-hexane", "isopentane", "hydrogen sulfide", "carbon dioxide", "n-pentane", "propane"},
-         EquationOfState::soaveRedlichKwong, {0.68, 0.06, 0.09, 0.04, 0.06, 0.01, 0.06}, 112.7, 6.1e6},
-        {{"ethanol", "water", "1-butanol", "methane", "n-hexane", "1-propanol"}, EquationOfState::soaveRedlichKwong,
-         {0.2986, 0.1522, 0.1117, 0.0841, 0.1469, 0.2065}, 405.2, 5.96e6}};
+         EquationOfState::soaveRedlichKwong,
+         {0.68, 0.06, 0.09, 0.04, 0.06, 0.01, 0.06},
+         112.7,
+         6.1e6},
+        {{"ethanol", "water", "1-butanol", "methane", "n-hexane", "1-propanol"},
+         EquationOfState::soaveRedlichKwong,
+         {0.2986, 0.1522, 0.1117, 0.0841, 0.1469, 0.2065},
+         405.2,
+         5.96e6}};
     for (const Case &given : cases) {
         const MixtureModel model = modelOf(given.compounds, given.equation);
         FlashResult state;
