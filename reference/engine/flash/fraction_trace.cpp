@@ -76,10 +76,15 @@ private:
     {
         QualitySearch quality(feed, fraction);
         FractionPlace start;
-        for (int interval = 0; quality.scan(pressure, highestFlashTemperature, coldestWithPhases(feed), 48, &interval);)
+        for (int interval = 0; scanDownward(quality, pressure, &interval);)
             if (startWith(quality.found(), start) && findAlong(start))
                 return true;
         return false;
+    }
+
+    bool scanDownward(QualitySearch &quality, const FlashSpecification &pressure, int *from = nullptr) const
+    {
+        return quality.scan(pressure, highestFlashTemperature, coldestWithPhases(feed), 48, from);
     }
 
     bool findAlong(const FractionPlace &start)
@@ -104,7 +109,7 @@ private:
             return startWith(state, start);
         QualitySearch quality(feed, fraction);
         const bool found = at.variable == FlashVariable::pressure
-                               ? quality.scan(at, highestFlashTemperature, coldestWithPhases(feed), 48)
+                               ? scanDownward(quality, at)
                                : quality.scan(at, highestFlashPressure, lowestSearchPressure, 20);
         return found && startWith(quality.found(), start);
     }

@@ -89,17 +89,17 @@ bool QualitySearch::close(const FlashSpecification &at, Sample &low, Sample &hig
         enclose(at, low, high);
         return differ(low, high) && closeEnd(at, low, high);
     }
+    if (isBoth(low.state) == isBoth(high.state))
+        return differ(low, high) && closeInside(at, low, high);
     const Sample first = low;
     const Sample second = high;
     return (differ(low, high) && closeInside(at, low, high)) || closeBeforeGap(at, first, second);
 }
 
 // Where the vapor ends at once, as where another phase gets its name, there can be more of it before that than at both
-// samples: goes there while it comes nearer.
+// samples, of which one has it beside a liquid and the other not: goes there while it comes nearer.
 bool QualitySearch::closeBeforeGap(const FlashSpecification &at, const Sample &low, const Sample &high)
 {
-    if (isBoth(low.state) == isBoth(high.state))
-        return false;
     Sample inside = isBoth(low.state) ? low : high;
     Sample outside = isBoth(low.state) ? high : low;
     inside.surplus = surplusOf(inside.state, inside.state);
