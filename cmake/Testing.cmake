@@ -57,18 +57,26 @@ function(share_test_headers directory)
     endforeach()
 endfunction()
 
+# The programs of suites see most where sanitizers watch, and the library as it ships under Wine; natively a third run would
+# take three minutes of a processor and tell nothing new.
+option(VERDANTH_SUITES "Build and run the GoogleTest programs; without, those alone that no other build runs whole" ON)
+
 # Adds the suites of a GoogleTest program to CTest as PREFIX and the suite's name, each run in a process of its own, with
 # the test properties that follow; suites whose name matches REGISTRY_SUITES have those of ${ON_REGISTRY}, too. Their cases are
-# counted one by one: scripts/run_suite.py.
+# counted one by one: scripts/run_suite.py. Without VERDANTH_SUITES the program is not built, unless it is here ALWAYS.
 function(add_suites target prefix)
-    cmake_parse_arguments(suites "" "REGISTRY_SUITES" "" ${ARGN})
+    cmake_parse_arguments(suites "ALWAYS" "REGISTRY_SUITES" "" ${ARGN})
+    if(NOT VERDANTH_SUITES AND NOT suites_ALWAYS)
+        set_target_properties(${target} PROPERTIES EXCLUDE_FROM_ALL ON)
+        return()
+    endif()
     set(file ${CMAKE_CURRENT_BINARY_DIR}/${prefix}${target}.cmake)
     file(GENERATE OUTPUT ${file} CONTENT
 "set(target ${target})
 set(prefix ${prefix})
 set(program $<TARGET_FILE:${target}>)
 set(emulator \"$<TARGET_PROPERTY:${target},CROSSCOMPILING_EMULATOR>\")
-set(runner ${PROJECT_SOURCE_DIR}/scripts/run_suite.py)
+set(runner \"${python};${PROJECT_SOURCE_DIR}/scripts/run_suite.py\")
 set(cases ${PROJECT_BINARY_DIR}/test-cases)
 set(folder ${CMAKE_CURRENT_BINARY_DIR})
 set(properties \"${suites_UNPARSED_ARGUMENTS}\")

@@ -29,7 +29,7 @@ endforeach()
 foreach(suite IN LISTS suites)
     set(test ${prefix}${suite})
     string(REPLACE / _ file ${test})
-    add_test(${test} python3 -B ${runner} ${test} ${cases}/${file}.txt ${suite} ${count_of_${suite}} ${emulator} ${program})
+    add_test(${test} ${runner} ${test} ${cases}/${file}.txt ${suite} ${count_of_${suite}} ${emulator} ${program})
     # The runner sees to the time that a process may take.
     set_tests_properties(${test} PROPERTIES WORKING_DIRECTORY ${folder} TIMEOUT 3600 ${properties})
     if(suite MATCHES "^(${registry_suites})$")
