@@ -58,7 +58,7 @@ function(share_test_headers directory)
 endfunction()
 
 # The programs of suites see most where sanitizers watch, and the library as it ships under Wine; natively a third run would
-# take three minutes of a processor and tell nothing new.
+# take five minutes of a processor and tell nothing new.
 option(VERDANTH_SUITES "Build and run the GoogleTest programs; without, those alone that no other build runs whole" ON)
 
 # Adds the suites of a GoogleTest program to CTest as PREFIX and the suite's name, each run in a process of its own, with

@@ -1,5 +1,7 @@
 // How much of a campaign of random states runs.
 #pragma once
 
-// The engine is the same everywhere: natively a campaign runs whole, and where that takes long, the first part of it.
-constexpr int campaignPart = CAMPAIGN_PART;
+// A campaign has four quarters, of which this program has so many: the builds of a whole run share them out.
+constexpr int firstQuarter = FIRST_QUARTER;
+constexpr int quarters = QUARTERS;
+constexpr int endOfQuarters = firstQuarter + quarters;

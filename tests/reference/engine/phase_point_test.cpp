@@ -152,9 +152,14 @@ TEST_P(PhaseDerivatives, AgreeWithDifferences)
 {
     Comparison compare;
     int skipped = 0;
-    constexpr int phases = 1000 / campaignPart;
+    constexpr int phasesOfAQuarter = 250;
+    constexpr int before = firstQuarter * phasesOfAQuarter;
+    constexpr int phases = quarters * phasesOfAQuarter;
+    int number = 0;
     const auto [equation, root] = GetParam();
-    forRandomPhases(equation, root, phases, 1, [&](const RandomPhase &phase) {
+    forRandomPhases(equation, root, before + phases, 1, [&](const RandomPhase &phase) {
+        if (number++ < before)
+            return;
         const double T = phase.temperature;
         const double P = phase.pressure;
         const double dT = 1e-3 * T;
@@ -176,7 +181,7 @@ TEST_P(PhaseDerivatives, AgreeWithDifferences)
                 phase.x[j]);
     });
     EXPECT_LT(skipped, phases / 4);
-    EXPECT_GT(compare.sharp, compare.made * 7 / 10) << compare.sharp << " of " << compare.made;
+    EXPECT_GT(compare.sharp, compare.made * 2 / 3) << compare.sharp << " of " << compare.made;
 }
 
 INSTANTIATE_TEST_SUITE_P(OfEach, PhaseDerivatives,
