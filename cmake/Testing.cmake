@@ -8,12 +8,9 @@ add_subdirectory(/usr/src/googletest googletest EXCLUDE_FROM_ALL SYSTEM)
 set(CMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE PRE_TEST)
 
 # What every program of tests is compiled with: a test is run once, hence no optimization and just the line numbers.
-if(WIN32)
-    # Without inlining each function of a template has three sections of its own, and the time of binutils' linker grows with
-    # the square of their number: 30 s for mex_tests.exe, 6 s with -Og.
-    set(test_options -Og -g1)
-else()
-    set(test_options -O0 -g1 -fPIC) # programs, too, so that they can share compiled headers with libraries
+set(test_options -O0 -g1)
+if(NOT WIN32)
+    list(APPEND test_options -fPIC) # programs, too, so that they can share compiled headers with libraries
 endif()
 if(VERDANTH_SANITIZE)
     # These checks took a quarter of the time of compiling. What tests compile of ours, functions in headers, is left to
@@ -30,7 +27,7 @@ target_compile_options(test_code INTERFACE ${test_options})
 # program; where it has to be, SKIP_UNITY_BUILD_INCLUSION keeps a source for itself.
 macro(compile_in_batches)
     set(CMAKE_UNITY_BUILD ${VERDANTH_QUICK_BUILD})
-    if(VERDANTH_QUICK_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+    if(VERDANTH_QUICK_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL GNU AND NOT WIN32)
         add_compile_options(-Wno-subobject-linkage) # it warns of unnamed namespaces outside of the main file
     endif()
 endmacro()

@@ -31,6 +31,8 @@ need cmake program cmake
 need ninja-build program ninja
 need g++ program g++
 need googletest test -f /usr/src/googletest/CMakeLists.txt
+need clang program clang++
+need lld program ld.lld
 need libclang-rt-dev fuzzer_headers
 need g++-mingw-w64-x86-64-posix program x86_64-w64-mingw32-g++-posix
 need g++-mingw-w64-i686-posix program i686-w64-mingw32-g++-posix
@@ -67,12 +69,10 @@ for work in "$@"; do
         need gcovr program gcovr
         ;;
     fuzz)
-        need clang program clang++
         need llvm program llvm-cov
         ;;
     lint)
         need git program git
-        need clang program clang++
         need clang-format program clang-format
         need clang-tidy program clang-tidy
         need shellcheck program shellcheck

@@ -1,5 +1,4 @@
 // A help viewer for tests: it shows nothing and remembers what it was asked for.
-#include "platform/matlab/mex_export.h"
 #include "platform/platform.h"
 #include "tests/help/help_request.h"
 
@@ -15,7 +14,7 @@ int window;
 extern "C" {
 
 // Ordinal 14 is where the system's viewer has its entry.
-MEX_EXPORT HWND WINAPI ordinal_14(HWND owner, LPCSTR path, UINT command, DWORD_PTR data)
+HWND WINAPI ordinal_14(HWND owner, LPCSTR path, UINT command, DWORD_PTR data)
 {
     ++lastRequest.count;
     std::snprintf(lastRequest.path, sizeof lastRequest.path, "%s", path);
@@ -25,5 +24,5 @@ MEX_EXPORT HWND WINAPI ordinal_14(HWND owner, LPCSTR path, UINT command, DWORD_P
     return lastRequest.refuses ? nullptr : reinterpret_cast<HWND>(&window);
 }
 
-MEX_EXPORT HelpRequest *LastHelpRequest() { return &lastRequest; }
+HelpRequest *LastHelpRequest() { return &lastRequest; }
 }

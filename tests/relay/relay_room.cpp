@@ -24,7 +24,7 @@ RelayFactory factory;
 
 } // namespace
 
-extern "C" __declspec(dllexport) const RelayRoom *TheRelayRoom()
+extern "C" const RelayRoom *TheRelayRoom()
 {
     static const RelayRoom room = {guarded<RegisterServer>,
                                    guarded<UnregisterServer>,

@@ -18,4 +18,4 @@ struct RelayRoom {
     bool (*staysReleased)(DWORD milliseconds);
 };
 
-extern "C" const RelayRoom *TheRelayRoom();
+extern "C" __declspec(dllexport) const RelayRoom *TheRelayRoom();
