@@ -80,7 +80,7 @@ WithoutStandardLibrary::WithoutStandardLibrary()
     if (path != "(none)")
         before = wide(path);
     UnRegisterTypeLib(LIBID_CAPEOPEN110, 1, 1, 0, SYS_WIN32);
-    EXPECT_FALSE(keyExists(KEY_WOW64_64KEY, "TypeLib\\" + standardLibrary));
+    EXPECT_FALSE(keyExists(KEY_WOW64_64KEY, standardLibraryKey));
 }
 
 WithoutStandardLibrary::~WithoutStandardLibrary()

@@ -187,7 +187,7 @@ TEST_F(StandardLibraryRegistration, IsTakenBackWhole)
     EXPECT_EQ(run(relay, L"/RegTypeLib"), 0u);
     EXPECT_EQ(run(relay, L"/UnregTypeLib"), 0u);
     for (const REGSAM view : views) {
-        EXPECT_FALSE(keyExists(view, "TypeLib\\" + standardLibrary));
+        EXPECT_FALSE(keyExists(view, standardLibraryKey));
         for (const auto &[id, name] : someInterfaces)
             EXPECT_FALSE(keyExists(view, "Interface\\" + id)) << name;
     }
@@ -217,7 +217,7 @@ TEST_F(StandardLibraryRegistration, FailsWithoutTheLibrary)
     CreateDirectoryW(folder.c_str(), nullptr);
     ASSERT_TRUE(CopyFileW(relay.c_str(), alone.c_str(), FALSE));
     EXPECT_NE(run(alone, L"/RegTypeLib"), 0u);
-    EXPECT_FALSE(keyExists(KEY_WOW64_64KEY, "TypeLib\\" + standardLibrary));
+    EXPECT_FALSE(keyExists(KEY_WOW64_64KEY, standardLibraryKey));
     EXPECT_TRUE(DeleteFileW(alone.c_str()));
     EXPECT_TRUE(RemoveDirectoryW(folder.c_str()));
 }

@@ -7,7 +7,7 @@ namespace room_failures {
 void cleanRegistry()
 {
     for (const std::string &path :
-         {relayClass, relayInterface, relayLibrary, libraryKey, firstInterface, secondInterface})
+         {relayClass, relayInterface, relayLibrary, installation::standardLibraryKey, firstInterface, secondInterface})
         for (const REGSAM view : views) {
             HKEY parent = nullptr;
             const std::size_t last = path.find('\\');

@@ -1,5 +1,7 @@
 #include "tests/unit/support/allocation_watch.h"
 
+#include "tests/unit/support/real_realloc.h"
+
 #include <cstdlib>
 #include <new>
 
@@ -42,10 +44,9 @@ FailingAllocation::~FailingAllocation() { leftUntilFailure = 0; }
 bool FailingAllocation::happened() { return leftUntilFailure == 0; }
 
 // The linker puts it in the place of realloc (--wrap).
-extern "C" void *__real_realloc(void *block, std::size_t size); // NOLINT(bugprone-reserved-identifier)
-extern "C" void *__wrap_realloc(void *block, std::size_t size)  // NOLINT(bugprone-reserved-identifier)
+extern "C" void *__wrap_realloc(void *block, std::size_t size) // NOLINT(bugprone-reserved-identifier)
 {
-    return failsNow() ? nullptr : __real_realloc(block, size);
+    return failsNow() ? nullptr : realRealloc(block, size);
 }
 
 void *operator new(std::size_t size) { return allocateOrThrow(size); }
