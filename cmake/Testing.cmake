@@ -1,8 +1,17 @@
 # GoogleTest, and how tests are run.
 include(GoogleTest)
+if(WIN32)
+    include(${CMAKE_CURRENT_LIST_DIR}/WindowsTests.cmake)
+endif()
 
-set(INSTALL_GTEST OFF)
-add_subdirectory(/usr/src/googletest googletest EXCLUDE_FROM_ALL SYSTEM)
+function(add_googletest)
+    set(INSTALL_GTEST OFF)
+    if(WIN32)
+        compile_by_clang()
+    endif()
+    add_subdirectory(/usr/src/googletest googletest EXCLUDE_FROM_ALL SYSTEM)
+endfunction()
+add_googletest()
 
 # A test program is asked for its tests when they are to be run: with a cross build, building needs no emulator.
 set(CMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE PRE_TEST)

@@ -13,7 +13,7 @@ set(gcc_libraries ${CMAKE_CXX_IMPLICIT_LINK_DIRECTORIES})
 list(TRANSFORM gcc_libraries REPLACE "(.+)" "-B\\1 -L\\1")
 list(JOIN gcc_libraries " " gcc_libraries)
 
-# For the directory that calls this, and those below.
+# For the targets of the directory or function that calls this, and of the directories that it adds afterwards.
 macro(compile_by_clang)
     set(clang "${CLANG} --target=${CMAKE_CXX_COMPILER_TARGET}")
     # Like g++ for Windows: thread_local by functions of the runtime, and the comparison of types from the library.
@@ -25,7 +25,7 @@ macro(compile_by_clang)
     set(CMAKE_CXX_CREATE_SHARED_LIBRARY
         "${link} <LANGUAGE_COMPILE_FLAGS> <LINK_FLAGS> -shared -o <TARGET> -Wl,--out-implib,<TARGET_IMPLIB> <OBJECTS> <LINK_LIBRARIES>")
     # Windows' headers have a calling convention `pascal`, which is a unit to us.
-    add_compile_options(-Wno-ignored-attributes)
+    string(APPEND CMAKE_CXX_FLAGS " -Wno-ignored-attributes")
     set(CMAKE_CXX_COMPILE_OPTIONS_VISIBILITY_INLINES_HIDDEN -fvisibility-inlines-hidden)
     set(CMAKE_CXX_COMPILE_OPTIONS_INSTANTIATE_TEMPLATES_PCH -fpch-instantiate-templates)
     set(CMAKE_CXX_COMPILE_OPTIONS_CREATE_PCH -Xclang -emit-pch -Xclang -include -Xclang <PCH_HEADER> -x c++-header)
