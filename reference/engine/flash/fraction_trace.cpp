@@ -45,7 +45,8 @@ public:
         for (const double temperature : {400.0, 250.0, 150.0, 110.0, 80.0})
             if (temperature > coldestWithPhases(feed) && findFrom({FlashVariable::temperature, temperature}))
                 return true;
-        for (const double pressure : {1e6, 1e7})
+        // That of dense phases can run at nearly one temperature between a gap and a jump, from 2 to 9 bar.
+        for (const double pressure : {5e5, 1e6, 1e7})
             if (findFromAll({FlashVariable::pressure, pressure}))
                 return true;
         return false;

@@ -66,7 +66,7 @@ INSTANTIATE_TEST_SUITE_P(
         std::pair{Variable::volume, Variable::internalEnergy}, std::pair{Variable::entropy, Variable::volume}));
 
 // A vapor fraction has more than one line of states where dense phases, too, are a vapor and two liquids; and the one
-// of boiling can lie at nearly one pressure, at temperatures far apart.
+// of boiling can lie at nearly one pressure, at temperatures far apart, and one of dense phases at nearly one temperature.
 TEST(ThreePhases, OfOneVaporFractionAreFoundOnEachLine)
 {
     struct Case {
@@ -90,7 +90,12 @@ TEST(ThreePhases, OfOneVaporFractionAreFoundOnEachLine)
          EquationOfState::soaveRedlichKwong,
          {0.2986, 0.1522, 0.1117, 0.0841, 0.1469, 0.2065},
          405.2,
-         5.96e6}};
+         5.96e6},
+        {{"hydrogen sulfide", "carbon dioxide", "methane", "ethane", "propane", "n-butane"},
+         EquationOfState::pengRobinson,
+         {0.2192, 0.1644, 0.0447, 0.2625, 0.1412, 0.168},
+         137.317,
+         4.2345e5}};
     for (const Case &given : cases) {
         const MixtureModel model = modelOf(given.compounds, given.equation);
         FlashResult state;
