@@ -35,8 +35,8 @@ public:
     RegisteredPackage32 &operator=(const RegisteredPackage32 &) = delete;
 };
 
-// The CAPE-OPEN type library, and where its file is registered. None is made of another: programs that clang++ makes for
-// Windows initialize the variables of headers in any order.
+// The CAPE-OPEN type library, and where its file is registered. None is made of another: programs that clang++ makes
+// for Windows initialize the variables of headers in any order.
 inline constexpr char standardLibrary[] = "{4A5E2E81-C093-11D4-9F1B-0010A4D198C2}";
 inline const std::string standardLibraryKey = std::string("TypeLib\\") + standardLibrary;
 inline const std::string standardLibraryPathKey = std::string("TypeLib\\") + standardLibrary + "\\1.1\\0\\win32";

@@ -65,8 +65,8 @@ INSTANTIATE_TEST_SUITE_P(
         std::pair{Variable::vaporFraction, Variable::enthalpy}, std::pair{Variable::enthalpy, Variable::entropy},
         std::pair{Variable::volume, Variable::internalEnergy}, std::pair{Variable::entropy, Variable::volume}));
 
-// A vapor fraction has more than one line of states where dense phases, too, are a vapor and two liquids; and the one
-// of boiling can lie at nearly one pressure, at temperatures far apart, and one of dense phases at nearly one temperature.
+// A vapor fraction has more than one line of states where dense phases, too, are a vapor and two liquids. The one of
+// boiling can lie at nearly one pressure, at temperatures far apart, and one of dense phases at nearly one temperature.
 TEST(ThreePhases, OfOneVaporFractionAreFoundOnEachLine)
 {
     struct Case {
