@@ -84,7 +84,7 @@ protected:
     void expectLibraryRegistered()
     {
         for (const REGSAM view : views) {
-            expectFile(view, standardLibraryKey + "\\1.1\\0\\win32", "CapeOpen11.tlb");
+            expectFile(view, standardLibraryPathKey, "CapeOpen11.tlb");
             expectInterface(view, firstInterface, "ISmallFirst", standardLibrary);
             expectInterface(view, secondInterface, "ISmallSecond", standardLibrary);
         }
@@ -163,21 +163,18 @@ TEST_F(RegistrationCallFails, InRegisterStandardLibraryAgain)
 TEST_F(RegistrationCallFails, InUnregisterStandardLibrary)
 {
     // By the library's entry the rest is found the next time.
-    failEach(
-        {.run = room->unregisterStandardLibrary,
-         .expectDone = [this] { expectLibraryUnregistered(); },
-         .undo = [this] { registerLibrary(); },
-         .expectFailed = [] { expectFile(KEY_WOW64_32KEY, standardLibraryKey + "\\1.1\\0\\win32", "CapeOpen11.tlb"); }},
-        together({{memory(), findingProgram, loading, removing, unregistering}, reading, lookingIntoLibrary()}));
+    failEach({.run = room->unregisterStandardLibrary,
+              .expectDone = [this] { expectLibraryUnregistered(); },
+              .undo = [this] { registerLibrary(); },
+              .expectFailed = [] { expectFile(KEY_WOW64_32KEY, standardLibraryPathKey, "CapeOpen11.tlb"); }},
+             together({{memory(), findingProgram, loading, removing, unregistering}, reading, lookingIntoLibrary()}));
 }
 
 // What cannot be loaded serves nobody.
 TEST_F(RegistrationCallFails, WhereAnotherProgramsLibraryIsRegistered)
 {
     registerTypeLibrary(install(L"SmallStandard.tlb", L"somebody_elses.tlb"));
-    const auto expectTheirs = [] {
-        expectFile(KEY_WOW64_32KEY, standardLibraryKey + "\\1.1\\0\\win32", "somebody_elses.tlb");
-    };
+    const auto expectTheirs = [] { expectFile(KEY_WOW64_32KEY, standardLibraryPathKey, "somebody_elses.tlb"); };
     for (const Way &way : {findingProgram, reading[0], reading[1]}) {
         SCOPED_TRACE(way.name);
         EXPECT_TRUE(runStruck({.run = room->registerStandardLibrary}, way, 1));
