@@ -109,6 +109,24 @@ bool boils(const Feed &feed, const FlashResult &result)
     return vapor.severalRoots && std::fabs(vapor.lnPhi[0] - liquid.lnPhi[0]) < 1e-9;
 }
 
+// Whether a variable has the same value at any pressure: the volume of a liquid that does not yield, and with it the
+// Helmholtz energy, of models with activity coefficients.
+bool leavesPressureOpen(const FoundState &state, const FlashSpecification &given)
+{
+    const Totals &totals = state.equilibrium.totals;
+    constexpr double roundOff = 1e-12;
+    return !state.equilibrium.phases.vaporPresent && std::fabs(totals.pressure * totals.byPressure(given.variable)) <
+                                                         roundOff * scaleOf(given, totals.temperature);
+}
+
+FlashStatus explainOpenPressure(const FlashSpecification &first, const FlashSpecification &second, FlashReason &reason)
+{
+    const PairText text(first, second);
+    giveReason(reason, "The liquid has %s and %s at any pressure: its volume does not depend on it",
+               text.first.text.data(), text.second.text.data());
+    return FlashStatus::undetermined;
+}
+
 // With all compounds present and the variables in the order of their table.
 FlashStatus flashPresent(const Feed &feed, const FlashSpecification &first, const FlashSpecification &second,
                          SolutionType type, FlashResult &result, FlashReason &reason)
@@ -137,6 +155,8 @@ FlashStatus flashPresent(const Feed &feed, const FlashSpecification &first, cons
         const double start = first.variable == FlashVariable::temperature ? 1e5 : 300.0;
         if (solveAtCondition(feed, first, second, start, true, state, findings) != SearchStatus::found)
             return explainSearch(findings, first, second, reason);
+        if (first.variable == FlashVariable::temperature && leavesPressureOpen(state, second))
+            return explainOpenPressure(first, second, reason);
         result = state.equilibrium.phases;
         if (second.variable == FlashVariable::gibbsEnergy && boils(feed, result)) {
             const PairText text(first, second);
@@ -148,6 +168,8 @@ FlashStatus flashPresent(const Feed &feed, const FlashSpecification &first, cons
     }
     if (solveWithoutCondition(feed, first, second, state, findings) != SearchStatus::found)
         return explainSearch(findings, first, second, reason);
+    if (leavesPressureOpen(state, first) && leavesPressureOpen(state, second))
+        return explainOpenPressure(first, second, reason);
     result = state.equilibrium.phases;
     return FlashStatus::solved;
 }

@@ -391,7 +391,7 @@ private:
 
     bool advance(const LinePoint &last, double sign, double &size, LinePoint &next)
     {
-        constexpr double critical = 1e-3; // ln K so near to a critical point that there are no digits to go there with
+        constexpr double critical = 1e-5; // ln K so near to a critical point that there are no digits to go there with
         constexpr double shortest = 1e-5;
         const double longest = longestStep(last);
         const double before = last.point.largestLnK(n);

@@ -139,11 +139,12 @@ bool QualitySearch::closeInside(const FlashSpecification &at, Sample &low, Sampl
         moreVaporUpward == (at.variable == FlashVariable::pressure) ? SolutionType::normal : SolutionType::retrograde;
     double lowWeight = 1.0;
     double highWeight = 1.0;
+    bool isSlow = false; // where there is no vapor, what is too little is the same everywhere
     Sample middle;
     for (int step = 0; step < 100; ++step) {
         const double width = high.free - low.free;
         double part = 0.5;
-        if (step % 4 != 3) // the method of Illinois
+        if (!isSlow) // the method of Illinois
             part = lowWeight * low.surplus / (lowWeight * low.surplus - highWeight * high.surplus);
         take(at, low.free + part * width, middle);
         if (!middle.known)
@@ -156,6 +157,7 @@ bool QualitySearch::closeInside(const FlashSpecification &at, Sample &low, Sampl
         if (std::fabs(middle.surplus) < met && accept(middle))
             return true;
         const bool isLow = (middle.surplus > 0.0) == (low.surplus > 0.0);
+        isSlow = std::fabs(middle.surplus) > 0.5 * std::fabs((isLow ? low : high).surplus);
         lowWeight = isLow ? 1.0 : 0.5 * lowWeight;
         highWeight = isLow ? 0.5 * highWeight : 1.0;
         (isLow ? low : high) = middle;

@@ -2,6 +2,7 @@
 
 #include "reference/engine/eos/gas_constant.h"
 #include "reference/engine/equilibrium/rachford_rice.h"
+#include "reference/engine/flash/near_phases.h"
 #include "reference/engine/phase/phase_evaluation.h"
 
 #include <algorithm>
@@ -14,6 +15,7 @@ namespace {
 constexpr int mostSteps = 30;
 constexpr double solved = 1e-12;     // largest residual aimed at
 constexpr double goodEnough = 1e-11; // where round-off lets no more
+constexpr double smallStep = 0.01;   // of the difference of phases that are nearly one
 
 double sumOf(int n, const CompoundArray &values)
 {
@@ -213,10 +215,14 @@ void TwoPhaseEquations::build(const Feed &feed, const TwoPhasePoint &point, cons
     const double vaporSum = sumOf(n, point.y);
     const double liquidSum = sumOf(n, point.x);
 
+    CompoundArray difference;
+    for (int i = 0; i < n; ++i)
+        difference[i] = point.vapor.state.lnPhi[i] - point.liquid.state.lnPhi[i];
+    areNear = differenceOfNearPhases(feed, point, difference);
     residuals[n] = 0.0;
     for (int i = 0; i < n; ++i) {
-        residuals[i] = point.unknowns[i] + point.vapor.state.lnPhi[i] - point.liquid.state.lnPhi[i];
-        residuals[n] += point.y[i] - point.x[i];
+        residuals[i] = point.unknowns[i] + difference[i];
+        residuals[n] += point.x[i] * std::expm1(point.unknowns[i]);
         slopes.at(i, TwoPhasePoint::temperatureAt(n)) =
             T * (point.vapor.slopes.lnPhiByT[i] - point.liquid.slopes.lnPhiByT[i]);
         slopes.at(i, TwoPhasePoint::pressureAt(n)) =
@@ -261,6 +267,7 @@ bool approach(const Feed &feed, TwoPhasePoint &point, const Closing &first, cons
     UnknownArray best;
     double least = 1e300;
     int failures = 0;
+    double lastStep = limitOfLnK; // largest change of an ln K
     for (int step = 0; step < mostSteps; ++step) {
         if (!point.evaluate(feed))
             return false;
@@ -269,12 +276,13 @@ bool approach(const Feed &feed, TwoPhasePoint &point, const Closing &first, cons
         const double residual = std::max(equations.largest(), 20.0 * std::fabs(equations.residuals[n]));
         if (!std::isfinite(residual))
             return false;
-        if (residual < solved)
+        // Fugacities of any phases that are nearly one differ by little: there the last step tells.
+        if (residual < solved && (!equations.areNear || lastStep < smallStep * point.largestLnK(n)))
             return true;
         if (residual < least) {
             least = residual;
             best = point.unknowns;
-        } else if (least < goodEnough && ++failures == 3) {
+        } else if (!equations.areNear && least < goodEnough && ++failures == 3) {
             point.unknowns = best; // round-off: it gets no better
             return point.evaluate(feed);
         }
@@ -290,6 +298,9 @@ bool approach(const Feed &feed, TwoPhasePoint &point, const Closing &first, cons
         length = std::min(length, 1.0 / std::max(1e-300, std::fabs(change[TwoPhasePoint::pressureAt(n)])));
         if (!(length > 1e-6))
             return false;
+        lastStep = 0.0;
+        for (int i = 0; i < n; ++i)
+            lastStep = std::max(lastStep, length * std::fabs(change[i]));
         for (int i = 0; i < n + 3; ++i)
             point.unknowns[i] -= length * change[i];
     }
@@ -302,13 +313,12 @@ bool solvePoint(const Feed &feed, TwoPhasePoint &point, const Closing &first, co
 {
     if (!approach(feed, point, first, second))
         return false;
-    constexpr double distinct = 0.01; // difference of the phases from which on there is no doubt
-    const int n = feed.size();
-    const double difference = point.largestLnK(n);
-    if (n == 1 || difference > distinct)
+    if (!areNearPhases(feed, point))
         return true;
     // Where a phase is about to split by itself, next to a critical point, the equations nearly hold for any phases
     // that are nearly one. Those that are a solution are found again from further apart.
+    const int n = feed.size();
+    const double difference = point.largestLnK(n);
     TwoPhasePoint again = point;
     for (int i = 0; i < n; ++i)
         again.unknowns[i] *= 1.5;

@@ -57,6 +57,7 @@ struct TwoPhasePoint {
 struct TwoPhaseEquations {
     UnknownArray residuals;
     SquareMatrix slopes;
+    bool areNear; // the phases, next to a critical point: the fugacities have the digits of their difference
 
     void build(const Feed &feed, const TwoPhasePoint &point, const Closing &first, const Closing &second);
     double largest() const; // residual

@@ -15,7 +15,8 @@ bool areVaporAndLiquid(const Feed &feed, const TwoPhasePoint &point)
     const PhaseState &vapor = point.vapor.state;
     const PhaseState &liquid = point.liquid.state;
     const double ratio = vapor.Z / liquid.Z;
-    if (std::fabs(ratio - 1.0) < 1e-4 && (feed.size() == 1 || point.largestLnK(feed.size()) < 1e-4))
+    const double one = feed.size() == 1 ? 1e-4 : 1e-5; // difference of phases that can't be told from one
+    if (std::fabs(ratio - 1.0) < one && (feed.size() == 1 || point.largestLnK(feed.size()) < one))
         return false;
     // Beyond a critical point the equations hold with the phases in each other's place, unless one of them stands at
     // one of several roots. A molecule's own volume is the measure of density, as for flashTP.
