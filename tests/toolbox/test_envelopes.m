@@ -23,7 +23,7 @@ end
 
 % Next to where vapor and a second liquid become the same a line has points beyond the last one.
 function points_that_the_flash_does_not_find_are_told(~)
-    [package, Z] = mixture_of_family('natural_gas', 18);
+    [package, Z] = mixture_of_family('sour', 12);
     h = capeOpenCreate('Verdanth Reference Packages', package);
     lastwarn('');
     [T, P] = capeOpenPhaseEnvelope(h, Z);

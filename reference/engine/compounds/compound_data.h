@@ -16,7 +16,7 @@ namespace reference {
 //   exponential  value = scale * exp(g * (n1 q^t1 + n2 q^t2 + ...)), g = T0 / T for a vapor pressure
 //                and 1 for a density
 //   linear       value = scale * (1 + n1 q^t1 + n2 q^t2 + ...)
-// reference/engine/saturation.h evaluates it.
+// reference/engine/compounds/saturation.h evaluates it.
 enum class CorrelationForm { none, exponential, linear };
 
 struct Correlation {

@@ -16,12 +16,8 @@ constexpr double samePhase = 3e-5;  // sum of the differences between mole numbe
 constexpr double nearPhase = 3e-3;  // the same, where a step has brought the trial nearer by a good part
 constexpr double contraction = 0.3; // of that difference in such a step
 constexpr double nearlyOne = 0.03;  // sum of the differences between two phases that are tested as one
-constexpr double slack = 0.7;       // of logarithms of mole numbers
-constexpr double wideSlack = 6.0;   // the same next to a critical point, where many a phase is far from pure
 constexpr int substitutions = 8;
 constexpr int newtonSteps = 40;
-
-constexpr double never = -1e300;
 
 } // namespace
 
@@ -94,42 +90,7 @@ StabilityTest::StabilityTest(const FlashProblem &whole, const PhaseSplit &phases
     for (int i = 0; i < problem.size(); ++i)
         potential[i] = std::log(first.x[i]) + first.state.lnPhi[i];
     listStarts();
-}
-
-// Pure compounds that would form a phase at once come first: they save the rest.
-void StabilityTest::listStarts()
-{
-    const auto add = [&](Start::Kind kind, int one, int other = 0) { starts[startCount++] = {kind, one, other}; };
-    CompoundArray gain; // of the start's compound: what its phase would have of it, as logarithm
-    const auto addPure = [&](bool forming) {
-        const int from = startCount;
-        for (int i = 0; i < problem.size(); ++i)
-            if ((gain[i] > 0.0) == forming && gain[i] > never)
-                add(Start::Kind::pure, i);
-        std::sort(starts.begin() + from, starts.begin() + startCount,
-                  [&](const Start &a, const Start &b) { return gain[a.one] > gain[b.one]; });
-    };
-    const bool isCritical = isNearCritical();
-    const double reach = isOne && isCritical ? wideSlack : slack;
-    arrival = isCritical ? 0.0 : nearPhase;
-    for (int i = 0; i < problem.size(); ++i)
-        gain[i] = setPureStart(i, reach, pureStarts[i]) ? pureStarts[i][i] : never;
-    addPure(true);
-    bool hasVapor = false;
-    for (int k = 0; k < split.count; ++k)
-        hasVapor = hasVapor || !problem.looksLiquid(split.phases[k].state);
-    if (problem.vaporAllowed && (isOne || !hasVapor))
-        add(Start::Kind::wilsonVapor, 0);
-    if (isOne)
-        add(Start::Kind::wilsonLiquid, 0);
-    for (int k = 1; k < split.count; ++k)
-        for (int m = 0; m < k; ++m)
-            add(Start::Kind::mean, m, k);
-    for (int k = 0; k < split.count && isCritical; ++k)
-        for (int m = 0; m < split.count; ++m)
-            if (m != k)
-                add(Start::Kind::lean, m, k);
-    addPure(false);
+    arrival = isNearCritical ? 0.0 : nearPhase;
 }
 
 // One step of Newton's method in 2 sqrt(W_i), shortened until the distance falls.
@@ -225,69 +186,6 @@ bool StabilityTest::descend(TrialPhase &found) const
     found.distance = trial.distance;
     const bool isAllowed = problem.vaporAllowed || problem.looksLiquid(trial.state);
     return isAllowed && trial.distance < unstable && differenceFromKnown(trial.W, trial.state) > samePhase;
-}
-
-void StabilityTest::setStart(const Start &at, TrialPhase &trial) const
-{
-    const int n = problem.size();
-    const auto byWilson = [&](double sign) {
-        for (int i = 0; i < n; ++i)
-            trial.lnW[i] =
-                std::log(problem.z[i]) +
-                sign * wilsonLogRatio(problem.model.compounds[i], problem.isotherm.temperature, problem.pressure);
-    };
-    switch (at.kind) {
-    case Start::Kind::wilsonVapor:
-        trial.root = Root::vapor;
-        return byWilson(1.0);
-    case Start::Kind::wilsonLiquid:
-        trial.root = Root::liquid;
-        return byWilson(-1.0);
-    case Start::Kind::mean: // between two phases, a third one can hide that neither leads to
-        trial.root = problem.bestRoot();
-        for (int i = 0; i < n; ++i)
-            trial.lnW[i] = std::log(split.phases[at.one].x[i] + split.phases[at.other].x[i]);
-        return;
-    case Start::Kind::lean: // some of another phase in one that is about to split
-        trial.root = problem.bestRoot();
-        for (int i = 0; i < n; ++i)
-            trial.lnW[i] = std::log(0.95 * split.phases[at.one].x[i] + 0.05 * split.phases[at.other].x[i]);
-        return;
-    case Start::Kind::pure:
-        trial.root = Root::liquid;
-        std::copy_n(pureStarts[at.one].begin(), n, trial.lnW.begin());
-    }
-}
-
-// What a phase of one compound alone would become in one step of substitution. False if it would take up more of
-// another compound than of its own, by `reach` as logarithm, at the chemical potentials there are: the search would not
-// stay near it.
-bool StabilityTest::setPureStart(int pure, double reach, CompoundArray &lnW) const
-{
-    if (problem.model.isIdeal())
-        return false; // its liquids never split
-    CompoundArray lnPhi;
-    evaluateSolvent(problem.model, problem.isotherm, problem.pressure, pure, lnPhi);
-    const double most = potential[pure] - lnPhi[pure] + reach;
-    for (int i = 0; i < problem.size(); ++i) {
-        lnW[i] = potential[i] - lnPhi[i];
-        if (lnW[i] > most)
-            return false;
-    }
-    return true;
-}
-
-// Whether a phase is neither like a gas nor like a liquid: by its volume over its covolume, about four at a critical
-// point. Two phases of the same kind can be near to such a one each.
-bool StabilityTest::isNearCritical() const
-{
-    if (!problem.model.isCubic())
-        return false;
-    const auto isMiddling = [&](const SplitPhase &phase) {
-        const double volume = phase.state.Z / phase.state.B;
-        return !phase.state.severalRoots && volume > (isOne ? 1.6 : 2.0) && volume < (isOne ? 8.0 : 6.0);
-    };
-    return std::any_of(split.phases.begin(), split.phases.begin() + split.count, isMiddling);
 }
 
 bool StabilityTest::findNext(TrialPhase &trial)

@@ -22,6 +22,14 @@ const Names sour = {"hydrogen sulfide", "carbon dioxide", "methane", "ethane", "
 const Names alcohols = {"water",     "methanol", "ethanol",  "1-propanol", "2-propanol",
                         "1-butanol", "acetone",  "n-hexane", "benzene",    "methane"};
 
+const Names hotWet = {"water",   "n-hexane", "n-heptane", "n-octane", "n-decane", "n-undecane",
+                      "benzene", "toluene",  "m-xylene",  "hydrogen", "methane",  "carbon dioxide"};
+const Names coldGases = {"nitrogen", "ethane",   "methane", "propane", "carbon monoxide",
+                         "ethylene", "hydrogen", "oxygen",  "argon"};
+const Names ammoniacal = {"water",     "ammonia",       "n-hexane",       "n-octane", "n-decane", "1-propanol",
+                          "1-butanol", "nitrous oxide", "carbon dioxide", "R-125",    "argon",    "helium",
+                          "methane",   "propane",       "toluene",        "hydrogen"};
+
 // What a feed is drawn from: some of the compounds, of which the first ones are always there.
 struct FeedRange {
     const Names *from;
@@ -39,6 +47,9 @@ constexpr FeedRange wetTraceRange{&wetHydrocarbons, 1, 3, 10, 0.6, 1e-8, 150.0, 
 constexpr FeedRange wetRange{&wetHydrocarbons, 1, 2, 10, 0.15, 1e-4, 250.0, 550.0, 1e5, 3e7};
 constexpr FeedRange coldSourRange{&sour, 2, 3, 7, 0.1, 1e-3, 130.0, 280.0, 1e5, 2e7};
 constexpr FeedRange alcoholRange{&alcohols, 0, 2, 7, 0.1, 1e-3, 270.0, 500.0, 1e4, 1e7};
+constexpr FeedRange hotWetRange{&hotWet, 1, 2, 5, 0.05, 1e-5, 430.0, 600.0, 5e5, 2e7};
+constexpr FeedRange coldGasRange{&coldGases, 1, 2, 4, 0.05, 1e-4, 110.0, 150.0, 1e6, 1e7};
+constexpr FeedRange ammoniacalRange{&ammoniacal, 2, 3, 6, 0.1, 1e-6, 230.0, 420.0, 1e5, 3e7};
 
 class Draw {
 public:
@@ -184,10 +195,12 @@ FeedCase nearCritical(std::uint64_t seed)
     return made;
 }
 
-constexpr FeedFamily families[] = {
-    {"natural gas", naturalGas},  {"refinery", drawn<refineryRange>}, {"aromatics", drawn<aromaticRange>},
-    {"traces", traces},           {"water", drawn<wetRange>},         {"sour, cold", drawn<coldSourRange>},
-    {"boundaries", nearBoundary}, {"critical", nearCritical},         {"alcohols", drawn<alcoholRange>}};
+constexpr FeedFamily families[] = {{"natural gas", naturalGas},          {"refinery", drawn<refineryRange>},
+                                   {"aromatics", drawn<aromaticRange>},  {"traces", traces},
+                                   {"water", drawn<wetRange>},           {"sour, cold", drawn<coldSourRange>},
+                                   {"boundaries", nearBoundary},         {"critical", nearCritical},
+                                   {"alcohols", drawn<alcoholRange>},    {"water, hot", drawn<hotWetRange>},
+                                   {"gases, cold", drawn<coldGasRange>}, {"ammonia", drawn<ammoniacalRange>}};
 
 } // namespace
 

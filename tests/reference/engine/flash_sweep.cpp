@@ -59,7 +59,7 @@ public:
                 const bool wanted = type == SolutionType::unspecified || type == found;
                 const FlashResult &outside = enters ? last : now;
                 const bool right = fraction == 1.0 ? outside.vaporPresent : outside.liquidPresent;
-                if (wanted && right && std::fabs(fractionAtEdge(i, enters) - fraction) < 0.01)
+                if (wanted && right && std::fabs(fractionAtEdge(i, enters) - fraction) < 1e-3)
                     return true;
             }
             last = now;
@@ -260,6 +260,17 @@ private:
         ++countOf(problem).solved;
     }
 
+    // The volume of a liquid by activity coefficients, and its Helmholtz energy, are the same at any pressure.
+    static bool leavesPressureOpen(const FlashCase &problem, const FlashResult &state)
+    {
+        const auto isOpen = [](const FlashSpecification &given) {
+            return given.variable == FlashVariable::temperature || given.variable == FlashVariable::volume ||
+                   given.variable == FlashVariable::helmholtzEnergy;
+        };
+        return !problem.model.isCubic() && !state.vaporPresent && isOpen(problem.request.first) &&
+               isOpen(problem.request.second);
+    }
+
     // Takes the values of a state, and expects one that has them, too.
     void judgeSolvable(FlashCase &problem, const FlashResult &state)
     {
@@ -268,6 +279,12 @@ private:
         FlashResult result;
         FlashReason reason;
         const FlashStatus status = flash(problem.model, problem.request, problem.z, result, reason);
+        if (leavesPressureOpen(problem, state) && !(status == FlashStatus::solved && result.vaporPresent)) {
+            ++countOf(problem).refused;
+            if (status != FlashStatus::undetermined)
+                fault(problem, "a pressure was made up");
+            return;
+        }
         if (status != FlashStatus::solved)
             return miss(problem, std::string("refused a state that exists, at ") + std::to_string(state.temperature) +
                                      " K, " + std::to_string(state.pressure) + " Pa: " + reason.data());

@@ -1,12 +1,15 @@
 // Liquids by activity coefficients.
 #include "reference/engine/eos/gas_constant.h"
+#include "reference/engine/equilibrium/flash_tp.h"
 #include "reference/engine/flash/flash.h"
 #include "reference/engine/phase/phase_point.h"
+#include "tests/reference/engine/flash_check.h"
 #include "tests/reference/engine/mixtures.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <string>
 
 using namespace reference;
 
@@ -169,4 +172,39 @@ TEST(Nrtl, SplitsButanolAndWaterIntoTwoLiquids)
     ASSERT_TRUE(result.liquidPresent && result.liquid2Present);
     EXPECT_GT(result.liquid2[1], 0.95);
     EXPECT_LT(result.liquid[1], 0.7);
+}
+
+// The volume of such a liquid, and with it the Helmholtz energy, do not depend on the pressure.
+TEST(Nrtl, LeavesThePressureOfALiquidOpen)
+{
+    const MixtureModel model = nrtlOf({"ethanol", "water"});
+    const std::vector<double> z = {0.3, 0.7};
+    const auto statusOf = [&](FlashVariable first, FlashVariable second, double temperature, double pressure) {
+        FlashResult state;
+        EXPECT_EQ(flashTP(model, temperature, pressure, z, FlashPhases::vaporAndTwoLiquids, state),
+                  FlashStatus::solved);
+        EXPECT_EQ(state.vaporPresent && state.liquidPresent, temperature > 350.0); // it boils
+        const FlashRequest request{{first, valueOf(model, z, state, first)},
+                                   {second, valueOf(model, z, state, second)}};
+        FlashResult result;
+        FlashReason reason{};
+        const FlashStatus status = flash(model, request, z, result, reason);
+        EXPECT_EQ(status == FlashStatus::undetermined,
+                  std::string(reason.data()).find("at any pressure") != std::string::npos)
+            << reason.data();
+        return status;
+    };
+    for (const double pressure : {1e5, 20e5}) {
+        EXPECT_EQ(statusOf(FlashVariable::temperature, FlashVariable::volume, 300.0, pressure),
+                  FlashStatus::undetermined);
+        EXPECT_EQ(statusOf(FlashVariable::temperature, FlashVariable::helmholtzEnergy, 300.0, pressure),
+                  FlashStatus::undetermined);
+        EXPECT_EQ(statusOf(FlashVariable::volume, FlashVariable::helmholtzEnergy, 300.0, pressure),
+                  FlashStatus::undetermined);
+        EXPECT_EQ(statusOf(FlashVariable::pressure, FlashVariable::volume, 300.0, pressure), FlashStatus::solved);
+        EXPECT_EQ(statusOf(FlashVariable::temperature, FlashVariable::gibbsEnergy, 300.0, pressure),
+                  FlashStatus::solved);
+        EXPECT_EQ(statusOf(FlashVariable::temperature, FlashVariable::entropy, 300.0, pressure), FlashStatus::solved);
+    }
+    EXPECT_EQ(statusOf(FlashVariable::temperature, FlashVariable::volume, 358.0, 1.013e5), FlashStatus::solved);
 }

@@ -37,7 +37,7 @@ TEST_P(PhaseSweepOf, FindsTheStableStates)
         ADD_FAILURE() << family.name << ": " << fault;
     EXPECT_EQ(sweep.count.feeds, quarters * feedsOfAQuarter);
     EXPECT_EQ(sweep.count.judgeWorse, 0);
-    EXPECT_GT(sweep.count.byPhases[1], 10 * quarters);
+    EXPECT_GT(sweep.count.byPhases[1], 5 * quarters);
     EXPECT_GT(sweep.count.byPhases[2], 5 * quarters);
 }
 
@@ -178,6 +178,51 @@ TEST(StablePhases, AreFoundWhereThatIsHard)
         EXPECT_EQ(sweep.count.byPhases[each.phases], 1) << each.family << ' ' << each.seed;
         for (const std::string &fault : sweep.faults)
             ADD_FAILURE() << fault;
+    }
+}
+
+// Phases that no start near a pure compound leads to, nor Wilson's ratios.
+TEST(StablePhases, AreFoundWhereFewStartsLead)
+{
+    constexpr auto pengRobinson = EquationOfState::pengRobinson;
+    constexpr auto soave = EquationOfState::soaveRedlichKwong;
+    const struct {
+        EquationOfState equation;
+        double temperature, pressure;
+        std::vector<std::string_view> compounds;
+        std::vector<double> z;
+        int phases;
+    } cases[] = {
+        // a vapor with more water than Wilson's ratios say
+        {pengRobinson, 470.0, 27e5, {"water", "n-hexane"}, {0.12, 0.88}, 2},
+        {soave, 470.0, 29e5, {"water", "n-hexane"}, {0.12, 0.88}, 2},
+        {pengRobinson, 500.0, 34e5, {"water", "toluene"}, {0.12, 0.88}, 2},
+        {pengRobinson, 510.0, 46.5e5, {"water", "benzene"}, {0.15, 0.85}, 2},
+        // two liquids instead of a vapor and a liquid, and instead of one
+        {pengRobinson, 125.0, 31.1e5, {"nitrogen", "ethane"}, {0.6, 0.4}, 2},
+        {pengRobinson, 125.0, 30.7e5, {"nitrogen", "ethane"}, {0.6, 0.4}, 2},
+        {pengRobinson, 132.72, 28.75e5, {"carbon monoxide", "propane", "methane"}, {0.437, 0.369, 0.194}, 2},
+        {pengRobinson, 130.953, 3402412.0, {"ethane", "nitrogen", "methane"}, {0.31691, 0.47129, 0.2118}, 2},
+        // water and ammonia, which each would take up more of the other, or water that would of ammonia
+        {pengRobinson, 260.0, 20e5, {"water", "ammonia", "n-hexane"}, {0.005, 0.4, 0.595}, 2},
+        {pengRobinson, 356.364, 2451031.0, {"water", "ammonia", "1-propanol"}, {0.1981, 0.6074, 0.1945}, 2},
+        {pengRobinson,
+         394.173,
+         7943038.0,
+         {"water", "ammonia", "n-decane", "argon", "methane"},
+         {0.04718, 0.69517, 0.05631, 0.11483, 0.08651},
+         3},
+        // a liquid of hydrocarbons that holds much water
+        {soave, 539.409, 85.795e5, {"hydrogen", "n-undecane", "water"}, {0.16, 0.094, 0.746}, 3},
+        // a vapor that is about to split by itself, beside water
+        {pengRobinson, 358.69, 5142331.0, {"water", "propylene", "carbon dioxide"}, {0.25858, 0.64717, 0.09425}, 3},
+    };
+    for (const auto &each : cases) {
+        const MixtureModel model = modelOf(each.compounds, each.equation);
+        const FlashResult result = stateOf(model, each.temperature, each.pressure, each.z);
+        const JudgedState judged = judge(model, each.temperature, each.pressure, each.z);
+        EXPECT_EQ(result.phaseCount(), each.phases) << each.temperature;
+        EXPECT_LT(gibbsOf(model, result) - judged.gibbs, 1e-9) << each.temperature;
     }
 }
 

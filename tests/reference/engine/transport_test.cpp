@@ -1,4 +1,5 @@
-#include "reference/engine/transport/chung_fluid.h"
+#include "reference/engine/transport/chung_mixture.h"
+#include "reference/engine/transport/pure_transport.h"
 #include "tests/reference/engine/random_points.h"
 
 #include <gtest/gtest.h>
@@ -145,6 +146,31 @@ TEST(Transport, MixesThinGasesAsWilkeDoes)
             0.3 * of(1.0, quantity) / (0.3 + 0.7 * phi12) + 0.7 * of(0.0, quantity) / (0.7 + 0.3 * phi21);
         EXPECT_NEAR(of(0.3, quantity), expected, 1e-6 * expected);
     }
+}
+
+// What a liquid has over the thin gas is the correlation's for the mixture, times the geometric mean of the factors
+// that its pure compounds need: Grunberg, Nissan, Nature 164 (1949) 799. For 1-butanol and n-hexane an arithmetic mean
+// of these would be another one by a part.
+TEST(Transport, MixesWhatLiquidsNeedGeometrically)
+{
+    constexpr double T = 298.15;
+    constexpr std::array x = {0.4, 0.6};
+    const MixtureModel model = modelOf({"1-butanol", "n-hexane"});
+    const PureTransport butanol = pureTransport(model.compounds[0], model.equation, T);
+    const PureTransport hexane = pureTransport(model.compounds[1], model.equation, T);
+    const PhasePoint liquid(model, T, 101325.0, x, Root::liquid);
+    const PhasePoint thinGas(model, T, 1.0, x, Root::vapor);
+    const auto expect = [&](PhaseQuantity quantity, const Dual &one, const Dual &other, double excessOfCorrelation) {
+        const double geometric = std::pow(one.value, x[0]) * std::pow(other.value, x[1]);
+        const double arithmetic = x[0] * one.value + x[1] * other.value;
+        EXPECT_GT(std::fabs(arithmetic / geometric - 1.0), 0.005);
+        const double excess = valueOf(liquid, quantity) - valueOf(thinGas, quantity);
+        EXPECT_NEAR(excess, geometric * excessOfCorrelation, 1e-4 * excess);
+    };
+    const ChungFluid fluid = ChungMixture(liquid).fluid({});
+    expect(PhaseQuantity::viscosity, butanol.viscosityFactor, hexane.viscosityFactor, fluid.viscosity().excess.value);
+    expect(PhaseQuantity::thermalConductivity, butanol.conductivityFactor, hexane.conductivityFactor,
+           fluid.conductivity(liquid.bulk({}).idealHeatCapacity).excess.value);
 }
 
 // 0.00143 * 298.2^1.75 / (1 bar * sqrt(34.23) * (18.5^(1/3) + 26.9^(1/3))^2) = 0.1645 cm2/s.
