@@ -2,8 +2,8 @@
 """Counts what CTest wrote down about its tests:  count_tests.py RESULTS CASES
 
 RESULTS is CTest's JUnit file. CASES is the folder in which run_suite.py notes how the cases of a suite ended: such a
-suite counts as its cases, any other test as one. Names what failed; the last line has three numbers: how many passed,
-failed and were skipped. Whatever could not be run has failed.
+suite counts as its cases, any other test as one. Names what failed, with the end of what it said; the last line has
+three numbers: how many passed, failed and were skipped. Whatever could not be run has failed.
 """
 
 import collections
@@ -28,6 +28,12 @@ def outcome(test):
     return "skipped" if skipped is not None and skipped.get("message", "").startswith("SKIP_") else "failed"
 
 
+def end_of_output(test):
+    """The last lines that a test wrote, indented."""
+    lines = (test.findtext("system-out") or "").rstrip().splitlines()
+    return [f"    {line}\n" for line in lines[-20:]]
+
+
 def main():
     suites = cases_of_suites(pathlib.Path(sys.argv[2]))
     counts = collections.Counter()
@@ -40,6 +46,8 @@ def main():
             counts[result] += 1
             if result == "failed":
                 print(f"failed: {name} {case}".rstrip())
+        if any(result == "failed" for result, _ in cases):
+            print("".join(end_of_output(test)), end="")
     print(counts["passed"], counts["failed"], counts["skipped"])
 
 

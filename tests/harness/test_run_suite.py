@@ -106,6 +106,12 @@ class Counter(unittest.TestCase):
                  self.SKIPPED.format("e")]
         self.assertEqual(self.count(tests, {}), ["failed: c", "failed: d", "2 2 1"])
 
+    def test_what_failed_is_named_with_the_end_of_what_it_said(self):
+        said = "<system-out>{}</system-out></testcase>".format("\n".join(["first", *["more"] * 18, "why", "end", ""]))
+        tests = [self.FAILED.format("a").replace("</testcase>", said),
+                 '<testcase name="b" status="run"><system-out>nothing</system-out></testcase>']
+        self.assertEqual(self.count(tests, {}), ["failed: a", *["    more"] * 18, "    why", "    end", "1 1 0"])
+
     def test_a_suite_counts_as_its_cases(self):
         tests = [self.PASSED.format("a"), self.FAILED.format("b")]
         suites = {"a": ["passed A.x", "passed A.y"], "b": ["passed B.x", "failed B.y", "skipped B.z"]}
