@@ -2,8 +2,11 @@ function varargout = Verdanth(varargin)
 % The library, called VerdanthItself here, with the fault that `fault` holds: the command and the property (empty for a
 % flash) whose results go through its function alter(result, arguments). With a field `after_failure` they do so once a
 % call has failed, and with `refusal` these are the words of all that the command refuses. A command below zero stands for
-% one that refuses nothing.
+% one that refuses nothing. Workers, which are other processes, have it from the environment.
 global fault
+if isempty(fault) && ~isempty(getenv('VERDANTH_TEST_FAULT'))
+    fault = eval(getenv('VERDANTH_TEST_FAULT'));
+end
 if isempty(fault)
     [varargout{1:nargout}] = VerdanthItself(varargin{:});
     return
