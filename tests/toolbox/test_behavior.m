@@ -157,6 +157,8 @@ function report = without_times(report)
     report = rmfield(report, {'seconds', 'times', 'memory'});
     report.checks = rmfield(report.checks, 'seconds');
     measured = ismember({report.checks.name}, {'times', 'manyCalls'});
+    report.findings(ismember({report.findings.check}, {report.checks(measured).name})) = []; % on a busy machine
+    [report.checks(measured).notes] = deal(0);
     [report.checks(measured).bars] = deal([]);
     [report.checks(measured).asked] = deal(0); % as many as there was time for
 end
